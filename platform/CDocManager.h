@@ -1,0 +1,74 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Dialogs.h"
+#include "platform/RecentFiles.h"
+
+class CDocument;
+class CScrollView;
+
+/// What kind of document the program has.
+struct CDocTemplate {
+  std::string baseName;  ///< of a new document; a number is added
+  Dialogs::FileFilter filter;
+  std::function<std::unique_ptr<CDocument>()> makeDocument;
+  std::function<std::unique_ptr<CScrollView>()> makeView;
+};
+
+/// The windows around documents, made by the shell.
+class FrameHost {
+ public:
+  virtual ~FrameHost() = default;
+  /// Makes the window of a document and ties it to the document's view. It isn't shown yet.
+  virtual void CreateFrame(CDocument& document) = 0;
+  virtual void ShowFrame(CDocument& document) = 0;
+  virtual void ActivateFrame(CDocument& document) = 0;
+  /// Takes the window away. The document lives a little longer.
+  virtual void CloseFrame(CDocument& document) = 0;
+  virtual void UpdateTitle(CDocument& document) = 0;
+};
+
+/// The open documents of the program; it owns them.
+class CDocManager {
+ public:
+  CDocManager(CDocTemplate documentTemplate, FrameHost& host);
+  ~CDocManager();
+  CDocManager(const CDocManager&) = delete;
+  CDocManager& operator=(const CDocManager&) = delete;
+
+  /// A new document in a window of its own.
+  CDocument* NewDocument();
+  /// Opens a file, or brings the window forward that shows it already. Null, after a message, when
+  /// it can't be opened.
+  CDocument* OpenDocumentFile(const std::string& path);
+  /// Asks for a file and opens it.
+  void OnFileOpen();
+  /// Opens an entry of the recent file list, counted from 0.
+  void OnOpenRecentFile(std::size_t index);
+
+  /// Closes a document without a question.
+  void CloseDocument(CDocument& document);
+  /// Offers to save each modified document; false if the user cancelled.
+  bool SaveAllModified();
+  void CloseAllDocuments();
+
+  const std::vector<std::unique_ptr<CDocument>>& Documents() const { return documents; }
+  const CDocTemplate& Template() const { return documentTemplate; }
+  RecentFiles& Recent() { return recent; }
+  void OnTitleChanged(CDocument& document) { host.UpdateTitle(document); }
+
+ private:
+  CDocument* AddDocument();
+  void ShowDocument(CDocument& document);
+  CDocument* FindByPath(const std::string& fullPath) const;
+
+  CDocTemplate documentTemplate;
+  FrameHost& host;
+  RecentFiles recent;
+  std::vector<std::unique_ptr<CDocument>> documents;
+  int lastNumber = 0;
+};

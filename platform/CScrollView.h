@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/CWnd.h"
+
+class CDocument;
+
+/// A window onto a larger surface, scrolled in device pixels. It belongs to a document.
+class CScrollView : public CWnd {
+ public:
+  CDocument* GetDocument() const { return document; }
+  void SetDocument(CDocument* owner) { document = owner; }
+
+  /// The size of the whole surface and of a page step, device pixels.
+  void SetScrollSizes(SIZE total, SIZE page);
+  SIZE GetTotalSize() const { return total; }
+  int GetScrollPos(ScrollBar bar) const;
+  POINT GetScrollPosition() const { return position; }
+  /// Takes a position as it is, without repainting.
+  void SetScrollPos(ScrollBar bar, int value);
+  /// The greatest position of a bar: the surface less what the window shows, raised to a multiple
+  /// of the scroll step.
+  int GetScrollLimit(ScrollBar bar) const;
+
+  /// The first showing of the document, after it was made or read.
+  virtual void OnInitialUpdate() {}
+  /// Sets the origin of a context that `OnDraw` is to paint on.
+  virtual void OnPrepareDC(CDC& dc);
+  /// Paints the surface.
+  virtual void OnDraw(CDC& dc) = 0;
+  /// Scrolls by a distance in device pixels, limited to the surface; gives true if it moved.
+  virtual bool OnScrollBy(SIZE distance);
+  /// A step of a scroll bar, of the wheel or of a key.
+  virtual void OnScroll(ScrollBar bar, ScrollCode code, int target = 0);
+  /// The wish to close the window; true lets it close.
+  virtual bool OnClose() { return true; }
+
+  void OnSize() override;
+
+ protected:
+  /// The smallest distance that the surface scrolls by.
+  virtual int ScrollStep() const { return 1; }
+  void UpdateBars();
+
+ private:
+  int PageStep(ScrollBar bar) const;
+  int DistanceOf(ScrollBar bar, ScrollCode code, int target) const;
+
+  CDocument* document = nullptr;
+  SIZE total;
+  SIZE page;
+  POINT position;
+};

@@ -1,0 +1,253 @@
+#include "platform/CSvgDC.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <utility>
+
+namespace {
+
+std::string Number(std::int64_t v) {
+  return std::to_string(v);
+}
+
+/// A line one pixel wide runs through the middle of its pixels.
+std::string Half(std::int64_t v) {
+  return std::to_string(v) + ".5";
+}
+
+std::string Decimal(double v) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.2f", v);
+  return text.data();
+}
+
+/// Negative whole numbers need care: half a pixel right of -3 is -2.5.
+std::string PixelCentre(std::int32_t v) {
+  if (v >= 0) return Half(v);
+  return v == -1 ? "-0.5" : "-" + Half(-(std::int64_t{v} + 1));
+}
+
+std::string PixelCentre(POINT p) {
+  return PixelCentre(p.x) + "," + PixelCentre(p.y);
+}
+
+std::string ColourText(COLORREF c) {
+  std::array<char, 8> text{};
+  std::snprintf(text.data(), text.size(), "#%02x%02x%02x", GetRValue(c), GetGValue(c),
+                GetBValue(c));
+  return text.data();
+}
+
+std::string Escape(std::string_view utf8) {
+  std::string out;
+  for (const char c : utf8) {
+    switch (c) {
+      case '&': out += "&amp;"; break;
+      case '<': out += "&lt;"; break;
+      case '>': out += "&gt;"; break;
+      case '"': out += "&quot;"; break;
+      default:
+        // XML knows no control characters.
+        out += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
+    }
+  }
+  return out;
+}
+
+std::string BoxAttributes(const RECT& r, const char* x, const char* y) {
+  return std::string(x) + "=\"" + Number(r.left) + "\" " + y + "=\"" + Number(r.top) +
+         "\" width=\"" + Number(Width(r)) + "\" height=\"" + Number(Height(r)) + "\"";
+}
+
+/// The outline of a shape runs inside its box: its line's middle is half a pixel in.
+std::string OutlineBox(const RECT& r) {
+  return "x=\"" + PixelCentre(r.left) + "\" y=\"" + PixelCentre(r.top) + "\" width=\"" +
+         Number(std::max<std::int64_t>(Width(r) - 1, 0)) + "\" height=\"" +
+         Number(std::max<std::int64_t>(Height(r) - 1, 0)) + "\"";
+}
+
+const char* DashPattern(PenStyle style) {
+  switch (style) {
+    case PenStyle::Dash: return "6,3";
+    case PenStyle::Dot: return "1,2";
+    case PenStyle::DashDot: return "6,3,1,3";
+    case PenStyle::DashDotDot: return "6,3,1,3,1,3";
+    case PenStyle::Solid:
+    case PenStyle::Null: break;
+  }
+  return "";
+}
+
+}  // namespace
+
+CSvgDC::CSvgDC(CDC& reference, SIZE size) : reference(reference), size(size) {}
+
+std::string CSvgDC::Close() {
+  FlushPath();
+  const std::string width = Number(size.cx);
+  const std::string height = Number(size.cy);
+  std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+  text += "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" + height +
+          "\" viewBox=\"0 0 " + width + " " + height + "\">\n";
+  if (!definitions.empty()) text += "<defs>\n" + definitions + "</defs>\n";
+  text += "<rect width=\"" + width + "\" height=\"" + height + "\" fill=\"#ffffff\"/>\n";
+  text += body + "</svg>\n";
+  body.clear();
+  definitions.clear();
+  return text;
+}
+
+int CSvgDC::GetDeviceCaps(DeviceCap cap) const {
+  return reference.GetDeviceCaps(cap);
+}
+
+RECT CSvgDC::GetClipBox() const {
+  return {0, 0, size.cx, size.cy};
+}
+
+std::string CSvgDC::StrokeAttributes() const {
+  const CPen& pen = GetPen();
+  if (pen.style == PenStyle::Null) return " stroke=\"none\"";
+  std::string text = " stroke=\"" + ColourText(pen.color) + "\"";
+  if (pen.width > 1) text += " stroke-width=\"" + Number(pen.width) + "\"";
+  if (pen.style != PenStyle::Solid) {
+    text += std::string(" stroke-dasharray=\"") + DashPattern(pen.style) + "\"";
+  }
+  return text;
+}
+
+std::string CSvgDC::PaintAttributes() const {
+  const CBrush& brush = GetBrush();
+  return " fill=\"" + (brush.hollow ? std::string("none") : ColourText(brush.color)) + "\"" +
+         StrokeAttributes();
+}
+
+void CSvgDC::FlushPath() {
+  if (path.empty()) return;
+  body += "<path d=\"" + path + "\" fill=\"none\"";
+  const CPen pen = SelectPen(pathPen);
+  body += StrokeAttributes() + "/>\n";
+  SelectPen(pen);
+  path.clear();
+}
+
+void CSvgDC::Polyline(std::span<const POINT> points) {
+  if (points.size() < 2) return;
+  const bool goesOn = !path.empty() && pathPen == GetPen() && pathEnd == points.front();
+  if (!goesOn) {
+    FlushPath();
+    path = "M" + PixelCentre(points.front());
+    pathPen = GetPen();
+  }
+  for (const POINT p : points.subspan(1)) path += "L" + PixelCentre(p);
+  pathEnd = points.back();
+}
+
+void CSvgDC::Polygon(std::span<const POINT> points) {
+  FlushPath();
+  body += "<polygon points=\"";
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    body += (i == 0 ? "" : " ") + PixelCentre(points[i]);
+  }
+  body += "\"" + PaintAttributes() + "/>\n";
+}
+
+void CSvgDC::Rectangle(const RECT& r) {
+  FlushPath();
+  body += "<rect " + OutlineBox(r) + PaintAttributes() + "/>\n";
+}
+
+void CSvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
+  FlushPath();
+  body += "<rect " + OutlineBox(r) + " rx=\"" + Decimal(cornerEllipse.cx / 2.0) + "\" ry=\"" +
+          Decimal(cornerEllipse.cy / 2.0) + "\"" + PaintAttributes() + "/>\n";
+}
+
+void CSvgDC::Ellipse(const RECT& r) {
+  FlushPath();
+  body += "<ellipse cx=\"" + Decimal((static_cast<double>(r.left) + r.right) / 2) + "\" cy=\"" +
+          Decimal((static_cast<double>(r.top) + r.bottom) / 2) + "\" rx=\"" +
+          Decimal(static_cast<double>(std::max<std::int64_t>(Width(r) - 1, 0)) / 2) + "\" ry=\"" +
+          Decimal(static_cast<double>(std::max<std::int64_t>(Height(r) - 1, 0)) / 2) + "\"" +
+          PaintAttributes() + "/>\n";
+}
+
+void CSvgDC::Arc(const RECT& r, POINT start, POINT end) {
+  const double rx = static_cast<double>(Width(r)) / 2;
+  const double ry = static_cast<double>(Height(r)) / 2;
+  if (rx <= 0 || ry <= 0) return;
+  const double cx = r.left + rx;
+  const double cy = r.top + ry;
+  // Angles grow counter-clockwise, as seen on the screen, where y points down.
+  const double from = std::atan2((cy - start.y) / ry, (start.x - cx) / rx);
+  double to = std::atan2((cy - end.y) / ry, (end.x - cx) / rx);
+  constexpr double fullTurn = 6.283185307179586;
+  if (to <= from) to += fullTurn;
+  const bool large = to - from > fullTurn / 2;
+  const auto point = [&](double angle) {
+    return Decimal(cx + rx * std::cos(angle) + 0.5) + "," +
+           Decimal(cy - ry * std::sin(angle) + 0.5);
+  };
+  FlushPath();
+  body += "<path d=\"M" + point(from) + "A" + Decimal(rx) + "," + Decimal(ry) + " 0 " +
+          (large ? "1" : "0") + " 0 " + point(to) + "\" fill=\"none\"" + StrokeAttributes() +
+          "/>\n";
+}
+
+void CSvgDC::FillRect(const RECT& r, const CBrush& with) {
+  if (with.hollow || IsRectEmpty(r)) return;
+  FlushPath();
+  body += "<rect " + BoxAttributes(r, "x", "y") + " fill=\"" + ColourText(with.color) + "\"/>\n";
+}
+
+void CSvgDC::FillMask(POINT topLeft, const BitMask& mask) {
+  for (int y = 0; y < mask.height; ++y) {
+    for (int x = 0; x < mask.width; ++x) {
+      const POINT p = topLeft + POINT{x, y};
+      if (mask.IsSet(x, y)) FillRect({p.x, p.y, AddSat(p.x, 1), AddSat(p.y, 1)}, GetBrush());
+    }
+  }
+}
+
+std::string CSvgDC::ClipAttribute(const RECT& clip) {
+  if (clipCount == 0 || clip != lastClip) {
+    lastClip = clip;
+    ++clipCount;
+    definitions += "<clipPath id=\"c" + Number(clipCount) + "\"><rect " +
+                   BoxAttributes(clip, "x", "y") + "/></clipPath>\n";
+  }
+  return " clip-path=\"url(#c" + Number(clipCount) + ")\"";
+}
+
+void CSvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
+  if (utf8.empty()) return;
+  FlushPath();
+  const CFont& font = GetFont();
+  const SIZE extent = GetTextExtent(utf8);
+  const RECT box{topLeft.x, topLeft.y, AddSat(topLeft.x, extent.cx), AddSat(topLeft.y, extent.cy)};
+  const bool cut = clip != nullptr && IntersectRect(*clip, box) != box;
+  if (cut && IsRectEmpty(IntersectRect(*clip, box))) return;
+
+  body += "<text x=\"" + Number(topLeft.x) + "\" y=\"" +
+          Number(AddSat(topLeft.y, GetTextMetrics().ascent)) + "\" font-family=\"" +
+          Escape(font.face) + ", DejaVu Sans, sans-serif\" font-size=\"" +
+          Number(std::abs(std::int64_t{font.height})) + "\"";
+  if (font.weight >= CFont::kBoldWeight) body += " font-weight=\"bold\"";
+  body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Number(extent.cx) +
+          "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"";
+  if (cut) body += ClipAttribute(*clip);
+  body += ">" + Escape(utf8) + "</text>\n";
+}
+
+SIZE CSvgDC::GetTextExtent(std::string_view utf8) const {
+  reference.SelectFont(GetFont());
+  return reference.GetTextExtent(utf8);
+}
+
+TextMetrics CSvgDC::GetTextMetrics() const {
+  reference.SelectFont(GetFont());
+  return reference.GetTextMetrics();
+}

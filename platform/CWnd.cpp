@@ -1,0 +1,87 @@
+#include "platform/CWnd.h"
+
+#include "platform/CNullDC.h"
+#include "platform/CRgn.h"
+#include "platform/WindowPeer.h"
+
+std::unique_ptr<CDC> CWnd::GetDC() {
+  if (peer != nullptr) return peer->CreateClientDC();
+  return std::make_unique<CNullDC>();
+}
+
+RECT CWnd::GetClientRect() const {
+  return peer != nullptr ? peer->ClientRect() : RECT{};
+}
+
+void CWnd::InvalidateRect(const RECT& r) {
+  if (peer != nullptr) peer->InvalidateRect(r);
+}
+
+void CWnd::InvalidateRgn(const CRgn& region) {
+  if (peer != nullptr) peer->InvalidateRgn(region);
+}
+
+void CWnd::Invalidate() {
+  if (peer != nullptr) peer->InvalidateAll();
+}
+
+void CWnd::UpdateWindow() {
+  if (peer != nullptr) peer->Update();
+}
+
+void CWnd::SetRedraw(bool on) {
+  if (peer != nullptr) peer->SetRedraw(on);
+}
+
+void CWnd::SetCapture() {
+  if (peer != nullptr) peer->SetCapture();
+}
+
+void CWnd::ReleaseCapture() {
+  if (peer != nullptr) peer->ReleaseCapture();
+}
+
+bool CWnd::HasCapture() const {
+  return peer != nullptr && peer->HasCapture();
+}
+
+POINT CWnd::GetCursorPos() const {
+  return peer != nullptr ? peer->CursorPos() : POINT{};
+}
+
+bool CWnd::IsShiftDown() const {
+  return peer != nullptr && peer->IsShiftDown();
+}
+
+void CWnd::SetCursor(Cursor cursor) {
+  if (peer != nullptr) peer->SetCursor(cursor);
+}
+
+POINT CWnd::ClientToScreen(POINT p) const {
+  return peer != nullptr ? peer->ClientToScreen(p) : p;
+}
+
+POINT CWnd::ScreenToClient(POINT p) const {
+  return peer != nullptr ? peer->ScreenToClient(p) : p;
+}
+
+Message CWnd::NextMessage() {
+  if (peer != nullptr) return peer->NextMessage();
+  Message quit;
+  quit.kind = Message::Kind::Quit;
+  return quit;
+}
+
+void CWnd::DispatchMessage(const Message& message) {
+  switch (message.kind) {
+    case Message::Kind::MouseMove: OnMouseMove(message.flags, message.point); break;
+    case Message::Kind::LButtonDown: OnLButtonDown(message.flags, message.point); break;
+    case Message::Kind::LButtonUp: OnLButtonUp(message.flags, message.point); break;
+    case Message::Kind::LButtonDblClk: OnLButtonDblClk(message.flags, message.point); break;
+    case Message::Kind::KeyDown: OnKeyDown(message.key, message.flags); break;
+    case Message::Kind::RButtonDown:
+    case Message::Kind::RButtonUp:
+    case Message::Kind::Other:
+    case Message::Kind::Quit: break;
+  }
+}

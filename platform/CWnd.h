@@ -1,0 +1,82 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/Geometry.h"
+#include "platform/Message.h"
+
+class CDC;
+class CRgn;
+class WindowPeer;
+
+/// What a menu or a bar shows of a command.
+struct CommandState {
+  bool handled = false;  ///< the target knows the command
+  bool enabled = false;
+  bool checked = false;
+  static CommandState Enabled(bool on) { return {true, on, false}; }
+  static CommandState Checked(bool on) { return {true, true, on}; }
+};
+
+/// A window as the program sees it. Without a real window behind it everything but painting works:
+/// contexts paint nowhere, invalidation is forgotten, the client area is empty. All points and
+/// rectangles are device pixels of the client area unless told otherwise.
+class CWnd {
+ public:
+  CWnd() = default;
+  virtual ~CWnd() = default;
+  CWnd(const CWnd&) = delete;
+  CWnd& operator=(const CWnd&) = delete;
+
+  /// Ties the real window, which isn't owned and takes itself back before it goes.
+  void SetPeer(WindowPeer* window) { peer = window; }
+  bool HasWindow() const { return peer != nullptr; }
+
+  /// A context that paints on the window at once; it must not live longer than one step.
+  std::unique_ptr<CDC> GetDC();
+  RECT GetClientRect() const;
+  void InvalidateRect(const RECT& r);
+  void InvalidateRgn(const CRgn& region);
+  void Invalidate();
+  void UpdateWindow();
+  void SetRedraw(bool on);
+
+  void SetCapture();
+  void ReleaseCapture();
+  /// This window holds the mouse.
+  bool HasCapture() const;
+  POINT GetCursorPos() const;
+  bool IsShiftDown() const;
+  void SetCursor(Cursor cursor);
+  POINT ClientToScreen(POINT p) const;
+  POINT ScreenToClient(POINT p) const;
+
+  /// Waits for the next message of the queue, for a nested loop. Without a window it gives Quit.
+  Message NextMessage();
+  /// The normal way of a message that a nested loop doesn't take.
+  void DispatchMessage(const Message& message);
+
+  virtual void OnLButtonDown(unsigned /*flags*/, POINT /*p*/) {}
+  virtual void OnLButtonUp(unsigned /*flags*/, POINT /*p*/) {}
+  virtual void OnLButtonDblClk(unsigned /*flags*/, POINT /*p*/) {}
+  virtual void OnMouseMove(unsigned /*flags*/, POINT /*p*/) {}
+  /// The pointer left the window.
+  virtual void OnMouseLeave() {}
+  /// A context menu is asked for at a screen point.
+  virtual void OnContextMenu(POINT /*screen*/) {}
+  /// Gives true when the key was used.
+  virtual bool OnKeyDown(VirtualKey /*key*/, unsigned /*flags*/) { return false; }
+  /// The pointer stands in the client area: choose its picture.
+  virtual void OnSetCursor() {}
+  virtual void OnSize() {}
+
+  /// Carries a command out; false when this window doesn't know it or it is disabled.
+  virtual bool OnCommand(unsigned /*id*/) { return false; }
+  virtual CommandState OnUpdateCommand(unsigned /*id*/) { return {}; }
+
+ protected:
+  WindowPeer* Peer() const { return peer; }
+
+ private:
+  WindowPeer* peer = nullptr;
+};

@@ -1,0 +1,92 @@
+#include <iostream>
+#include <map>
+
+#include "platform/CNullDC.h"
+#include "platform/CWaitCursor.h"
+#include "platform/Clipboard.h"
+#include "platform/Dialogs.h"
+#include "platform/MessageBox.h"
+#include "platform/Pictures.h"
+#include "platform/Profile.h"
+
+// What stands in for each service of the desktop until a real one is set: they need no display.
+
+namespace {
+
+class ConsoleMessageBoxes : public MessageBoxes {
+ public:
+  MessageAnswer Show(const std::string& text, unsigned flags) override {
+    std::cerr << text << '\n';
+    switch (flags & kButtonSetMask) {
+      case MB_YESNO: return MessageAnswer::No;
+      case MB_YESNOCANCEL: return MessageAnswer::Cancel;
+      default: return MessageAnswer::Ok;
+    }
+  }
+};
+
+class MemoryClipboard : public Clipboard {
+ public:
+  ClipboardError Put(const std::vector<Item>& items) override {
+    contents.clear();
+    for (const Item& item : items) contents[item.format] = item.bytes;
+    return ClipboardError::None;
+  }
+  std::optional<std::string> Get(const std::string& format, ClipboardError& error) override {
+    error = ClipboardError::None;
+    const auto found = contents.find(format);
+    if (found == contents.end()) return std::nullopt;
+    return found->second;
+  }
+  bool IsAvailable(const std::string& format) override { return contents.count(format) != 0; }
+
+ private:
+  std::map<std::string, std::string> contents;
+};
+
+class NoDialogs : public Dialogs {
+ public:
+  std::optional<std::string> AskOpenPath(const FileFilter&) override { return std::nullopt; }
+  std::optional<std::string> AskSavePath(const FileFilter&, const std::string&) override {
+    return std::nullopt;
+  }
+};
+
+class NoPictures : public Pictures {
+ public:
+  std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<CNullDC>(); }
+  std::optional<std::string> MakePng(SIZE, const Paint&) override { return std::nullopt; }
+  std::optional<std::string> MakePdf(SIZE, const Paint&) override { return std::nullopt; }
+};
+
+}  // namespace
+
+MessageBoxes& MessageBoxes::Default() {
+  static ConsoleMessageBoxes service;
+  return service;
+}
+
+Clipboard& Clipboard::Default() {
+  static MemoryClipboard service;
+  return service;
+}
+
+Profile& Profile::Default() {
+  static MemoryProfile service;
+  return service;
+}
+
+Dialogs& Dialogs::Default() {
+  static NoDialogs service;
+  return service;
+}
+
+WaitCursors& WaitCursors::Default() {
+  static WaitCursors service;
+  return service;
+}
+
+Pictures& Pictures::Default() {
+  static NoPictures service;
+  return service;
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// Texts are bytes as the file holds them. For the screen, valid UTF-8 is UTF-8, and anything else
+// is taken as Windows-1252.
+
+bool IsValidUtf8(std::string_view bytes);
+void AppendUtf8(std::string& out, std::uint32_t codePoint);
+/// The text as valid UTF-8.
+std::string ToUtf8(std::string_view bytes);
+/// The longest prefix of at most `limit` bytes that doesn't end inside a UTF-8 sequence.
+std::string_view Utf8Prefix(std::string_view utf8, std::size_t limit);

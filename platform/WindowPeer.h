@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/Geometry.h"
+#include "platform/Message.h"
+
+class CDC;
+class CRgn;
+
+/// The real window behind a `CWnd`, made by the toolkit. All points and rectangles are device
+/// pixels of the client area unless told otherwise. The peer calls the `On...` operations of its
+/// `CWnd`, and while a nested loop runs it hands mouse and key messages to `NextMessage` instead.
+class WindowPeer {
+ public:
+  virtual ~WindowPeer() = default;
+  /// A context that paints on the window at once. During a paint it is limited to what is being
+  /// painted.
+  virtual std::unique_ptr<CDC> CreateClientDC() = 0;
+  virtual RECT ClientRect() const = 0;
+  virtual void InvalidateRect(const RECT& r) = 0;
+  virtual void InvalidateRgn(const CRgn& region) = 0;
+  virtual void InvalidateAll() = 0;
+  /// Paints now what is invalid.
+  virtual void Update() = 0;
+  /// Off: nothing is painted until it is on again.
+  virtual void SetRedraw(bool on) = 0;
+
+  virtual void SetCapture() = 0;
+  virtual void ReleaseCapture() = 0;
+  virtual bool HasCapture() const = 0;
+  virtual POINT CursorPos() const = 0;
+  virtual bool IsShiftDown() const = 0;
+  virtual void SetCursor(Cursor cursor) = 0;
+  virtual POINT ClientToScreen(POINT p) const = 0;
+  virtual POINT ScreenToClient(POINT p) const = 0;
+
+  /// Shows a bar for positions 0 to `limit` with the given steps, at `position`.
+  virtual void SetScrollBar(ScrollBar bar, int limit, int line, int page, int position) = 0;
+
+  /// Waits for the next message.
+  virtual Message NextMessage() = 0;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// The folder above the program's `bin` folder, in upper case, with its trailing separator; "bin",
+/// "Docs" and "Examples" are added to it. `FindPath` turns it into a path that exists.
+std::string GetInstallFolder();
+
+/// The same for a given full file name of the program: cut before the first "BIN" that a separator
+/// follows. A name without it comes back whole, in upper case.
+std::string InstallFolderOf(std::string_view programPath);
