@@ -1,0 +1,26 @@
+#include "model/Collection.h"
+
+#include <algorithm>
+
+#include "model/Collectable.h"
+
+void Collection::Add(Collectable* object) {
+  if (index.insert(object).second) members.push_back(object);
+}
+
+void Collection::Remove(Collectable* object) {
+  if (index.erase(object) == 0) return;
+  members.erase(std::find(members.begin(), members.end(), object));
+}
+
+void Collection::Clear() {
+  members.clear();
+  index.clear();
+}
+
+void Collection::Broadcast(int op, void* arg, const Collectable* except) const {
+  const std::vector<Collectable*> copy = members;
+  for (Collectable* member : copy) {
+    if (member != except) member->OnBroadcast(op, arg);
+  }
+}

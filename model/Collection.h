@@ -1,0 +1,28 @@
+#pragma once
+
+#include <unordered_set>
+#include <vector>
+
+class Collectable;
+
+/// A set of objects in the order in which they were added, a selection for instance. It owns
+/// nothing.
+class Collection {
+ public:
+  /// Appends unless the object is already a member.
+  void Add(Collectable* object);
+  /// Erases the object if it is a member, keeping the order of the rest.
+  void Remove(Collectable* object);
+  bool Contains(const Collectable* object) const { return index.count(object) != 0; }
+  bool IsEmpty() const { return members.empty(); }
+  void Clear();
+  const std::vector<Collectable*>& Members() const { return members; }
+
+  /// Sends an operation to each member but `except`, in order. It works on a copy: a member may
+  /// leave the collection or delete itself.
+  void Broadcast(int op, void* arg, const Collectable* except) const;
+
+ private:
+  std::vector<Collectable*> members;
+  std::unordered_set<const Collectable*> index;
+};

@@ -1,0 +1,62 @@
+#include "model/ComplexShape.h"
+
+#include "surface/LayoutMgr.h"
+
+void ComplexShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
+  const RECT bounds = GetBounds();
+  right = CurrentRegion() != nullptr ? bounds.right : 0;
+  bottom = CurrentRegion() != nullptr ? bounds.bottom : 0;
+}
+
+bool ComplexShape::HitTest(const POINT& client) const {
+  const CRgn* current = CurrentRegion();
+  return current != nullptr && current->PtInRegion(client);
+}
+
+bool ComplexShape::HitTestNear(const POINT& model) const {
+  return view != nullptr && HitTest(view->ToClient(model));
+}
+
+bool ComplexShape::IsInsideRect(const RECT& model) const {
+  const CRgn* current = CurrentRegion();
+  if (current == nullptr) return false;
+  const RECT device = view->ToClient(model);
+  const RECT box = current->GetBox();
+  return PtInRect(device, TopLeft(box)) && PtInRect(device, BottomRight(box));
+}
+
+void ComplexShape::Invalidate() {
+  if (const CRgn* current = CurrentRegion()) view->InvalidateRgn(*current);
+}
+
+RECT ComplexShape::GetBounds() const {
+  const CRgn* current = CurrentRegion();
+  if (current == nullptr) return {};
+  return view->AddScroll(view->ToModel(current->GetBox()));
+}
+
+void ComplexShape::OnDragMove(POINT& /*client*/) {}
+
+bool ComplexShape::ViewHasChanged() const {
+  return regionZoom != view->GetZoom() || regionScroll != view->AddScroll(POINT{});
+}
+
+void ComplexShape::NoteView() {
+  regionZoom = view->GetZoom();
+  regionScroll = view->AddScroll(POINT{});
+}
+
+const CRgn* ComplexShape::CurrentRegion() const {
+  if (region == nullptr) return nullptr;
+  // The region is a cache of the route in device pixels.
+  if (ViewHasChanged()) const_cast<ComplexShape*>(this)->BuildRegion();
+  return region.get();
+}
+
+void ComplexShape::RebuildRegion() {
+  if (region == nullptr) return;
+  const std::unique_ptr<CRgn> old = std::move(region);
+  BuildRegion();
+  view->InvalidateRgn(*old);
+  view->InvalidateRgn(*region);
+}

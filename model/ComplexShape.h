@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+
+#include "model/Shape.h"
+#include "platform/CRgn.h"
+
+/// A shape whose extent is a region in device pixels. The leaf class builds it, anew whenever the
+/// shape or the view's scroll position or zoom has changed.
+class ComplexShape : public Shape {
+ public:
+  ComplexShape() = default;
+  ComplexShape(std::int32_t id, LayoutMgr* view, Layer layer) : Shape(id, view, layer) {}
+
+  void GetExtent(std::int32_t& right, std::int32_t& bottom) const override;
+  bool HitTest(const POINT& client) const override;
+  /// A point in absolute model units is turned into device pixels and tested against the region.
+  /// Such a hit ends a search and connects nothing.
+  bool HitTestNear(const POINT& model) const override;
+  bool IsInsideRect(const RECT& model) const override;
+  void Invalidate() override;
+  RECT GetBounds() const override;
+
+  /// The trackers' callback while a part of the shape is dragged: the pointer's position in device
+  /// pixels, which the operation may change.
+  virtual void OnDragMove(POINT& client);
+
+ protected:
+  /// Makes `region` afresh for the present scroll position and zoom.
+  virtual void BuildRegion() = 0;
+  /// The region, made anew if the view has scrolled or zoomed since; null before the first build.
+  const CRgn* CurrentRegion() const;
+  /// Holds the old region, builds the new one and asks for a repaint of both.
+  void RebuildRegion();
+  /// Takes the fingerprint of scroll position and zoom; call it when the region is built.
+  void NoteView();
+
+  std::unique_ptr<CRgn> region;
+
+ private:
+  bool ViewHasChanged() const;
+
+  POINT regionScroll;  ///< scroll position of the view at the last build, model units
+  std::int16_t regionZoom = 0;
+};

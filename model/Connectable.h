@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <vector>
+
+#include "model/AnchorKey.h"
+#include "platform/Geometry.h"
+
+class Connector;
+class LayoutMgr;
+
+/// Owns the anchors of a shape, in model units, and knows which connectors hang on them.
+class Connectable {
+ public:
+  using AnchorMap = std::map<AnchorKey, POINT>;
+
+  Connectable() = default;
+  virtual ~Connectable();
+  Connectable(const Connectable&) = delete;
+  Connectable& operator=(const Connectable&) = delete;
+
+  virtual std::int32_t GetId() const = 0;
+  virtual bool IsSelected() const = 0;
+  /// How far around its point an anchor answers, logical units.
+  virtual std::uint16_t GetAnchorReach() const = 0;
+  virtual LayoutMgr* GetView() const = 0;
+
+  /// Appends; it doesn't test for a duplicate.
+  void AddConnector(Connector* connector) { connectors.push_back(connector); }
+  /// Erases the first entry that equals the argument.
+  void RemoveConnector(Connector* connector);
+  const std::vector<Connector*>& GetConnectors() const { return connectors; }
+
+  /// The first anchor in key order that answers at a point in logical units.
+  bool FindAnchorNear(const POINT& logical, AnchorKey& out) const;
+  /// The point of an anchor, model units; null for a key that names none, as a file can hold.
+  const POINT* AnchorAt(const AnchorKey& key) const;
+  const AnchorMap& GetAnchors() const { return anchors; }
+  /// Tells each connector of a new place, but for selected ones after a mere move (`all` false).
+  void NotifyConnectors(bool all);
+  void ClearAnchors() { anchors.clear(); }
+
+ protected:
+  /// Tells each connector that this shape is gone, and forgets them.
+  void ReleaseConnectors();
+
+  std::vector<Connector*> connectors;
+  AnchorMap anchors;
+};

@@ -1,0 +1,91 @@
+#include "model/ConnectableRectShape.h"
+
+#include "model/DrawResources.h"
+#include "persistence/ModelStream.h"
+#include "platform/CDC.h"
+#include "resources/CommandIds.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// How far the mark of an anchor reaches around its point, device pixels.
+constexpr std::int32_t kMarkReach = 3;
+
+/// The top left corner of an anchor's mark. On the right and bottom side it stands further in, so
+/// that all of it lies on the shape.
+POINT MarkPlace(POINT anchor, std::uint16_t side) {
+  constexpr std::int32_t half = 2;
+  constexpr std::int32_t inward = 3;
+  POINT place = anchor - POINT{half, half};
+  if (side == SIDE_RIGHT) place.x = SubSat(place.x, inward);
+  if (side == SIDE_BOTTOM) place.y = SubSat(place.y, inward);
+  return place;
+}
+
+}  // namespace
+
+ConnectableRectShape::~ConnectableRectShape() {
+  ReleaseConnectors();
+}
+
+void ConnectableRectShape::Write(ModelStream& stream) const {
+  RectShape::Write(stream);
+  stream << (showAnchors ? "1\n" : "0\n");
+}
+
+void ConnectableRectShape::Read(ModelStream& stream) {
+  RectShape::Read(stream);
+  stream >> showAnchors;
+  SkipLine(stream.In());
+}
+
+void ConnectableRectShape::Draw(CDC* dc) {
+  if (showAnchors && !dc->IsPrinting()) DrawAnchors(true);
+  RectShape::Draw(dc);
+}
+
+void ConnectableRectShape::Invalidate() {
+  view->InvalidateRect(InflateRect(DeviceRect(), kMarkReach));
+}
+
+void ConnectableRectShape::OnCommand(unsigned command) {
+  if (command != ID_SHOW_ANCHORS) return RectShape::OnCommand(command);
+  showAnchors = !showAnchors;
+  Invalidate();
+}
+
+void ConnectableRectShape::OnPlaced() {
+  RefreshAnchors();
+  RectShape::OnPlaced();
+  Invalidate();
+}
+
+void ConnectableRectShape::OnRectChanged(const RECT& /*old*/, bool sized) {
+  DrawAnchors(false);
+  RefreshAnchors();
+  NotifyConnectors(sized);
+}
+
+std::uint16_t ConnectableRectShape::GetAnchorReach() const {
+  return static_cast<std::uint16_t>(view->ToLogical(1));
+}
+
+void ConnectableRectShape::DrawAnchors(bool draw) {
+  if (!view->HasWindow()) {
+    if (!draw) ClearAnchors();
+    return;
+  }
+  if (!draw) {
+    for (const auto& [key, point] : anchors) {
+      view->InvalidateRect(InflateRect(RectAt(view->ToClient(point)), kMarkReach));
+    }
+    ClearAnchors();
+    return;
+  }
+  const DrawResources& resources = DrawResources::Instance();
+  const std::unique_ptr<CDC> dc = view->GetDC();
+  dc->SelectBrush(resources.anchorBrush);
+  for (const auto& [key, point] : anchors) {
+    dc->FillMask(MarkPlace(view->ToClient(point), key.side), resources.anchorMask);
+  }
+}

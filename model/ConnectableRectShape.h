@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/Connectable.h"
+#include "model/RectShape.h"
+
+/// A rectangle with anchors. Base of `State`, `Mesg` and `Note`.
+class ConnectableRectShape : public RectShape, public Connectable {
+ public:
+  ConnectableRectShape() = default;
+  ConnectableRectShape(std::int32_t id, LayoutMgr* view, const RECT& rect, Layer layer)
+      : RectShape(id, view, rect, layer) {}
+  ~ConnectableRectShape() override;
+
+  void Write(ModelStream& stream) const override;
+  void Read(ModelStream& stream) override;
+  void Draw(CDC* dc) override;
+  void Invalidate() override;
+  void OnCommand(unsigned id) override;
+  void OnPlaced() override;
+  void OnRectChanged(const RECT& old, bool sized) override;
+
+  /// Fills `anchors` for the present rectangle.
+  virtual void RefreshAnchors() {}
+
+  std::int32_t GetId() const override { return id; }
+  bool IsSelected() const override { return IsInSelection(); }
+  std::uint16_t GetAnchorReach() const override;
+  LayoutMgr* GetView() const override { return view; }
+
+  /// Paints the anchor marks on a client context of the view. Without `draw` it asks for a repaint
+  /// of the places where they stood and empties the map.
+  void DrawAnchors(bool draw);
+  bool AreAnchorsShown() const { return showAnchors; }
+
+ protected:
+  bool showAnchors = true;
+};

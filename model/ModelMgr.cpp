@@ -1,0 +1,280 @@
+#include "model/ModelMgr.h"
+
+#include <algorithm>
+#include <array>
+
+#include "connectors/Line.h"
+#include "connectors/Mesg.h"
+#include "connectors/Note.h"
+#include "connectors/Transition.h"
+#include "dialogs/CDefaultSettingDlg.h"
+#include "model/ObjectBrowser.h"
+#include "persistence/ModelClipboard.h"
+#include "persistence/ModelStream.h"
+#include "persistence/RecordLine.h"
+#include "platform/CDC.h"
+#include "platform/MessageBox.h"
+#include "resources/Texts.h"
+#include "states/FinalState.h"
+#include "states/GenericState.h"
+#include "states/InitialState.h"
+#include "surface/HiddenWindow.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// All layers from the lowest to the highest: the order of painting. Hits go the other way.
+constexpr std::array kPaintOrder = {LAYER_STATE, LAYER_MESG, LAYER_RESERVED, LAYER_TRANSITION,
+                                    LAYER_NOTE};
+/// What is looked up by id stands in the registry before what looks it up.
+constexpr std::array kPlaceOrder = {LAYER_STATE, LAYER_TRANSITION, LAYER_MESG, LAYER_NOTE,
+                                    LAYER_RESERVED};
+
+/// Half the height of a transition that is inserted by itself, and of a line's box, model units.
+constexpr std::int32_t kNewTransitionReach = 4;
+constexpr std::int32_t kNewLineReach = 8;
+
+/// The top object, by layer and then by place in the list, for which `hit` holds.
+template <class Hit>
+Shape* TopObject(const std::vector<Shape*>& objects, Layer only, const Hit& hit) {
+  for (auto layer = kPaintOrder.rbegin(); layer != kPaintOrder.rend(); ++layer) {
+    if (only != LAYER_ALL && only != *layer) continue;
+    const auto found = std::find_if(objects.rbegin(), objects.rend(), [&](const Shape* shape) {
+      return shape->GetLayer() == *layer && hit(*shape);
+    });
+    if (found != objects.rend()) return *found;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+ModelMgr::ModelMgr(LayoutMgr* view) : view(view), clipboard(std::make_unique<ModelClipboard>()) {}
+
+ModelMgr::~ModelMgr() {
+  clipboard.reset();
+  menuWindow.reset();
+  pasteList.clear();
+  if (ObjectBrowser* browser = Browser()) browser->RemoveAllNodes();
+  data.DeleteAll();
+}
+
+ObjectBrowser* ModelMgr::Browser() const {
+  return view != nullptr ? view->GetObjectTree() : nullptr;
+}
+
+void ModelMgr::PlaceAll() {
+  menuWindow = std::make_unique<HiddenWindow>(view);
+  const std::vector<Shape*> list = Objects();
+  Place(list);
+}
+
+void ModelMgr::Place(const std::vector<Shape*>& list) {
+  for (const Layer layer : kPlaceOrder) {
+    for (Shape* shape : list) {
+      if (shape->GetLayer() == layer) shape->AttachTo(this, view);
+    }
+    for (Shape* shape : list) {
+      if (shape->GetLayer() == layer) shape->OnLayerPlaced();
+    }
+  }
+}
+
+void ModelMgr::AddShape(Shape* shape, std::int32_t id) {
+  if (ObjectBrowser* browser = Browser()) browser->AddNode(shape);
+  ShapeRegistry::AddShape(shape, id);
+}
+
+void ModelMgr::RemoveShape(Shape* shape) {
+  ShapeRegistry::RemoveShape(shape);
+  if (ObjectBrowser* browser = Browser()) browser->RemoveNodes(shape);
+  data.Release(shape);
+  view->Invalidate();
+}
+
+POINT ModelMgr::ModelPointOfDrop(POINT& client) const {
+  client = client + view->GetScrollPosition();
+  return view->ToModel(client);
+}
+
+void ModelMgr::Adopt(std::unique_ptr<Shape> made) {
+  Shape* shape = made.get();
+  data.Append(std::move(made));
+  shape->AttachTo(this, view);
+}
+
+void ModelMgr::InsertGenericState(POINT& client) {
+  const POINT p = ModelPointOfDrop(client);
+  Adopt(std::make_unique<GenericState>(NextId(), view, GenericState::DefaultRect() + p,
+                                       CDefaultSettingDlg::Instance().StateName));
+}
+
+void ModelMgr::InsertInitialState(POINT& client) {
+  const POINT p = ModelPointOfDrop(client);
+  Adopt(std::make_unique<InitialState>(NextId(), view, InitialState::DefaultRect() + p));
+}
+
+void ModelMgr::InsertFinalState(POINT& client) {
+  const POINT p = ModelPointOfDrop(client);
+  Adopt(std::make_unique<FinalState>(NextId(), view, FinalState::DefaultRect() + p));
+}
+
+Mesg* ModelMgr::InsertMesg(POINT& client, Transition* transition) {
+  const POINT p = ModelPointOfDrop(client);
+  auto made = std::make_unique<Mesg>(NextId(), view, Mesg::DefaultRect() + p, transition);
+  Mesg* mesg = made.get();
+  Adopt(std::move(made));
+  return mesg;
+}
+
+void ModelMgr::InsertNote(POINT& client) {
+  const POINT p = ModelPointOfDrop(client);
+  Adopt(std::make_unique<Note>(NextId(), view, Note::DefaultRect() + p));
+}
+
+void ModelMgr::InsertTransition(POINT& client) {
+  const POINT p = ModelPointOfDrop(client);
+  const POINT reach{0, kNewTransitionReach};
+  Adopt(std::make_unique<Transition>(NextId(), view, p - reach, p + reach));
+}
+
+void ModelMgr::InsertLine(POINT& client) {
+  const POINT p = ModelPointOfDrop(client);
+  Adopt(std::make_unique<Line>(NextId(), view, p + POINT{-kNewLineReach, kNewLineReach},
+                               p + POINT{kNewLineReach, -kNewLineReach}));
+}
+
+void ModelMgr::ConnectAnchors(StartableState* from, EndableState* to, const AnchorKey* fromKey,
+                              const AnchorKey* toKey, const POINT* endPoint) {
+  const State* fromState = from;
+  const State* toState = to;
+  if (fromState == toState && *fromKey == *toKey) return;
+  const POINT* anchor = from->AnchorAt(*fromKey);
+  if (anchor == nullptr) return;
+
+  POINT client = view->ToClient(*anchor);
+  const POINT p = ModelPointOfDrop(client);
+  const POINT reach{0, kNewTransitionReach};
+  auto made = std::make_unique<Transition>(NextId(), view, p - reach, p + reach);
+  Transition* transition = made.get();
+  Adopt(std::move(made));
+  transition->AttachSource(from, *fromKey);
+  if (to != nullptr) {
+    transition->AttachTarget(to, *toKey);
+  } else {
+    transition->MoveTargetFree(endPoint->x, endPoint->y);
+  }
+}
+
+Shape* ModelMgr::ObjectAt(const POINT& client) const {
+  return TopObject(Objects(), LAYER_ALL, [&](const Shape& shape) { return shape.HitTest(client); });
+}
+
+Shape* ModelMgr::ObjectNear(const POINT& client, Layer layer) const {
+  const POINT model = view->ToAbsolute(client);
+  return TopObject(Objects(), layer, [&](const Shape& shape) { return shape.HitTestNear(model); });
+}
+
+std::vector<Shape*> ModelMgr::FindShapesInRect(const RECT& client) const {
+  const RECT model = NormalizeRect(view->AddScroll(view->ToModel(client)));
+  std::vector<Shape*> found;
+  std::copy_if(Objects().begin(), Objects().end(), std::back_inserter(found),
+               [&](const Shape* shape) { return shape->IsInsideRect(model); });
+  return found;
+}
+
+void ModelMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const {
+  right = 0;
+  bottom = 0;
+  for (const Shape* shape : Objects()) {
+    std::int32_t shapeRight = 0;
+    std::int32_t shapeBottom = 0;
+    shape->GetExtent(shapeRight, shapeBottom);
+    right = std::max(right, shapeRight);
+    bottom = std::max(bottom, shapeBottom);
+  }
+}
+
+void ModelMgr::DrawAll(CDC* dc) const {
+  // One look at every object, then only what the context shows, layer by layer.
+  std::array<std::vector<Shape*>, kPaintOrder.size()> visible;
+  for (Shape* shape : Objects()) {
+    if (!dc->RectVisible(view->ToLogical(shape->GetPaintBounds()))) continue;
+    const auto layer = std::find(kPaintOrder.begin(), kPaintOrder.end(), shape->GetLayer());
+    if (layer == kPaintOrder.end()) continue;
+    visible[static_cast<std::size_t>(layer - kPaintOrder.begin())].push_back(shape);
+  }
+  for (const std::vector<Shape*>& layer : visible) {
+    for (Shape* shape : layer) shape->Draw(dc);
+  }
+}
+
+void ModelMgr::DeselectAll() {
+  selection.Broadcast(BROADCAST_DESELECTED, nullptr, nullptr);
+  selection.Clear();
+}
+
+void ModelMgr::SelectOnly(Shape* shape) {
+  DeselectAll();
+  selection.Add(shape);
+  shape->OnBroadcast(BROADCAST_SELECTED, nullptr);
+}
+
+void ModelMgr::SelectAll() {
+  for (Shape* shape : Objects()) selection.Add(shape);
+  selection.Broadcast(BROADCAST_SELECTED, nullptr, nullptr);
+}
+
+void ModelMgr::BringToFront(Shape* shape) {
+  data.Release(shape);
+  const std::vector<Shape*>& objects = Objects();
+  const auto last = std::find_if(objects.rbegin(), objects.rend(), [&](const Shape* other) {
+    return other->GetLayer() == shape->GetLayer();
+  });
+  // The place behind the last one of the layer.
+  const auto behind = static_cast<std::size_t>(objects.rend() - last);
+  const bool between = behind > 1 && behind < objects.size();
+  data.Insert(between ? behind : objects.size(), shape);
+  shape->Invalidate();
+}
+
+void ModelMgr::SendToBack(Shape* shape) {
+  data.Release(shape);
+  const std::vector<Shape*>& objects = Objects();
+  const auto first = std::find_if(objects.begin(), objects.end(), [&](const Shape* other) {
+    return other->GetLayer() == shape->GetLayer();
+  });
+  data.Insert(first == objects.end() ? 0 : static_cast<std::size_t>(first - objects.begin()),
+              shape);
+  shape->Invalidate();
+}
+
+void ModelMgr::OrderSelection(bool toFront) {
+  const std::vector<Collectable*> copy = selection.Members();
+  for (Collectable* member : copy) {
+    Shape* shape = dynamic_cast<Shape*>(member);
+    toFront ? BringToFront(shape) : SendToBack(shape);
+  }
+}
+
+void ModelMgr::DeleteSelected(bool prompt) {
+  if (Objects().empty()) return;
+  if (prompt &&
+      ShowMessage(LoadText(IDS_CONFIRM_DELETE_SELECTED), kConfirmFlags) != MessageAnswer::Yes) {
+    return;
+  }
+  while (!selection.IsEmpty()) delete selection.Members().front();
+}
+
+void ModelMgr::Write(ModelStream& stream) const {
+  data.Write(stream);
+}
+
+void ModelMgr::Read(ModelStream& stream) {
+  for (;;) {
+    if (!HasMore(stream.In())) throw LoadText(IDS_INVALID_FILE);
+    const RecordLine line = RecordLine::Parse(ReadLine(stream.In()));
+    if (line.first == "BEGIN" && line.second == "DATA") break;
+  }
+  data.Read(stream);
+}

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/AnchorKey.h"
+#include "model/Collection.h"
+#include "model/Factory.h"
+#include "model/ModelData.h"
+#include "model/Shape.h"
+#include "model/ShapeRegistry.h"
+#include "platform/Geometry.h"
+
+class CDC;
+class CWnd;
+class EndableState;
+class HiddenWindow;
+class LayoutMgr;
+class Mesg;
+class ModelClipboard;
+class ObjectBrowser;
+class StartableState;
+class Transition;
+
+/// The model of one open chart: it owns the objects, knows which are selected, gives out ids and
+/// answers what lies where. Client points and rectangles are device pixels.
+class ModelMgr : public ShapeRegistry {
+ public:
+  explicit ModelMgr(LayoutMgr* view);
+  ~ModelMgr() override;
+  ModelMgr(const ModelMgr&) = delete;
+  ModelMgr& operator=(const ModelMgr&) = delete;
+
+  /// Attaches every object that was read. The view calls it once for each model.
+  void PlaceAll();
+  /// Attaches objects layer by layer, so that what is looked up by id stands in the registry first.
+  void Place(const std::vector<Shape*>& list);
+
+  void AddShape(Shape* shape, std::int32_t id) override;
+  void RemoveShape(Shape* shape) override;
+
+  // New objects at a client point, to which the scroll position is added in place.
+  void InsertGenericState(POINT& client);
+  void InsertInitialState(POINT& client);
+  void InsertFinalState(POINT& client);
+  Mesg* InsertMesg(POINT& client, Transition* transition);
+  void InsertNote(POINT& client);
+  void InsertTransition(POINT& client);
+  void InsertLine(POINT& client);
+  /// A transition between two anchors. Without `to` its free end goes to `endPoint`, a client
+  /// point. From an anchor to the same anchor nothing is made.
+  void ConnectAnchors(StartableState* from, EndableState* to, const AnchorKey* fromKey,
+                      const AnchorKey* toKey, const POINT* endPoint);
+
+  /// The top object under a client point, or null.
+  Shape* ObjectAt(const POINT& client) const;
+  /// The top object under or near a client point in one layer, or in all with `LAYER_ALL`.
+  Shape* ObjectNear(const POINT& client, Layer layer) const;
+  /// The objects wholly inside a client rectangle, in list order.
+  std::vector<Shape*> FindShapesInRect(const RECT& client) const;
+  /// The lower right corner of all objects, model units, not below 0.
+  void GetChartExtent(std::int32_t& right, std::int32_t& bottom) const;
+  /// Paints what the context shows, from the lowest layer to the highest.
+  void DrawAll(CDC* dc) const;
+
+  Collection& GetSelection() { return selection; }
+  const std::vector<Shape*>& Objects() const { return data.Objects(); }
+  void DeselectAll();
+  void SelectOnly(Shape* shape);
+  void SelectAll();
+  void BringToFront(Shape* shape);
+  void SendToBack(Shape* shape);
+  /// Brings each selected object to the front, or sends it to the back, of its layer.
+  void OrderSelection(bool toFront);
+  /// Deletes the selected objects, with a question first if `prompt`.
+  void DeleteSelected(bool prompt);
+
+  void Copy();
+  void Cut();
+  void Paste();
+  bool CanPaste() const;
+
+  void Write(ModelStream& stream) const;
+  /// Reads the data section, with the search for its first line. The objects stay unattached.
+  void Read(ModelStream& stream);
+
+ private:
+  void Adopt(std::unique_ptr<Shape> made);
+  POINT ModelPointOfDrop(POINT& client) const;
+  ObjectBrowser* Browser() const;
+  std::string SelectionText() const;
+  /// Reads records into `pasteList`.
+  void ReadPasted(const std::string& text);
+  /// Gives the objects of `pasteList` new ids and drops those that can't stand alone.
+  void MendIds();
+  void AdoptPasted();
+
+  Collection selection;
+  std::unique_ptr<HiddenWindow> menuWindow;
+  LayoutMgr* view;
+  std::unique_ptr<ModelClipboard> clipboard;
+  Factory factory;
+  ModelData data{factory};
+  std::vector<std::unique_ptr<Shape>> pasteList;
+};

@@ -1,0 +1,150 @@
+#include "model/RectShape.h"
+
+#include <algorithm>
+
+#include "model/Collection.h"
+#include "persistence/ModelStream.h"
+#include "platform/CDC.h"
+#include "surface/LayoutMgr.h"
+#include "surface/RectTracker.h"
+
+namespace {
+
+/// How far around a rectangle it answers to a pointer that is near, model units.
+constexpr std::int32_t kNearReach = 2;
+/// The least left and top of a rectangle that the user moves, model units.
+constexpr std::int32_t kFirstUnit = 1;
+
+}  // namespace
+
+RectShape::RectShape() = default;
+
+RectShape::RectShape(std::int32_t id, LayoutMgr* view, const RECT& rect, Layer layer)
+    : Shape(id, view, layer), rect(NormalizeRect(rect)) {}
+
+RectShape::~RectShape() = default;
+
+void RectShape::Write(ModelStream& stream) const {
+  Shape::Write(stream);
+  stream << rect.left << ' ' << rect.top << ' ' << rect.right << ' ' << rect.bottom << '\n';
+}
+
+void RectShape::Read(ModelStream& stream) {
+  Shape::Read(stream);
+  RECT stored;
+  stream >> stored.left >> stored.top >> stored.right >> stored.bottom;
+  SkipLine(stream.In());
+  rect = NormalizeRect(stored);
+}
+
+void RectShape::Draw(CDC* dc) {
+  if (dc->IsPrinting() || tracker == nullptr || !IsInSelection()) return;
+  tracker->rect = DeviceRect();
+  tracker->Draw(*view->GetDC());
+}
+
+void RectShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
+  right = rect.right;
+  bottom = rect.bottom;
+}
+
+RECT RectShape::DeviceRect() const {
+  return view->ToClient(rect);
+}
+
+bool RectShape::HitTest(const POINT& client) const {
+  return PtInRect(DeviceRect(), client);
+}
+
+bool RectShape::HitTestNear(const POINT& model) const {
+  return PtInRect(InflateRect(rect, kNearReach), model);
+}
+
+bool RectShape::IsInsideRect(const RECT& model) const {
+  return PtInRect(model, TopLeft(rect)) && PtInRect(model, BottomRight(rect));
+}
+
+void RectShape::Invalidate() {
+  view->InvalidateRect(DeviceRect());
+}
+
+RECT RectShape::GetPaintBounds() const {
+  // Anchor marks and the rounding of edges reach a little beyond the rectangle at any zoom.
+  constexpr std::int32_t margin = 2;
+  return InflateRect(rect, margin);
+}
+
+void RectShape::OnPlaced() {
+  tracker = std::make_unique<RectTracker>(*this);
+}
+
+unsigned RectShape::GetHandleMask() const {
+  return CRectTracker::kAllHandles;
+}
+
+void RectShape::OnRectChanged(const RECT& /*old*/, bool /*sized*/) {}
+
+void RectShape::ShowHandles(bool show) {
+  if (tracker == nullptr) return;
+  if (show) tracker->rect = DeviceRect();
+  const unsigned mask = tracker->GetHandleMask();
+  for (int handle = 0; handle < CRectTracker::kHandleCount; ++handle) {
+    if ((mask & (1U << handle)) != 0) view->InvalidateRect(tracker->GetHandleRect(handle));
+  }
+  if (!show) tracker->rect = {};
+}
+
+void RectShape::MoveTo(const RECT& r) {
+  if (r == rect) return;
+  RECT target = NormalizeRect(r);
+  target = target + POINT{std::max(SubSat(kFirstUnit, target.left), 0),
+                          std::max(SubSat(kFirstUnit, target.top), 0)};
+  ChangeRect(target, false);
+}
+
+void RectShape::ResizeTo(const RECT& r) {
+  if (r == rect) return;
+  ChangeRect(NormalizeRect(r), true);
+}
+
+void RectShape::ChangeRect(const RECT& r, bool sized) {
+  const RECT old = rect;
+  rect = r;
+  OnRectChanged(old, sized);
+  view->InvalidateModelRect(view->ToClient(old), DeviceRect());
+}
+
+void RectShape::SnapDeviceRect(RECT& device) const {
+  const std::int64_t minimum = view->ToDevice(kMinimumSize);
+  const std::int64_t width = std::max(Width(device), minimum);
+  const std::int64_t height = std::max(Height(device), minimum);
+  const POINT least = view->ToClient(POINT{kFirstUnit, kFirstUnit});
+  device.left = std::max(device.left, least.x);
+  device.top = std::max(device.top, least.y);
+  device.right = Saturate(device.left + width);
+  device.bottom = Saturate(device.top + height);
+  device = view->ToDevice(view->ToModel(device));
+}
+
+void RectShape::OnBroadcast(int op, void* arg) {
+  switch (op) {
+    case BROADCAST_DESELECTED: ShowHandles(false); break;
+    case BROADCAST_SELECTED: ShowHandles(true); break;
+    case BROADCAST_MOVE: MoveTo(rect + *static_cast<const POINT*>(arg)); break;
+    default: break;
+  }
+}
+
+void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
+  if (IsInSelection()) return;
+  view->GetSelection().Add(this);
+  ShowHandles(true);
+}
+
+void RectShape::AdjustRect(unsigned /*handle*/, RECT& device) {
+  SnapDeviceRect(device);
+}
+
+bool RectShape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
+  return tracker != nullptr && tracker->SetCursor(*view, view->GetCursorPos());
+}

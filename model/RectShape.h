@@ -1,0 +1,59 @@
+#pragma once
+
+#include <memory>
+
+#include "model/Shape.h"
+
+class RectTracker;
+
+/// A shape whose extent is one rectangle, in model units.
+class RectShape : public Shape {
+ public:
+  /// The smallest width and height that a drag gives, model units.
+  static constexpr std::int32_t kMinimumSize = 4;
+
+  RectShape();
+  RectShape(std::int32_t id, LayoutMgr* view, const RECT& rect, Layer layer);
+  ~RectShape() override;
+
+  void Write(ModelStream& stream) const override;
+  void Read(ModelStream& stream) override;
+  void OnBroadcast(int op, void* arg) override;
+  /// Paints the handles of a selected shape.
+  void Draw(CDC* dc) override;
+  void GetExtent(std::int32_t& right, std::int32_t& bottom) const override;
+  bool HitTest(const POINT& client) const override;
+  bool HitTestNear(const POINT& model) const override;
+  bool IsInsideRect(const RECT& model) const override;
+  void Invalidate() override;
+  RECT GetBounds() const override { return rect; }
+  RECT GetPaintBounds() const override;
+  void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
+  void OnPlaced() override;
+
+  /// Called by the tracker while it drags: limits and snaps the rectangle, in device pixels.
+  virtual void AdjustRect(unsigned handle, RECT& device);
+  /// The handles that the tracker offers, a bit for each.
+  virtual unsigned GetHandleMask() const;
+  /// `rect` has a new value; `sized` is false after a move.
+  virtual void OnRectChanged(const RECT& old, bool sized);
+  /// Repaints the handles; they stand at the rectangle or, without `show`, nowhere.
+  virtual void ShowHandles(bool show);
+
+  /// Takes a new place, model units; not left of or above (1, 1).
+  void MoveTo(const RECT& r);
+  /// Takes a new rectangle, model units.
+  void ResizeTo(const RECT& r);
+  /// Raises a rectangle in device pixels to the minimum size, keeps it off the chart's left and top
+  /// edge and snaps it to whole model units.
+  void SnapDeviceRect(RECT& device) const;
+  /// The rectangle in device pixels of the client area.
+  RECT DeviceRect() const;
+
+ protected:
+  void ChangeRect(const RECT& r, bool sized);
+
+  RECT rect;
+  std::unique_ptr<RectTracker> tracker;
+};

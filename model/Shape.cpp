@@ -1,0 +1,64 @@
+#include "model/Shape.h"
+
+#include "model/Collection.h"
+#include "model/ModelMgr.h"
+#include "persistence/ModelStream.h"
+#include "platform/MessageBox.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+Shape::Shape(std::int32_t id, LayoutMgr* view, Layer layer)
+    : Object(id), view(view), layer(layer) {}
+
+Shape::~Shape() {
+  if (mgr == nullptr) return;
+  mgr->GetSelection().Remove(this);
+  mgr->RemoveShape(this);
+}
+
+void Shape::Write(ModelStream& stream) const {
+  stream << "BEGIN " << GetTypeName() << ' ' << id << '\n';
+  stream << id << ' ' << std::int32_t{layer} << '\n';
+}
+
+void Shape::Read(ModelStream& stream) {
+  std::int16_t storedLayer = 0;
+  stream >> id >> storedLayer;
+  SkipLine(stream.In());
+  layer = GetClassLayer();
+}
+
+bool Shape::RemapIds(IdMap& map) {
+  id = map[id];
+  return true;
+}
+
+void Shape::OnCommand(unsigned /*id*/) {}
+void Shape::OnLButtonDown(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {}
+void Shape::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {}
+bool Shape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
+  return true;
+}
+
+void Shape::AttachTo(ModelMgr* manager, LayoutMgr* layoutMgr) {
+  mgr = manager;
+  manager->AddShape(this, id);
+  if (layoutMgr != nullptr) {
+    view = layoutMgr;
+    OnPlaced();
+  } else {
+    OnRestored();
+  }
+}
+
+void Shape::ForgetModel() {
+  mgr = nullptr;
+}
+
+bool Shape::IsInSelection() const {
+  return mgr != nullptr && mgr->GetSelection().Contains(this);
+}
+
+bool Shape::ConfirmDeletion(unsigned textId) {
+  return ShowMessage(LoadText(textId), kConfirmFlags) == MessageAnswer::Yes;
+}

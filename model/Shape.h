@@ -1,0 +1,93 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "model/Collectable.h"
+#include "model/Object.h"
+#include "platform/Geometry.h"
+
+class CDC;
+class CWnd;
+class LayoutMgr;
+class ModelMgr;
+
+/// Drawing layers. A higher one paints over a lower one.
+enum Layer : std::int16_t {
+  LAYER_ALL = 0,  ///< for a search only
+  LAYER_STATE = 10,
+  LAYER_MESG = 20,
+  LAYER_RESERVED = 30,
+  LAYER_TRANSITION = 40,
+  LAYER_NOTE = 50
+};
+
+/// Anything that can stand on a chart. Its destructor is the one way out of a model: it takes the
+/// shape out of the selection, the registry, the object browser and the owning list.
+class Shape : public Object, public Collectable {
+ public:
+  /// Old ids to new ones, for a paste.
+  using IdMap = std::map<std::int32_t, std::int32_t>;
+
+  Shape() = default;
+  Shape(std::int32_t id, LayoutMgr* view, Layer layer);
+  ~Shape() override;
+
+  void Write(ModelStream& stream) const override;
+  void Read(ModelStream& stream) override;
+
+  /// Paints in logical units on `dc`; marks of the screen go to a client context of the view.
+  virtual void Draw(CDC* dc) = 0;
+  /// The lower right corner, model units.
+  virtual void GetExtent(std::int32_t& right, std::int32_t& bottom) const = 0;
+  /// The shape lies under a point, device pixels of the client area.
+  virtual bool HitTest(const POINT& client) const = 0;
+  /// The shape lies under or near a point, absolute model units.
+  virtual bool HitTestNear(const POINT& model) const = 0;
+  /// The whole shape lies in a rectangle, absolute model units.
+  virtual bool IsInsideRect(const RECT& model) const = 0;
+  /// Asks for a repaint of the shape's area.
+  virtual void Invalidate() = 0;
+  /// The type's keyword in the model text.
+  virtual const std::string& GetTypeName() const = 0;
+  /// The box around the shape, absolute model units.
+  virtual RECT GetBounds() const = 0;
+  /// Takes a new id, and new references, during a paste. False: drop this object.
+  virtual bool RemapIds(IdMap& map);
+  /// A command of the shape's context menu. The shape may delete itself.
+  virtual void OnCommand(unsigned id);
+  /// Mouse events, device pixels of the client area.
+  virtual void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y);
+  virtual void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y);
+  /// Sets the cursor over the shape; false leaves it to the view.
+  virtual bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message);
+  /// The shape has got a view and a manager: resolve references, make helpers.
+  virtual void OnPlaced() {}
+  /// The same for a model without a view.
+  virtual void OnRestored() {}
+  /// The whole layer of the shape is attached: resolve references within it.
+  virtual void OnLayerPlaced() {}
+  /// The area that `Draw` may touch, absolute model units; a paint skips what lies outside its
+  /// region.
+  virtual RECT GetPaintBounds() const { return GetBounds(); }
+
+  /// Puts the shape into a model and, with a view, on a chart.
+  void AttachTo(ModelMgr* manager, LayoutMgr* layoutMgr);
+  /// The model dies as a whole: the destructor needs to take nothing out of it any more.
+  void ForgetModel();
+
+  Layer GetLayer() const { return layer; }
+  LayoutMgr* GetView() const { return view; }
+  /// This shape is in the selection of its view.
+  bool IsInSelection() const;
+
+ protected:
+  /// The layer of the class, which holds whatever a record says.
+  virtual Layer GetClassLayer() const = 0;
+  /// Asks "Please confirm deletion", or another text by id; true on Yes.
+  static bool ConfirmDeletion(unsigned textId);
+
+  LayoutMgr* view = nullptr;
+  ModelMgr* mgr = nullptr;
+  Layer layer = LAYER_STATE;
+};

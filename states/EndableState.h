@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vector>
+
+#include "states/State.h"
+
+class Transition;
+
+/// A state at which transitions can end.
+class EndableState : public virtual State {
+ public:
+  EndableState() = default;
+  /// Lets go of the transitions: they stay where they are, with a free target end.
+  ~EndableState() override;
+
+  /// Appends; the transition's pointer is set by the caller before.
+  virtual void AddTransition(Transition* transition);
+  /// Takes the transition out and clears its `target`; nothing if it isn't in the list.
+  virtual void RemoveTransition(Transition* transition);
+  /// Lets the transitions follow, but for selected ones after a mere move.
+  void UpdateIncoming(bool sized);
+  const std::vector<Transition*>& GetIncoming() const { return incoming; }
+
+ protected:
+  std::vector<Transition*> incoming;
+};

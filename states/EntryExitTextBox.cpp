@@ -1,0 +1,40 @@
+#include "states/EntryExitTextBox.h"
+
+#include "platform/CDC.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+void EntryExitTextBox::SetTexts(const std::string& entryText, const std::string& exitText) {
+  entry = entryText;
+  exit = exitText;
+}
+
+void EntryExitTextBox::Draw(CDC* dc, const RECT& rect) const {
+  std::string text = "[" + LoadText(IDS_ENTRY) + "]\n";
+  if (!entry.empty()) text.append(entry, 0, CDC::kMaxPaintedBytes) += '\n';
+  text += "[" + LoadText(IDS_EXIT) + "]\n";
+  if (!exit.empty()) text.append(exit, 0, CDC::kMaxPaintedBytes);
+
+  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
+  const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
+  const CFont oldFont = dc->SelectFont(view->GetFont());
+  RECT area = rect;
+  dc->DrawText(text, area, DT_WORDBREAK);
+  dc->SelectFont(oldFont);
+  dc->SetTextColor(oldColor);
+  dc->SetBkMode(oldMode);
+}
+
+bool EntryExitTextBox::Contains(const std::string& text) const {
+  return entry.find(text) != std::string::npos || exit.find(text) != std::string::npos;
+}
+
+bool EntryExitTextBox::ReplaceAll(const std::string& findText, const std::string& replaceText) {
+  const bool entryChanged = ReplaceInText(entry, findText, replaceText);
+  const bool exitChanged = ReplaceInText(exit, findText, replaceText);
+  return entryChanged || exitChanged;
+}
+
+bool EntryExitTextBox::EditText(const std::string& /*title*/) {
+  return false;
+}

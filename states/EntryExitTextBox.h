@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "states/TextHandler.h"
+
+class CDC;
+class LayoutMgr;
+
+/// The entry text and the exit text of a state, verbatim, and how they are painted in its
+/// compartment.
+class EntryExitTextBox : public TextHandler {
+ public:
+  EntryExitTextBox() = default;
+  explicit EntryExitTextBox(LayoutMgr* view) : view(view) {}
+
+  void SetView(LayoutMgr* layoutMgr) { view = layoutMgr; }
+  void SetTexts(const std::string& entryText, const std::string& exitText);
+  const std::string& GetEntry() const { return entry; }
+  const std::string& GetExit() const { return exit; }
+
+  /// Paints both texts under their headings into a rectangle in logical units.
+  void Draw(CDC* dc, const RECT& rect) const;
+
+  bool Contains(const std::string& text) const override;
+  bool ReplaceAll(const std::string& findText, const std::string& replaceText) override;
+  bool EditText(const std::string& title) override;
+
+ private:
+  std::string entry;
+  std::string exit;
+  LayoutMgr* view = nullptr;
+};

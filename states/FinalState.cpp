@@ -1,0 +1,42 @@
+#include "states/FinalState.h"
+
+#include "model/DrawResources.h"
+#include "platform/CDC.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// What keeps the ring off the edges of the rectangle, and the disc off the ring, logical units.
+constexpr std::int32_t kRingMargin = 3;
+constexpr std::int32_t kDiscMargin = 5;
+
+const std::string kKeyword = "FinalState";
+
+}  // namespace
+
+FinalState::FinalState(std::int32_t id, LayoutMgr* view, const RECT& rect)
+    : State(id, view, rect, kKeyword) {}
+
+const std::string& FinalState::GetTypeName() const {
+  return kKeyword;
+}
+
+void FinalState::Draw(CDC* dc) {
+  const DrawResources& resources = DrawResources::Instance();
+  const RECT ring = InflateRect(view->ToLogical(rect), -kRingMargin);
+  const CBrush oldBrush = dc->SelectBrush(resources.nullBrush);
+  dc->Ellipse(ring);
+  dc->SelectBrush(resources.blackBrush);
+  dc->Ellipse(InflateRect(ring, -kDiscMargin));
+  dc->SelectBrush(oldBrush);
+  ConnectableRectShape::Draw(dc);
+}
+
+void FinalState::OnRectChanged(const RECT& old, bool sized) {
+  ConnectableRectShape::OnRectChanged(old, sized);
+  UpdateIncoming(sized);
+}
+
+void FinalState::RefreshAnchors() {
+  RefreshMiddleAnchors();
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "states/EndableState.h"
+
+/// The mark where a chart ends: a black disc in a ring.
+class FinalState : public EndableState {
+ public:
+  FinalState() = default;
+  FinalState(std::int32_t id, LayoutMgr* view, const RECT& rect);
+
+  /// The rectangle of a new mark at the origin, model units.
+  static constexpr RECT DefaultRect() { return {0, 0, 4, 4}; }
+
+  void Draw(CDC* dc) override;
+  const std::string& GetTypeName() const override;
+  void OnRectChanged(const RECT& old, bool sized) override;
+  void RefreshAnchors() override;
+};

@@ -1,0 +1,139 @@
+#include "states/GenericState.h"
+
+#include "dialogs/CDefaultSettingDlg.h"
+#include "persistence/ModelStream.h"
+#include "platform/CDC.h"
+#include "resources/CommandIds.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// The ellipse of a rounded corner, model units.
+constexpr std::int32_t kCorner = 5;
+/// What keeps texts off the lines around them, logical units.
+constexpr std::int32_t kTextMargin = 3;
+
+}  // namespace
+
+GenericState::GenericState(std::int32_t id, LayoutMgr* view, const RECT& rect,
+                           const std::string& name)
+    : State(id, view, rect, name), entryExit(view) {
+  const CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
+  bgColor = settings.StateBgColor;
+  transparent = settings.StateBgTransparent;
+  entryExit.SetTexts(settings.Entry, settings.Exit);
+}
+
+const std::string& GenericState::GetTypeName() const {
+  static const std::string keyword = "GenericState";
+  return keyword;
+}
+
+void GenericState::Write(ModelStream& stream) const {
+  State::Write(stream);
+  stream << history << ' ' << bgColor << ' ' << transparent << '\n';
+  WriteTextBlock(stream.Out(), entryExit.GetEntry(), "TEXTBEGIN", "TEXTEND");
+  WriteTextBlock(stream.Out(), entryExit.GetExit(), "TEXTBEGIN", "TEXTEND");
+}
+
+void GenericState::Read(ModelStream& stream) {
+  State::Read(stream);
+  stream >> history >> bgColor >> transparent;
+  SkipLine(stream.In());
+  std::string entry;
+  std::string exit;
+  ReadTextBlock(stream.In(), entry, "TEXTBEGIN", "TEXTEND");
+  ReadTextBlock(stream.In(), exit, "TEXTBEGIN", "TEXTEND");
+  entryExit.SetTexts(entry, exit);
+}
+
+void GenericState::Draw(CDC* dc) {
+  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
+  RECT body = view->ToLogical(rect);
+  body.right = SubSat(body.right, 2);
+  body.bottom = SubSat(body.bottom, 2);
+  const CBrush oldBrush =
+      dc->SelectBrush(transparent != 0 ? CBrush::Null() : CBrush::Solid(bgColor));
+  const std::int32_t corner = view->ToLogical(kCorner);
+  dc->RoundRect(body, {corner, corner});
+
+  const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
+  const RECT inner = InflateRect(body, -kTextMargin);
+  const CFont oldFont = dc->SelectFont(view->GetBoldFont());
+  RECT nameArea = inner;
+  dc->DrawText(name, nameArea, DT_CENTER | DT_WORDBREAK);
+  if (history != 0) DrawHistoryMark(dc, inner);
+  RECT title = inner;
+  const std::int32_t titleHeight =
+      dc->DrawText(name, title, DT_CENTER | DT_WORDBREAK | DT_CALCRECT);
+  dc->SelectFont(oldFont);
+
+  const std::int32_t separator = AddSat(AddSat(body.top, titleHeight), kTextMargin);
+  dc->MoveTo({body.left, separator});
+  dc->LineTo({body.right, separator});
+  const RECT compartment{body.left, AddSat(body.top, titleHeight), body.right, body.bottom};
+  entryExit.Draw(dc, InflateRect(compartment, -kTextMargin));
+
+  dc->SetBkMode(oldMode);
+  dc->SetTextColor(oldColor);
+  ConnectableRectShape::Draw(dc);
+  dc->SelectBrush(oldBrush);
+}
+
+void GenericState::DrawHistoryMark(CDC* dc, const RECT& inner) const {
+  constexpr std::int32_t indent = 10;
+  constexpr std::int32_t growth = 2;
+  RECT mark = inner;
+  mark.left = AddSat(mark.left, indent);
+  dc->DrawText("H", mark, DT_CALCRECT);
+  const std::int64_t width = Width(mark);
+  const std::int64_t height = Height(mark);
+  RECT circle;
+  circle.left = Saturate(mark.left - (height - width) / 2);
+  circle.top = mark.top;
+  circle.right = Saturate(circle.left + height);
+  circle.bottom = Saturate(circle.top + height);
+  dc->Ellipse(InflateRect(circle, growth));
+  dc->DrawText("H", mark, DT_LEFT);
+}
+
+void GenericState::OnCommand(unsigned command) {
+  if (command == ID_STATE_EDIT_TEXTS) return EditTexts();
+  State::OnCommand(command);
+}
+
+void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
+  EditTexts();
+}
+
+void GenericState::EditTexts() {
+  if (entryExit.EditText(name)) Invalidate();
+}
+
+void GenericState::OnPlaced() {
+  entryExit.SetView(view);
+  ConnectableRectShape::OnPlaced();
+}
+
+void GenericState::OnRectChanged(const RECT& old, bool sized) {
+  ConnectableRectShape::OnRectChanged(old, sized);
+  UpdateOutgoing(sized);
+  UpdateIncoming(sized);
+}
+
+void GenericState::RefreshAnchors() {
+  ClearAnchors();
+  const POINT middle = CentreOf(rect);
+  const auto quarterX = static_cast<std::int32_t>(Width(rect) / 4);
+  const auto quarterY = static_cast<std::int32_t>(Height(rect) / 4);
+  // Clockwise from the top left, three on each side.
+  for (std::uint16_t place = 1; place <= 3; ++place) {
+    const std::int32_t step = std::int32_t{place} - 2;
+    const std::int32_t dx = step * quarterX;
+    const std::int32_t dy = step * quarterY;
+    anchors[{place, SIDE_TOP}] = {AddSat(middle.x, dx), rect.top};
+    anchors[{place, SIDE_RIGHT}] = {rect.right, AddSat(middle.y, dy)};
+    anchors[{place, SIDE_BOTTOM}] = {SubSat(middle.x, dx), rect.bottom};
+    anchors[{place, SIDE_LEFT}] = {rect.left, SubSat(middle.y, dy)};
+  }
+}

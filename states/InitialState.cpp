@@ -1,0 +1,38 @@
+#include "states/InitialState.h"
+
+#include "model/DrawResources.h"
+#include "platform/CDC.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// What keeps the disc off the edges of the rectangle, logical units.
+constexpr std::int32_t kDiscMargin = 3;
+
+const std::string kKeyword = "InitialState";
+
+}  // namespace
+
+InitialState::InitialState(std::int32_t id, LayoutMgr* view, const RECT& rect)
+    : State(id, view, rect, kKeyword) {}
+
+const std::string& InitialState::GetTypeName() const {
+  return kKeyword;
+}
+
+void InitialState::Draw(CDC* dc) {
+  const RECT disc = InflateRect(view->ToLogical(rect), -kDiscMargin);
+  const CBrush oldBrush = dc->SelectBrush(DrawResources::Instance().blackBrush);
+  dc->Ellipse(disc);
+  dc->SelectBrush(oldBrush);
+  ConnectableRectShape::Draw(dc);
+}
+
+void InitialState::OnRectChanged(const RECT& old, bool sized) {
+  ConnectableRectShape::OnRectChanged(old, sized);
+  UpdateOutgoing(sized);
+}
+
+void InitialState::RefreshAnchors() {
+  RefreshMiddleAnchors();
+}

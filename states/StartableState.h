@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vector>
+
+#include "states/State.h"
+
+class Transition;
+
+/// A state at which transitions can start.
+class StartableState : public virtual State {
+ public:
+  StartableState() = default;
+  /// Lets go of the transitions: they stay where they are, with a free source end.
+  ~StartableState() override;
+
+  /// Appends; the transition's pointer is set by the caller before.
+  virtual void AddTransition(Transition* transition);
+  /// Takes the transition out and clears its `source`; nothing if it isn't in the list.
+  virtual void RemoveTransition(Transition* transition);
+  /// Lets the transitions follow, but for selected ones after a mere move.
+  void UpdateOutgoing(bool sized);
+  const std::vector<Transition*>& GetOutgoing() const { return outgoing; }
+
+ protected:
+  std::vector<Transition*> outgoing;
+};

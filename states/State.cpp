@@ -1,0 +1,35 @@
+#include "states/State.h"
+
+#include "dialogs/CDefaultSettingDlg.h"
+#include "persistence/ModelStream.h"
+#include "resources/CommandIds.h"
+#include "resources/Texts.h"
+
+State::State(std::int32_t id, LayoutMgr* view, const RECT& rect, const std::string& name)
+    : ConnectableRectShape(id, view, rect, LAYER_STATE), name(name) {
+  showAnchors = CDefaultSettingDlg::Instance().StateAnchor != 0;
+}
+
+void State::Write(ModelStream& stream) const {
+  ConnectableRectShape::Write(stream);
+  stream << name << '\n';
+}
+
+void State::Read(ModelStream& stream) {
+  ConnectableRectShape::Read(stream);
+  name = ReadLine(stream.In());
+}
+
+void State::OnCommand(unsigned command) {
+  if (command != ID_STATE_DELETE) return ConnectableRectShape::OnCommand(command);
+  if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
+}
+
+void State::RefreshMiddleAnchors() {
+  ClearAnchors();
+  const POINT middle = CentreOf(rect);
+  anchors[{1, SIDE_TOP}] = {middle.x, rect.top};
+  anchors[{1, SIDE_RIGHT}] = {rect.right, middle.y};
+  anchors[{1, SIDE_BOTTOM}] = {middle.x, rect.bottom};
+  anchors[{1, SIDE_LEFT}] = {rect.left, middle.y};
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "model/ConnectableRectShape.h"
+
+/// The named rectangular node of a chart.
+class State : public ConnectableRectShape {
+ public:
+  State() = default;
+  State(std::int32_t id, LayoutMgr* view, const RECT& rect, const std::string& name);
+
+  void Write(ModelStream& stream) const override;
+  void Read(ModelStream& stream) override;
+  void OnCommand(unsigned id) override;
+
+  const std::string& GetName() const { return name; }
+
+ protected:
+  Layer GetClassLayer() const override { return LAYER_STATE; }
+  /// Fills the four anchors at the middle of each side.
+  void RefreshMiddleAnchors();
+
+  std::string name;
+};
