@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+class ModelStream;
+
+/// The sixteen texts of a chart: three describe the model, the others are for the generators. A new
+/// block holds the defaults of a new chart.
+class ModelProperties {
+ public:
+  ModelProperties();
+
+  void Write(ModelStream& stream) const;
+  /// Reads the fields that the version of the text has; the others keep what they hold. Throws a
+  /// text for the user.
+  void Read(ModelStream& stream);
+
+  std::string ModelName;
+  std::string Description;
+  std::string Author;
+  std::string CppClassName;
+  std::string CppIncludeFile;
+  std::string CppNamespace;
+  std::string CppIncludes;
+  std::string CppDeclarations;
+  std::string CIncludes;
+  std::string CDeclarations;
+  std::string JavaClassName;
+  std::string JavaPackage;
+  std::string JavaDeclarations;
+  std::string CSharpClassName;
+  std::string CSharpPackage;
+  std::string CSharpDeclarations;
+};

@@ -1,0 +1,58 @@
+#include "persistence/ModelFile.h"
+
+#include <exception>
+#include <sstream>
+
+#include "persistence/ModelStream.h"
+#include "platform/Files.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+std::string ModelFile::Load(const std::string& path, LayoutMgr& view) {
+  try {
+    std::string bytes;
+    const FileResult read = ReadWholeFile(path, bytes);
+    if (!read.Ok()) return read.ErrorText();
+    std::istringstream text(FromDisk(std::move(bytes)));
+    ModelStream stream(text);
+    stream >> view;
+    return {};
+  } catch (const std::string& reason) {
+    return reason;
+  } catch (const std::exception&) {
+    return LoadText(IDS_UNKNOWN_ERROR);
+  }
+}
+
+std::string ModelFile::Save(const std::string& path, const std::string& text) {
+  try {
+    return ReasonOf(WriteWholeFile(path, ToDisk(text)));
+  } catch (const std::exception&) {
+    return LoadText(IDS_UNKNOWN_ERROR);
+  }
+}
+
+std::string ModelFile::ReasonOf(const FileResult& written) {
+  if (written.stage == FileResult::Stage::Open) return LoadText(IDS_CANNOT_WRITE);
+  return written.Ok() ? std::string() : written.ErrorText();
+}
+
+std::string ModelFile::FromDisk(std::string bytes) {
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const bool pair = bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n';
+    if (!pair) bytes[kept++] = bytes[i];
+  }
+  bytes.resize(kept);
+  return bytes;
+}
+
+std::string ModelFile::ToDisk(const std::string& text) {
+  std::string bytes;
+  bytes.reserve(text.size() + text.size() / 8);
+  for (const char c : text) {
+    if (c == '\n') bytes += '\r';
+    bytes += c;
+  }
+  return bytes;
+}

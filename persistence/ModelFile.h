@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+class LayoutMgr;
+struct FileResult;
+
+/// A model text on disk, where lines end in CR LF.
+class ModelFile {
+ public:
+  /// Reads a chart into a view. The text is empty on success and else holds the reason for the
+  /// user.
+  static std::string Load(const std::string& path, LayoutMgr& view);
+  /// Writes a model text with the line ends of a file. Empty on success, else the reason.
+  static std::string Save(const std::string& path, const std::string& text);
+
+  /// The reason for the user why a file could not be written; empty on success.
+  static std::string ReasonOf(const FileResult& written);
+
+  /// CR LF becomes LF; any other CR stays.
+  static std::string FromDisk(std::string bytes);
+  static std::string ToDisk(const std::string& text);
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+/// The first two words of a line between records; empty where there is none.
+struct RecordLine {
+  std::string first;
+  std::string second;
+
+  static RecordLine Parse(const std::string& line);
+};
