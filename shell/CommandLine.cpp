@@ -1,0 +1,125 @@
+#include "shell/CommandLine.h"
+
+#include <exception>
+#include <ostream>
+
+#include "persistence/ModelFile.h"
+#include "platform/CSvgDC.h"
+#include "platform/Files.h"
+#include "platform/Pictures.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: morvane [FILE]                open the designer, on FILE if given\n"
+    "       morvane --convert OUT FILE    read FILE, write it as model text\n"
+    "       morvane --export OUT FILE     draw the whole chart to OUT, a .png, .svg or .pdf\n"
+    "       morvane --help | --version\n";
+constexpr const char* kVersion = "Morvane 4.1.0\n";
+
+int Fail(std::ostream& err, const std::string& path, const std::string& reason) {
+  err << path << ": " << reason << '\n';
+  return CommandLine::kFailure;
+}
+
+/// Reads a chart as the window would; the reason of a failure, empty on success.
+std::string LoadChart(const std::string& path, LayoutMgr& chart, bool normalSize) {
+  if (!IsEmptyFile(path)) {
+    const std::string reason = ModelFile::Load(path, chart);
+    if (!reason.empty()) return reason;
+  }
+  chart.PlaceWithoutWindow(normalSize);
+  return {};
+}
+
+bool IsPictureKind(const std::string& extension) {
+  return extension == ".png" || extension == ".svg" || extension == ".pdf";
+}
+
+}  // namespace
+
+CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
+  CommandLine line;
+  const std::string first = arguments.empty() ? "" : arguments[0];
+  const bool isOption = first.size() > 1 && first[0] == '-';
+  if (!isOption) {
+    if (arguments.size() > 1) line.job = Job::WrongUse;
+    line.file = first;
+    return line;
+  }
+  const bool hasPaths = arguments.size() == 3;
+  if (first == "--help" && arguments.size() == 1) {
+    line.job = Job::Help;
+  } else if (first == "--version" && arguments.size() == 1) {
+    line.job = Job::Version;
+  } else if ((first == "--convert" || first == "--export") && hasPaths) {
+    line.job = first == "--convert" ? Job::Convert : Job::Export;
+    line.output = arguments[1];
+    line.file = arguments[2];
+  } else {
+    line.job = Job::WrongUse;
+  }
+  return line;
+}
+
+int CommandLine::Run(std::ostream& out, std::ostream& err) const {
+  switch (job) {
+    case Job::Help: out << kUsage; return kSuccess;
+    case Job::Version: out << kVersion; return kSuccess;
+    case Job::Convert: return RunConvert(err);
+    case Job::Export: return RunExport(err);
+    case Job::WrongUse: err << kUsage; return kWrongUse;
+    case Job::None: break;
+  }
+  return kSuccess;
+}
+
+int CommandLine::RunConvert(std::ostream& err) const {
+  try {
+    LayoutMgr chart;
+    const std::string problem = LoadChart(file, chart, false);
+    if (!problem.empty()) return Fail(err, file, problem);
+    const std::string unwritten =
+        ModelFile::ReasonOf(ReplaceWholeFile(output, ModelFile::ToDisk(chart.ModelText())));
+    return unwritten.empty() ? kSuccess : Fail(err, output, unwritten);
+  } catch (const std::exception&) {
+    return Fail(err, file, LoadText(IDS_UNKNOWN_ERROR));
+  }
+}
+
+int CommandLine::RunExport(std::ostream& err) const {
+  if (!IsPictureKind(ExtensionOf(output))) {
+    err << output << ": " << LoadText(IDS_PICTURE_KIND) << '\n';
+    return kWrongUse;
+  }
+  try {
+    LayoutMgr chart;
+    std::string reason = LoadChart(file, chart, true);
+    if (!reason.empty()) return Fail(err, file, reason);
+    const std::string picture = MakePicture(chart, reason);
+    if (!reason.empty()) return Fail(err, file, reason);
+    const std::string unwritten = ModelFile::ReasonOf(ReplaceWholeFile(output, picture));
+    return unwritten.empty() ? kSuccess : Fail(err, output, unwritten);
+  } catch (const std::exception&) {
+    return Fail(err, file, LoadText(IDS_UNKNOWN_ERROR));
+  }
+}
+
+std::string CommandLine::MakePicture(LayoutMgr& chart, std::string& reason) const {
+  Pictures& pictures = Service<Pictures>::Get();
+  const SIZE size = chart.PictureSize();
+  const std::string kind = ExtensionOf(output);
+  if (kind == ".svg") {
+    const std::unique_ptr<CDC> reference = pictures.ReferenceDC();
+    CSvgDC dc(*reference, size);
+    chart.DrawPicture(dc);
+    return dc.Close();
+  }
+  const Pictures::Paint paint = [&chart](CDC& dc) { chart.DrawPicture(dc); };
+  const auto picture =
+      kind == ".png" ? pictures.MakePng(size, paint) : pictures.MakePdf(size, paint);
+  if (!picture) reason = LoadText(IDS_PICTURE_TOO_LARGE);
+  return picture.value_or("");
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+class LayoutMgr;
+
+/// What the program was started for: a window, or a job that needs none.
+class CommandLine {
+ public:
+  static constexpr int kSuccess = 0;
+  static constexpr int kFailure = 1;
+  static constexpr int kWrongUse = 2;
+
+  /// Reads the arguments behind the program's name.
+  static CommandLine Parse(const std::vector<std::string>& arguments);
+
+  /// True for all that is done with no display and no window.
+  bool IsJob() const { return job != Job::None; }
+  /// The chart to open in a window; empty for a new one.
+  const std::string& File() const { return file; }
+
+  /// Does the job: success is silent, a failure says why on `err` and writes no output. Gives the
+  /// exit status.
+  int Run(std::ostream& out, std::ostream& err) const;
+
+ private:
+  enum class Job { None, Help, Version, Convert, Export, WrongUse };
+
+  int RunConvert(std::ostream& err) const;
+  int RunExport(std::ostream& err) const;
+  /// The bytes of the picture; empty when it can't be made, with the reason in `reason`.
+  std::string MakePicture(LayoutMgr& chart, std::string& reason) const;
+
+  Job job = Job::None;
+  std::string output;
+  std::string file;
+};

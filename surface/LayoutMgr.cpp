@@ -1,0 +1,219 @@
+#include "surface/LayoutMgr.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "dialogs/CDefaultSettingDlg.h"
+#include "model/DrawResources.h"
+#include "model/ModelMgr.h"
+#include "model/ObjectBrowser.h"
+#include "persistence/CMorvaneDoc.h"
+#include "persistence/ModelHeader.h"
+#include "persistence/ModelStream.h"
+#include "persistence/UndoHistory.h"
+#include "platform/CDC.h"
+#include "platform/MessageBox.h"
+
+namespace {
+
+/// Every so many model units the grid has a line.
+constexpr std::int32_t kGridStep = 3;
+/// A page step of the scroll bars, model units.
+constexpr std::int32_t kPageStep = 6;
+
+}  // namespace
+
+LayoutMgr::LayoutMgr()
+    : model(std::make_unique<ModelMgr>(this)), undoHistory(std::make_unique<UndoHistory>()) {}
+
+LayoutMgr::~LayoutMgr() {
+  model.reset();
+}
+
+RECT LayoutMgr::ToLogical(const RECT& r) const {
+  return {ToLogical(r.left), ToLogical(r.top), ToLogical(r.right), ToLogical(r.bottom)};
+}
+
+RECT LayoutMgr::ToDevice(const RECT& r) const {
+  return {ToDevice(r.left), ToDevice(r.top), ToDevice(r.right), ToDevice(r.bottom)};
+}
+
+RECT LayoutMgr::ToModel(const RECT& r) const {
+  return {ToModel(r.left), ToModel(r.top), ToModel(r.right), ToModel(r.bottom)};
+}
+
+Collection& LayoutMgr::GetSelection() const {
+  return model->GetSelection();
+}
+
+void LayoutMgr::UpdateNodes(Shape* shape) {
+  if (objectTree != nullptr) objectTree->UpdateNodes(shape);
+}
+
+Shape* LayoutMgr::FindShapeNear(const POINT& client, Layer layer) const {
+  return model->ObjectNear(client, layer);
+}
+
+void LayoutMgr::InvalidateModelRect(const RECT& first, const RECT& second) {
+  InvalidateRect(first);
+  InvalidateRect(second);
+}
+
+void LayoutMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const {
+  model->GetChartExtent(right, bottom);
+}
+
+void LayoutMgr::BringToFront(Shape* shape) {
+  model->BringToFront(shape);
+}
+
+void LayoutMgr::ApplyZoom() {
+  SetScrollSizes({ToDevice(kChartSize.cx), ToDevice(kChartSize.cy)},
+                 {ToDevice(kPageStep), ToDevice(kPageStep)});
+  for (const ScrollBar bar : {ScrollBar::Horizontal, ScrollBar::Vertical}) {
+    SetScrollPos(bar, ToDevice(ToModel(GetScrollPos(bar))));
+  }
+  Invalidate();
+}
+
+void LayoutMgr::ChangeZoom(std::int16_t value) {
+  if (value < kMinZoom || value > kMaxZoom) return;
+  zoom = value;
+  ApplyZoom();
+}
+
+bool LayoutMgr::OnScrollBy(SIZE distance) {
+  return CScrollView::OnScrollBy({distance.cx / zoom * zoom, distance.cy / zoom * zoom});
+}
+
+void LayoutMgr::MakeFonts() {
+  // What no screen could show is taken as the nearest size that one can.
+  constexpr std::int32_t smallest = 10;
+  constexpr std::int32_t greatest = 5000;
+  constexpr std::int32_t tenthsPerPoint = 10;
+  const CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
+  const std::int32_t size = std::clamp(settings.FontSize, smallest, greatest);
+  font = CFont::FromTenthsOfPoint(size, settings.FontName);
+  boldFont = CFont::FromTenthsOfPoint(size / tenthsPerPoint * tenthsPerPoint, settings.FontName);
+  boldFont.weight = CFont::kBoldWeight;
+  textColor = settings.FontColor;
+}
+
+void LayoutMgr::OnInitialUpdate() {
+  model->PlaceAll();
+  SetScrollSizes({ToLogical(kChartSize.cx), ToLogical(kChartSize.cy)},
+                 {ToLogical(zoom), ToLogical(zoom)});
+  MakeFonts();
+  showGrid = CDefaultSettingDlg::Instance().ShowGrid != 0;
+  TakeSnapshot();
+  if (auto* document = dynamic_cast<CMorvaneDoc*>(GetDocument())) document->RememberSavedText();
+  if (objectTree != nullptr) objectTree->Attach(this);
+  Invalidate();
+}
+
+void LayoutMgr::PlaceWithoutWindow(bool normalSize) {
+  if (normalSize) zoom = kNormalZoom;
+  model->PlaceAll();
+  MakeFonts();
+}
+
+void LayoutMgr::PrepareMapping(CDC& dc) const {
+  dc.SetMapMode(MapMode::Isotropic);
+  dc.SetWindowExt({ToLogical(kChartSize.cx), ToLogical(kChartSize.cy)});
+  dc.SetViewportExt({ToDevice(kChartSize.cx), ToDevice(kChartSize.cy)});
+}
+
+void LayoutMgr::DrawGrid(CDC& dc) const {
+  const CPen oldPen = dc.SelectPen(DrawResources::Instance().gridPen);
+  const std::int32_t step = ToDevice(kGridStep);
+  const SIZE size{ToDevice(kChartSize.cx), ToDevice(kChartSize.cy)};
+  const RECT clip = dc.GetClipBox();
+  const auto firstLine = [step](std::int32_t from) { return std::max(from / step, 1) * step; };
+  for (std::int32_t x = firstLine(clip.left); x < std::min(size.cx, clip.right); x += step) {
+    dc.MoveTo({x, 0});
+    dc.LineTo({x, size.cy});
+  }
+  for (std::int32_t y = firstLine(clip.top); y < std::min(size.cy, clip.bottom); y += step) {
+    dc.MoveTo({0, y});
+    dc.LineTo({size.cx, y});
+  }
+  dc.SelectPen(oldPen);
+}
+
+void LayoutMgr::OnDraw(CDC& dc) {
+  if (!dc.IsPrinting()) {
+    dc.SetBkMode(BkMode::Transparent);
+    if (showGrid) DrawGrid(dc);
+    PrepareMapping(dc);
+  }
+  dc.SetTextColor(textColor);
+  model->DrawAll(&dc);
+}
+
+void LayoutMgr::DrawPicture(CDC& dc) {
+  dc.SetPrinting(true);
+  OnDraw(dc);
+}
+
+SIZE LayoutMgr::PictureSize() const {
+  std::int32_t right = 0;
+  std::int32_t bottom = 0;
+  GetChartExtent(right, bottom);
+  return {ToLogical(AddSat(right, 1)), ToLogical(AddSat(bottom, 1))};
+}
+
+void LayoutMgr::TakeSnapshot() {
+  undoHistory->Push(ModelText());
+}
+
+std::string LayoutMgr::ModelText() const {
+  std::ostringstream text;
+  ModelStream stream(text);
+  Write(stream);
+  return std::move(text).str();
+}
+
+void LayoutMgr::Write(ModelStream& stream) const {
+  ModelHeader::Write(stream);
+  stream << std::int32_t{zoom} << '\n';
+  model->Write(stream);
+  properties.Write(stream);
+}
+
+void LayoutMgr::Read(ModelStream& stream) {
+  ModelHeader::Read(stream);
+  std::int16_t storedZoom = kNormalZoom;
+  stream >> storedZoom;
+  SkipLine(stream.In());
+  zoom = std::clamp(storedZoom, kMinZoom, kMaxZoom);
+  model->Read(stream);
+  properties.Read(stream);
+  if (objectTree != nullptr) objectTree->Attach(this);
+}
+
+void LayoutMgr::Restore(const std::string& text) {
+  const std::int16_t oldZoom = zoom;
+  model.reset();
+  model = std::make_unique<ModelMgr>(this);
+  std::istringstream snapshot(text);
+  ModelStream stream(snapshot);
+  try {
+    Read(stream);
+  } catch (const std::string& reason) {
+    // A snapshot is this program's own text; whatever went wrong, what could be read is shown.
+    ShowMessage(reason, MB_ICONHAND);
+  }
+  model->PlaceAll();
+  if (zoom != oldZoom) ApplyZoom();
+  Invalidate();
+}
+
+ModelStream& operator<<(ModelStream& stream, const LayoutMgr& view) {
+  view.Write(stream);
+  return stream;
+}
+
+ModelStream& operator>>(ModelStream& stream, LayoutMgr& view) {
+  view.Read(stream);
+  return stream;
+}

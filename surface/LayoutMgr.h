@@ -1,0 +1,133 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "codegen/ModelProperties.h"
+#include "connectors/AnchorMarker.h"
+#include "model/Shape.h"
+#include "model/ShapeGeometry.h"
+#include "platform/CScrollView.h"
+#include "platform/DrawingTools.h"
+
+class Collection;
+class ModelMgr;
+class ModelStream;
+class ObjectBrowser;
+class UndoHistory;
+
+/// The view of a chart. It owns the model and all else that belongs to one open chart, and turns
+/// between model units (stored), logical units (painted, six to a model unit) and device pixels
+/// (the mouse, `zoom` to a model unit).
+class LayoutMgr : public CScrollView {
+ public:
+  static constexpr std::int16_t kMinZoom = 2;
+  static constexpr std::int16_t kMaxZoom = 13;
+  static constexpr std::int16_t kNormalZoom = 6;
+  static constexpr std::int32_t kLogicalPerModel = 6;
+  static constexpr SIZE kChartSize{1500, 1500};  ///< model units
+
+  LayoutMgr();
+  ~LayoutMgr() override;
+
+  // Conversions. The point and rectangle forms treat each coordinate alone.
+  std::int32_t ToLogical(std::int32_t model) const { return MulSat(model, kLogicalPerModel); }
+  std::int32_t ToDevice(std::int32_t model) const { return MulSat(model, zoom); }
+  std::int32_t ToModel(std::int32_t device) const {
+    return RoundHalfAway(static_cast<double>(device) / zoom);
+  }
+  POINT ToLogical(POINT p) const { return {ToLogical(p.x), ToLogical(p.y)}; }
+  POINT ToDevice(POINT p) const { return {ToDevice(p.x), ToDevice(p.y)}; }
+  POINT ToModel(POINT p) const { return {ToModel(p.x), ToModel(p.y)}; }
+  RECT ToLogical(const RECT& r) const;
+  RECT ToDevice(const RECT& r) const;
+  RECT ToModel(const RECT& r) const;
+  /// Adds or subtracts the scroll position, in model units.
+  POINT AddScroll(POINT p) const { return p + ScrollInModel(); }
+  POINT SubScroll(POINT p) const { return p - ScrollInModel(); }
+  RECT AddScroll(const RECT& r) const { return r + ScrollInModel(); }
+  RECT SubScroll(const RECT& r) const { return r - ScrollInModel(); }
+  /// Device pixels of an absolute model point, and back.
+  POINT ToClient(POINT model) const { return ToDevice(SubScroll(model)); }
+  RECT ToClient(const RECT& model) const { return ToDevice(SubScroll(model)); }
+  POINT ToAbsolute(POINT client) const { return AddScroll(ToModel(client)); }
+
+  std::int16_t GetZoom() const { return zoom; }
+  Collection& GetSelection() const;
+  ModelMgr& GetModel() const { return *model; }
+  ModelProperties& GetProperties() { return properties; }
+  /// Null for a chart that no browser follows.
+  ObjectBrowser* GetObjectTree() const { return objectTree; }
+  void SetObjectTree(ObjectBrowser* tree) { objectTree = tree; }
+  /// Tells the browser, if there is one, that an object shows differently now.
+  void UpdateNodes(Shape* shape);
+  const CFont& GetFont() const { return font; }
+  const CFont& GetBoldFont() const { return boldFont; }
+  COLORREF GetTextColor() const { return textColor; }
+  bool IsGridShown() const { return showGrid; }
+
+  Shape* FindShapeNear(const POINT& client, Layer layer) const;
+  /// Asks for a repaint of rectangles in device pixels.
+  void InvalidateModelRect(const RECT& device) { InvalidateRect(device); }
+  void InvalidateModelRect(const RECT& first, const RECT& second);
+  /// The lower right corner of all objects, model units.
+  void GetChartExtent(std::int32_t& right, std::int32_t& bottom) const;
+  void BringToFront(Shape* shape);
+  /// Sets sizes and position of the scroll bars for a new zoom.
+  void ApplyZoom();
+  /// A uniform scale from logical units to device pixels; the origin stays.
+  void PrepareMapping(CDC& dc) const;
+
+  /// Puts the present model text on the undo history; a text that hasn't changed adds nothing.
+  void TakeSnapshot();
+  /// The whole model text.
+  std::string ModelText() const;
+  void Write(ModelStream& stream) const;
+  /// Reads the whole text into zoom, model and properties; the objects stay unattached. Throws a
+  /// text for the user.
+  void Read(ModelStream& stream);
+  /// Places a chart that was read with no window, for conversions and pictures. It stands at
+  /// normal size if `normalSize`, else at its stored zoom.
+  void PlaceWithoutWindow(bool normalSize);
+  /// Paints the whole chart as on paper, with its origin at the context's.
+  void DrawPicture(CDC& dc);
+  /// The size of such a picture, logical units: the extent and one model unit on each far side.
+  SIZE PictureSize() const;
+
+  void OnInitialUpdate() override;
+  void OnDraw(CDC& dc) override;
+  bool OnScrollBy(SIZE distance) override;
+  bool OnKeyDown(VirtualKey key, unsigned flags) override;
+  bool OnCommand(unsigned id) override;
+  CommandState OnUpdateCommand(unsigned id) override;
+  bool OnClose() override;
+
+ protected:
+  int ScrollStep() const override { return zoom; }
+
+ private:
+  POINT ScrollInModel() const { return ToModel(GetScrollPosition()); }
+  void MakeFonts();
+  void DrawGrid(CDC& dc) const;
+  void ChangeZoom(std::int16_t value);
+  void Restore(const std::string& text);
+  void DeleteSelection();
+  void RunSelectionCommand(unsigned id);
+  void ScrollHome();
+  bool IsEnabled(unsigned id) const;
+  void Undo();
+  void Redo();
+
+  CFont font;
+  CFont boldFont;
+  COLORREF textColor = 0;
+  std::int16_t zoom = kNormalZoom;
+  ModelProperties properties;
+  std::unique_ptr<ModelMgr> model;
+  bool showGrid = true;
+  std::unique_ptr<UndoHistory> undoHistory;
+  ObjectBrowser* objectTree = nullptr;
+};
+
+ModelStream& operator<<(ModelStream& stream, const LayoutMgr& view);
+ModelStream& operator>>(ModelStream& stream, LayoutMgr& view);

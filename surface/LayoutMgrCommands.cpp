@@ -1,0 +1,130 @@
+#include "model/Collection.h"
+#include "model/ModelMgr.h"
+#include "persistence/UndoHistory.h"
+#include "platform/CDocument.h"
+#include "platform/CWaitCursor.h"
+#include "resources/CommandIds.h"
+#include "surface/LayoutMgr.h"
+
+// The commands of a chart: what each does, and when it can be given.
+
+void LayoutMgr::Undo() {
+  if (undoHistory->CanUndo()) Restore(undoHistory->Undo());
+}
+
+void LayoutMgr::Redo() {
+  if (undoHistory->CanRedo()) Restore(undoHistory->Redo());
+}
+
+void LayoutMgr::DeleteSelection() {
+  SetRedraw(false);
+  {
+    const CWaitCursor wait;
+    model->DeleteSelected(true);
+  }
+  SetRedraw(true);
+  Invalidate();
+  TakeSnapshot();
+}
+
+bool LayoutMgr::IsEnabled(unsigned id) const {
+  switch (id) {
+    case ID_ZOOM_IN: return zoom < kMaxZoom;
+    case ID_ZOOM_OUT: return zoom > kMinZoom;
+    case ID_ZOOM_NORMAL: return zoom != kNormalZoom;
+    case ID_EDIT_UNDO: return undoHistory->CanUndo();
+    case ID_EDIT_REDO: return undoHistory->CanRedo();
+    case ID_EDIT_PASTE: return model->CanPaste();
+    case ID_EDIT_SELECT_ALL: return !model->Objects().empty();
+    case ID_DELETE:
+    case ID_BRING_TO_FRONT:
+    case ID_SEND_TO_BACK:
+    case ID_EDIT_COPY:
+    case ID_EDIT_CUT: return !GetSelection().IsEmpty();
+    default: return true;
+  }
+}
+
+CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
+  switch (id) {
+    case ID_ZOOM_IN:
+    case ID_ZOOM_OUT:
+    case ID_ZOOM_NORMAL:
+    case ID_REFRESH:
+    case ID_DELETE:
+    case ID_BRING_TO_FRONT:
+    case ID_SEND_TO_BACK:
+    case ID_EDIT_SELECT_ALL:
+    case ID_EDIT_COPY:
+    case ID_EDIT_CUT:
+    case ID_EDIT_PASTE:
+    case ID_EDIT_UNDO:
+    case ID_EDIT_REDO:
+    case ID_POINTER:
+    case ID_FILE_SAVE: return CommandState::Enabled(IsEnabled(id));
+    default: return {};
+  }
+}
+
+void LayoutMgr::RunSelectionCommand(unsigned id) {
+  const CWaitCursor wait;
+  switch (id) {
+    case ID_EDIT_SELECT_ALL: model->SelectAll(); return;
+    case ID_EDIT_COPY: model->Copy(); return;
+    case ID_EDIT_CUT: model->Cut(); break;
+    default: model->Paste(); break;
+  }
+  TakeSnapshot();
+}
+
+bool LayoutMgr::OnCommand(unsigned id) {
+  if (!OnUpdateCommand(id).enabled) return false;
+  switch (id) {
+    case ID_ZOOM_IN: ChangeZoom(static_cast<std::int16_t>(zoom + 1)); break;
+    case ID_ZOOM_OUT: ChangeZoom(static_cast<std::int16_t>(zoom - 1)); break;
+    case ID_ZOOM_NORMAL: ChangeZoom(kNormalZoom); break;
+    case ID_REFRESH: Invalidate(); break;
+    case ID_DELETE: DeleteSelection(); break;
+    case ID_POINTER: model->DeselectAll(); break;
+    case ID_EDIT_SELECT_ALL:
+    case ID_EDIT_COPY:
+    case ID_EDIT_CUT:
+    case ID_EDIT_PASTE: RunSelectionCommand(id); break;
+    case ID_EDIT_UNDO: Undo(); break;
+    case ID_EDIT_REDO: Redo(); break;
+    case ID_FILE_SAVE: GetDocument()->DoFileSave(); break;
+    case ID_BRING_TO_FRONT:
+    case ID_SEND_TO_BACK:
+      model->OrderSelection(id == ID_BRING_TO_FRONT);
+      TakeSnapshot();
+      break;
+    default: return false;
+  }
+  return true;
+}
+
+void LayoutMgr::ScrollHome() {
+  OnScroll(ScrollBar::Vertical, ScrollCode::ToStart);
+  OnScroll(ScrollBar::Horizontal, ScrollCode::ToStart);
+}
+
+bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
+  switch (key) {
+    case VirtualKey::Escape: model->DeselectAll(); break;
+    case VirtualKey::Prior: OnScroll(ScrollBar::Vertical, ScrollCode::PageBack); break;
+    case VirtualKey::Next: OnScroll(ScrollBar::Vertical, ScrollCode::PageForward); break;
+    case VirtualKey::Home: ScrollHome(); break;
+    case VirtualKey::Left: OnScroll(ScrollBar::Horizontal, ScrollCode::LineBack); break;
+    case VirtualKey::Up: OnScroll(ScrollBar::Vertical, ScrollCode::LineBack); break;
+    case VirtualKey::Right: OnScroll(ScrollBar::Horizontal, ScrollCode::LineForward); break;
+    case VirtualKey::Down: OnScroll(ScrollBar::Vertical, ScrollCode::LineForward); break;
+    case VirtualKey::Delete: DeleteSelection(); break;
+    case VirtualKey::End:
+    case VirtualKey::Other: return false;
+  }
+  return true;
+}
+
+bool LayoutMgr::OnClose() {
+  return GetDocument() == nullptr || GetDocument()->SaveModified();
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/CRectTracker.h"
+
+class RectShape;
+
+/// Shows and drags the handles of a shape; the shape says how far.
+class RectTracker : public CRectTracker {
+ public:
+  static constexpr int kHandleSize = 6;
+
+  explicit RectTracker(RectShape& owner) : CRectTracker(kHandleSize), owner(owner) {}
+  unsigned GetHandleMask() const override;
+
+ private:
+  RectShape& owner;
+};
