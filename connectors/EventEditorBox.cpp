@@ -1,0 +1,74 @@
+#include "connectors/EventEditorBox.h"
+
+#include <utility>
+
+#include "persistence/ModelStream.h"
+#include "platform/CDC.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// Older texts hold the effect alone.
+constexpr float kFirstVersionWithEvent = 3.0F;
+
+const std::string kBeginTag = "TEXTBEGIN";
+const std::string kEndTag = "TEXTEND";
+
+}  // namespace
+
+void EventEditorBox::SetTexts(std::string newEvent, std::string newGuard, std::string newEffect) {
+  event = std::move(newEvent);
+  guard = std::move(newGuard);
+  effect = std::move(newEffect);
+}
+
+void EventEditorBox::Write(ModelStream& stream) const {
+  stream << event << '\n' << guard << '\n';
+  WriteTextBlock(stream.Out(), effect, kBeginTag, kEndTag);
+}
+
+void EventEditorBox::Read(ModelStream& stream) {
+  if (stream.fileVersion < kFirstVersionWithEvent) {
+    event.clear();
+  } else {
+    event = ReadLine(stream.In());
+    guard = ReadLine(stream.In());
+  }
+  ReadTextBlock(stream.In(), effect, kBeginTag, kEndTag);
+}
+
+void EventEditorBox::Draw(CDC* dc, const RECT* rect) const {
+  std::string text = LoadText(IDS_ON_EVENT) + "(";
+  text.append(event, 0, CDC::kMaxPaintedBytes) += ')';
+  if (!guard.empty()) (text += "\n[").append(guard, 0, CDC::kMaxPaintedBytes) += ']';
+  if (!effect.empty()) (text += "\n/").append(effect, 0, CDC::kMaxPaintedBytes);
+
+  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
+  const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
+  const CFont oldFont = dc->SelectFont(view->GetFont());
+  RECT area = *rect;
+  dc->DrawText(text, area, DT_WORDBREAK);
+  dc->SelectFont(oldFont);
+  dc->SetTextColor(oldColor);
+  dc->SetBkMode(oldMode);
+}
+
+bool EventEditorBox::Contains(const std::string& text) const {
+  for (const std::string* part : {&event, &guard, &effect}) {
+    if (part->find(text) != std::string::npos) return true;
+  }
+  return false;
+}
+
+bool EventEditorBox::ReplaceAll(const std::string& findText, const std::string& replaceText) {
+  bool changed = false;
+  for (std::string* part : {&event, &guard, &effect}) {
+    if (ReplaceInText(*part, findText, replaceText)) changed = true;
+  }
+  return changed;
+}
+
+bool EventEditorBox::EditText(const std::string& /*title*/) {
+  return false;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "states/TextHandler.h"
+
+class CDC;
+class LayoutMgr;
+class ModelStream;
+
+/// The three texts of a message: what triggers the transition, under which condition, and what is
+/// done.
+class EventEditorBox : public TextHandler {
+ public:
+  void SetView(LayoutMgr* layoutMgr) { view = layoutMgr; }
+  const std::string& GetEvent() const { return event; }
+  const std::string& GetGuard() const { return guard; }
+  const std::string& GetEffect() const { return effect; }
+  void SetTexts(std::string newEvent, std::string newGuard, std::string newEffect);
+
+  void Write(ModelStream& stream) const;
+  void Read(ModelStream& stream);
+  /// Paints the joined texts into a rectangle in logical units.
+  void Draw(CDC* dc, const RECT* rect) const;
+
+  bool Contains(const std::string& text) const override;
+  bool ReplaceAll(const std::string& findText, const std::string& replaceText) override;
+  bool EditText(const std::string& title) override;
+
+ private:
+  std::string event;
+  std::string guard;
+  std::string effect;
+  LayoutMgr* view = nullptr;
+};

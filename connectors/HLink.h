@@ -1,0 +1,9 @@
+#pragma once
+
+#include "connectors/SegmentLink.h"
+
+/// A horizontal segment, which moves along y.
+class HLink : public SegmentLink {
+ public:
+  HLink(Link* prev, Link* next, const Transition* owner);
+};

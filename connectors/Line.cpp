@@ -1,0 +1,187 @@
+#include "connectors/Line.h"
+
+#include <algorithm>
+
+#include "dialogs/CDefaultSettingDlg.h"
+#include "dialogs/LinePens.h"
+#include "model/Connectable.h"
+#include "model/DrawResources.h"
+#include "model/ModelMgr.h"
+#include "model/ShapeGeometry.h"
+#include "persistence/ModelStream.h"
+#include "platform/CDC.h"
+#include "resources/CommandIds.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+constexpr std::int32_t kHandleReach = 3;
+constexpr double kBandHalfWidth = 4.0;
+/// The band and the handles in model units at the least zoom.
+constexpr std::int32_t kBoundsMargin = 4 / LayoutMgr::kMinZoom + 1;
+
+}  // namespace
+
+Line::Line() = default;
+
+Line::Line(std::int32_t id, LayoutMgr* view, POINT start, POINT end)
+    : ComplexShape(id, view, LAYER_NOTE),
+      start(start),
+      end(end),
+      colourIndex(CDefaultSettingDlg::Instance().LineColor),
+      styleIndex(CDefaultSettingDlg::Instance().LineStyle) {}
+
+Line::~Line() {
+  if (startShape != nullptr) startShape->RemoveConnector(this);
+  if (endShape != nullptr) endShape->RemoveConnector(this);
+}
+
+const std::string& Line::GetTypeName() const {
+  static const std::string keyword = "Line";
+  return keyword;
+}
+
+void Line::Write(ModelStream& stream) const {
+  ComplexShape::Write(stream);
+  stream << start.x << ' ' << start.y << ' ' << end.x << ' ' << end.y << '\n';
+  const bool attached = mgr != nullptr;
+  const std::int32_t first = startShape != nullptr ? startShape->GetId() : attached ? 0 : startId;
+  const std::int32_t second = endShape != nullptr ? endShape->GetId() : attached ? 0 : endId;
+  stream << first << ' ' << second << '\n';
+  stream << std::uint32_t{startKey.side} << ' ' << std::uint32_t{startKey.index} << ' '
+         << std::uint32_t{endKey.side} << ' ' << std::uint32_t{endKey.index} << '\n';
+  stream << colourIndex << ' ' << styleIndex << '\n';
+}
+
+void Line::Read(ModelStream& stream) {
+  ComplexShape::Read(stream);
+  stream >> start.x >> start.y >> end.x >> end.y;
+  SkipLine(stream.In());
+  stream >> startId >> endId;
+  SkipLine(stream.In());
+  stream >> startKey.side >> startKey.index >> endKey.side >> endKey.index;
+  SkipLine(stream.In());
+  stream >> colourIndex >> styleIndex;
+  SkipLine(stream.In());
+}
+
+bool Line::RemapIds(IdMap& map) {
+  ComplexShape::RemapIds(map);
+  for (std::int32_t* reference : {&startId, &endId}) {
+    const auto found = map.find(*reference);
+    *reference = *reference != 0 && found != map.end() ? found->second : 0;
+  }
+  return true;
+}
+
+void Line::OnPlaced() {
+  BuildRegion();
+  Invalidate();
+}
+
+/// Notes are of the same layer, so that the ends are looked up when all of it is there. A reference
+/// to no object, or to one that has no anchors, leaves the end free.
+void Line::OnLayerPlaced() {
+  startShape = FindConnectable(startId);
+  if (startShape != nullptr) startShape->AddConnector(this);
+  endShape = FindConnectable(endId);
+  if (endShape != nullptr) endShape->AddConnector(this);
+}
+
+Connectable* Line::FindConnectable(std::int32_t shapeId) const {
+  return dynamic_cast<Connectable*>(mgr->Find(shapeId));
+}
+
+void Line::Draw(CDC* dc) {
+  CurrentRegion();
+  const POINT from = view->ToLogical(start);
+  POINT to = view->ToLogical(end);
+  if (from == to) {
+    // A point, one device pixel wide and at least one logical unit.
+    const POINT next = dc->DPtoLP(dc->LPtoDP(from) + POINT{1, 0});
+    to.x = std::max(AddSat(from.x, 1), next.x);
+  }
+  const CPen oldPen = dc->SelectPen(MakeLinePen(styleIndex, colourIndex));
+  dc->MoveTo(from);
+  dc->LineTo(to);
+  dc->SelectPen(oldPen);
+  if (dc->IsPrinting() || !IsInSelection()) return;
+  const std::unique_ptr<CDC> window = view->GetDC();
+  window->FillSolidRect(GetStartHandle(), DrawResources::Instance().handleColor);
+  window->FillSolidRect(GetEndHandle(), DrawResources::Instance().handleColor);
+}
+
+void Line::BuildRegion() {
+  region = std::make_unique<CRgn>(
+      MakeSegmentRegion(view->ToClient(start), view->ToClient(end), kBandHalfWidth));
+  region->Add(CRgn::FromRect(GetStartHandle()));
+  region->Add(CRgn::FromRect(GetEndHandle()));
+  NoteView();
+}
+
+RECT Line::GetPaintBounds() const {
+  return InflateRect(NormalizeRect({start.x, start.y, end.x, end.y}), kBoundsMargin);
+}
+
+bool Line::HitTest(const POINT& client) const {
+  return region != nullptr && PtInRect(view->ToClient(GetPaintBounds()), client) &&
+         ComplexShape::HitTest(client);
+}
+
+RECT Line::GetStartHandle() const {
+  return InflateRect(RectAt(view->ToClient(start)), kHandleReach);
+}
+
+RECT Line::GetEndHandle() const {
+  return InflateRect(RectAt(view->ToClient(end)), kHandleReach);
+}
+
+void Line::InvalidateHandles() {
+  view->InvalidateRect(GetStartHandle());
+  view->InvalidateRect(GetEndHandle());
+}
+
+void Line::OnConnectableMoved(Connectable* moved) {
+  BuildRegion();
+  if (moved == startShape) Follow(*moved, startKey, start);
+  if (moved == endShape) Follow(*moved, endKey, end);
+  RebuildRegion();
+}
+
+/// A key that names no anchor leaves the end where it is.
+void Line::Follow(const Connectable& shape, const AnchorKey& key, POINT& lineEnd) {
+  if (const POINT* anchor = shape.AnchorAt(key)) lineEnd = *anchor;
+}
+
+void Line::OnConnectableGone(Connectable* gone) {
+  if (gone == startShape) startShape = nullptr;
+  if (gone == endShape) endShape = nullptr;
+}
+
+void Line::OnBroadcast(int op, void* arg) {
+  switch (op) {
+    case BROADCAST_DESELECTED:
+    case BROADCAST_SELECTED: InvalidateHandles(); break;
+    case BROADCAST_MOVE: MoveBy(*static_cast<const POINT*>(arg)); break;
+    default: break;
+  }
+}
+
+/// Lets go of what doesn't move along.
+void Line::MoveBy(POINT offset) {
+  BuildRegion();
+  for (Connectable** shape : {&startShape, &endShape}) {
+    if (*shape == nullptr || (*shape)->IsSelected()) continue;
+    (*shape)->RemoveConnector(this);
+    *shape = nullptr;
+  }
+  start = start + offset;
+  end = end + offset;
+  RebuildRegion();
+}
+
+void Line::OnCommand(unsigned command) {
+  if (command != ID_LINE_DELETE) return ComplexShape::OnCommand(command);
+  if (ConfirmDeletion(IDS_CONFIRM_LINE_DELETION)) delete this;
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "model/AnchorKey.h"
+#include "model/ComplexShape.h"
+#include "model/Connector.h"
+
+class Connectable;
+
+/// The straight connector that ties a note to what it explains. It has no direction; each end hangs
+/// on an anchor of a `Connectable` or stands free.
+class Line : public ComplexShape, public Connector {
+ public:
+  Line();
+  /// A line with free ends, model units.
+  Line(std::int32_t id, LayoutMgr* view, POINT start, POINT end);
+  ~Line() override;
+
+  void Write(ModelStream& stream) const override;
+  void Read(ModelStream& stream) override;
+  void Draw(CDC* dc) override;
+  bool HitTest(const POINT& client) const override;
+  RECT GetPaintBounds() const override;
+  const std::string& GetTypeName() const override;
+  bool RemapIds(IdMap& map) override;
+  void OnCommand(unsigned id) override;
+  void OnPlaced() override;
+  void OnLayerPlaced() override;
+  void OnBroadcast(int op, void* arg) override;
+
+  void OnConnectableMoved(Connectable* moved) override;
+  void OnConnectableGone(Connectable* gone) override;
+  bool IsSelected() const override { return IsInSelection(); }
+
+  /// The squares on the ends, device pixels.
+  RECT GetStartHandle() const;
+  RECT GetEndHandle() const;
+  void InvalidateHandles();
+
+  POINT GetStart() const { return start; }
+  POINT GetEnd() const { return end; }
+  Connectable* GetStartShape() const { return startShape; }
+  Connectable* GetEndShape() const { return endShape; }
+
+ protected:
+  Layer GetClassLayer() const override { return LAYER_NOTE; }
+  void BuildRegion() override;
+
+ private:
+  Connectable* FindConnectable(std::int32_t shapeId) const;
+  static void Follow(const Connectable& shape, const AnchorKey& key, POINT& lineEnd);
+  void MoveBy(POINT offset);
+
+  POINT start;
+  POINT end;
+  Connectable* startShape = nullptr;
+  Connectable* endShape = nullptr;
+  std::int32_t startId = 0;
+  std::int32_t endId = 0;
+  AnchorKey startKey;
+  AnchorKey endKey;
+  std::int32_t colourIndex = 0;
+  std::int32_t styleIndex = 0;
+};

@@ -1,0 +1,149 @@
+#include "connectors/LinkChain.h"
+
+#include <algorithm>
+
+#include "connectors/HeadLink.h"
+#include "connectors/RouteCrossing.h"
+#include "connectors/SegmentLink.h"
+#include "connectors/TailLink.h"
+
+namespace {
+
+bool IsSegmentRecord(const ChainRecord& record) {
+  return record.kind == LINK_H || record.kind == LINK_V;
+}
+
+/// The records run from their one head to a tail. Unknown kinds count for nothing.
+bool RunsFromHeadToTail(std::span<const ChainRecord> records) {
+  bool hasHead = false;
+  for (const ChainRecord& record : records) {
+    if (record.kind == LINK_TAIL) return hasHead;
+    if (record.kind == LINK_HEAD && hasHead) return false;
+    if (IsSegmentRecord(record) && !hasHead) return false;
+    hasHead = hasHead || record.kind == LINK_HEAD;
+  }
+  return false;
+}
+
+/// Lets the chain in front of a segment end in a corner from which the segment can start.
+void LeadTo(SegmentLink* segment, POINT corner) {
+  Link* before = segment->prev;
+  if (before->kind != segment->PerpendicularKind()) {
+    SegmentLink::Insert(segment->PerpendicularKind(), before, segment, before->end, corner);
+    return;
+  }
+  before->end = corner;
+  if (before->start != corner) return;
+  before->Remove();
+  if (segment->prev->kind == segment->kind) segment->AbsorbPrev();
+}
+
+/// Lets a segment begin where the link before it ends and run along its own axis. Gives the link
+/// behind it; the segment itself can go.
+Link* MendSegment(SegmentLink* segment) {
+  POINT corner = segment->prev->end;
+  segment->FixedOf(corner) = segment->FixedOf(segment->start);
+  if (corner != segment->prev->end) LeadTo(segment, corner);
+  segment->start = segment->prev->end;
+  segment->FixedOf(segment->end) = segment->FixedOf(segment->start);
+  Link* after = segment->next;
+  if (segment->start != segment->end) return after;
+
+  const Link* before = segment->prev;
+  segment->Remove();
+  if (after->kind == before->kind) {
+    auto* sameKind = static_cast<SegmentLink*>(after);
+    if (sameKind->Reaches(before->end)) sameKind->AbsorbPrev();
+  }
+  return after;
+}
+
+}  // namespace
+
+bool LinkChain::Build(std::span<const ChainRecord> records) {
+  Clear();
+  if (!RunsFromHeadToTail(records)) return false;
+  Link* last = nullptr;
+  for (const ChainRecord& record : records) {
+    if (record.kind == LINK_HEAD) {
+      head = new HeadLink(owner);
+      last = head;
+    } else if (IsSegmentRecord(record) && record.start != record.end) {
+      last->next = SegmentLink::Make(static_cast<LinkKind>(record.kind), last, nullptr, owner);
+      last = last->next;
+    } else if (record.kind == LINK_TAIL) {
+      tail = new TailLink(last, owner);
+      last->next = tail;
+      JoinTail(record.start, record.end);
+      break;
+    } else {
+      continue;
+    }
+    last->start = record.start;
+    last->end = record.end;
+  }
+  return true;
+}
+
+void LinkChain::Clear() {
+  if (head != nullptr) head->DestroyFollowing();
+  delete head;
+  head = nullptr;
+  tail = nullptr;
+}
+
+/// The tail starts out at the end of the chain and then goes to its place: so the last segment
+/// meets it by the same rules as in a drag. Where that takes the segment away and there was a gap in
+/// front of it, the next one has to meet the tail.
+void LinkChain::JoinTail(POINT stub, POINT anchor) {
+  do {
+    tail->start = tail->prev->end;
+    tail->MoveEnds(stub, anchor);
+  } while (tail->prev->end != tail->start);
+}
+
+const Link* LinkChain::Middle() const {
+  std::size_t links = 0;
+  for (const Link* link = head; link != nullptr; link = link->next) ++links;
+  const Link* middle = head;
+  for (std::size_t i = 0; i < links / 2; ++i) middle = middle->next;
+  return middle;
+}
+
+std::vector<ChainRecord> LinkChain::Records() const {
+  std::vector<ChainRecord> records;
+  for (const Link* link = head; link != nullptr; link = link->next) {
+    records.push_back({link->kind, link->start, link->end});
+  }
+  return records;
+}
+
+void LinkChain::Straighten() {
+  for (Link* link = head->next; link != tail;) {
+    link = MendSegment(static_cast<SegmentLink*>(link));
+  }
+  if (tail->prev->end != tail->start) JoinTail(tail->start, tail->end);
+}
+
+bool LinkChain::RemoveCrossing() {
+  std::vector<Link*> links;
+  std::vector<RouteSegment> route;
+  for (Link* link = head->next; link != tail; link = link->next) {
+    links.push_back(link);
+    route.push_back({link->start, link->end});
+  }
+  const std::optional<RouteCrossing> crossing = FindRouteCrossing(route);
+  if (!crossing) return true;
+
+  Link* first = links[crossing->first];
+  Link* last = links[crossing->last];
+  const auto begin = links.begin();
+  std::for_each(begin + static_cast<std::ptrdiff_t>(crossing->first) + 1,
+                begin + static_cast<std::ptrdiff_t>(crossing->last),
+                [](Link* dead) { delete dead; });
+  first->next = last;
+  last->prev = first;
+  first->SetEnds(first->start, crossing->point);
+  last->SetEnds(crossing->point, last->end);
+  return false;
+}

@@ -1,0 +1,158 @@
+#include "connectors/Mesg.h"
+
+#include "connectors/HandleSquare.h"
+#include "connectors/Transition.h"
+#include "dialogs/CDefaultSettingDlg.h"
+#include "model/DrawResources.h"
+#include "model/ModelMgr.h"
+#include "persistence/ModelStream.h"
+#include "platform/CDC.h"
+#include "resources/CommandIds.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+constexpr std::int32_t kStickReach = 4;
+/// The text keeps away from each edge, logical units.
+constexpr std::int32_t kTextMargin = 3;
+
+}  // namespace
+
+Mesg::Mesg(std::int32_t id, LayoutMgr* view, const RECT& rect, Transition* transition)
+    : ConnectableRectShape(id, view, rect, LAYER_MESG),
+      transition(transition),
+      transitionId(transition->GetId()) {
+  const CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
+  bgTransparent = settings.MesgBgTransparent != 0 ? 1 : 0;
+  noBorder = settings.MesgBorder != 0 ? 1 : 0;
+  bgColor = settings.MesgBgColor;
+  borderColor = settings.MesgBorderColor;
+  showAnchors = settings.MesgAnchor != 0;
+}
+
+Mesg::~Mesg() {
+  if (transition != nullptr) transition->ClearMesg(this);
+}
+
+const std::string& Mesg::GetTypeName() const {
+  static const std::string keyword = "Mesg";
+  return keyword;
+}
+
+void Mesg::Write(ModelStream& stream) const {
+  ConnectableRectShape::Write(stream);
+  stream << bgTransparent << ' ' << noBorder << ' ' << bgColor << ' ' << borderColor << '\n';
+  stream << (transition != nullptr ? transition->GetId() : transitionId) << '\n';
+  text.Write(stream);
+}
+
+void Mesg::Read(ModelStream& stream) {
+  ConnectableRectShape::Read(stream);
+  stream >> bgTransparent >> noBorder >> bgColor >> borderColor;
+  SkipLine(stream.In());
+  stream >> transitionId;
+  SkipLine(stream.In());
+  text.Read(stream);
+}
+
+bool Mesg::RemapIds(IdMap& map) {
+  ConnectableRectShape::RemapIds(map);
+  const auto found = map.find(transitionId);
+  if (found == map.end()) return false;
+  transitionId = found->second;
+  return true;
+}
+
+void Mesg::OnPlaced() {
+  text.SetView(view);
+  ResolveTransition();
+  ConnectableRectShape::OnPlaced();
+}
+
+void Mesg::OnRestored() {
+  ResolveTransition();
+}
+
+/// A reference to no transition leaves the box loose.
+void Mesg::ResolveTransition() {
+  if (transition == nullptr) transition = dynamic_cast<Transition*>(mgr->Find(transitionId));
+  if (transition != nullptr) transition->SetMesg(this);
+}
+
+void Mesg::RefreshAnchors() {
+  ClearAnchors();
+  const POINT middle = CentreOf(rect);
+  anchors[{1, SIDE_TOP}] = {rect.left, rect.top};
+  anchors[{2, SIDE_TOP}] = {middle.x, rect.top};
+  anchors[{3, SIDE_TOP}] = {rect.right, rect.top};
+  anchors[{1, SIDE_RIGHT}] = {rect.right, middle.y};
+  anchors[{1, SIDE_BOTTOM}] = {rect.right, rect.bottom};
+  anchors[{2, SIDE_BOTTOM}] = {middle.x, rect.bottom};
+  anchors[{3, SIDE_BOTTOM}] = {rect.left, rect.bottom};
+  anchors[{1, SIDE_LEFT}] = {rect.left, middle.y};
+}
+
+RECT Mesg::GetStickHandle() const {
+  return HandleSquare(view->ToClient(GetCentre()), kStickReach);
+}
+
+/// The label of the route in model units, less the scroll position.
+POINT Mesg::LabelPoint() const {
+  return view->ToModel(CentreOf(transition->GetLabelRect()));
+}
+
+void Mesg::Align() {
+  if (transition == nullptr) return;
+  POINT offset = LabelPoint() - view->SubScroll(GetCentre());
+  OnBroadcast(BROADCAST_MOVE, &offset);
+}
+
+bool Mesg::IsAligned() const {
+  return transition != nullptr && LabelPoint() == view->SubScroll(GetCentre());
+}
+
+void Mesg::OnRectChanged(const RECT& old, bool sized) {
+  const bool stuck =
+      sized && transition != nullptr && LabelPoint() == view->SubScroll(CentreOf(old));
+  if (stuck) Align();
+  ConnectableRectShape::OnRectChanged(old, sized);
+}
+
+/// The marks that tie box and route show on both while one of them is selected.
+void Mesg::ShowHandles(bool show) {
+  if (transition != nullptr) transition->InvalidateLabel();
+  view->InvalidateRect(GetStickHandle());
+  ConnectableRectShape::ShowHandles(show);
+}
+
+void Mesg::Draw(CDC* dc) {
+  const RECT box = view->ToLogical(rect);
+  const CBrush brush = bgTransparent != 0 ? CBrush::Null() : CBrush::Solid(bgColor);
+  if (noBorder == 0) {
+    const CPen oldPen = dc->SelectPen({PenStyle::Solid, 0, borderColor});
+    const CBrush oldBrush = dc->SelectBrush(brush);
+    dc->Rectangle(box);
+    dc->SelectBrush(oldBrush);
+    dc->SelectPen(oldPen);
+  } else if (!brush.hollow) {
+    dc->FillRect(box, brush);
+  }
+  const RECT inner = InflateRect(box, -kTextMargin);
+  text.Draw(dc, &inner);
+  ConnectableRectShape::Draw(dc);
+  if (dc->IsPrinting() || transition == nullptr) return;
+  if (IsInSelection() || transition->IsInSelection()) {
+    view->GetDC()->FillRect(GetStickHandle(), DrawResources::Instance().linkBrush);
+  }
+}
+
+void Mesg::OnCommand(unsigned command) {
+  switch (command) {
+    case ID_MESG_DELETE:
+      if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
+      break;
+    case ID_MESG_ALIGN: Align(); break;
+    default: ConnectableRectShape::OnCommand(command);
+  }
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "connectors/EventEditorBox.h"
+#include "model/ConnectableRectShape.h"
+
+class Transition;
+
+/// The box that carries the event, guard and effect of a transition. While its centre stands on the
+/// label of the route it follows the route.
+class Mesg : public ConnectableRectShape {
+ public:
+  Mesg() = default;
+  Mesg(std::int32_t id, LayoutMgr* view, const RECT& rect, Transition* transition);
+  ~Mesg() override;
+
+  /// The rectangle of a new message at the origin, model units.
+  static constexpr RECT DefaultRect() { return {0, 0, 10, 6}; }
+
+  void Write(ModelStream& stream) const override;
+  void Read(ModelStream& stream) override;
+  void Draw(CDC* dc) override;
+  const std::string& GetTypeName() const override;
+  bool RemapIds(IdMap& map) override;
+  void OnCommand(unsigned id) override;
+  void OnPlaced() override;
+  void OnRestored() override;
+  void OnRectChanged(const RECT& old, bool sized) override;
+  void ShowHandles(bool show) override;
+  void RefreshAnchors() override;
+
+  /// The centre of the box, absolute model units.
+  POINT GetCentre() const { return CentreOf(rect); }
+  /// The green handle in the middle of the box, device pixels.
+  RECT GetStickHandle() const;
+  /// Puts the box on the label of the route.
+  void Align();
+  /// The box stands on the label. A message without a transition has none to stand on.
+  bool IsAligned() const;
+
+  /// Null in a damaged file alone: then the box is loose.
+  Transition* GetTransition() const { return transition; }
+  /// The transition is gone.
+  void ForgetTransition() { transition = nullptr; }
+  EventEditorBox& GetText() { return text; }
+  const EventEditorBox& GetText() const { return text; }
+
+ protected:
+  Layer GetClassLayer() const override { return LAYER_MESG; }
+
+ private:
+  void ResolveTransition();
+  POINT LabelPoint() const;
+
+  EventEditorBox text;
+  Transition* transition = nullptr;
+  std::int32_t bgTransparent = 0;
+  std::int32_t noBorder = 0;
+  COLORREF bgColor = 0xFFFFFF;
+  COLORREF borderColor = 0;
+  std::int32_t transitionId = 0;
+};

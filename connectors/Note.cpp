@@ -1,0 +1,92 @@
+#include "connectors/Note.h"
+
+#include <array>
+
+#include "persistence/ModelStream.h"
+#include "platform/CDC.h"
+#include "resources/CommandIds.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+const std::string kBeginTag = "TEXTBEGIN";
+const std::string kEndTag = "TEXTEND";
+/// The size of the folded corner, model units.
+constexpr std::int32_t kFold = 2;
+/// The text keeps away from the left, top and bottom edge, logical units.
+constexpr std::int32_t kTextMargin = 3;
+
+}  // namespace
+
+Note::Note() : text(LoadText(IDS_NOTE)) {}
+
+Note::Note(std::int32_t id, LayoutMgr* view, const RECT& rect)
+    : ConnectableRectShape(id, view, rect, LAYER_NOTE), text(LoadText(IDS_NOTE)) {}
+
+const std::string& Note::GetTypeName() const {
+  static const std::string keyword = "Note";
+  return keyword;
+}
+
+void Note::Write(ModelStream& stream) const {
+  ConnectableRectShape::Write(stream);
+  stream << bgTransparent << ' ' << noBorder << ' ' << bgColor << ' ' << borderColor << '\n';
+  WriteTextBlock(stream.Out(), text.GetText(), kBeginTag, kEndTag);
+}
+
+void Note::Read(ModelStream& stream) {
+  ConnectableRectShape::Read(stream);
+  stream >> bgTransparent >> noBorder >> bgColor >> borderColor;
+  SkipLine(stream.In());
+  ReadTextBlock(stream.In(), text.Text(), kBeginTag, kEndTag);
+}
+
+void Note::OnPlaced() {
+  text.SetView(view);
+  ConnectableRectShape::OnPlaced();
+}
+
+/// The top right corner, where the paper is folded, has none.
+void Note::RefreshAnchors() {
+  ClearAnchors();
+  const POINT middle = CentreOf(rect);
+  anchors[{1, SIDE_TOP}] = {rect.left, rect.top};
+  anchors[{2, SIDE_TOP}] = {middle.x, rect.top};
+  anchors[{1, SIDE_RIGHT}] = {rect.right, middle.y};
+  anchors[{1, SIDE_BOTTOM}] = {rect.right, rect.bottom};
+  anchors[{2, SIDE_BOTTOM}] = {middle.x, rect.bottom};
+  anchors[{3, SIDE_BOTTOM}] = {rect.left, rect.bottom};
+  anchors[{1, SIDE_LEFT}] = {rect.left, middle.y};
+}
+
+void Note::Draw(CDC* dc) {
+  RECT r = view->ToLogical(rect);
+  r.right = SubSat(r.right, 1);
+  r.bottom = SubSat(r.bottom, 1);
+  const std::int32_t fold = view->ToLogical(kFold);
+  const POINT foldRight{r.right, AddSat(r.top, fold)};
+  const POINT foldTop{SubSat(r.right, fold), r.top};
+  const std::array<POINT, 6> outline{
+      TopLeft(r), POINT{r.left, r.bottom}, BottomRight(r), foldRight, foldTop, TopLeft(r)};
+
+  const CPen oldPen = dc->SelectPen({PenStyle::Solid, 0, borderColor});
+  const CBrush oldBrush =
+      dc->SelectBrush(bgTransparent != 0 ? CBrush::Null() : CBrush::Solid(bgColor));
+  dc->Polygon(outline);
+  dc->MoveTo(foldRight);
+  dc->LineTo({foldTop.x, foldRight.y});
+  dc->LineTo(foldTop);
+  dc->SelectBrush(oldBrush);
+  dc->SelectPen(oldPen);
+
+  const RECT inner{AddSat(r.left, kTextMargin), AddSat(r.top, kTextMargin), SubSat(r.right, fold),
+                   SubSat(r.bottom, kTextMargin)};
+  text.Draw(dc, &inner);
+  ConnectableRectShape::Draw(dc);
+}
+
+void Note::OnCommand(unsigned command) {
+  if (command != ID_NOTE_DELETE) return ConnectableRectShape::OnCommand(command);
+  if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
+}

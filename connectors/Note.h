@@ -1,0 +1,34 @@
+#pragma once
+
+#include "connectors/TextBox.h"
+#include "model/ConnectableRectShape.h"
+
+/// A free comment: a sheet of paper with a folded corner.
+class Note : public ConnectableRectShape {
+ public:
+  Note();
+  Note(std::int32_t id, LayoutMgr* view, const RECT& rect);
+
+  /// The rectangle of a new note at the origin, model units.
+  static constexpr RECT DefaultRect() { return {0, 0, 12, 6}; }
+
+  void Write(ModelStream& stream) const override;
+  void Read(ModelStream& stream) override;
+  void Draw(CDC* dc) override;
+  const std::string& GetTypeName() const override;
+  void OnCommand(unsigned id) override;
+  void OnPlaced() override;
+  void RefreshAnchors() override;
+
+  TextBox& GetText() { return text; }
+
+ protected:
+  Layer GetClassLayer() const override { return LAYER_NOTE; }
+
+ private:
+  TextBox text;
+  std::int32_t bgTransparent = 0;
+  std::int32_t noBorder = 0;
+  COLORREF bgColor = 0x80FFFF;
+  COLORREF borderColor = 0x000080;
+};

@@ -1,0 +1,45 @@
+#include "connectors/TextBox.h"
+
+#include <string_view>
+
+#include "platform/CDC.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+constexpr std::string_view kHiddenMark = "<M>";
+
+/// Without the marks, and without those that come about where one was cut out.
+std::string WithoutMarks(std::string_view text) {
+  std::string shown;
+  for (const char c : text) {
+    shown += c;
+    if (shown.ends_with(kHiddenMark)) shown.resize(shown.size() - kHiddenMark.size());
+  }
+  return shown;
+}
+
+}  // namespace
+
+void TextBox::Draw(CDC* dc, const RECT* rect) const {
+  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
+  const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
+  const CFont oldFont = dc->SelectFont(view->GetFont());
+  RECT area = *rect;
+  dc->DrawText(WithoutMarks(text), area, DT_WORDBREAK);
+  dc->SelectFont(oldFont);
+  dc->SetTextColor(oldColor);
+  dc->SetBkMode(oldMode);
+}
+
+bool TextBox::Contains(const std::string& what) const {
+  return text.find(what) != std::string::npos;
+}
+
+bool TextBox::ReplaceAll(const std::string& findText, const std::string& replaceText) {
+  return ReplaceInText(text, findText, replaceText);
+}
+
+bool TextBox::EditText(const std::string& /*title*/) {
+  return false;
+}

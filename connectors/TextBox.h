@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "states/TextHandler.h"
+
+class CDC;
+class LayoutMgr;
+
+/// The text of a note.
+class TextBox : public TextHandler {
+ public:
+  TextBox() = default;
+  explicit TextBox(std::string text) : text(std::move(text)) {}
+
+  void SetView(LayoutMgr* layoutMgr) { view = layoutMgr; }
+  const std::string& GetText() const { return text; }
+  std::string& Text() { return text; }
+  /// Paints the text, without the characters "<M>", into a rectangle in logical units.
+  void Draw(CDC* dc, const RECT* rect) const;
+
+  bool Contains(const std::string& what) const override;
+  bool ReplaceAll(const std::string& findText, const std::string& replaceText) override;
+  bool EditText(const std::string& title) override;
+
+ private:
+  std::string text;
+  LayoutMgr* view = nullptr;
+};

@@ -1,0 +1,132 @@
+#pragma once
+
+#include <unordered_set>
+#include <vector>
+
+#include "connectors/ChainRecord.h"
+#include "connectors/LinkChain.h"
+#include "connectors/MetafileStamp.h"
+#include "model/AnchorKey.h"
+#include "model/ComplexShape.h"
+
+class EndableState;
+class Mesg;
+class StartableState;
+struct CPen;
+
+/// The arrow of a chart: it runs from a state to a state along a chain of rectilinear links and may
+/// carry a message. Either end may be free.
+///
+/// Its operations stand in several sources: the object and its ends here, its route in
+/// TransitionRoute, its painting in TransitionPaint.
+class Transition : public ComplexShape {
+ public:
+  /// Empty, until `Read`.
+  Transition();
+  /// A free upright arrow between two points, model units.
+  Transition(std::int32_t id, LayoutMgr* view, POINT sourcePoint, POINT targetPoint);
+  /// Takes its messages along.
+  ~Transition() override;
+
+  void Write(ModelStream& stream) const override;
+  void Read(ModelStream& stream) override;
+  void Draw(CDC* dc) override;
+  bool HitTest(const POINT& client) const override;
+  RECT GetPaintBounds() const override;
+  const std::string& GetTypeName() const override;
+  bool RemapIds(IdMap& map) override;
+  void OnCommand(unsigned id) override;
+  void OnPlaced() override;
+  void OnRestored() override;
+  void OnBroadcast(int op, void* arg) override;
+
+  StartableState* GetSource() const { return source; }
+  EndableState* GetTarget() const { return target; }
+  void SetSource(StartableState* state) { source = state; }
+  void SetTarget(EndableState* state) { target = state; }
+  /// Ties an end to an anchor: leaves the former state, sets pointer and key, enters the state's
+  /// list, moves the end there.
+  void AttachSource(StartableState* state, const AnchorKey& key);
+  void AttachTarget(EndableState* state, const AnchorKey& key);
+
+  /// The state's anchors have changed: the end follows the anchor of its key. With a key that names
+  /// none it stays.
+  void OnSourceMoved();
+  void OnTargetMoved();
+  /// Detaches the tail end and takes it to a client point.
+  void MoveTargetFree(std::int32_t x, std::int32_t y);
+  /// The state is being destroyed: the end is free and stays where it is.
+  void DetachSource();
+  void DetachTarget();
+
+  /// The message; null if none.
+  Mesg* GetMesg() const { return mesg; }
+  /// A message names this transition as its own. Where a damaged file has several, the last one is
+  /// `GetMesg` and all die with the transition.
+  void SetMesg(Mesg* message);
+  void ClearMesg(Mesg* message);
+
+  /// The square on the middle of the route from which a message hangs, device pixels.
+  RECT GetLabelRect() const;
+  void InvalidateLabel();
+
+  /// The links, model units; empty before `OnPlaced`.
+  const LinkChain& GetChain() const { return chain; }
+  /// The live chain as records, model units.
+  std::vector<ChainRecord> Route() const { return chain.Records(); }
+
+  /// Client pixels of an absolute model point; the links' way to the view.
+  POINT ToClient(POINT model) const;
+
+  /// Paints the route in device pixels; without a pen, in the one that tells whether an end is
+  /// free.
+  void DrawRoute(CDC* dc, const CPen* pen) const;
+  /// Paints the route in logical units, black.
+  void PrintRoute(CDC* dc) const;
+
+ protected:
+  Layer GetClassLayer() const override { return LAYER_TRANSITION; }
+  void BuildRegion() override;
+
+ private:
+  void ReadChain(ModelStream& stream);
+  void ResolveEnds();
+  void UpdateNodes();
+  void AddMesg();
+  void MoveBy(POINT offset);
+
+  void MoveSourceEnd(POINT anchor);
+  void MoveTargetEnd(POINT anchor);
+  void RebuildChain();
+  std::vector<ChainRecord> FreeChain() const;
+  void RefreshRoute();
+  void Untangle();
+  void FollowLabel(POINT oldLabel);
+  POINT LabelPoint() const;
+  void NoteBounds();
+
+  std::vector<POINT> RoutePoints() const;
+  std::vector<RECT> VisibleHandles() const;
+  void DrawMarks(CDC& window) const;
+  void OnSelectionChanged();
+  void ShowGhost(POINT offset);
+  void EndGhost();
+
+  POINT sourcePoint;
+  POINT targetPoint;
+  StartableState* source = nullptr;
+  EndableState* target = nullptr;
+  AnchorKey sourceKey;
+  AnchorKey targetKey;
+  LinkChain chain{this};
+  MetafileStamp stamp;
+  Mesg* mesg = nullptr;
+  std::unordered_set<Mesg*> messages;  ///< all that name this transition; more than one in a
+                                       ///< damaged file
+  POINT labelCentre;                   ///< at the last region build, less the scroll position
+  RECT bounds;                         ///< around all that is painted, at any zoom, but for...
+  bool labelAtOrigin = false;          ///< ...a label without a place on the route
+  std::vector<ChainRecord> records;    ///< the route as it was made or read, to go back to
+  std::int32_t sourceId = 0;
+  std::int32_t targetId = 0;
+};

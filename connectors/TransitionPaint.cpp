@@ -1,0 +1,112 @@
+// The painting of a transition: on the window, on paper and pictures, and as a ghost.
+
+#include "connectors/HeadLink.h"
+#include "connectors/Mesg.h"
+#include "connectors/RoutePainter.h"
+#include "connectors/Transition.h"
+#include "model/DrawResources.h"
+#include "platform/CDC.h"
+#include "platform/CMetaFileDC.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// More handles than this are repainted as one rectangle.
+constexpr std::size_t kMaxSingleHandles = 100;
+
+}  // namespace
+
+void Transition::Draw(CDC* dc) {
+  dc->SetBkMode(BkMode::Transparent);
+  if (dc->IsPrinting()) {
+    PrintRoute(dc);
+    return;
+  }
+  CurrentRegion();
+  // On the window itself, whose units are those of the region and the handles.
+  const std::unique_ptr<CDC> window = view->GetDC();
+  DrawRoute(window.get(), nullptr);
+  DrawMarks(*window);
+}
+
+void Transition::DrawMarks(CDC& window) const {
+  const DrawResources& resources = DrawResources::Instance();
+  const bool selected = IsInSelection();
+  if (selected) {
+    for (const RECT& handle : VisibleHandles()) window.FillSolidRect(handle, resources.handleColor);
+  }
+  if (mesg != nullptr && (selected || mesg->IsInSelection())) {
+    window.FrameRect(GetLabelRect(), resources.linkBrush);
+  }
+}
+
+void Transition::DrawRoute(CDC* dc, const CPen* pen) const {
+  const DrawResources& resources = DrawResources::Instance();
+  const bool attached = source != nullptr && target != nullptr;
+  const CPen& ownPen = attached ? resources.routePen : resources.freeRoutePen;
+  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
+  const CPen oldPen = dc->SelectPen(pen != nullptr ? *pen : ownPen);
+  RoutePainter(*dc, [this](POINT p) { return ToClient(p); }).Paint(RoutePoints());
+  dc->SelectPen(oldPen);
+  dc->SetBkMode(oldMode);
+}
+
+void Transition::PrintRoute(CDC* dc) const {
+  const DrawResources& resources = DrawResources::Instance();
+  const bool attached = source != nullptr && target != nullptr;
+  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
+  const CPen oldPen =
+      dc->SelectPen(attached ? resources.printRoutePen : resources.printFreeRoutePen);
+  RoutePainter(*dc, [this](POINT p) { return view->ToLogical(p); }).Paint(RoutePoints());
+  dc->SelectPen(oldPen);
+  dc->SetBkMode(oldMode);
+}
+
+std::vector<POINT> Transition::RoutePoints() const {
+  std::vector<POINT> points{chain.Head()->start};
+  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
+    points.push_back(link->end);
+  }
+  return points;
+}
+
+/// The handles that show in the client area, in chain order.
+std::vector<RECT> Transition::VisibleHandles() const {
+  const RECT client = view->GetClientRect();
+  std::vector<RECT> handles;
+  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
+    const RECT handle = link->GetHandleRect();
+    if (!IsRectEmpty(IntersectRect(handle, client))) handles.push_back(handle);
+  }
+  return handles;
+}
+
+/// The handles come or go, and with them the marks that tie the message to the route.
+void Transition::OnSelectionChanged() {
+  const std::vector<RECT> handles = VisibleHandles();
+  if (handles.size() <= kMaxSingleHandles) {
+    for (const RECT& handle : handles) view->InvalidateRect(handle);
+  } else {
+    RECT around;
+    for (const RECT& handle : handles) around = UnionRect(around, handle);
+    view->InvalidateRect(around);
+  }
+  if (mesg == nullptr) return;
+  InvalidateLabel();
+  view->InvalidateRect(mesg->GetStickHandle());
+}
+
+/// `offset` is less the scroll position, model units.
+void Transition::ShowGhost(POINT offset) {
+  const std::unique_ptr<CDC> window = view->GetDC();
+  if (!stamp.IsActive()) {
+    CMetaFileDC recording(*window);
+    DrawRoute(&recording, &DrawResources::Instance().rubberPen);
+    stamp.SetMetafile(recording.Close());
+  }
+  stamp.Show(view->ToDevice(view->AddScroll(offset)), *window);
+}
+
+void Transition::EndGhost() {
+  if (stamp.IsActive()) stamp.End(*view->GetDC());
+}

@@ -1,0 +1,137 @@
+// The route of a transition: how it follows its ends, how it is kept free of crossings, its hit
+// region and its label.
+
+#include <algorithm>
+
+#include "connectors/HandleSquare.h"
+#include "connectors/HeadLink.h"
+#include "connectors/Mesg.h"
+#include "connectors/RoutePainter.h"
+#include "connectors/TailLink.h"
+#include "connectors/Transition.h"
+#include "model/ShapeGeometry.h"
+#include "platform/MessageBox.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// So many crossings are cut out after one change before the route counts as beyond repair.
+constexpr int kMaxCrossings = 5;
+/// How far from a link, and to each side of the arrow's base, a click counts, device pixels.
+constexpr std::int32_t kLinkReach = 4;
+constexpr std::int32_t kArrowReach = 8;
+constexpr std::int32_t kLabelReach = 5;
+/// The same and more in model units at the least zoom.
+constexpr std::int32_t kBoundsMargin = kArrowReach / LayoutMgr::kMinZoom + 1;
+
+RECT Surround(const RECT& r, POINT p) {
+  return {std::min(r.left, p.x), std::min(r.top, p.y), std::max(r.right, p.x),
+          std::max(r.bottom, p.y)};
+}
+
+}  // namespace
+
+POINT Transition::ToClient(POINT model) const {
+  return view->ToClient(model);
+}
+
+/// The chain of a transition that no state holds.
+std::vector<ChainRecord> Transition::FreeChain() const {
+  const POINT stub = StepPoint(sourcePoint, SIDE_BOTTOM);
+  return {{LINK_HEAD, sourcePoint, stub},
+          {LINK_V, stub, targetPoint},
+          {LINK_TAIL, StepPoint(targetPoint, SIDE_TOP), targetPoint}};
+}
+
+void Transition::RebuildChain() {
+  if (!chain.Build(records)) chain.Build(FreeChain());
+}
+
+void Transition::MoveSourceEnd(POINT anchor) {
+  BuildRegion();
+  chain.Head()->MoveEnds(anchor, StepPoint(anchor, sourceKey.side));
+  RefreshRoute();
+}
+
+void Transition::MoveTargetEnd(POINT anchor) {
+  BuildRegion();
+  chain.Tail()->MoveEnds(StepPoint(anchor, targetKey.side), anchor);
+  RefreshRoute();
+}
+
+/// The common end of every operation that changes the route; `BuildRegion` was its beginning.
+void Transition::RefreshRoute() {
+  const POINT oldLabel = labelCentre;
+  chain.Straighten();
+  Untangle();
+  RebuildRegion();
+  FollowLabel(oldLabel);
+}
+
+void Transition::Untangle() {
+  for (int i = 0; i < kMaxCrossings; ++i) {
+    if (chain.RemoveCrossing()) return;
+  }
+  ShowMessage(LoadText(IDS_ROUTE_REBUILT));
+  RebuildChain();
+}
+
+/// A message that stands on the label goes along with it, but for one that the user holds.
+void Transition::FollowLabel(POINT oldLabel) {
+  if (mesg == nullptr || mesg->IsInSelection()) return;
+  const POINT newLabel = LabelPoint();
+  if (newLabel == oldLabel || view->SubScroll(mesg->GetCentre()) != oldLabel) return;
+  POINT offset = newLabel - oldLabel;
+  mesg->OnBroadcast(BROADCAST_MOVE, &offset);
+}
+
+/// The label in model units, less the scroll position.
+POINT Transition::LabelPoint() const {
+  return view->ToModel(CentreOf(GetLabelRect()));
+}
+
+RECT Transition::GetLabelRect() const {
+  const Link* middle = chain.Middle();
+  const RECT handle = middle != nullptr ? middle->GetHandleRect() : RECT{};
+  return HandleSquare(CentreOf(handle), kLabelReach);
+}
+
+void Transition::InvalidateLabel() {
+  if (view != nullptr) view->InvalidateRect(GetLabelRect());
+}
+
+void Transition::BuildRegion() {
+  labelCentre = LabelPoint();
+  region = std::make_unique<CRgn>();
+  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
+    region->Add(MakeRectRegion(ToClient(link->start), ToClient(link->end), kLinkReach));
+  }
+  const POINT stub = ToClient(chain.Tail()->start);
+  const POINT tip = ToClient(chain.Tail()->end);
+  region->Add(MakeArrowRegion(RoutePainter::ArrowBase(stub, tip), tip, kArrowReach));
+  region->Add(CRgn::FromRect(GetLabelRect()));
+  NoteBounds();
+  NoteView();
+}
+
+void Transition::NoteBounds() {
+  bounds = RectAt(chain.Head()->start);
+  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
+    bounds = Surround(Surround(bounds, link->start), link->end);
+  }
+  const TailLink& tail = *chain.Tail();
+  bounds =
+      InflateRect(Surround(bounds, RoutePainter::ArrowBase(tail.start, tail.end)), kBoundsMargin);
+  labelAtOrigin = IsRectEmpty(chain.Middle()->GetHandleRect());
+}
+
+RECT Transition::GetPaintBounds() const {
+  if (!labelAtOrigin) return bounds;
+  return UnionRect(bounds, view->AddScroll(InflateRect(RECT{}, kBoundsMargin)));
+}
+
+bool Transition::HitTest(const POINT& client) const {
+  return region != nullptr && PtInRect(view->ToClient(GetPaintBounds()), client) &&
+         ComplexShape::HitTest(client);
+}
