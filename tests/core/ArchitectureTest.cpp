@@ -1,0 +1,126 @@
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::vector<std::string> kRooms = {"platform",   "resources",   "model",   "states",
+                                         "connectors", "persistence", "surface", "dialogs",
+                                         "codegen",    "shell"};
+
+bool IsToolkitFolder(const std::string& path) {
+  return path.find("/qt/") != std::string::npos;
+}
+
+bool IsLowest(const std::string& room) {
+  return room == "platform" || room == "resources";
+}
+
+/// What is wrong with a line of a source, by the levels of the folders; empty if nothing is.
+/// `path` is relative to the root, with slashes.
+std::string Complaint(const std::string& path, const std::string& line) {
+  static const std::regex include(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
+  std::smatch parts;
+  if (!std::regex_search(line, parts, include)) return {};
+  const std::string name = parts[2];
+  const bool isOurs = parts[1] == "\"";
+  static const std::regex toolkit(R"((^|/)(Q[A-Z]\w*|q[a-z]\w*\.h)$|^Qt)");
+  if (!IsToolkitFolder(path)) {
+    if (std::regex_search(name, toolkit)) return "includes the toolkit";
+    if (name.find("qt/") != std::string::npos) return "includes a header of a toolkit folder";
+  }
+  const std::string room = path.substr(0, path.find('/'));
+  if (isOurs && IsLowest(room)) {
+    const std::string other = name.substr(0, name.find('/'));
+    if (name.find('/') == std::string::npos) return {};
+    if (!IsLowest(other)) return "reaches above its level";
+  }
+  if (isOurs && name.find('/') == std::string::npos && name.find("moc") == std::string::npos)
+    return "includes without the path from the root";
+  return {};
+}
+
+std::vector<std::string> ComplaintsOf(const fs::path& root, const fs::path& file) {
+  std::vector<std::string> complaints;
+  const std::string path = fs::relative(file, root).generic_string();
+  std::ifstream in(file);
+  std::string line;
+  for (int number = 1; std::getline(in, line); ++number) {
+    const std::string complaint = Complaint(path, line);
+    if (!complaint.empty())
+      complaints.push_back(path + ":" + std::to_string(number) + ": " + complaint);
+  }
+  return complaints;
+}
+
+std::vector<fs::path> Sources(const fs::path& root) {
+  std::vector<fs::path> sources;
+  for (const std::string& room : kRooms) {
+    if (!fs::exists(root / room)) continue;
+    for (const auto& entry : fs::recursive_directory_iterator(root / room)) {
+      const auto extension = entry.path().extension();
+      if (extension == ".h" || extension == ".cpp") sources.push_back(entry.path());
+    }
+  }
+  return sources;
+}
+
+TEST(Architecture, SourcesKeepToTheirLevel) {
+  const fs::path root = MORVANE_SOURCE_DIR;
+  const auto sources = Sources(root);
+  ASSERT_GT(sources.size(), 100U);
+  for (const auto& file : sources)
+    for (const auto& complaint : ComplaintsOf(root, file)) ADD_FAILURE() << complaint;
+}
+
+TEST(Architecture, EveryRoomHasSources) {
+  const fs::path root = MORVANE_SOURCE_DIR;
+  const auto sources = Sources(root);
+  for (const auto& room : kRooms)
+    EXPECT_TRUE(std::any_of(sources.begin(), sources.end(), [&](const fs::path& file) {
+      return fs::relative(file, root).generic_string().rfind(room + "/", 0) == 0;
+    })) << room;
+}
+
+struct LineCase {
+  const char* path;
+  const char* line;
+  const char* complaint;
+};
+
+class ArchitectureLine : public testing::TestWithParam<LineCase> {};
+
+TEST_P(ArchitectureLine, IsJudged) {
+  const LineCase& c = GetParam();
+  EXPECT_EQ(Complaint(c.path, c.line), c.complaint) << c.path << ": " << c.line;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, ArchitectureLine,
+    testing::Values(
+        LineCase{"model/Shape.cpp", "#include <QWidget>", "includes the toolkit"},
+        LineCase{"model/Shape.cpp", "  #  include \"QString\"", "includes the toolkit"},
+        LineCase{"shell/App.h", "#include <QtCore/QObject>", "includes the toolkit"},
+        LineCase{"shell/App.h", "#include <qglobal.h>", "includes the toolkit"},
+        LineCase{"shell/App.cpp", "#include \"shell/qt/MainFrame.h\"",
+                 "includes a header of a toolkit folder"},
+        LineCase{"platform/CWnd.h", "#include \"model/Shape.h\"", "reaches above its level"},
+        LineCase{"platform/qt/View.cpp", "#include \"surface/LayoutMgr.h\"",
+                 "reaches above its level"},
+        LineCase{"resources/Texts.cpp", "#include \"shell/Menus.h\"", "reaches above its level"},
+        LineCase{"states/State.cpp", "#include \"State.h\"",
+                 "includes without the path from the root"},
+        LineCase{"platform/qt/View.cpp", "#include <QWidget>", ""},
+        LineCase{"shell/qt/MainFrame.cpp", "#include \"shell/qt/MainFrame.h\"", ""},
+        LineCase{"platform/CWnd.cpp", "#include \"resources/CommandIds.h\"", ""},
+        LineCase{"model/Shape.cpp", "#include <queue>", ""},
+        LineCase{"model/Shape.cpp", "#include \"platform/CDC.h\"", ""},
+        LineCase{"model/Shape.cpp", "// see <QWidget>", ""}));
+
+}  // namespace

@@ -1,0 +1,335 @@
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+#include "connectors/HeadLink.h"
+#include "connectors/LinkChain.h"
+#include "connectors/RouteCrossing.h"
+#include "connectors/TailLink.h"
+#include "model/ShapeGeometry.h"
+
+namespace {
+
+using Records = std::vector<ChainRecord>;
+
+/// A route in short: the corners between a head and a tail, with the segments that join them.
+Records Chain(const std::vector<POINT>& points) {
+  Records records{{LINK_HEAD, points[0], points[1]}};
+  for (std::size_t i = 2; i + 1 < points.size(); ++i) {
+    const POINT from = points[i - 1];
+    const POINT to = points[i];
+    records.push_back({from.y == to.y ? LINK_H : LINK_V, from, to});
+  }
+  records.push_back({LINK_TAIL, points[points.size() - 2], points.back()});
+  return records;
+}
+
+Link* LinkAt(const LinkChain& chain, int place) {
+  Link* link = chain.Head();
+  for (; place > 0; --place) link = link->next;
+  return link;
+}
+
+/// What is wrong with a chain; empty if nothing is.
+std::string Fault(const LinkChain& chain) {
+  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
+    const Link* next = link->next;
+    if ((link->prev == nullptr) != (link == chain.Head())) return "front";
+    if ((next == nullptr) != (link == chain.Tail())) return "back";
+    if (next != nullptr && (next->prev != link || link->end != next->start)) return "gap";
+    if (!link->IsSegment()) continue;
+    if (link->kind == LINK_H ? link->start.y != link->end.y : link->start.x != link->end.x) {
+      return "slant";
+    }
+    if (link->start == link->end) return "no length";
+  }
+  return "";
+}
+
+bool HasTwins(const LinkChain& chain) {
+  for (const Link* link = chain.Head(); link->next != nullptr; link = link->next) {
+    if (link->kind == link->next->kind) return true;
+  }
+  return false;
+}
+
+/// From a bottom anchor over two bends.
+const std::vector<POINT> kStairs{{10, 10}, {10, 11}, {10, 20}, {30, 20}, {30, 40}, {30, 41}};
+const std::vector<POINT> kHook{{10, 10}, {10, 11}, {30, 11}, {30, 40}, {30, 41}};
+
+struct MoveCase {
+  const char* name;
+  std::vector<POINT> before;
+  int link;
+  POINT to;
+  std::vector<POINT> after;
+};
+
+const MoveCase kMoves[] = {
+    {"first vertical onto the second", kStairs, 1, {30, 0}, kHook},
+    {"horizontal up to the head", kStairs, 2, {0, 11}, kHook},
+    {"a new bend at the head",
+     {{10, 10}, {11, 10}, {11, 50}, {39, 50}, {40, 50}},
+     1,
+     {20, 0},
+     {{10, 10}, {11, 10}, {20, 10}, {20, 50}, {39, 50}, {40, 50}}},
+    {"a new bend at the tail",
+     kHook,
+     2,
+     {40, 0},
+     {{10, 10}, {10, 11}, {40, 11}, {40, 40}, {30, 40}, {30, 41}}},
+    {"to where it is", kStairs, 2, {99, 20}, kStairs},
+    {"a head stays", kStairs, 0, {99, 99}, kStairs},
+    {"a tail stays", kStairs, 4, {99, 99}, kStairs},
+    {"back onto a loop: nothing is left of the link, its neighbours become one",
+     {{0, 0}, {0, 1}, {0, 5}, {10, 5}, {10, 20}, {0, 20}, {0, 30}, {9, 30}, {10, 30}},
+     4,
+     {0, 5},
+     {{0, 0}, {0, 1}, {0, 30}, {9, 30}, {10, 30}}},
+};
+
+TEST(LinkChain, MovesALinkByTheLocalRules) {
+  for (const MoveCase& c : kMoves) {
+    LinkChain chain(nullptr);
+    ASSERT_TRUE(chain.Build(Chain(c.before)));
+    LinkAt(chain, c.link)->MoveTo(c.to);
+    EXPECT_EQ(chain.Records(), Chain(c.after)) << c.name;
+    EXPECT_EQ(Fault(chain), "") << c.name;
+  }
+}
+
+TEST(LinkChain, MovesTheTail) {
+  LinkChain chain(nullptr);
+  chain.Build(Chain(kHook));
+  chain.Tail()->MoveEnds({35, 40}, {35, 41});
+  EXPECT_EQ(chain.Records(), Chain({{10, 10}, {10, 11}, {35, 11}, {35, 40}, {35, 41}}));
+  chain.Tail()->MoveEnds({35, 60}, {35, 61});
+  EXPECT_EQ(chain.Records(), Chain({{10, 10}, {10, 11}, {35, 11}, {35, 60}, {35, 61}}));
+}
+
+TEST(LinkChain, OpensAndCollapsesBetweenHeadAndTail) {
+  const Records bare = Chain({{10, 10}, {10, 11}, {10, 12}});
+  LinkChain chain(nullptr);
+  chain.Build(bare);
+  chain.Head()->MoveEnds({30, 0}, {30, 1});
+  EXPECT_EQ(chain.Records(), Chain({{30, 0}, {30, 1}, {10, 1}, {10, 11}, {10, 12}}));
+  chain.Head()->MoveEnds({10, 10}, {10, 11});
+  EXPECT_EQ(chain.Records(), bare);
+  chain.Tail()->MoveEnds({10, 30}, {10, 31});
+  EXPECT_EQ(chain.Records(), Chain({{10, 10}, {10, 11}, {10, 30}, {10, 31}}));
+}
+
+TEST(LinkChain, AHeadWhoseNeighbourVanishesGetsAPerpendicularLink) {
+  LinkChain chain(nullptr);
+  // Down at x = 0, over to 10 and back up: at x = 10 nothing is left of the first link.
+  chain.Build(Chain({{0, 0}, {0, 1}, {0, 9}, {10, 9}, {10, 1}, {20, 1}, {21, 1}}));
+  chain.Head()->MoveEnds({10, 3}, {10, 4});
+  EXPECT_EQ(chain.Records(), Chain({{10, 3}, {10, 4}, {10, 1}, {20, 1}, {21, 1}}));
+}
+
+TEST(LinkChain, StoresEndsThatAreEqualInStubsAlone) {
+  LinkChain chain(nullptr);
+  chain.Build(Chain(kHook));
+  chain.Head()->SetEnds({1, 1}, {1, 1});
+  chain.Tail()->SetEnds({2, 2}, {2, 2});
+  chain.Head()->Remove();
+  chain.Tail()->Remove();
+  EXPECT_EQ(chain.Records(), Chain(kHook));
+  LinkAt(chain, 1)->SetEnds({3, 3}, {3, 3});
+  EXPECT_EQ(chain.Records().size(), 3U);
+}
+
+struct BuildCase {
+  const char* name;
+  Records records;
+  Records built;  // empty: refused
+};
+
+TEST(LinkChain, BuildsWhatAFileHolds) {
+  const ChainRecord head{LINK_HEAD, {0, 0}, {0, 1}};
+  const ChainRecord down{LINK_V, {0, 1}, {0, 9}};
+  const ChainRecord tail{LINK_TAIL, {0, 9}, {0, 10}};
+  const ChainRecord point{LINK_H, {0, 9}, {0, 9}};
+  const ChainRecord unknown{7, {1, 2}, {3, 4}};
+  const BuildCase cases[] = {
+      {"as it stands", {head, down, tail}, {head, down, tail}},
+      {"unknown kinds and no length",
+       {unknown, head, point, down, point, tail},
+       {head, down, tail}},
+      {"stubs of no length",
+       {{LINK_HEAD, {0, 1}, {0, 1}}, down, {LINK_TAIL, {0, 9}, {0, 9}}},
+       {{LINK_HEAD, {0, 1}, {0, 1}}, down, {LINK_TAIL, {0, 9}, {0, 9}}}},
+      {"gaps and slants stay",
+       {head, {LINK_H, {5, 5}, {9, 6}}, {LINK_V, {20, 6}, {20, 9}}, {LINK_TAIL, {20, 9}, {20, 10}}},
+       {head,
+        {LINK_H, {5, 5}, {9, 6}},
+        {LINK_V, {20, 6}, {20, 9}},
+        {LINK_TAIL, {20, 9}, {20, 10}}}},
+      {"the last link moves to the tail",
+       {head, down, {LINK_TAIL, {6, 9}, {6, 10}}},
+       {head, {LINK_H, {0, 1}, {6, 1}}, {LINK_V, {6, 1}, {6, 9}}, {LINK_TAIL, {6, 9}, {6, 10}}}},
+      {"nothing between",
+       {head, {LINK_TAIL, {6, 9}, {6, 10}}},
+       {head, {LINK_H, {0, 1}, {6, 1}}, {LINK_V, {6, 1}, {6, 9}}, {LINK_TAIL, {6, 9}, {6, 10}}}},
+      {"no head", {down, tail}, {}},
+      {"a late head", {down, head, tail}, {}},
+      {"two heads", {head, down, head, tail}, {}},
+      {"no tail", {head, down}, {}},
+      {"nothing", {}, {}},
+  };
+  for (const BuildCase& c : cases) {
+    LinkChain chain(nullptr);
+    EXPECT_EQ(chain.Build(c.records), !c.built.empty()) << c.name;
+    EXPECT_EQ(chain.Records(), c.built) << c.name;
+  }
+}
+
+TEST(LinkChain, StraightensWhatAFileHolds) {
+  const Records gapped{{LINK_HEAD, {0, 0}, {0, 1}},
+                       {LINK_H, {5, 5}, {9, 6}},
+                       {LINK_H, {9, 8}, {12, 8}},
+                       {LINK_V, {20, 6}, {20, 9}},
+                       {LINK_TAIL, {20, 9}, {20, 10}}};
+  LinkChain chain(nullptr);
+  chain.Build(gapped);
+  chain.Straighten();
+  EXPECT_EQ(chain.Records(),
+            Chain({{0, 0}, {0, 1}, {0, 5}, {9, 5}, {9, 8}, {20, 8}, {20, 9}, {20, 10}}));
+  const Records sound = chain.Records();
+  chain.Straighten();
+  EXPECT_EQ(chain.Records(), sound);
+}
+
+TEST(LinkChain, KeepsItsShapeAtTheLimit) {
+  constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+  LinkChain chain(nullptr);
+  chain.Build(Chain({{most - 9, 0}, {most - 9, 1}, {most - 2, 1}, {most - 2, 5}, {most - 2, 6}}));
+  chain.Head()->Offset({5, -3});
+  EXPECT_EQ(chain.Records(),
+            Chain({{most - 7, -3}, {most - 7, -2}, {most, -2}, {most, 2}, {most, 3}}));
+}
+
+TEST(LinkChain, CutsALoopOut) {
+  LinkChain chain(nullptr);
+  chain.Build(Chain({{0, 0}, {0, 1}, {0, 9}, {9, 9}, {9, 5}, {-5, 5}, {-5, 20}, {3, 20}, {3, 21}}));
+  EXPECT_FALSE(chain.RemoveCrossing());
+  EXPECT_EQ(chain.Records(), Chain({{0, 0}, {0, 1}, {0, 5}, {-5, 5}, {-5, 20}, {3, 20}, {3, 21}}));
+  EXPECT_TRUE(chain.RemoveCrossing());
+}
+
+TEST(LinkChain, LinksThatOverlapAreJoinedAndMoveAsOne) {
+  LinkChain chain(nullptr);
+  chain.Build(Chain(
+      {{0, 0}, {0, 1}, {0, 5}, {20, 5}, {20, 8}, {10, 8}, {10, 5}, {30, 5}, {30, 9}, {30, 10}}));
+  ASSERT_FALSE(chain.RemoveCrossing());
+  ASSERT_TRUE(HasTwins(chain));
+  LinkAt(chain, 2)->MoveTo({0, 7});
+  EXPECT_EQ(chain.Records(), Chain({{0, 0}, {0, 1}, {0, 7}, {30, 7}, {30, 9}, {30, 10}}));
+}
+
+/// Coordinates that collide often, with some at the limits.
+class Dice {
+ public:
+  explicit Dice(unsigned seed) : engine(seed) {}
+  int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(engine); }
+  std::int32_t Coordinate() {
+    const int pick = Below(60);
+    if (pick == 0) return std::numeric_limits<std::int32_t>::max();
+    if (pick == 1) return std::numeric_limits<std::int32_t>::min();
+    return Below(12);
+  }
+  POINT Point() { return {Coordinate(), Coordinate()}; }
+
+ private:
+  std::mt19937 engine;
+};
+
+TEST(LinkChain, HoldsItsInvariantsThroughAnything) {
+  Dice dice(1);
+  for (int round = 0; round < 400; ++round) {
+    LinkChain chain(nullptr);
+    Records records{{LINK_HEAD, dice.Point(), dice.Point()}};
+    for (int i = dice.Below(8); i > 0; --i) {
+      records.push_back({dice.Below(2), dice.Point(), dice.Point()});
+    }
+    records.push_back({LINK_TAIL, dice.Point(), dice.Point()});
+    ASSERT_TRUE(chain.Build(records));
+    ASSERT_EQ(chain.Tail()->prev->end, chain.Tail()->start) << "round " << round;
+    chain.Straighten();
+    ASSERT_EQ(Fault(chain), "") << "round " << round;
+    bool crossed = HasTwins(chain);
+    for (int step = 0; step < 60; ++step) {
+      const POINT p = dice.Point();
+      const std::uint16_t side = static_cast<std::uint16_t>(1 + dice.Below(4));
+      switch (dice.Below(6)) {
+        case 0:
+          chain.Head()->MoveEnds(p, StepPoint(p, side));
+          EXPECT_EQ(chain.Head()->start, p);
+          break;
+        case 1:
+          chain.Tail()->MoveEnds(StepPoint(p, side), p);
+          EXPECT_EQ(chain.Tail()->end, p);
+          break;
+        case 2: crossed = !chain.RemoveCrossing() || crossed; break;
+        case 3: chain.Head()->Offset({dice.Below(9) - 4, dice.Below(9) - 4}); break;
+        default: LinkAt(chain, dice.Below(static_cast<int>(chain.Records().size())))->MoveTo(p);
+      }
+      ASSERT_EQ(Fault(chain), "") << "round " << round << " step " << step;
+      ASSERT_TRUE(crossed || !HasTwins(chain)) << "round " << round << " step " << step;
+    }
+  }
+}
+
+/// The search as it is meant, each with each.
+std::optional<RouteCrossing> SlowSearch(const std::vector<RouteSegment>& route) {
+  for (std::size_t a = 0; a < route.size(); ++a) {
+    for (std::size_t b = route.size(); b-- > a + 2;) {
+      POINT p;
+      if (SegmentCrossing(route[a].start, route[a].end, route[b].start, route[b].end, p)) {
+        return RouteCrossing{a, b, p};
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+TEST(LinkCrossing, LongRoutesGiveWhatComparingEachWithEachGives) {
+  Dice dice(2);
+  int found = 0;
+  for (int round = 0; round < 300; ++round) {
+    std::vector<RouteSegment> route;
+    POINT at{0, 0};
+    for (int i = 0; i < 60 + dice.Below(60); ++i) {
+      POINT to = at;
+      // Mostly ahead, so that some routes cross late or not at all.
+      const int step = dice.Below(40) == 0 ? -dice.Below(9) - 1 : dice.Below(5) + 1;
+      (dice.Below(8) != 0) == (i % 2 != 0) ? to.x += step : to.y += step;
+      route.push_back({at, to});
+      at = to;
+    }
+    const auto expected = SlowSearch(route);
+    found += expected ? 1 : 0;
+    ASSERT_EQ(FindRouteCrossing(route), expected) << "round " << round;
+  }
+  EXPECT_GT(found, 50);
+  EXPECT_LT(found, 290);
+}
+
+TEST(LinkCrossing, ALongSpiralIsSearchedInTime) {
+  // Comparing each with each would take hours.
+  constexpr std::int32_t links = 400000;
+  std::vector<RouteSegment> route;
+  POINT at{0, 0};
+  for (std::int32_t i = 1; i <= links; ++i) {
+    const std::int32_t step = i / 2 * (i / 2 % 2 != 0 ? 2 : -2);
+    const POINT to = i % 2 != 0 ? POINT{at.x, at.y + step} : POINT{at.x + step, at.y};
+    if (to != at) route.push_back({at, to});
+    at = to;
+  }
+  EXPECT_FALSE(FindRouteCrossing(route));
+  route.push_back({at, {0, at.y}});
+  route.push_back({{0, at.y}, {0, 1}});
+  EXPECT_TRUE(FindRouteCrossing(route));
+}
+
+}  // namespace
