@@ -41,12 +41,8 @@ constexpr Field kFields[] = {
     {&ModelProperties::CSharpDeclarations, "DECL", kSinceCSharp},
 };
 
-std::string BeginTag(const Field& field) {
-  return std::string(field.tag) + " BEGIN";
-}
-std::string EndTag(const Field& field) {
-  return std::string(field.tag) + " END";
-}
+std::string BeginTag(const Field& field) { return std::string(field.tag) + " BEGIN"; }
+std::string EndTag(const Field& field) { return std::string(field.tag) + " END"; }
 
 }  // namespace
 

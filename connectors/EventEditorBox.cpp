@@ -69,6 +69,4 @@ bool EventEditorBox::ReplaceAll(const std::string& findText, const std::string& 
   return changed;
 }
 
-bool EventEditorBox::EditText(const std::string& /*title*/) {
-  return false;
-}
+bool EventEditorBox::EditText(const std::string& /*title*/) { return false; }

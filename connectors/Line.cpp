@@ -133,9 +133,7 @@ RECT Line::GetStartHandle() const {
   return InflateRect(RectAt(view->ToClient(start)), kHandleReach);
 }
 
-RECT Line::GetEndHandle() const {
-  return InflateRect(RectAt(view->ToClient(end)), kHandleReach);
-}
+RECT Line::GetEndHandle() const { return InflateRect(RectAt(view->ToClient(end)), kHandleReach); }
 
 void Line::InvalidateHandles() {
   view->InvalidateRect(GetStartHandle());

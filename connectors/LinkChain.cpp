@@ -93,8 +93,8 @@ void LinkChain::Clear() {
 }
 
 /// The tail starts out at the end of the chain and then goes to its place: so the last segment
-/// meets it by the same rules as in a drag. Where that takes the segment away and there was a gap in
-/// front of it, the next one has to meet the tail.
+/// meets it by the same rules as in a drag. Where that takes the segment away and there was a gap
+/// in front of it, the next one has to meet the tail.
 void LinkChain::JoinTail(POINT stub, POINT anchor) {
   do {
     tail->start = tail->prev->end;

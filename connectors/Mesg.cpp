@@ -70,9 +70,7 @@ void Mesg::OnPlaced() {
   ConnectableRectShape::OnPlaced();
 }
 
-void Mesg::OnRestored() {
-  ResolveTransition();
-}
+void Mesg::OnRestored() { ResolveTransition(); }
 
 /// A reference to no transition leaves the box loose.
 void Mesg::ResolveTransition() {
@@ -93,14 +91,10 @@ void Mesg::RefreshAnchors() {
   anchors[{1, SIDE_LEFT}] = {rect.left, middle.y};
 }
 
-RECT Mesg::GetStickHandle() const {
-  return HandleSquare(view->ToClient(GetCentre()), kStickReach);
-}
+RECT Mesg::GetStickHandle() const { return HandleSquare(view->ToClient(GetCentre()), kStickReach); }
 
 /// The label of the route in model units, less the scroll position.
-POINT Mesg::LabelPoint() const {
-  return view->ToModel(CentreOf(transition->GetLabelRect()));
-}
+POINT Mesg::LabelPoint() const { return view->ToModel(CentreOf(transition->GetLabelRect())); }
 
 void Mesg::Align() {
   if (transition == nullptr) return;

@@ -40,6 +40,4 @@ bool TextBox::ReplaceAll(const std::string& findText, const std::string& replace
   return ReplaceInText(text, findText, replaceText);
 }
 
-bool TextBox::EditText(const std::string& /*title*/) {
-  return false;
-}
+bool TextBox::EditText(const std::string& /*title*/) { return false; }

@@ -95,9 +95,7 @@ void Transition::OnPlaced() {
   Invalidate();
 }
 
-void Transition::OnRestored() {
-  ResolveEnds();
-}
+void Transition::OnRestored() { ResolveEnds(); }
 
 /// A reference to no object, or to one of the wrong kind, leaves the end free.
 void Transition::ResolveEnds() {

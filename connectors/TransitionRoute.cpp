@@ -32,9 +32,7 @@ RECT Surround(const RECT& r, POINT p) {
 
 }  // namespace
 
-POINT Transition::ToClient(POINT model) const {
-  return view->ToClient(model);
-}
+POINT Transition::ToClient(POINT model) const { return view->ToClient(model); }
 
 /// The chain of a transition that no state holds.
 std::vector<ChainRecord> Transition::FreeChain() const {
@@ -87,9 +85,7 @@ void Transition::FollowLabel(POINT oldLabel) {
 }
 
 /// The label in model units, less the scroll position.
-POINT Transition::LabelPoint() const {
-  return view->ToModel(CentreOf(GetLabelRect()));
-}
+POINT Transition::LabelPoint() const { return view->ToModel(CentreOf(GetLabelRect())); }
 
 RECT Transition::GetLabelRect() const {
   const Link* middle = chain.Middle();

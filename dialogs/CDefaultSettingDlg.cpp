@@ -40,9 +40,7 @@ std::string ReadOneLine(const char* key, const std::string& fallback) {
 
 }  // namespace
 
-CDefaultSettingDlg::CDefaultSettingDlg() {
-  LoadSettings();
-}
+CDefaultSettingDlg::CDefaultSettingDlg() { LoadSettings(); }
 
 CDefaultSettingDlg& CDefaultSettingDlg::Instance() {
   static CDefaultSettingDlg instance;

@@ -24,9 +24,7 @@ POINT MarkPlace(POINT anchor, std::uint16_t side) {
 
 }  // namespace
 
-ConnectableRectShape::~ConnectableRectShape() {
-  ReleaseConnectors();
-}
+ConnectableRectShape::~ConnectableRectShape() { ReleaseConnectors(); }
 
 void ConnectableRectShape::Write(ModelStream& stream) const {
   RectShape::Write(stream);

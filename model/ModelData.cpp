@@ -9,9 +9,7 @@
 #include "persistence/RecordLine.h"
 #include "resources/Texts.h"
 
-ModelData::~ModelData() {
-  DeleteAll();
-}
+ModelData::~ModelData() { DeleteAll(); }
 
 void ModelData::DeleteAll() {
   // From the back: what hangs on another object mostly stands behind it. A transition may take its

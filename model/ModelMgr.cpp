@@ -266,9 +266,7 @@ void ModelMgr::DeleteSelected(bool prompt) {
   while (!selection.IsEmpty()) delete selection.Members().front();
 }
 
-void ModelMgr::Write(ModelStream& stream) const {
-  data.Write(stream);
-}
+void ModelMgr::Write(ModelStream& stream) const { data.Write(stream); }
 
 void ModelMgr::Read(ModelStream& stream) {
   for (;;) {

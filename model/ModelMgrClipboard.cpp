@@ -23,9 +23,7 @@ void ModelMgr::Cut() {
   DeleteSelected(false);
 }
 
-bool ModelMgr::CanPaste() const {
-  return clipboard->IsAvailable();
-}
+bool ModelMgr::CanPaste() const { return clipboard->IsAvailable(); }
 
 std::string ModelMgr::SelectionText() const {
   std::ostringstream text;

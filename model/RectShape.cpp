@@ -48,13 +48,9 @@ void RectShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
   bottom = rect.bottom;
 }
 
-RECT RectShape::DeviceRect() const {
-  return view->ToClient(rect);
-}
+RECT RectShape::DeviceRect() const { return view->ToClient(rect); }
 
-bool RectShape::HitTest(const POINT& client) const {
-  return PtInRect(DeviceRect(), client);
-}
+bool RectShape::HitTest(const POINT& client) const { return PtInRect(DeviceRect(), client); }
 
 bool RectShape::HitTestNear(const POINT& model) const {
   return PtInRect(InflateRect(rect, kNearReach), model);
@@ -64,9 +60,7 @@ bool RectShape::IsInsideRect(const RECT& model) const {
   return PtInRect(model, TopLeft(rect)) && PtInRect(model, BottomRight(rect));
 }
 
-void RectShape::Invalidate() {
-  view->InvalidateRect(DeviceRect());
-}
+void RectShape::Invalidate() { view->InvalidateRect(DeviceRect()); }
 
 RECT RectShape::GetPaintBounds() const {
   // Anchor marks and the rounding of edges reach a little beyond the rectangle at any zoom.
@@ -74,13 +68,9 @@ RECT RectShape::GetPaintBounds() const {
   return InflateRect(rect, margin);
 }
 
-void RectShape::OnPlaced() {
-  tracker = std::make_unique<RectTracker>(*this);
-}
+void RectShape::OnPlaced() { tracker = std::make_unique<RectTracker>(*this); }
 
-unsigned RectShape::GetHandleMask() const {
-  return CRectTracker::kAllHandles;
-}
+unsigned RectShape::GetHandleMask() const { return CRectTracker::kAllHandles; }
 
 void RectShape::OnRectChanged(const RECT& /*old*/, bool /*sized*/) {}
 
@@ -141,9 +131,7 @@ void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t /*x*/, std::int32
   ShowHandles(true);
 }
 
-void RectShape::AdjustRect(unsigned /*handle*/, RECT& device) {
-  SnapDeviceRect(device);
-}
+void RectShape::AdjustRect(unsigned /*handle*/, RECT& device) { SnapDeviceRect(device); }
 
 bool RectShape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
   return tracker != nullptr && tracker->SetCursor(*view, view->GetCursorPos());

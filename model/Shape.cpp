@@ -51,13 +51,9 @@ void Shape::AttachTo(ModelMgr* manager, LayoutMgr* layoutMgr) {
   }
 }
 
-void Shape::ForgetModel() {
-  mgr = nullptr;
-}
+void Shape::ForgetModel() { mgr = nullptr; }
 
-bool Shape::IsInSelection() const {
-  return mgr != nullptr && mgr->GetSelection().Contains(this);
-}
+bool Shape::IsInSelection() const { return mgr != nullptr && mgr->GetSelection().Contains(this); }
 
 bool Shape::ConfirmDeletion(unsigned textId) {
   return ShowMessage(LoadText(textId), kConfirmFlags) == MessageAnswer::Yes;

@@ -9,9 +9,7 @@
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
 
-LayoutMgr* CMorvaneDoc::View() const {
-  return dynamic_cast<LayoutMgr*>(GetView());
-}
+LayoutMgr* CMorvaneDoc::View() const { return dynamic_cast<LayoutMgr*>(GetView()); }
 
 bool CMorvaneDoc::IsModified() {
   std::string text;

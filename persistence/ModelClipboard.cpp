@@ -18,6 +18,4 @@ std::optional<std::string> ModelClipboard::Get() {
   return std::nullopt;
 }
 
-bool ModelClipboard::IsAvailable() const {
-  return Service<Clipboard>::Get().IsAvailable(kFormat);
-}
+bool ModelClipboard::IsAvailable() const { return Service<Clipboard>::Get().IsAvailable(kFormat); }

@@ -124,9 +124,7 @@ ModelStream& operator>>(ModelStream& stream, Object* object) {
   return stream;
 }
 
-void SkipLine(std::istream& in) {
-  in.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
-}
+void SkipLine(std::istream& in) { in.ignore(std::numeric_limits<std::streamsize>::max(), '\n'); }
 
 std::string ReadLine(std::istream& in) {
   std::string line;
@@ -134,9 +132,7 @@ std::string ReadLine(std::istream& in) {
   return line;
 }
 
-bool HasMore(std::istream& in) {
-  return in.good();
-}
+bool HasMore(std::istream& in) { return in.good(); }
 
 void WriteTextBlock(std::ostream& out, const std::string& text, const std::string& beginTag,
                     const std::string& endTag) {

@@ -9,33 +9,19 @@
 #include "platform/TextCodec.h"
 #include "platform/TextLayout.h"
 
-CPen CDC::SelectPen(const CPen& newPen) {
-  return std::exchange(pen, newPen);
-}
-CBrush CDC::SelectBrush(const CBrush& newBrush) {
-  return std::exchange(brush, newBrush);
-}
-CFont CDC::SelectFont(const CFont& newFont) {
-  return std::exchange(font, newFont);
-}
-COLORREF CDC::SetTextColor(COLORREF color) {
-  return std::exchange(textColor, color);
-}
-BkMode CDC::SetBkMode(BkMode mode) {
-  return std::exchange(bkMode, mode);
-}
-RasterOp CDC::SetROP2(RasterOp op) {
-  return std::exchange(rop, op);
-}
+CPen CDC::SelectPen(const CPen& newPen) { return std::exchange(pen, newPen); }
+CBrush CDC::SelectBrush(const CBrush& newBrush) { return std::exchange(brush, newBrush); }
+CFont CDC::SelectFont(const CFont& newFont) { return std::exchange(font, newFont); }
+COLORREF CDC::SetTextColor(COLORREF color) { return std::exchange(textColor, color); }
+BkMode CDC::SetBkMode(BkMode mode) { return std::exchange(bkMode, mode); }
+RasterOp CDC::SetROP2(RasterOp op) { return std::exchange(rop, op); }
 
 bool CDC::RectVisible(const RECT& r) const {
   const RECT clip = GetClipBox();
   return r.left < clip.right && r.right > clip.left && r.top < clip.bottom && r.bottom > clip.top;
 }
 
-POINT CDC::MoveTo(POINT p) {
-  return std::exchange(current, p);
-}
+POINT CDC::MoveTo(POINT p) { return std::exchange(current, p); }
 
 void CDC::LineTo(POINT p) {
   const std::array<POINT, 2> line{current, p};

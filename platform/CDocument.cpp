@@ -41,9 +41,7 @@ bool CDocument::OnNewDocument() {
   return true;
 }
 
-bool CDocument::DoFileSave() {
-  return pathName.empty() ? DoFileSaveAs() : SaveTo(pathName);
-}
+bool CDocument::DoFileSave() { return pathName.empty() ? DoFileSaveAs() : SaveTo(pathName); }
 
 bool CDocument::DoFileSaveAs() {
   if (manager == nullptr) return false;

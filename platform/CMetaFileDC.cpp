@@ -6,13 +6,9 @@
 
 CMetaFileDC::CMetaFileDC(CDC& reference) : reference(reference) {}
 
-Metafile CMetaFileDC::Close() {
-  return std::exchange(metafile, {});
-}
+Metafile CMetaFileDC::Close() { return std::exchange(metafile, {}); }
 
-int CMetaFileDC::GetDeviceCaps(DeviceCap cap) const {
-  return reference.GetDeviceCaps(cap);
-}
+int CMetaFileDC::GetDeviceCaps(DeviceCap cap) const { return reference.GetDeviceCaps(cap); }
 
 RECT CMetaFileDC::GetClipBox() const {
   constexpr std::int32_t low = std::numeric_limits<std::int32_t>::min();
@@ -45,9 +41,7 @@ void CMetaFileDC::Polygon(std::span<const POINT> points) {
   NewRecord(Metafile::Kind::Polygon).points.assign(points.begin(), points.end());
 }
 
-void CMetaFileDC::Rectangle(const RECT& r) {
-  NewRecord(Metafile::Kind::Rectangle).rect = r;
-}
+void CMetaFileDC::Rectangle(const RECT& r) { NewRecord(Metafile::Kind::Rectangle).rect = r; }
 
 void CMetaFileDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
   Metafile::Record& record = NewRecord(Metafile::Kind::RoundRect);
@@ -55,9 +49,7 @@ void CMetaFileDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
   record.corner = cornerEllipse;
 }
 
-void CMetaFileDC::Ellipse(const RECT& r) {
-  NewRecord(Metafile::Kind::Ellipse).rect = r;
-}
+void CMetaFileDC::Ellipse(const RECT& r) { NewRecord(Metafile::Kind::Ellipse).rect = r; }
 
 void CMetaFileDC::Arc(const RECT& r, POINT start, POINT end) {
   Metafile::Record& record = NewRecord(Metafile::Kind::Arc);

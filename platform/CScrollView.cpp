@@ -30,9 +30,7 @@ int CScrollView::GetScrollLimit(ScrollBar bar) const {
   return Saturate((hidden + step - 1) / step * step);
 }
 
-void CScrollView::OnPrepareDC(CDC& dc) {
-  dc.SetViewportOrg(POINT{} - position);
-}
+void CScrollView::OnPrepareDC(CDC& dc) { dc.SetViewportOrg(POINT{} - position); }
 
 bool CScrollView::OnScrollBy(SIZE distance) {
   const POINT old = position;

@@ -9,14 +9,10 @@
 
 namespace {
 
-std::string Number(std::int64_t v) {
-  return std::to_string(v);
-}
+std::string Number(std::int64_t v) { return std::to_string(v); }
 
 /// A line one pixel wide runs through the middle of its pixels.
-std::string Half(std::int64_t v) {
-  return std::to_string(v) + ".5";
-}
+std::string Half(std::int64_t v) { return std::to_string(v) + ".5"; }
 
 std::string Decimal(double v) {
   std::array<char, 32> text{};
@@ -30,9 +26,7 @@ std::string PixelCentre(std::int32_t v) {
   return v == -1 ? "-0.5" : "-" + Half(-(std::int64_t{v} + 1));
 }
 
-std::string PixelCentre(POINT p) {
-  return PixelCentre(p.x) + "," + PixelCentre(p.y);
-}
+std::string PixelCentre(POINT p) { return PixelCentre(p.x) + "," + PixelCentre(p.y); }
 
 std::string ColourText(COLORREF c) {
   std::array<char, 8> text{};
@@ -100,13 +94,9 @@ std::string CSvgDC::Close() {
   return text;
 }
 
-int CSvgDC::GetDeviceCaps(DeviceCap cap) const {
-  return reference.GetDeviceCaps(cap);
-}
+int CSvgDC::GetDeviceCaps(DeviceCap cap) const { return reference.GetDeviceCaps(cap); }
 
-RECT CSvgDC::GetClipBox() const {
-  return {0, 0, size.cx, size.cy};
-}
+RECT CSvgDC::GetClipBox() const { return {0, 0, size.cx, size.cy}; }
 
 std::string CSvgDC::StrokeAttributes() const {
   const CPen& pen = GetPen();

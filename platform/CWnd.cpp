@@ -9,9 +9,7 @@ std::unique_ptr<CDC> CWnd::GetDC() {
   return std::make_unique<CNullDC>();
 }
 
-RECT CWnd::GetClientRect() const {
-  return peer != nullptr ? peer->ClientRect() : RECT{};
-}
+RECT CWnd::GetClientRect() const { return peer != nullptr ? peer->ClientRect() : RECT{}; }
 
 void CWnd::InvalidateRect(const RECT& r) {
   if (peer != nullptr) peer->InvalidateRect(r);
@@ -41,29 +39,19 @@ void CWnd::ReleaseCapture() {
   if (peer != nullptr) peer->ReleaseCapture();
 }
 
-bool CWnd::HasCapture() const {
-  return peer != nullptr && peer->HasCapture();
-}
+bool CWnd::HasCapture() const { return peer != nullptr && peer->HasCapture(); }
 
-POINT CWnd::GetCursorPos() const {
-  return peer != nullptr ? peer->CursorPos() : POINT{};
-}
+POINT CWnd::GetCursorPos() const { return peer != nullptr ? peer->CursorPos() : POINT{}; }
 
-bool CWnd::IsShiftDown() const {
-  return peer != nullptr && peer->IsShiftDown();
-}
+bool CWnd::IsShiftDown() const { return peer != nullptr && peer->IsShiftDown(); }
 
 void CWnd::SetCursor(Cursor cursor) {
   if (peer != nullptr) peer->SetCursor(cursor);
 }
 
-POINT CWnd::ClientToScreen(POINT p) const {
-  return peer != nullptr ? peer->ClientToScreen(p) : p;
-}
+POINT CWnd::ClientToScreen(POINT p) const { return peer != nullptr ? peer->ClientToScreen(p) : p; }
 
-POINT CWnd::ScreenToClient(POINT p) const {
-  return peer != nullptr ? peer->ScreenToClient(p) : p;
-}
+POINT CWnd::ScreenToClient(POINT p) const { return peer != nullptr ? peer->ScreenToClient(p) : p; }
 
 Message CWnd::NextMessage() {
   if (peer != nullptr) return peer->NextMessage();

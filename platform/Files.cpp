@@ -41,9 +41,7 @@ fs::path FindEntry(const fs::path& folder, const std::string& name) {
 
 }  // namespace
 
-std::string FileResult::ErrorText() const {
-  return std::strerror(error);
-}
+std::string FileResult::ErrorText() const { return std::strerror(error); }
 
 FileResult ReadWholeFile(const std::string& path, std::string& bytes) {
   bytes.clear();

@@ -34,15 +34,9 @@ using COLORREF = std::uint32_t;
 constexpr COLORREF RGB(unsigned red, unsigned green, unsigned blue) {
   return red | (green << 8) | (blue << 16);
 }
-constexpr unsigned GetRValue(COLORREF c) {
-  return c & 0xFF;
-}
-constexpr unsigned GetGValue(COLORREF c) {
-  return (c >> 8) & 0xFF;
-}
-constexpr unsigned GetBValue(COLORREF c) {
-  return (c >> 16) & 0xFF;
-}
+constexpr unsigned GetRValue(COLORREF c) { return c & 0xFF; }
+constexpr unsigned GetGValue(COLORREF c) { return (c >> 8) & 0xFF; }
+constexpr unsigned GetBValue(COLORREF c) { return (c >> 16) & 0xFF; }
 
 /// The nearest 32-bit value.
 constexpr std::int32_t Saturate(std::int64_t v) {
@@ -64,12 +58,8 @@ constexpr std::int32_t Middle(std::int32_t a, std::int32_t b) {
   return static_cast<std::int32_t>((std::int64_t{a} + b) / 2);
 }
 
-constexpr POINT operator+(POINT a, POINT b) {
-  return {AddSat(a.x, b.x), AddSat(a.y, b.y)};
-}
-constexpr POINT operator-(POINT a, POINT b) {
-  return {SubSat(a.x, b.x), SubSat(a.y, b.y)};
-}
+constexpr POINT operator+(POINT a, POINT b) { return {AddSat(a.x, b.x), AddSat(a.y, b.y)}; }
+constexpr POINT operator-(POINT a, POINT b) { return {SubSat(a.x, b.x), SubSat(a.y, b.y)}; }
 
 constexpr RECT operator+(const RECT& r, POINT d) {
   return {AddSat(r.left, d.x), AddSat(r.top, d.y), AddSat(r.right, d.x), AddSat(r.bottom, d.y)};
@@ -79,19 +69,11 @@ constexpr RECT operator-(const RECT& r, POINT d) {
 }
 
 /// Width and height, which of the widest rectangles do not fit 32 bits.
-constexpr std::int64_t Width(const RECT& r) {
-  return std::int64_t{r.right} - r.left;
-}
-constexpr std::int64_t Height(const RECT& r) {
-  return std::int64_t{r.bottom} - r.top;
-}
+constexpr std::int64_t Width(const RECT& r) { return std::int64_t{r.right} - r.left; }
+constexpr std::int64_t Height(const RECT& r) { return std::int64_t{r.bottom} - r.top; }
 
-constexpr POINT TopLeft(const RECT& r) {
-  return {r.left, r.top};
-}
-constexpr POINT BottomRight(const RECT& r) {
-  return {r.right, r.bottom};
-}
+constexpr POINT TopLeft(const RECT& r) { return {r.left, r.top}; }
+constexpr POINT BottomRight(const RECT& r) { return {r.right, r.bottom}; }
 
 /// The centre, each half truncated toward zero.
 constexpr POINT CentreOf(const RECT& r) {
@@ -99,26 +81,20 @@ constexpr POINT CentreOf(const RECT& r) {
 }
 
 /// The zero-size rectangle at a point.
-constexpr RECT RectAt(POINT p) {
-  return {p.x, p.y, p.x, p.y};
-}
+constexpr RECT RectAt(POINT p) { return {p.x, p.y, p.x, p.y}; }
 
 /// True when the point lies in the rectangle; the right and bottom edges are outside.
 constexpr bool PtInRect(const RECT& r, POINT p) {
   return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
 }
 
-constexpr bool IsRectEmpty(const RECT& r) {
-  return r.right <= r.left || r.bottom <= r.top;
-}
+constexpr bool IsRectEmpty(const RECT& r) { return r.right <= r.left || r.bottom <= r.top; }
 
 /// The rectangle grown by dx and dy on every side; a negative amount shrinks it.
 constexpr RECT InflateRect(const RECT& r, std::int32_t dx, std::int32_t dy) {
   return {SubSat(r.left, dx), SubSat(r.top, dy), AddSat(r.right, dx), AddSat(r.bottom, dy)};
 }
-constexpr RECT InflateRect(const RECT& r, std::int32_t d) {
-  return InflateRect(r, d, d);
-}
+constexpr RECT InflateRect(const RECT& r, std::int32_t d) { return InflateRect(r, d, d); }
 
 /// The same rectangle with left not above right and top not above bottom.
 constexpr RECT NormalizeRect(const RECT& r) {

@@ -11,9 +11,7 @@ std::int32_t Round(double v) {
   return static_cast<std::int32_t>(std::clamp(std::floor(v + 0.5), low, high));
 }
 
-std::int32_t Magnitude(std::int32_t v) {
-  return v < 0 ? SubSat(0, v) : v;
-}
+std::int32_t Magnitude(std::int32_t v) { return v < 0 ? SubSat(0, v) : v; }
 
 }  // namespace
 
@@ -39,9 +37,7 @@ void Mapping::SetViewportExt(SIZE device) {
   if (down > across) viewportExt.cy = Round(across * windowExt.cy);
 }
 
-double Mapping::Scale() const {
-  return static_cast<double>(viewportExt.cx) / windowExt.cx;
-}
+double Mapping::Scale() const { return static_cast<double>(viewportExt.cx) / windowExt.cx; }
 
 POINT Mapping::ToDevice(POINT logical) const {
   if (mode == MapMode::Text) return logical + viewportOrg;

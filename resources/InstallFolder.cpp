@@ -5,9 +5,7 @@
 
 #include "platform/Files.h"
 
-std::string GetInstallFolder() {
-  return InstallFolderOf(ProgramPath());
-}
+std::string GetInstallFolder() { return InstallFolderOf(ProgramPath()); }
 
 std::string InstallFolderOf(std::string_view programPath) {
   std::string folder(programPath);

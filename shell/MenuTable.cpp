@@ -265,25 +265,17 @@ bool IsRecentFileCommand(unsigned id) {
   return id >= ID_FILE_RECENT && id < ID_FILE_RECENT + RecentFiles::kMaxEntries;
 }
 
-std::span<const MenuPopup> StartMenu() {
-  return kStartMenu;
-}
+std::span<const MenuPopup> StartMenu() { return kStartMenu; }
 
-std::span<const MenuPopup> ChartMenu() {
-  return kChartMenu;
-}
+std::span<const MenuPopup> ChartMenu() { return kChartMenu; }
 
-std::span<const Accelerator> Accelerators() {
-  return kAccelerators;
-}
+std::span<const MenuEntry> BarMenu() { return kStartView; }
 
-std::span<const unsigned> ToolBarButtons() {
-  return kToolBar;
-}
+std::span<const Accelerator> Accelerators() { return kAccelerators; }
 
-std::span<const unsigned> DrawingBarButtons() {
-  return kDrawingBar;
-}
+std::span<const unsigned> ToolBarButtons() { return kToolBar; }
+
+std::span<const unsigned> DrawingBarButtons() { return kDrawingBar; }
 
 std::string_view CommandPrompt(unsigned id) {
   const std::string_view text = PromptText(id);

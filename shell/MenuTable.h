@@ -32,6 +32,8 @@ bool IsRecentFileCommand(unsigned id);
 std::span<const MenuPopup> StartMenu();
 /// The menu while a chart is active.
 std::span<const MenuPopup> ChartMenu();
+/// The popup of the frame and its bars: what can be shown and hidden.
+std::span<const MenuEntry> BarMenu();
 std::span<const Accelerator> Accelerators();
 
 /// The buttons of a bar; 0 is a separator.

@@ -35,6 +35,4 @@ bool EntryExitTextBox::ReplaceAll(const std::string& findText, const std::string
   return entryChanged || exitChanged;
 }
 
-bool EntryExitTextBox::EditText(const std::string& /*title*/) {
-  return false;
-}
+bool EntryExitTextBox::EditText(const std::string& /*title*/) { return false; }

@@ -17,9 +17,7 @@ const std::string kKeyword = "FinalState";
 FinalState::FinalState(std::int32_t id, LayoutMgr* view, const RECT& rect)
     : State(id, view, rect, kKeyword) {}
 
-const std::string& FinalState::GetTypeName() const {
-  return kKeyword;
-}
+const std::string& FinalState::GetTypeName() const { return kKeyword; }
 
 void FinalState::Draw(CDC* dc) {
   const DrawResources& resources = DrawResources::Instance();
@@ -37,6 +35,4 @@ void FinalState::OnRectChanged(const RECT& old, bool sized) {
   UpdateIncoming(sized);
 }
 
-void FinalState::RefreshAnchors() {
-  RefreshMiddleAnchors();
-}
+void FinalState::RefreshAnchors() { RefreshMiddleAnchors(); }

@@ -16,9 +16,7 @@ const std::string kKeyword = "InitialState";
 InitialState::InitialState(std::int32_t id, LayoutMgr* view, const RECT& rect)
     : State(id, view, rect, kKeyword) {}
 
-const std::string& InitialState::GetTypeName() const {
-  return kKeyword;
-}
+const std::string& InitialState::GetTypeName() const { return kKeyword; }
 
 void InitialState::Draw(CDC* dc) {
   const RECT disc = InflateRect(view->ToLogical(rect), -kDiscMargin);
@@ -33,6 +31,4 @@ void InitialState::OnRectChanged(const RECT& old, bool sized) {
   UpdateOutgoing(sized);
 }
 
-void InitialState::RefreshAnchors() {
-  RefreshMiddleAnchors();
-}
+void InitialState::RefreshAnchors() { RefreshMiddleAnchors(); }

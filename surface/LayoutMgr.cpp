@@ -26,9 +26,7 @@ constexpr std::int32_t kPageStep = 6;
 LayoutMgr::LayoutMgr()
     : model(std::make_unique<ModelMgr>(this)), undoHistory(std::make_unique<UndoHistory>()) {}
 
-LayoutMgr::~LayoutMgr() {
-  model.reset();
-}
+LayoutMgr::~LayoutMgr() { model.reset(); }
 
 RECT LayoutMgr::ToLogical(const RECT& r) const {
   return {ToLogical(r.left), ToLogical(r.top), ToLogical(r.right), ToLogical(r.bottom)};
@@ -42,9 +40,7 @@ RECT LayoutMgr::ToModel(const RECT& r) const {
   return {ToModel(r.left), ToModel(r.top), ToModel(r.right), ToModel(r.bottom)};
 }
 
-Collection& LayoutMgr::GetSelection() const {
-  return model->GetSelection();
-}
+Collection& LayoutMgr::GetSelection() const { return model->GetSelection(); }
 
 void LayoutMgr::UpdateNodes(Shape* shape) {
   if (objectTree != nullptr) objectTree->UpdateNodes(shape);
@@ -63,9 +59,7 @@ void LayoutMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const 
   model->GetChartExtent(right, bottom);
 }
 
-void LayoutMgr::BringToFront(Shape* shape) {
-  model->BringToFront(shape);
-}
+void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
 void LayoutMgr::ApplyZoom() {
   SetScrollSizes({ToDevice(kChartSize.cx), ToDevice(kChartSize.cy)},
@@ -162,9 +156,7 @@ SIZE LayoutMgr::PictureSize() const {
   return {ToLogical(AddSat(right, 1)), ToLogical(AddSat(bottom, 1))};
 }
 
-void LayoutMgr::TakeSnapshot() {
-  undoHistory->Push(ModelText());
-}
+void LayoutMgr::TakeSnapshot() { undoHistory->Push(ModelText()); }
 
 std::string LayoutMgr::ModelText() const {
   std::ostringstream text;

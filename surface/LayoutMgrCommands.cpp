@@ -125,6 +125,4 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
   return true;
 }
 
-bool LayoutMgr::OnClose() {
-  return GetDocument() == nullptr || GetDocument()->SaveModified();
-}
+bool LayoutMgr::OnClose() { return GetDocument() == nullptr || GetDocument()->SaveModified(); }

@@ -2,6 +2,4 @@
 
 #include "model/RectShape.h"
 
-unsigned RectTracker::GetHandleMask() const {
-  return owner.GetHandleMask();
-}
+unsigned RectTracker::GetHandleMask() const { return owner.GetHandleMask(); }
