@@ -1,5 +1,6 @@
 #pragma once
 
+#include "connectors/AnchorMarker.h"
 #include "model/AnchorKey.h"
 #include "model/ComplexShape.h"
 #include "model/Connector.h"
@@ -19,12 +20,16 @@ class Line : public ComplexShape, public Connector {
   void Read(ModelStream& stream) override;
   void Draw(CDC* dc) override;
   bool HitTest(const POINT& client) const override;
+  bool HitTestNear(const POINT& model) const override;
   RECT GetPaintBounds() const override;
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned id) override;
+  void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;
   void OnLayerPlaced() override;
+  void OnDragMove(POINT& client) override;
   void OnBroadcast(int op, void* arg) override;
 
   void OnConnectableMoved(Connectable* moved) override;
@@ -49,6 +54,9 @@ class Line : public ComplexShape, public Connector {
   Connectable* FindConnectable(std::int32_t shapeId) const;
   static void Follow(const Connectable& shape, const AnchorKey& key, POINT& lineEnd);
   void MoveBy(POINT offset);
+  Connectable* ConnectableAt(POINT client) const;
+  void DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT other);
+  void DragWhole(POINT press);
 
   POINT start;
   POINT end;
@@ -58,6 +66,9 @@ class Line : public ComplexShape, public Connector {
   std::int32_t endId = 0;
   AnchorKey startKey;
   AnchorKey endKey;
+  AnchorMarker marker;
+  POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added
+  bool endInHand = false;
   std::int32_t colourIndex = 0;
   std::int32_t styleIndex = 0;
 };

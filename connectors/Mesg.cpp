@@ -59,7 +59,7 @@ void Mesg::Read(ModelStream& stream) {
 bool Mesg::RemapIds(IdMap& map) {
   ConnectableRectShape::RemapIds(map);
   const auto found = map.find(transitionId);
-  if (found == map.end()) return false;
+  if (transitionId == 0 || found == map.end()) return false;
   transitionId = found->second;
   return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "connectors/AnchorMarker.h"
 #include "connectors/EventEditorBox.h"
 #include "model/ConnectableRectShape.h"
 
@@ -22,11 +23,15 @@ class Mesg : public ConnectableRectShape {
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned id) override;
+  void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;
   void OnRestored() override;
   void OnRectChanged(const RECT& old, bool sized) override;
   void ShowHandles(bool show) override;
   void RefreshAnchors() override;
+  /// The callback while the green handle is dragged; the point is in device pixels, in and out.
+  virtual void OnStickDrag(POINT& client);
 
   /// The centre of the box, absolute model units.
   POINT GetCentre() const { return CentreOf(rect); }
@@ -50,9 +55,11 @@ class Mesg : public ConnectableRectShape {
  private:
   void ResolveTransition();
   POINT LabelPoint() const;
+  bool IsOnStickHandle(POINT client) const;
 
   EventEditorBox text;
   Transition* transition = nullptr;
+  AnchorMarker marker;
   std::int32_t bgTransparent = 0;
   std::int32_t noBorder = 0;
   COLORREF bgColor = 0xFFFFFF;

@@ -26,7 +26,8 @@ void TextBox::Draw(CDC* dc, const RECT* rect) const {
   const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
   const CFont oldFont = dc->SelectFont(view->GetFont());
   RECT area = *rect;
-  dc->DrawText(WithoutMarks(text), area, DT_WORDBREAK);
+  const std::string_view painted = std::string_view(text).substr(0, CDC::kMaxPaintedBytes);
+  dc->DrawText(WithoutMarks(painted), area, DT_WORDBREAK);
   dc->SelectFont(oldFont);
   dc->SetTextColor(oldColor);
   dc->SetBkMode(oldMode);

@@ -3,6 +3,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "connectors/AnchorMarker.h"
 #include "connectors/ChainRecord.h"
 #include "connectors/LinkChain.h"
 #include "connectors/MetafileStamp.h"
@@ -18,7 +19,7 @@ struct CPen;
 /// carry a message. Either end may be free.
 ///
 /// Its operations stand in several sources: the object and its ends here, its route in
-/// TransitionRoute, its painting in TransitionPaint.
+/// TransitionRoute, its painting in TransitionPaint, the mouse in TransitionDrag.
 class Transition : public ComplexShape {
  public:
   /// Empty, until `Read`.
@@ -36,8 +37,11 @@ class Transition : public ComplexShape {
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned id) override;
+  void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;
   void OnRestored() override;
+  void OnDragMove(POINT& client) override;
   void OnBroadcast(int op, void* arg) override;
 
   StartableState* GetSource() const { return source; }
@@ -112,6 +116,15 @@ class Transition : public ComplexShape {
   void ShowGhost(POINT offset);
   void EndGhost();
 
+  Link* LinkAt(POINT client) const;
+  template <class EndState>
+  EndState* StateAt(POINT client, AnchorKey& key) const;
+  bool TrackEnd(POINT press, POINT& drop);
+  void DragHead(POINT press);
+  void DragTail(POINT press);
+  void DragLink(POINT press);
+  void DragWhole(POINT press);
+
   POINT sourcePoint;
   POINT targetPoint;
   StartableState* source = nullptr;
@@ -119,7 +132,10 @@ class Transition : public ComplexShape {
   AnchorKey sourceKey;
   AnchorKey targetKey;
   LinkChain chain{this};
+  Link* activeLink = nullptr;  ///< the one in hand during a drag; null in a drag of the whole
+  AnchorMarker marker;
   MetafileStamp stamp;
+  POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added
   Mesg* mesg = nullptr;
   std::unordered_set<Mesg*> messages;  ///< all that name this transition; more than one in a
                                        ///< damaged file

@@ -76,6 +76,16 @@ class ModelMgr : public ShapeRegistry {
   /// Deletes the selected objects, with a question first if `prompt`.
   void DeleteSelected(bool prompt);
 
+  // The mouse, in device pixels. True: the model may have changed.
+  bool OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y);
+  bool OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y);
+  /// False if no object lies under the pointer or it leaves the cursor to the view.
+  bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message);
+  /// Opens the menu of the object under a client point; false if there is none.
+  bool OnContextMenu(CWnd* window, std::int32_t x, std::int32_t y);
+  /// Opens the menu of an object at a screen point.
+  bool ShowObjectMenu(Shape* shape, std::int32_t screenX, std::int32_t screenY);
+
   void Copy();
   void Cut();
   void Paste();
@@ -89,6 +99,9 @@ class ModelMgr : public ShapeRegistry {
   void Adopt(std::unique_ptr<Shape> made);
   POINT ModelPointOfDrop(POINT& client) const;
   ObjectBrowser* Browser() const;
+  bool TrackRubberBand(std::int32_t x, std::int32_t y);
+  /// The connection gesture; true if the press was used up.
+  bool BeginConnection(std::int32_t x, std::int32_t y);
   std::string SelectionText() const;
   /// Reads records into `pasteList`.
   void ReadPasted(const std::string& text);

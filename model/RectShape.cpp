@@ -15,6 +15,10 @@ constexpr std::int32_t kNearReach = 2;
 /// The least left and top of a rectangle that the user moves, model units.
 constexpr std::int32_t kFirstUnit = 1;
 
+bool HasSizeOf(const RECT& a, const RECT& b) {
+  return Width(a) == Width(b) && Height(a) == Height(b);
+}
+
 }  // namespace
 
 RectShape::RectShape() = default;
@@ -121,17 +125,52 @@ void RectShape::OnBroadcast(int op, void* arg) {
     case BROADCAST_DESELECTED: ShowHandles(false); break;
     case BROADCAST_SELECTED: ShowHandles(true); break;
     case BROADCAST_MOVE: MoveTo(rect + *static_cast<const POINT*>(arg)); break;
+    case BROADCAST_SHOW_GHOST: ShowGhost(*static_cast<const POINT*>(arg)); break;
+    case BROADCAST_END_GHOST:
+      if (tracker != nullptr) tracker->DrawTrackerRect({}, *view->GetDC());
+      break;
     default: break;
   }
 }
 
-void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
-  if (IsInSelection()) return;
-  view->GetSelection().Add(this);
-  ShowHandles(true);
+/// `offset` is less the scroll position, model units.
+void RectShape::ShowGhost(POINT offset) {
+  if (tracker == nullptr) return;
+  RECT ghost = view->ToDevice(rect + offset);
+  SnapDeviceRect(ghost);
+  tracker->rect = ghost;
+  tracker->DrawTrackerRect(ghost, *view->GetDC());
 }
 
-void RectShape::AdjustRect(unsigned /*handle*/, RECT& device) { SnapDeviceRect(device); }
+void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
+  if (!IsInSelection()) {
+    view->GetSelection().Add(this);
+    ShowHandles(true);
+  }
+  if (tracker == nullptr) return;
+  Collection& selection = view->GetSelection();
+  if (tracker->Track(*view, {x, y})) {
+    const RECT dropped = view->AddScroll(view->ToModel(tracker->GetTrueRect()));
+    if (HasSizeOf(dropped, rect)) {
+      POINT offset = TopLeft(dropped) - TopLeft(rect);
+      selection.Broadcast(BROADCAST_MOVE, &offset, this);
+      selection.Broadcast(BROADCAST_END_GHOST, nullptr, this);
+      MoveTo(dropped);
+    } else {
+      ResizeTo(dropped);
+    }
+  }
+  selection.Broadcast(BROADCAST_END_GHOST, nullptr, this);
+}
+
+/// A drag that keeps the size is a move, and the other selected shapes show where they would go.
+void RectShape::AdjustRect(unsigned /*handle*/, RECT& device) {
+  SnapDeviceRect(device);
+  const RECT model = view->ToModel(device);
+  if (!HasSizeOf(model, rect)) return;
+  POINT offset = TopLeft(model) - TopLeft(rect);
+  view->GetSelection().Broadcast(BROADCAST_SHOW_GHOST, &offset, this);
+}
 
 bool RectShape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
   return tracker != nullptr && tracker->SetCursor(*view, view->GetCursorPos());

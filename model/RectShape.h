@@ -53,6 +53,7 @@ class RectShape : public Shape {
 
  protected:
   void ChangeRect(const RECT& r, bool sized);
+  void ShowGhost(POINT offset);
 
   RECT rect;
   std::unique_ptr<RectTracker> tracker;

@@ -5,6 +5,27 @@
 #include "platform/CDC.h"
 #include "platform/CWnd.h"
 
+namespace {
+
+/// The rectangle with the sides of a handle, or all of it, moved by a distance.
+RECT Dragged(const RECT& r, int handle, POINT by) {
+  struct Sides {
+    bool left, top, right, bottom;
+  };
+  constexpr std::array<Sides, CRectTracker::kInside + 1> table{
+      Sides{true, true, false, false},  Sides{false, true, true, false},
+      Sides{false, false, true, true},  Sides{true, false, false, true},
+      Sides{false, true, false, false}, Sides{false, false, true, false},
+      Sides{false, false, false, true}, Sides{true, false, false, false},
+      Sides{true, true, true, true}};
+  const Sides& moves = table[static_cast<std::size_t>(handle)];
+  return {moves.left ? AddSat(r.left, by.x) : r.left, moves.top ? AddSat(r.top, by.y) : r.top,
+          moves.right ? AddSat(r.right, by.x) : r.right,
+          moves.bottom ? AddSat(r.bottom, by.y) : r.bottom};
+}
+
+}  // namespace
+
 RECT CRectTracker::GetHandleRect(int handle) const {
   const RECT r = GetTrueRect();
   const std::int32_t size = handleSize;
@@ -45,4 +66,66 @@ bool CRectTracker::SetCursor(CWnd& window, POINT p) const {
   if (hit == kNothing) return false;
   window.SetCursor(cursors[static_cast<std::size_t>(hit)]);
   return true;
+}
+
+bool CRectTracker::Track(CWnd& window, POINT p) {
+  const int hit = HitTest(p);
+  return hit != kNothing && TrackHandle(window, hit, p);
+}
+
+bool CRectTracker::TrackRubberBand(CWnd& window, POINT p) {
+  constexpr int bottomRight = 2;
+  rect = RectAt(p);
+  return TrackHandle(window, bottomRight, p) && !IsRectEmpty(GetTrueRect());
+}
+
+bool CRectTracker::TrackHandle(CWnd& window, int handle, POINT p) {
+  if (window.HasCapture()) return false;
+  const RECT original = rect;
+  bool moved = false;
+  bool cancelled = false;
+  window.SetCapture();
+  window.UpdateWindow();
+  for (bool tracking = true; tracking;) {
+    const Message message = window.NextMessage();
+    const bool lost = message.kind == Message::Kind::Quit || !window.HasCapture();
+    switch (lost ? Message::Kind::Quit : message.kind) {
+      case Message::Kind::MouseMove:
+        moved = true;
+        DragTo(window, Dragged(original, handle, message.point - p), handle);
+        break;
+      case Message::Kind::LButtonUp:
+        // A press without a move is no drag, whatever the limits would make of the rectangle.
+        if (moved) DragTo(window, Dragged(original, handle, message.point - p), handle);
+        tracking = false;
+        break;
+      case Message::Kind::Quit:
+      case Message::Kind::RButtonDown: cancelled = true; break;
+      case Message::Kind::KeyDown:
+        cancelled = message.key == VirtualKey::Escape;
+        if (!cancelled) window.DispatchMessage(message);
+        break;
+      default: window.DispatchMessage(message);
+    }
+    if (cancelled) tracking = false;
+  }
+  if (window.HasCapture()) window.ReleaseCapture();
+  DrawTrackerRect({}, *window.GetDC());
+  if (cancelled) rect = original;
+  return rect != original;
+}
+
+void CRectTracker::DragTo(CWnd& window, const RECT& dragged, int handle) {
+  RECT adjusted = dragged;
+  AdjustRect(handle, adjusted);
+  if (adjusted == rect) return;
+  rect = adjusted;
+  DrawTrackerRect(NormalizeRect(rect), *window.GetDC());
+}
+
+void CRectTracker::DrawTrackerRect(const RECT& frame, CDC& dc) {
+  if (frame == shownFrame) return;
+  dc.DrawFocusRect(shownFrame);
+  dc.DrawFocusRect(frame);
+  shownFrame = frame;
 }

@@ -5,8 +5,10 @@
 #include "platform/CWaitCursor.h"
 #include "platform/Clipboard.h"
 #include "platform/Dialogs.h"
+#include "platform/DragImages.h"
 #include "platform/MessageBox.h"
 #include "platform/Pictures.h"
+#include "platform/PopupMenus.h"
 #include "platform/Profile.h"
 
 // What stands in for each service of the desktop until a real one is set: they need no display.
@@ -52,6 +54,11 @@ class NoDialogs : public Dialogs {
   }
 };
 
+class NoPopupMenus : public PopupMenus {
+ public:
+  unsigned Track(const std::vector<Item>&, POINT) override { return 0; }
+};
+
 class NoPictures : public Pictures {
  public:
   std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<CNullDC>(); }
@@ -78,6 +85,16 @@ Profile& Profile::Default() {
 
 Dialogs& Dialogs::Default() {
   static NoDialogs service;
+  return service;
+}
+
+PopupMenus& PopupMenus::Default() {
+  static NoPopupMenus service;
+  return service;
+}
+
+DragImages& DragImages::Default() {
+  static DragImages service;
   return service;
 }
 

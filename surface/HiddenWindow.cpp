@@ -1,9 +1,48 @@
 #include "surface/HiddenWindow.h"
 
-#include "model/Shape.h"
+#include "connectors/Mesg.h"
+#include "connectors/Transition.h"
+#include "model/ConnectableRectShape.h"
+#include "platform/PopupMenus.h"
+#include "resources/CommandIds.h"
 #include "surface/LayoutMgr.h"
+#include "surface/ObjectMenus.h"
+
+void HiddenWindow::ShowMenu(Shape* shape, POINT screen) {
+  std::vector<PopupMenus::Item> items;
+  for (const ObjectMenuEntry& entry : MenuOf(shape)) {
+    items.push_back({entry.id, entry.text, OnUpdateCommand(entry.id)});
+  }
+  if (items.empty()) return;
+  const unsigned chosen = Service<PopupMenus>::Get().Track(items, screen);
+  if (chosen != 0) OnCommand(chosen);
+}
+
+CommandState HiddenWindow::OnUpdateCommand(unsigned id) const {
+  const auto* transition = dynamic_cast<const Transition*>(target);
+  const Mesg* mesg = transition != nullptr ? transition->GetMesg() : nullptr;
+  switch (id) {
+    case ID_TRANSITION_ADD_MESG: return CommandState::Enabled(mesg == nullptr);
+    case ID_TRANSITION_DELETE_MESG: return CommandState::Enabled(mesg != nullptr);
+    case ID_TRANSITION_ALIGN_MESG:
+      return CommandState::Enabled(mesg != nullptr && !mesg->IsAligned());
+    case ID_MESG_ALIGN: {
+      const auto* box = dynamic_cast<const Mesg*>(target);
+      return CommandState::Enabled(box != nullptr && !box->IsAligned());
+    }
+    case ID_SHOW_ANCHORS: {
+      const auto* shape = dynamic_cast<const ConnectableRectShape*>(target);
+      return CommandState::Checked(shape != nullptr && shape->AreAnchorsShown());
+    }
+    default: return CommandState::Enabled(true);
+  }
+}
 
 void HiddenWindow::OnCommand(unsigned id) {
+  if (id == ID_BRING_TO_FRONT || id == ID_SEND_TO_BACK) {
+    view->OnCommand(id);
+    return;
+  }
   if (target == nullptr) return;
   target->OnCommand(id);
   target = nullptr;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/CWnd.h"
+
 class LayoutMgr;
 class Shape;
 
@@ -10,8 +12,12 @@ class HiddenWindow {
 
   /// The object that gets the commands; it isn't owned.
   void SetTarget(Shape* shape) { target = shape; }
-  /// Carries a command of the menu out on the target and takes an undo snapshot. The target may
-  /// have deleted itself afterwards.
+  /// Opens the context menu of an object at a screen point and carries out what is chosen.
+  void ShowMenu(Shape* shape, POINT screen);
+  /// Whether a command of the menu can be given, and its check mark, for the target.
+  CommandState OnUpdateCommand(unsigned id) const;
+  /// Carries a command out, on the target or on the view, and takes an undo snapshot. The target
+  /// may have deleted itself afterwards.
   void OnCommand(unsigned id);
 
  private:

@@ -5,12 +5,14 @@
 
 #include "codegen/ModelProperties.h"
 #include "connectors/AnchorMarker.h"
+#include "model/AnchorKey.h"
 #include "model/Shape.h"
 #include "model/ShapeGeometry.h"
 #include "platform/CScrollView.h"
 #include "platform/DrawingTools.h"
 
 class Collection;
+class Connectable;
 class ModelMgr;
 class ModelStream;
 class ObjectBrowser;
@@ -73,6 +75,17 @@ class LayoutMgr : public CScrollView {
   /// The lower right corner of all objects, model units.
   void GetChartExtent(std::int32_t& right, std::int32_t& bottom) const;
   void BringToFront(Shape* shape);
+  /// The anchor of a shape that answers at a client point.
+  bool FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const;
+  /// The pointer is on an anchor where a connection can start.
+  bool IsOverAnchor() const { return overAnchor; }
+  /// The callback while a connection is drawn: `context` is the view; the point is in device pixels
+  /// and jumps to an anchor where the connection can end.
+  static void TrackAnchorTarget(POINT& client, void* context);
+  /// The command of the tool that is chosen; 0 for none.
+  unsigned GetTool() const { return tool; }
+  /// Opens the chart's own menu at a screen point and carries out what is chosen.
+  void ShowChartMenu(POINT screen);
   /// Sets sizes and position of the scroll bars for a new zoom.
   void ApplyZoom();
   /// A uniform scale from logical units to device pixels; the origin stays.
@@ -97,6 +110,13 @@ class LayoutMgr : public CScrollView {
   void OnInitialUpdate() override;
   void OnDraw(CDC& dc) override;
   bool OnScrollBy(SIZE distance) override;
+  void OnLButtonDown(unsigned flags, POINT p) override;
+  void OnLButtonUp(unsigned flags, POINT p) override;
+  void OnLButtonDblClk(unsigned flags, POINT p) override;
+  void OnMouseMove(unsigned flags, POINT p) override;
+  void OnMouseLeave() override;
+  void OnContextMenu(POINT screen) override;
+  void OnSetCursor() override;
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
   bool OnCommand(unsigned id) override;
   CommandState OnUpdateCommand(unsigned id) override;
@@ -114,10 +134,22 @@ class LayoutMgr : public CScrollView {
   void DeleteSelection();
   void RunSelectionCommand(unsigned id);
   void ScrollHome();
+  void ShowHover(POINT client);
+  void HideHover();
+  void ChooseTool(unsigned id);
+  void BeginToolDrag();
+  void MoveTool(POINT client);
+  void EndToolDrag();
+  void InsertTool(POINT client);
   bool IsEnabled(unsigned id) const;
   void Undo();
   void Redo();
 
+  unsigned tool = 0;
+  bool toolDragging = false;  ///< the picture of the tool follows the pointer
+  bool overAnchor = false;
+  AnchorMarker sourceMark;  ///< the anchor where a connection can start
+  AnchorMarker targetMark;  ///< the anchor where the connection being drawn would end
   CFont font;
   CFont boldFont;
   COLORREF textColor = 0;

@@ -61,7 +61,14 @@ CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
     case ID_EDIT_UNDO:
     case ID_EDIT_REDO:
     case ID_POINTER:
+    case ID_TOOL_DRAG_STARTED:
     case ID_FILE_SAVE: return CommandState::Enabled(IsEnabled(id));
+    case ID_TOOL_STATE:
+    case ID_TOOL_TRANSITION:
+    case ID_TOOL_INITIAL_STATE:
+    case ID_TOOL_FINAL_STATE:
+    case ID_TOOL_NOTE:
+    case ID_TOOL_LINE: return CommandState::Checked(tool == id);
     default: return {};
   }
 }
@@ -85,7 +92,17 @@ bool LayoutMgr::OnCommand(unsigned id) {
     case ID_ZOOM_NORMAL: ChangeZoom(kNormalZoom); break;
     case ID_REFRESH: Invalidate(); break;
     case ID_DELETE: DeleteSelection(); break;
-    case ID_POINTER: model->DeselectAll(); break;
+    case ID_POINTER:
+      EndToolDrag();
+      model->DeselectAll();
+      break;
+    case ID_TOOL_STATE:
+    case ID_TOOL_TRANSITION:
+    case ID_TOOL_INITIAL_STATE:
+    case ID_TOOL_FINAL_STATE:
+    case ID_TOOL_NOTE:
+    case ID_TOOL_LINE: ChooseTool(id); break;
+    case ID_TOOL_DRAG_STARTED: BeginToolDrag(); break;
     case ID_EDIT_SELECT_ALL:
     case ID_EDIT_COPY:
     case ID_EDIT_CUT:
@@ -110,7 +127,10 @@ void LayoutMgr::ScrollHome() {
 
 bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
   switch (key) {
-    case VirtualKey::Escape: model->DeselectAll(); break;
+    case VirtualKey::Escape:
+      EndToolDrag();
+      model->DeselectAll();
+      break;
     case VirtualKey::Prior: OnScroll(ScrollBar::Vertical, ScrollCode::PageBack); break;
     case VirtualKey::Next: OnScroll(ScrollBar::Vertical, ScrollCode::PageForward); break;
     case VirtualKey::Home: ScrollHome(); break;

@@ -3,3 +3,7 @@
 #include "model/RectShape.h"
 
 unsigned RectTracker::GetHandleMask() const { return owner.GetHandleMask(); }
+
+void RectTracker::AdjustRect(int handle, RECT& dragged) {
+  owner.AdjustRect(static_cast<unsigned>(handle), dragged);
+}

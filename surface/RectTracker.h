@@ -11,6 +11,7 @@ class RectTracker : public CRectTracker {
 
   explicit RectTracker(RectShape& owner) : CRectTracker(kHandleSize), owner(owner) {}
   unsigned GetHandleMask() const override;
+  void AdjustRect(int handle, RECT& dragged) override;
 
  private:
   RectShape& owner;

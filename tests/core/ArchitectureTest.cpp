@@ -1,9 +1,10 @@
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <regex>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -14,35 +15,48 @@ const std::vector<std::string> kRooms = {"platform",   "resources",   "model",  
                                          "connectors", "persistence", "surface", "dialogs",
                                          "codegen",    "shell"};
 
-bool IsToolkitFolder(const std::string& path) {
-  return path.find("/qt/") != std::string::npos;
+bool IsToolkitFolder(const std::string& path) { return path.find("/qt/") != std::string::npos; }
+
+bool IsLowest(const std::string& room) { return room == "platform" || room == "resources"; }
+
+/// The name between the brackets or quotes of an include line, with its opening mark before it;
+/// empty for any other line.
+std::string IncludedBy(const std::string& line) {
+  std::string text = line;
+  std::erase_if(text, [](unsigned char c) { return std::isspace(c) != 0; });
+  constexpr std::string_view directive = "#include";
+  if (text.rfind(directive, 0) != 0) return {};
+  text.erase(0, directive.size());
+  const auto end = text.find_first_of(">\"", 1);
+  const bool isWhole = !text.empty() && (text[0] == '<' || text[0] == '"');
+  return isWhole && end != std::string::npos ? text.substr(0, end) : std::string();
 }
 
-bool IsLowest(const std::string& room) {
-  return room == "platform" || room == "resources";
+/// Qt's headers are Q and a capital (`QWidget`), a folder (`QtCore/...`) or q and `.h`
+/// (`qglobal.h`).
+bool IsToolkitHeader(const std::string& name) {
+  const std::string last = name.substr(name.rfind('/') + 1);
+  if (name.rfind("Qt", 0) == 0) return true;
+  const bool isClass = last.size() > 1 && last[0] == 'Q' && std::isupper(last[1]) != 0;
+  return isClass || (last[0] == 'q' && last.ends_with(".h"));
 }
 
 /// What is wrong with a line of a source, by the levels of the folders; empty if nothing is.
 /// `path` is relative to the root, with slashes.
 std::string Complaint(const std::string& path, const std::string& line) {
-  static const std::regex include(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
-  std::smatch parts;
-  if (!std::regex_search(line, parts, include)) return {};
-  const std::string name = parts[2];
-  const bool isOurs = parts[1] == "\"";
-  static const std::regex toolkit(R"((^|/)(Q[A-Z]\w*|q[a-z]\w*\.h)$|^Qt)");
+  const std::string included = IncludedBy(line);
+  if (included.empty()) return {};
+  const bool isOurs = included[0] == '"';
+  const std::string name = included.substr(1);
   if (!IsToolkitFolder(path)) {
-    if (std::regex_search(name, toolkit)) return "includes the toolkit";
+    if (IsToolkitHeader(name)) return "includes the toolkit";
     if (name.find("qt/") != std::string::npos) return "includes a header of a toolkit folder";
   }
+  if (!isOurs || name.ends_with(".moc")) return {};
+  const auto slash = name.find('/');
+  if (slash == std::string::npos) return "includes without the path from the root";
   const std::string room = path.substr(0, path.find('/'));
-  if (isOurs && IsLowest(room)) {
-    const std::string other = name.substr(0, name.find('/'));
-    if (name.find('/') == std::string::npos) return {};
-    if (!IsLowest(other)) return "reaches above its level";
-  }
-  if (isOurs && name.find('/') == std::string::npos && name.find("moc") == std::string::npos)
-    return "includes without the path from the root";
+  if (IsLowest(room) && !IsLowest(name.substr(0, slash))) return "reaches above its level";
   return {};
 }
 
@@ -120,6 +134,7 @@ INSTANTIATE_TEST_SUITE_P(
         LineCase{"shell/qt/MainFrame.cpp", "#include \"shell/qt/MainFrame.h\"", ""},
         LineCase{"platform/CWnd.cpp", "#include \"resources/CommandIds.h\"", ""},
         LineCase{"model/Shape.cpp", "#include <queue>", ""},
+        LineCase{"shell/qt/MainFrame.cpp", "#include \"MainFrame.moc\"", ""},
         LineCase{"model/Shape.cpp", "#include \"platform/CDC.h\"", ""},
         LineCase{"model/Shape.cpp", "// see <QWidget>", ""}));
 

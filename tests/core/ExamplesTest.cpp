@@ -66,9 +66,7 @@ class Example : public testing::TestWithParam<Promise> {
   LayoutMgr view;
 };
 
-TEST_P(Example, WritesTheSameBytesBack) {
-  EXPECT_EQ(ModelFile::ToDisk(view.ModelText()), Bytes());
-}
+TEST_P(Example, WritesTheSameBytesBack) { EXPECT_EQ(ModelFile::ToDisk(view.ModelText()), Bytes()); }
 
 TEST_P(Example, HoldsWhatIsPromised) {
   std::map<std::string, int> counts;

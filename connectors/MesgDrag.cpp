@@ -1,0 +1,56 @@
+// The mouse on a message: besides what every rectangle does, the green handle in its middle is
+// dragged onto the label of the route.
+
+#include "connectors/Mesg.h"
+#include "connectors/Transition.h"
+#include "model/DrawResources.h"
+#include "platform/CDC.h"
+#include "surface/LayoutMgr.h"
+#include "surface/PointTracker.h"
+
+namespace {
+
+/// How far around the label the rubber line snaps to it, device pixels.
+constexpr std::int32_t kSnapReach = 8;
+
+void ForwardStickDrag(POINT& client, void* mesg) { static_cast<Mesg*>(mesg)->OnStickDrag(client); }
+
+}  // namespace
+
+/// A loose box has no label that its handle could be dragged to.
+bool Mesg::IsOnStickHandle(POINT client) const {
+  return transition != nullptr && IsInSelection() && PtInRect(GetStickHandle(), client);
+}
+
+void Mesg::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
+  const POINT press{x, y};
+  if (!IsOnStickHandle(press)) {
+    ConnectableRectShape::OnLButtonDown(flags, x, y);
+    return;
+  }
+  PointTracker tracker(this, ForwardStickDrag, true);
+  tracker.fixedPoint = tracker.movingPoint = press;
+  const bool dropped = tracker.Track(view);
+  if (dropped && PtInRect(transition->GetLabelRect(), tracker.movingPoint)) Align();
+  marker.Hide(*view->GetDC());
+}
+
+void Mesg::OnStickDrag(POINT& client) {
+  client = view->ToDevice(view->ToModel(client));
+  const RECT near = InflateRect(transition->GetLabelRect(), kSnapReach);
+  const std::unique_ptr<CDC> window = view->GetDC();
+  if (PtInRect(near, client)) {
+    client = CentreOf(near);
+    marker.Show(client, *window);
+  } else {
+    marker.Hide(*window);
+  }
+}
+
+bool Mesg::OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) {
+  if (!IsOnStickHandle(view->GetCursorPos())) {
+    return ConnectableRectShape::OnSetCursor(window, hitTest, message);
+  }
+  view->SetCursor(DrawResources::Instance().endHandle);
+  return true;
+}

@@ -1,0 +1,101 @@
+#include "connectors/Transition.h"
+#include "model/ModelMgr.h"
+#include "platform/CRectTracker.h"
+#include "platform/CWnd.h"
+#include "states/EndableState.h"
+#include "states/StartableState.h"
+#include "surface/HiddenWindow.h"
+#include "surface/LayoutMgr.h"
+#include "surface/PointTracker.h"
+
+// What a press of the mouse means by what lies under it. All points are device pixels.
+
+namespace {
+
+/// The corners of a rubber band have no handles.
+constexpr int kNoHandles = 0;
+
+}  // namespace
+
+bool ModelMgr::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
+  Shape* hit = ObjectAt({x, y});
+  const bool withControl = (flags & MK_CONTROL) != 0;
+  const bool withShift = (flags & MK_SHIFT) != 0;
+  if (withControl && dynamic_cast<Transition*>(hit) == nullptr) return TrackRubberBand(x, y);
+  if (hit == nullptr) {
+    if (TrackRubberBand(x, y)) return true;
+    DeselectAll();
+    return false;
+  }
+  if (!selection.Contains(hit)) {
+    if (BeginConnection(x, y)) return true;
+    if (!withShift) DeselectAll();
+  } else if (withShift) {
+    selection.Remove(hit);
+    hit->OnBroadcast(BROADCAST_DESELECTED, nullptr);
+    return true;
+  }
+  hit->OnLButtonDown(flags, x, y);
+  return true;
+}
+
+bool ModelMgr::OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) {
+  Shape* hit = ObjectAt({x, y});
+  if (hit == nullptr) return false;
+  hit->OnLButtonDblClk(flags, x, y);
+  return true;
+}
+
+bool ModelMgr::OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) {
+  Shape* hit = ObjectAt(view->GetCursorPos());
+  return hit != nullptr && hit->OnSetCursor(window, hitTest, message);
+}
+
+bool ModelMgr::OnContextMenu(CWnd* /*window*/, std::int32_t x, std::int32_t y) {
+  Shape* hit = ObjectAt({x, y});
+  if (hit == nullptr) return false;
+  const POINT screen = view->ClientToScreen({x, y});
+  return ShowObjectMenu(hit, screen.x, screen.y);
+}
+
+bool ModelMgr::ShowObjectMenu(Shape* shape, std::int32_t screenX, std::int32_t screenY) {
+  selection.Add(shape);
+  shape->OnBroadcast(BROADCAST_SELECTED, nullptr);
+  menuWindow->SetTarget(shape);
+  menuWindow->ShowMenu(shape, {screenX, screenY});
+  return true;
+}
+
+bool ModelMgr::TrackRubberBand(std::int32_t x, std::int32_t y) {
+  CRectTracker band(kNoHandles);
+  if (!band.TrackRubberBand(*view, {x, y})) return false;
+  const std::vector<Shape*> found = FindShapesInRect(band.GetTrueRect());
+  if (found.empty()) return true;
+  for (Shape* shape : found) selection.Add(shape);
+  selection.Broadcast(BROADCAST_SELECTED, nullptr, nullptr);
+  return true;
+}
+
+bool ModelMgr::BeginConnection(std::int32_t x, std::int32_t y) {
+  if (!view->IsOverAnchor()) return false;
+  const POINT press{x, y};
+  PointTracker tracker(view, LayoutMgr::TrackAnchorTarget, true);
+  tracker.fixedPoint = press;
+  tracker.movingPoint = press;
+  if (!tracker.Track(view)) return true;
+
+  Shape* sourceShape = ObjectNear(press, LAYER_STATE);
+  auto* source = dynamic_cast<StartableState*>(sourceShape);
+  AnchorKey sourceKey;
+  if (source == nullptr || !view->FindAnchorAt(*source, press, sourceKey)) return false;
+
+  const POINT drop = tracker.movingPoint;
+  Shape* targetShape = ObjectNear(drop, LAYER_STATE);
+  auto* target = dynamic_cast<EndableState*>(targetShape);
+  AnchorKey targetKey;
+  if (target == nullptr && targetShape == sourceShape) return false;
+  if (target != nullptr && !view->FindAnchorAt(*target, drop, targetKey)) target = nullptr;
+  ConnectAnchors(source, target, &sourceKey, &targetKey, &drop);
+  view->TakeSnapshot();
+  return true;
+}

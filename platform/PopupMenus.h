@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/CWnd.h"
+#include "platform/Service.h"
+
+/// Popup menus at a point of the screen. The default service has no screen: nothing is chosen.
+class PopupMenus {
+ public:
+  struct Item {
+    unsigned id;       ///< 0 is a separator
+    std::string text;  ///< with "&" before the mnemonic
+    CommandState state;
+  };
+
+  virtual ~PopupMenus() = default;
+  /// Shows the menu and waits; gives the chosen command, or 0.
+  virtual unsigned Track(const std::vector<Item>& items, POINT screen) = 0;
+  static PopupMenus& Default();
+};

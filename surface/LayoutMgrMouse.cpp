@@ -1,0 +1,138 @@
+#include "connectors/AnchorSnap.h"
+#include "model/Collection.h"
+#include "model/DrawResources.h"
+#include "model/ModelMgr.h"
+#include "platform/CDC.h"
+#include "platform/DragImages.h"
+#include "platform/PopupMenus.h"
+#include "resources/CommandIds.h"
+#include "states/EndableState.h"
+#include "states/StartableState.h"
+#include "surface/LayoutMgr.h"
+#include "surface/ObjectMenus.h"
+
+// The mouse over a chart: the hover marks, the tools and their picture at the pointer, the menu.
+
+namespace {
+
+/// The picture of a tool hangs so far to the lower right of the pointer, pixels.
+constexpr POINT kToolImageOffset{10, 10};
+
+bool IsTool(unsigned id) { return id >= ID_TOOL_STATE && id <= ID_TOOL_LINE; }
+
+}  // namespace
+
+bool LayoutMgr::FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const {
+  return shape.FindAnchorNear(ToLogical(ToAbsolute(client)), key);
+}
+
+void LayoutMgr::TrackAnchorTarget(POINT& client, void* context) {
+  auto& view = *static_cast<LayoutMgr*>(context);
+  const auto* target = dynamic_cast<EndableState*>(view.FindShapeNear(client, LAYER_STATE));
+  SnapToAnchor(target, view, view.targetMark, client);
+}
+
+void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
+  if (model->OnLButtonDown(flags, p.x, p.y)) TakeSnapshot();
+}
+
+void LayoutMgr::OnLButtonDblClk(unsigned flags, POINT p) {
+  model->OnLButtonDblClk(flags, p.x, p.y);
+}
+
+void LayoutMgr::OnLButtonUp(unsigned /*flags*/, POINT p) {
+  if (toolDragging && PtInRect(GetClientRect(), p)) {
+    InsertTool(p);
+    TakeSnapshot();
+  }
+  EndToolDrag();
+}
+
+void LayoutMgr::OnMouseMove(unsigned /*flags*/, POINT p) {
+  if (toolDragging) {
+    MoveTool(p);
+    return;
+  }
+  ShowHover(p);
+}
+
+void LayoutMgr::OnMouseLeave() {
+  if (!HasCapture()) HideHover();
+}
+
+void LayoutMgr::ShowHover(POINT client) {
+  const auto* source = dynamic_cast<StartableState*>(FindShapeNear(client, LAYER_STATE));
+  overAnchor = SnapToAnchor(source, *this, sourceMark, client);
+  if (!overAnchor) targetMark.Hide(*GetDC());
+}
+
+void LayoutMgr::HideHover() {
+  const std::unique_ptr<CDC> dc = GetDC();
+  sourceMark.Hide(*dc);
+  targetMark.Hide(*dc);
+  overAnchor = false;
+}
+
+void LayoutMgr::OnSetCursor() {
+  if (!model->OnSetCursor(this, 0, 0)) SetCursor(DrawResources::Instance().arrow);
+}
+
+void LayoutMgr::OnContextMenu(POINT screen) {
+  const POINT client = ScreenToClient(screen);
+  if (model->OnContextMenu(this, client.x, client.y)) return;
+  ShowChartMenu(screen);
+}
+
+void LayoutMgr::ShowChartMenu(POINT screen) {
+  std::vector<PopupMenus::Item> items;
+  for (const ObjectMenuEntry& entry : MenuOfChart()) {
+    items.push_back({entry.id, entry.text, OnUpdateCommand(entry.id)});
+  }
+  const unsigned chosen = Service<PopupMenus>::Get().Track(items, screen);
+  if (chosen != 0) OnCommand(chosen);
+  TakeSnapshot();
+}
+
+void LayoutMgr::ChooseTool(unsigned id) {
+  tool = id;
+  // A transition goes from the bar to the chart with the button down; its drag begins there.
+  if (id != ID_TOOL_TRANSITION) BeginToolDrag();
+}
+
+void LayoutMgr::BeginToolDrag() {
+  if (!IsTool(tool)) return;
+  toolDragging = true;
+  HideHover();
+  Service<DragImages>::Get().Show(tool, ClientToScreen(GetCursorPos()) + kToolImageOffset);
+  SetCapture();
+}
+
+void LayoutMgr::MoveTool(POINT client) {
+  if (PtInRect(GetClientRect(), client)) {
+    BeginToolDrag();
+    return;
+  }
+  // Away: the tool goes on when the pointer comes back.
+  Service<DragImages>::Get().Hide();
+  ReleaseCapture();
+}
+
+void LayoutMgr::EndToolDrag() {
+  if (!toolDragging) return;
+  toolDragging = false;
+  Service<DragImages>::Get().Hide();
+  ReleaseCapture();
+  tool = 0;
+}
+
+void LayoutMgr::InsertTool(POINT client) {
+  switch (tool) {
+    case ID_TOOL_STATE: model->InsertGenericState(client); break;
+    case ID_TOOL_TRANSITION: model->InsertTransition(client); break;
+    case ID_TOOL_INITIAL_STATE: model->InsertInitialState(client); break;
+    case ID_TOOL_FINAL_STATE: model->InsertFinalState(client); break;
+    case ID_TOOL_NOTE: model->InsertNote(client); break;
+    case ID_TOOL_LINE: model->InsertLine(client); break;
+    default: break;
+  }
+}

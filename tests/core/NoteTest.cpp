@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "connectors/Note.h"
+#include "platform/CMetaFileDC.h"
+#include "platform/CNullDC.h"
+#include "surface/LayoutMgr.h"
+#include "tests/support/Charts.h"
+
+namespace {
+
+constexpr int kNote = 104;
+
+std::unique_ptr<LayoutMgr> Chart(const std::string& text, const std::string& flags = "0 0") {
+  std::string record = NoteRecord(kNote, {40, 10, 52, 16}, Block(text));
+  record.replace(record.find("0 0 8454143"), 3, flags);
+  return LoadChart(ChartText(record));
+}
+
+Metafile Paint(const LayoutMgr& chart) {
+  CNullDC reference;
+  CMetaFileDC dc(reference);
+  dc.SetPrinting(true);
+  Find<Note>(chart, kNote)->Draw(&dc);
+  return dc.Close();
+}
+
+TEST(Note, IsASheetWithAFoldedCorner) {
+  for (const bool transparent : {false, true}) {
+    const Metafile drawn = Paint(*Chart("n", transparent ? "1 1" : "0 0"));
+    ASSERT_EQ(drawn.records.size(), 4U);
+    EXPECT_EQ(
+        drawn.records[0].points,
+        (std::vector<POINT>{{240, 60}, {240, 95}, {311, 95}, {311, 72}, {299, 60}, {240, 60}}));
+    EXPECT_EQ(drawn.records[0].brush.hollow, transparent);
+    EXPECT_EQ(drawn.records[0].pen, (CPen{PenStyle::Solid, 0, 0x000080}));
+    EXPECT_EQ(drawn.records[1].points, (std::vector<POINT>{{311, 72}, {299, 72}}));
+    EXPECT_EQ(drawn.records[2].points, (std::vector<POINT>{{299, 72}, {299, 60}}));
+    EXPECT_EQ(drawn.records[3].rect, (RECT{243, 63, 299, 92}));
+  }
+}
+
+TEST(Note, HidesItsMarksButKeepsThem) {
+  const auto chart = Chart("a<M>b<<M>M>c<M");
+  const Metafile drawn = Paint(*chart);
+  EXPECT_EQ(drawn.records.back().text, "abc<M");
+  EXPECT_TRUE(Find<Note>(*chart, kNote)->GetText().Contains("a<M>b<<M>M>c"));
+  EXPECT_NE(chart->ModelText().find("\na<M>b<<M>M>c<M\n"), std::string::npos);
+}
+
+TEST(Note, HasNoAnchorAtTheFold) {
+  const auto chart = Chart("n");
+  const Note& note = *Find<Note>(*chart, kNote);
+  EXPECT_EQ(note.GetAnchors().size(), 7U);
+  EXPECT_EQ(*note.AnchorAt({3, SIDE_BOTTOM}), (POINT{40, 16}));
+  EXPECT_EQ(note.AnchorAt({3, SIDE_TOP}), nullptr);
+  AnchorKey key;
+  EXPECT_FALSE(note.FindAnchorNear({52 * 6, 10 * 6}, key));
+}
+
+}  // namespace
