@@ -1,0 +1,43 @@
+#include "platform/qt/QtDialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+
+#include "platform/Files.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+constexpr const char* kAllFiles = "All Files (*)";
+
+std::optional<std::string> Ask(QFileDialog& dialog, const Dialogs::FileFilter& filter) {
+  dialog.setNameFilters({ToQString(filter.text), kAllFiles});
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return FromQPath(dialog.selectedFiles().constFirst());
+}
+
+}  // namespace
+
+std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
+  QFileDialog dialog(QApplication::activeWindow(), "Open", ToQPath(lastFolder));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  const auto path = Ask(dialog, filter);
+  if (path) lastFolder = FolderOf(*path);
+  return path;
+}
+
+std::optional<std::string> QtDialogs::AskSavePath(const FileFilter& filter,
+                                                  const std::string& suggestion) {
+  QFileDialog dialog(QApplication::activeWindow(), "Save As");
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(ToQString(filter.extension));
+  const std::string folder = FolderOf(suggestion);
+  if (!folder.empty() || !lastFolder.empty()) {
+    dialog.setDirectory(ToQPath(folder.empty() ? lastFolder : folder));
+  }
+  dialog.selectFile(ToQPath(FileNameOf(suggestion)));
+  const auto path = Ask(dialog, filter);
+  if (path) lastFolder = FolderOf(*path);
+  return path;
+}

@@ -1,0 +1,60 @@
+#include "platform/qt/QtMessageBoxes.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "platform/qt/QtText.h"
+
+namespace {
+
+QMessageBox::StandardButtons ButtonsOf(unsigned flags) {
+  switch (flags & kButtonSetMask) {
+    case MB_YESNO: return QMessageBox::Yes | QMessageBox::No;
+    case MB_YESNOCANCEL: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    default: return QMessageBox::Ok;
+  }
+}
+
+QMessageBox::Icon IconOf(unsigned flags) {
+  switch (flags & kIconMask) {
+    case MB_ICONHAND: return QMessageBox::Critical;
+    case MB_ICONEXCLAMATION: return QMessageBox::Warning;
+    default: return QMessageBox::NoIcon;
+  }
+}
+
+MessageAnswer AnswerOf(int button, unsigned flags) {
+  switch (button) {
+    case QMessageBox::Yes: return MessageAnswer::Yes;
+    case QMessageBox::No: return MessageAnswer::No;
+    case QMessageBox::Ok: return MessageAnswer::Ok;
+    default:
+      // Closed without a button: the answer that changes nothing.
+      if ((flags & kButtonSetMask) == MB_YESNOCANCEL) return MessageAnswer::Cancel;
+      return (flags & kButtonSetMask) == MB_YESNO ? MessageAnswer::No : MessageAnswer::Ok;
+  }
+}
+
+}  // namespace
+
+MessageAnswer QtMessageBoxes::Show(const std::string& text, unsigned flags) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setWindowTitle(QApplication::applicationDisplayName());
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQString(text));
+  box.setIcon(IconOf(flags));
+  box.setStandardButtons(ButtonsOf(flags));
+  const bool second = (flags & MB_DEFBUTTON2) != 0;
+  switch (flags & kButtonSetMask) {
+    case MB_YESNO:
+      box.setDefaultButton(second ? QMessageBox::No : QMessageBox::Yes);
+      box.setEscapeButton(QMessageBox::No);
+      break;
+    case MB_YESNOCANCEL:
+      box.setDefaultButton(second ? QMessageBox::No : QMessageBox::Yes);
+      box.setEscapeButton(QMessageBox::Cancel);
+      break;
+    default: break;
+  }
+  return AnswerOf(box.exec(), flags);
+}

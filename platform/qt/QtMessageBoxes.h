@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/MessageBox.h"
+
+/// Message boxes over the window in use.
+class QtMessageBoxes : public MessageBoxes {
+ public:
+  MessageAnswer Show(const std::string& text, unsigned flags) override;
+};

@@ -1,0 +1,152 @@
+#include "platform/qt/QtPictures.h"
+
+#include <unordered_set>
+
+#include <QBuffer>
+#include <QHash>
+#include <QHashSeed>
+#include <QImageWriter>
+#include <QPageSize>
+#include <QPdfWriter>
+
+#include "platform/qt/QtDC.h"
+
+namespace {
+
+constexpr int kScreenInch = 96;
+constexpr double kPointsPerInch = 72;
+/// Units of a page to a logical unit: fine enough that nobody sees the rounding.
+constexpr int kPageScale = 20;
+constexpr int kDotsPerMetre = 3780;  // 96 to the inch
+constexpr std::size_t kPaletteSize = 256;
+constexpr int kFastCompression = 30;  // of 100
+
+/// A context on a picture of its own.
+class ReferenceContext : public QtDC {
+ public:
+  ReferenceContext(std::unique_ptr<QImage> image, QtFontCache& fonts)
+      : QtDC(*image, 1, fonts), image(std::move(image)) {}
+
+ private:
+  std::unique_ptr<QImage> image;
+};
+
+/// The colours of a picture in the order of their first pixel; empty if there are too many for a
+/// palette.
+QList<QRgb> PaletteOf(const QImage& image) {
+  QList<QRgb> colors;
+  std::unordered_set<QRgb> seen;
+  QRgb last = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    for (int x = 0; x < image.width(); ++x) {
+      if (line[x] == last || !seen.insert(line[x]).second) continue;
+      last = line[x];
+      if (seen.size() > kPaletteSize) return {};
+      colors << line[x];
+    }
+  }
+  return colors;
+}
+
+QImage ToPalette(const QImage& image, const QList<QRgb>& colors) {
+  QHash<QRgb, uchar> indices;
+  for (qsizetype i = 0; i < colors.size(); ++i) indices.insert(colors[i], static_cast<uchar>(i));
+  QImage result(image.size(), QImage::Format_Indexed8);
+  if (result.isNull()) return image;
+  result.setColorTable(colors);
+  QRgb last = colors.first();
+  uchar index = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* from = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    uchar* to = result.scanLine(y);
+    for (int x = 0; x < image.width(); ++x) {
+      if (from[x] != last) index = indices.value(last = from[x]);
+      to[x] = index;
+    }
+  }
+  return result;
+}
+
+/// Overwrites what stands between two marks with `filler`, keeping its length.
+void Blank(QByteArray& bytes, QByteArrayView begin, QByteArrayView end, char filler) {
+  for (qsizetype at = bytes.indexOf(begin); at >= 0; at = bytes.indexOf(begin, at + 1)) {
+    const qsizetype first = at + begin.size();
+    const qsizetype stop = bytes.indexOf(end, first);
+    if (stop < 0) return;
+    for (qsizetype i = first; i < stop; ++i) {
+      if (QChar::fromLatin1(bytes.at(i)).isLetterOrNumber()) bytes[i] = filler;
+    }
+  }
+}
+
+/// Takes the time and the random mark out of a document.
+void MakeReproducible(QByteArray& pdf) {
+  const qsizetype date = pdf.lastIndexOf("/CreationDate (D:");
+  const QByteArray fixedDate = "/CreationDate (D:20000101000000";
+  if (date >= 0) pdf.replace(date, fixedDate.size(), fixedDate);
+  const qsizetype trailer = pdf.lastIndexOf("trailer");
+  if (trailer < 0) return;
+  QByteArray tail = pdf.mid(trailer);
+  Blank(tail, "/ID [ <", "]", '0');
+  pdf.replace(trailer, tail.size(), tail);
+}
+
+}  // namespace
+
+QtPictures::QtPictures() {
+  // The order in which a document's parts are written follows hash tables.
+  QHashSeed::setDeterministicGlobalSeed();
+}
+
+std::unique_ptr<CDC> QtPictures::ReferenceDC() {
+  auto image = std::make_unique<QImage>(1, 1, QImage::Format_RGB32);
+  return std::make_unique<ReferenceContext>(std::move(image), fonts);
+}
+
+std::optional<std::string> QtPictures::MakePng(SIZE size, const Paint& paint) {
+  if (size.cx <= 0 || size.cy <= 0 || size.cx > kMaxSide || size.cy > kMaxSide) return std::nullopt;
+  if (std::int64_t{size.cx} * size.cy > kMaxPixels) return std::nullopt;
+  QImage image(size.cx, size.cy, QImage::Format_RGB32);
+  if (image.isNull()) return std::nullopt;
+  image.setDotsPerMeterX(kDotsPerMetre);
+  image.setDotsPerMeterY(kDotsPerMetre);
+  image.fill(Qt::white);
+  {
+    QtDC dc(image, 1, fonts);
+    paint(dc);
+  }
+  const QList<QRgb> palette = PaletteOf(image);
+  if (!palette.isEmpty()) {
+    image = ToPalette(image, palette);
+    image.setDotsPerMeterX(kDotsPerMetre);
+    image.setDotsPerMeterY(kDotsPerMetre);
+  }
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  QImageWriter writer(&buffer, "png");
+  writer.setCompression(kFastCompression);
+  if (!writer.write(image)) return std::nullopt;
+  return buffer.data().toStdString();
+}
+
+std::optional<std::string> QtPictures::MakePdf(SIZE size, const Paint& paint) {
+  const double pointsPerUnit = kPointsPerInch / kScreenInch;
+  const QSizeF points(size.cx * pointsPerUnit, size.cy * pointsPerUnit);
+  if (size.cx <= 0 || size.cy <= 0) return std::nullopt;
+  if (points.width() > kMaxPoints || points.height() > kMaxPoints) return std::nullopt;
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter writer(&buffer);
+    writer.setCreator("Morvane");
+    writer.setResolution(kScreenInch * kPageScale);
+    writer.setPageSize(QPageSize(points, QPageSize::Point, "Chart", QPageSize::ExactMatch));
+    writer.setPageMargins(QMarginsF());
+    QtDC dc(writer, kPageScale, size, fonts);
+    paint(dc);
+  }
+  QByteArray pdf = buffer.data();
+  MakeReproducible(pdf);
+  return pdf.toStdString();
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/PopupMenus.h"
+
+/// Popup menus by Qt.
+class QtPopupMenus : public PopupMenus {
+ public:
+  unsigned Track(const std::vector<Item>& items, POINT screen) override;
+};

@@ -1,0 +1,26 @@
+#include "platform/qt/QtServices.h"
+
+#include "platform/qt/QtProfile.h"
+
+QtServices::QtServices(Use use) {
+  Service<Pictures>::Set(&pictures);
+  if (use == Use::Job) {
+    profile = std::make_unique<MemoryProfile>();
+  } else {
+    profile = std::make_unique<QtProfile>();
+    Service<Clipboard>::Set(&clipboard);
+    Service<Dialogs>::Set(&dialogs);
+    Service<MessageBoxes>::Set(&messageBoxes);
+    Service<WaitCursors>::Set(&waitCursors);
+  }
+  Service<Profile>::Set(profile.get());
+}
+
+QtServices::~QtServices() {
+  Service<Profile>::Set(nullptr);
+  Service<WaitCursors>::Set(nullptr);
+  Service<MessageBoxes>::Set(nullptr);
+  Service<Dialogs>::Set(nullptr);
+  Service<Clipboard>::Set(nullptr);
+  Service<Pictures>::Set(nullptr);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/Profile.h"
+#include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtMessageBoxes.h"
+#include "platform/qt/QtPictures.h"
+#include "platform/qt/QtWaitCursors.h"
+
+/// All services of the desktop by Qt, in use for as long as the object lives. It has to go before
+/// the application object.
+class QtServices {
+ public:
+  enum class Use {
+    Window,  ///< with the user's settings, and boxes on the screen
+    Job      ///< without a screen and without a trace in the settings
+  };
+
+  explicit QtServices(Use use);
+  ~QtServices();
+  QtServices(const QtServices&) = delete;
+  QtServices& operator=(const QtServices&) = delete;
+
+ private:
+  QtClipboard clipboard;
+  QtDialogs dialogs;
+  QtMessageBoxes messageBoxes;
+  QtPictures pictures;
+  QtWaitCursors waitCursors;
+  std::unique_ptr<Profile> profile;
+};

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+
+#include <QAbstractScrollArea>
+#include <QImage>
+#include <QRegion>
+#include <QTimer>
+
+#include "platform/WindowPeer.h"
+#include "platform/qt/QtText.h"
+
+class CScrollView;
+
+/// The window of a `CScrollView`. It keeps a picture of its client area: a paint erases and redraws
+/// the invalid part of it, a context outside a paint draws on it at once, and the toolkit's paint
+/// event only copies it. A device pixel of the client area is a pixel of Qt's; the picture has as
+/// many physical pixels as the screen.
+class QtView : public QAbstractScrollArea, public WindowPeer {
+  Q_OBJECT
+
+ public:
+  explicit QtView(CScrollView& view, QWidget* parent = nullptr);
+  ~QtView() override;
+
+  /// Ends the tie to the view, which may go now. The widget shows what it showed last.
+  void Detach();
+  CScrollView* View() const { return view; }
+  /// A gesture waits for its next message: nothing may take the chart away or change it meanwhile.
+  bool IsWaiting() const { return waiting; }
+  /// Makes the gesture that waits end with the message Quit.
+  void EndLoop();
+  const QImage& Picture() const { return *picture; }
+
+  std::unique_ptr<CDC> CreateClientDC() override;
+  RECT ClientRect() const override;
+  void InvalidateRect(const RECT& r) override;
+  void InvalidateRgn(const CRgn& region) override;
+  void InvalidateAll() override;
+  void Update() override;
+  void SetRedraw(bool on) override;
+  void SetCapture() override;
+  void ReleaseCapture() override;
+  bool HasCapture() const override;
+  POINT CursorPos() const override;
+  bool IsShiftDown() const override;
+  void SetCursor(Cursor cursor) override;
+  POINT ClientToScreen(POINT p) const override;
+  POINT ScreenToClient(POINT p) const override;
+  void SetScrollBar(ScrollBar bar, int limit, int line, int page, int position) override;
+  Message NextMessage() override;
+
+ protected:
+  bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+
+ private:
+  class ClientDC;
+
+  void TakeMouse(Message::Kind kind, QMouseEvent& event);
+  bool Take(const Message& message);
+  bool Handle(const Message& message);
+  void HandleLeftovers();
+  void Remember(const Message& message);
+  void ScrollByWheel(ScrollBar bar, int angle, int& rest);
+  void ZoomByWheel(int angle);
+  void OnBarMoved(ScrollBar bar, int value);
+  void LoseCapture();
+
+  QRegion ToPhysical(const QRegion& device) const;
+  void RemakePicture();
+  void AddInvalid(const QRegion& region);
+  void PaintInvalid();
+  void ShowPhysical(const QRect& physical);
+
+  CScrollView* view;
+  QtFontCache fonts;
+  std::shared_ptr<QImage> picture;
+  double scale = 1;  ///< physical pixels of the picture to a device pixel
+  QRegion invalid;   ///< device pixels
+  QRegion painting;  ///< physical pixels, empty outside a paint
+  QTimer repaintTimer;
+  bool redraw = true;
+
+  std::deque<Message> queue;
+  bool waiting = false;  ///< inside `NextMessage`
+  int handlers = 0;      ///< operations of the view that are running
+  bool quitLoop = false;
+
+  bool captured = false;
+  bool grabbed = false;
+  bool pressedHere = false;  ///< Qt sends us the mouse until the button is up
+  bool pointerInside = false;
+  POINT pointer;
+  bool shiftDown = false;
+  Cursor cursor = Cursor::Arrow;
+  int wheelRestX = 0;
+  int wheelRestY = 0;
+  int zoomRest = 0;
+};

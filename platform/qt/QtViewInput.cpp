@@ -1,0 +1,291 @@
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QCursor>
+#include <QPointer>
+
+#include "platform/CScrollView.h"
+#include "platform/qt/QtCursors.h"
+#include "platform/qt/QtView.h"
+#include "resources/CommandIds.h"
+
+namespace {
+
+/// A notch of the wheel is 120 eighths of a degree and scrolls by three lines.
+constexpr int kWheelNotch = 120;
+constexpr int kWheelLine = kWheelNotch / 3;
+
+unsigned ToFlags(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers) {
+  unsigned flags = 0;
+  if (buttons & Qt::LeftButton) flags |= MK_LBUTTON;
+  if (buttons & Qt::RightButton) flags |= MK_RBUTTON;
+  if (modifiers & Qt::ShiftModifier) flags |= MK_SHIFT;
+  if (modifiers & Qt::ControlModifier) flags |= MK_CONTROL;
+  return flags;
+}
+
+VirtualKey ToVirtualKey(int key) {
+  switch (key) {
+    case Qt::Key_Escape: return VirtualKey::Escape;
+    case Qt::Key_PageUp: return VirtualKey::Prior;
+    case Qt::Key_PageDown: return VirtualKey::Next;
+    case Qt::Key_Home: return VirtualKey::Home;
+    case Qt::Key_End: return VirtualKey::End;
+    case Qt::Key_Left: return VirtualKey::Left;
+    case Qt::Key_Up: return VirtualKey::Up;
+    case Qt::Key_Right: return VirtualKey::Right;
+    case Qt::Key_Down: return VirtualKey::Down;
+    case Qt::Key_Delete: return VirtualKey::Delete;
+    default: return VirtualKey::Other;
+  }
+}
+
+}  // namespace
+
+Message QtView::NextMessage() {
+  const QPointer<QtView> self(this);
+  Message quit;
+  quit.kind = Message::Kind::Quit;
+  if (queue.empty() && !quitLoop && view != nullptr) {
+    const bool outer = waiting;
+    waiting = true;
+    // What is there already is handed out before the thread may sleep.
+    QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
+    if (!dispatcher->processEvents(QEventLoop::AllEvents)) {
+      dispatcher->processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    if (self == nullptr) return quit;
+    waiting = outer;
+  }
+  if (quitLoop || view == nullptr || QCoreApplication::closingDown()) {
+    quitLoop = false;
+    return quit;
+  }
+  if (queue.empty()) return {};
+  const Message message = queue.front();
+  queue.pop_front();
+  Remember(message);
+  return message;
+}
+
+void QtView::EndLoop() {
+  if (waiting) quitLoop = true;
+}
+
+void QtView::Remember(const Message& message) {
+  if (message.kind != Message::Kind::KeyDown) {
+    pointer = message.point;
+    pointerInside = viewport()->rect().contains(pointer.x, pointer.y);
+  }
+  shiftDown = (message.flags & MK_SHIFT) != 0;
+}
+
+bool QtView::Take(const Message& message) {
+  if (view == nullptr) return false;
+  if (waiting) {
+    queue.push_back(message);
+    return true;
+  }
+  HandleLeftovers();
+  return Handle(message);
+}
+
+bool QtView::Handle(const Message& message) {
+  if (view == nullptr) return false;
+  const QPointer<QtView> self(this);
+  Remember(message);
+  ++handlers;
+  bool used = true;
+  if (message.kind == Message::Kind::KeyDown) {
+    used = view->OnKeyDown(message.key, message.flags);
+  } else {
+    if (message.kind == Message::Kind::MouseMove && !HasCapture()) view->OnSetCursor();
+    view->DispatchMessage(message);
+  }
+  if (self == nullptr) return used;
+  --handlers;
+  HandleLeftovers();
+  return used;
+}
+
+void QtView::HandleLeftovers() {
+  // What a gesture left in the queue goes the normal way once the gesture is over.
+  const QPointer<QtView> self(this);
+  while (self != nullptr && handlers == 0 && !waiting && view != nullptr && !queue.empty()) {
+    const Message message = queue.front();
+    queue.pop_front();
+    Handle(message);
+  }
+}
+
+void QtView::TakeMouse(Message::Kind kind, QMouseEvent& event) {
+  Message message;
+  message.kind = kind;
+  const QPoint p = event.position().toPoint();
+  message.point = {p.x(), p.y()};
+  message.flags = ToFlags(event.buttons(), event.modifiers());
+  Take(message);
+  event.accept();
+}
+
+void QtView::mousePressEvent(QMouseEvent* event) {
+  pressedHere = true;
+  if (event->button() == Qt::LeftButton) {
+    TakeMouse(Message::Kind::LButtonDown, *event);
+  } else if (event->button() == Qt::RightButton) {
+    TakeMouse(Message::Kind::RButtonDown, *event);
+  }
+}
+
+void QtView::mouseReleaseEvent(QMouseEvent* event) {
+  pressedHere = event->buttons() != Qt::NoButton;
+  if (event->button() == Qt::LeftButton) {
+    TakeMouse(Message::Kind::LButtonUp, *event);
+  } else if (event->button() == Qt::RightButton) {
+    TakeMouse(Message::Kind::RButtonUp, *event);
+  }
+}
+
+void QtView::mouseDoubleClickEvent(QMouseEvent* event) {
+  pressedHere = true;
+  if (event->button() == Qt::LeftButton) {
+    TakeMouse(Message::Kind::LButtonDblClk, *event);
+  } else if (event->button() == Qt::RightButton) {
+    TakeMouse(Message::Kind::RButtonDown, *event);
+  }
+}
+
+void QtView::mouseMoveEvent(QMouseEvent* event) { TakeMouse(Message::Kind::MouseMove, *event); }
+
+void QtView::keyPressEvent(QKeyEvent* event) {
+  Message message;
+  message.kind = Message::Kind::KeyDown;
+  message.key = ToVirtualKey(event->key());
+  message.flags = ToFlags(QGuiApplication::mouseButtons(), event->modifiers());
+  if (event->key() == Qt::Key_Shift) message.flags |= MK_SHIFT;
+  event->setAccepted(Take(message));
+}
+
+void QtView::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Shift) shiftDown = false;
+  event->ignore();
+}
+
+bool QtView::focusNextPrevChild(bool) { return false; }
+
+void QtView::wheelEvent(QWheelEvent* event) {
+  event->accept();
+  if (waiting || view == nullptr || HasCapture()) return;
+  const QPoint angle = event->angleDelta();
+  if (event->modifiers() & Qt::ControlModifier) {
+    ZoomByWheel(angle.y());
+  } else if (event->modifiers() & Qt::ShiftModifier) {
+    ScrollByWheel(ScrollBar::Horizontal, angle.x() + angle.y(), wheelRestX);
+  } else {
+    ScrollByWheel(ScrollBar::Horizontal, angle.x(), wheelRestX);
+    ScrollByWheel(ScrollBar::Vertical, angle.y(), wheelRestY);
+  }
+}
+
+void QtView::ScrollByWheel(ScrollBar bar, int angle, int& rest) {
+  rest += angle;
+  const int lines = rest / kWheelLine;
+  rest -= lines * kWheelLine;
+  for (int i = 0; i < std::abs(lines); ++i) {
+    view->OnScroll(bar, lines > 0 ? ScrollCode::LineBack : ScrollCode::LineForward);
+  }
+}
+
+void QtView::ZoomByWheel(int angle) {
+  zoomRest += angle;
+  const int steps = zoomRest / kWheelNotch;
+  zoomRest -= steps * kWheelNotch;
+  const unsigned command = steps > 0 ? ID_ZOOM_IN : ID_ZOOM_OUT;
+  for (int i = 0; i < std::abs(steps); ++i) {
+    if (view->OnUpdateCommand(command).enabled) view->OnCommand(command);
+  }
+}
+
+void QtView::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (waiting || view == nullptr || HasCapture()) return;
+  QPoint at = event->globalPos();
+  if (event->reason() != QContextMenuEvent::Mouse) {
+    const QRect client = viewport()->rect();
+    const QPoint mouse = viewport()->mapFromGlobal(QCursor::pos());
+    at = viewport()->mapToGlobal(client.contains(mouse) ? mouse : client.center());
+  }
+  view->OnContextMenu({at.x(), at.y()});
+}
+
+bool QtView::event(QEvent* event) {
+  if (event->type() == QEvent::WindowDeactivate) LoseCapture();
+  if (event->type() == QEvent::ShortcutOverride && waiting) {
+    // Within a gesture a key is a message of the gesture, not a command.
+    event->accept();
+    return true;
+  }
+  return QAbstractScrollArea::event(event);
+}
+
+bool QtView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::Leave) {
+    pointerInside = false;
+    if (view != nullptr && !waiting && !HasCapture()) view->OnMouseLeave();
+  }
+  return QAbstractScrollArea::viewportEvent(event);
+}
+
+void QtView::hideEvent(QHideEvent* event) {
+  LoseCapture();
+  QAbstractScrollArea::hideEvent(event);
+}
+
+void QtView::SetCapture() {
+  captured = true;
+  if (pressedHere || grabbed || !isVisible()) return;
+  viewport()->grabMouse();
+  grabbed = true;
+}
+
+void QtView::ReleaseCapture() {
+  captured = false;
+  if (grabbed) viewport()->releaseMouse();
+  grabbed = false;
+}
+
+void QtView::LoseCapture() {
+  if (captured) ReleaseCapture();
+}
+
+bool QtView::HasCapture() const {
+  if (!captured) return false;
+  const QWidget* grabber = QWidget::mouseGrabber();
+  if (grabber != nullptr && grabber != viewport()) return false;
+  return QApplication::activePopupWidget() == nullptr &&
+         QApplication::activeModalWidget() == nullptr;
+}
+
+POINT QtView::CursorPos() const {
+  if (pointerInside || pressedHere) return pointer;
+  const QPoint p = viewport()->mapFromGlobal(QCursor::pos());
+  return {p.x(), p.y()};
+}
+
+bool QtView::IsShiftDown() const { return shiftDown; }
+
+void QtView::SetCursor(Cursor wanted) {
+  if (wanted == cursor) return;
+  cursor = wanted;
+  viewport()->setCursor(MakeCursor(wanted));
+}
+
+POINT QtView::ClientToScreen(POINT p) const {
+  const QPoint screen = viewport()->mapToGlobal(QPoint(p.x, p.y));
+  return {screen.x(), screen.y()};
+}
+
+POINT QtView::ScreenToClient(POINT p) const {
+  const QPoint client = viewport()->mapFromGlobal(QPoint(p.x, p.y));
+  return {client.x(), client.y()};
+}

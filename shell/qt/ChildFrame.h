@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QMdiSubWindow>
+
+class CDocManager;
+class CDocument;
+class CScrollView;
+class QtView;
+
+/// The window of one chart.
+class ChildFrame : public QMdiSubWindow {
+  Q_OBJECT
+
+ public:
+  ChildFrame(CDocument& document, CDocManager& manager);
+  ~ChildFrame() override;
+
+  /// Null once the document is closed.
+  CDocument* Document() const { return document; }
+  CScrollView* View() const;
+  QtView* Window() const { return viewWidget; }
+  /// Shows the title of the document.
+  void UpdateTitle();
+  /// Lets document and view go.
+  void Detach();
+  QSize sizeHint() const override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  CDocument* document;
+  CDocManager& manager;
+  QtView* viewWidget;
+};

@@ -1,0 +1,59 @@
+#include "shell/qt/CommandBar.h"
+
+#include <QAction>
+#include <QEvent>
+
+#include "platform/qt/QtText.h"
+#include "shell/MenuTable.h"
+#include "shell/qt/CommandIcons.h"
+#include "shell/qt/CommandTarget.h"
+
+namespace {
+
+constexpr QSize kIconSize(18, 18);
+
+}  // namespace
+
+CommandBar::CommandBar(const QString& title, std::span<const unsigned> buttons,
+                       CommandTarget& target, QWidget* parent)
+    : QToolBar(title, parent), target(target) {
+  setIconSize(kIconSize);
+  for (const unsigned id : buttons) {
+    if (id == 0) {
+      addSeparator();
+      continue;
+    }
+    QAction* action = addAction(FromUtf8(CommandToolTip(id)));
+    action->setData(id);
+    action->setToolTip(FromUtf8(CommandToolTip(id)));
+    action->setStatusTip(FromUtf8(CommandPrompt(id)));
+    connect(action, &QAction::triggered, this, [this, id] {
+      this->target.RunCommand(id);
+      Refresh();
+    });
+  }
+  LoadIcons();
+}
+
+void CommandBar::LoadIcons() {
+  for (QAction* action : actions()) {
+    if (!action->isSeparator()) {
+      action->setIcon(MakeCommandIcon(action->data().toUInt(), palette()));
+    }
+  }
+}
+
+void CommandBar::Refresh() {
+  for (QAction* action : actions()) {
+    if (action->isSeparator()) continue;
+    const CommandState state = target.StateOf(action->data().toUInt());
+    action->setEnabled(state.enabled);
+    action->setCheckable(state.checked);
+    action->setChecked(state.checked);
+  }
+}
+
+void CommandBar::changeEvent(QEvent* event) {
+  QToolBar::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) LoadIcons();
+}

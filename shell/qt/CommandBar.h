@@ -1,0 +1,26 @@
+#pragma once
+
+#include <span>
+
+#include <QToolBar>
+
+class CommandTarget;
+
+/// A bar of command buttons.
+class CommandBar : public QToolBar {
+  Q_OBJECT
+
+ public:
+  CommandBar(const QString& title, std::span<const unsigned> buttons, CommandTarget& target,
+             QWidget* parent);
+
+  /// Enables and presses the buttons as their commands stand now.
+  void Refresh();
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void LoadIcons();
+  CommandTarget& target;
+};

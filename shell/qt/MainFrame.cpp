@@ -1,0 +1,260 @@
+#include "shell/qt/MainFrame.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QAbstractEventDispatcher>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QShortcut>
+#include <QStatusBar>
+
+#include "platform/CDocument.h"
+#include "platform/CScrollView.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/QtView.h"
+#include "resources/CommandIds.h"
+#include "shell/MenuTable.h"
+#include "shell/qt/ChildFrame.h"
+#include "shell/qt/CommandBar.h"
+#include "shell/qt/CommandMenu.h"
+
+// The windows of the main window; what commands do is in MainFrameCommands.cpp.
+
+namespace {
+
+constexpr const char* kBaseName = "Morvane_Diagram";
+constexpr const char* kFilterText = "Morvane Files (*.mrv)";
+constexpr const char* kExtension = ".mrv";
+constexpr const char* kProgramName = "Morvane";
+constexpr const char* kReadyText = "Ready";
+constexpr QSize kFirstSize(1100, 760);
+constexpr double kScreenPart = 0.9;
+/// The bars follow the program's state at most this often.
+constexpr int kIdleMilliseconds = 100;
+
+}  // namespace
+
+MainFrame::MainFrame(Factories factories) : area(new QMdiArea(this)) {
+  Q_INIT_RESOURCE(icons);
+  manager = std::make_unique<CDocManager>(CDocTemplate{kBaseName,
+                                                       {kFilterText, kExtension},
+                                                       std::move(factories.makeDocument),
+                                                       std::move(factories.makeView)},
+                                          *this);
+  setWindowIcon(QIcon(":/icons/morvane.svg"));
+  setCentralWidget(area);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  setAcceptDrops(true);
+  resize(kFirstSize.boundedTo(screen()->availableSize() * kScreenPart));
+  CreateMenus();
+  CreateBars();
+  CreateKeys();
+  connect(area, &QMdiArea::subWindowActivated, this, [this] { OnActivated(); });
+  OnActivated();
+
+  idleTimer.setSingleShot(true);
+  idleTimer.setInterval(kIdleMilliseconds);
+  connect(&idleTimer, &QTimer::timeout, this, [this] {
+    RefreshBars();
+    idleSeen = true;
+  });
+  connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+          &MainFrame::OnIdle);
+}
+
+MainFrame::~MainFrame() {
+  // The charts' windows let their views go before the documents do.
+  for (ChildFrame* child : Children()) delete child;
+}
+
+void MainFrame::CreateMenus() {
+  for (const MenuPopup& popup : StartMenu()) startMenus << new CommandMenu(popup, *this, this);
+  for (const MenuPopup& popup : ChartMenu()) {
+    chartMenus << new CommandMenu(popup, *this, this);
+    const bool windows = std::ranges::any_of(
+        popup.entries, [](const MenuEntry& entry) { return entry.id == ID_WINDOW_CASCADE; });
+    if (windows) windowMenu = chartMenus.last();
+  }
+  connect(windowMenu, &QMenu::aboutToShow, this, &MainFrame::FillWindowList);
+  ShowMenu(false);
+}
+
+void MainFrame::ShowMenu(bool forChart) {
+  chartMenuShown = forChart;
+  menuBar()->clear();
+  for (CommandMenu* menu : forChart ? chartMenus : startMenus) menuBar()->addMenu(menu);
+}
+
+void MainFrame::FillWindowList() {
+  qDeleteAll(windowList);
+  windowList.clear();
+  const QList<ChildFrame*> children = Children();
+  if (!children.isEmpty()) windowList << windowMenu->addSeparator();
+  for (qsizetype i = 0; i < children.size(); ++i) {
+    ChildFrame* child = children[i];
+    QString title = ToQString(child->Document()->GetTitle());
+    title.replace('&', "&&");
+    QAction* action =
+        windowMenu->addAction(i < 9 ? QStringLiteral("&%1 %2").arg(i + 1).arg(title) : title);
+    action->setCheckable(true);
+    action->setChecked(child == ActiveChild());
+    connect(action, &QAction::triggered, child, [this, child] { area->setActiveSubWindow(child); });
+    windowList << action;
+  }
+}
+
+void MainFrame::CreateKeys() {
+  for (const Accelerator& accelerator : Accelerators()) {
+    auto* shortcut = new QShortcut(QKeySequence(FromUtf8(accelerator.key)), this);
+    const unsigned id = accelerator.id;
+    connect(shortcut, &QShortcut::activated, this, [this, id] { RunCommand(id); });
+  }
+}
+
+void MainFrame::CreateBars() {
+  toolBar = new CommandBar("Toolbar", ToolBarButtons(), *this, this);
+  toolBar->setObjectName("toolBar");
+  addToolBar(toolBar);
+  drawingBar = new CommandBar("Drawing Toolbar", DrawingBarButtons(), *this, this);
+  drawingBar->setObjectName("drawingBar");
+  addToolBar(drawingBar);
+  statusBar()->addWidget(new QLabel(kReadyText, this));
+}
+
+QMenu* MainFrame::createPopupMenu() {
+  auto* menu = new CommandMenu(BarMenu(), *this, this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  return menu;
+}
+
+void MainFrame::OnIdle() {
+  // The wait that follows a refresh must not ask for the next one.
+  if (std::exchange(idleSeen, false)) return;
+  if (!idleTimer.isActive()) idleTimer.start();
+}
+
+void MainFrame::RefreshBars() {
+  if (IsAnyWaiting()) return;
+  toolBar->Refresh();
+  drawingBar->Refresh();
+}
+
+void MainFrame::OnActivated() {
+  const bool forChart = ActiveChild() != nullptr;
+  if (forChart != chartMenuShown) ShowMenu(forChart);
+  ShowTitle();
+  RefreshBars();
+}
+
+void MainFrame::ShowTitle() {
+  const ChildFrame* child = ActiveChild();
+  setWindowTitle(child != nullptr ? ToQString(child->Document()->GetTitle() + " - " + kProgramName)
+                                  : QString(kProgramName));
+}
+
+ChildFrame* MainFrame::ActiveChild() const {
+  auto* child = qobject_cast<ChildFrame*>(area->currentSubWindow());
+  return child != nullptr && child->Document() != nullptr ? child : nullptr;
+}
+
+QList<ChildFrame*> MainFrame::Children() const {
+  QList<ChildFrame*> children;
+  for (QMdiSubWindow* window : area->subWindowList()) {
+    if (auto* child = qobject_cast<ChildFrame*>(window)) children << child;
+  }
+  return children;
+}
+
+ChildFrame* MainFrame::FrameOf(const CDocument& document) const {
+  for (ChildFrame* child : Children()) {
+    if (child->Document() == &document) return child;
+  }
+  return nullptr;
+}
+
+void MainFrame::CreateFrame(CDocument& document) {
+  area->addSubWindow(new ChildFrame(document, *manager));
+}
+
+void MainFrame::ShowFrame(CDocument& document) {
+  ChildFrame* child = FrameOf(document);
+  if (child == nullptr) return;
+  const ChildFrame* active = ActiveChild();
+  const bool maximised = active == nullptr || active == child || active->isMaximized();
+  child->UpdateTitle();
+  if (maximised) {
+    child->showMaximized();
+  } else {
+    child->show();
+  }
+  area->setActiveSubWindow(child);
+  child->Window()->setFocus();
+  OnActivated();
+}
+
+void MainFrame::ActivateFrame(CDocument& document) {
+  ChildFrame* child = FrameOf(document);
+  if (child == nullptr) return;
+  if (child->isMinimized()) child->showNormal();
+  area->setActiveSubWindow(child);
+}
+
+void MainFrame::CloseFrame(CDocument& document) {
+  ChildFrame* child = FrameOf(document);
+  if (child == nullptr) return;
+  child->Detach();
+  area->removeSubWindow(child);
+  child->hide();
+  child->deleteLater();
+  OnActivated();
+}
+
+void MainFrame::UpdateTitle(CDocument& document) {
+  if (ChildFrame* child = FrameOf(document)) child->UpdateTitle();
+  ShowTitle();
+}
+
+bool MainFrame::IsAnyWaiting() const {
+  const QList<ChildFrame*> children = Children();
+  return std::any_of(children.begin(), children.end(),
+                     [](ChildFrame* child) { return child->Window()->IsWaiting(); });
+}
+
+void MainFrame::EndGestures() {
+  for (ChildFrame* child : Children()) child->Window()->EndLoop();
+}
+
+void MainFrame::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (IsAnyWaiting()) {
+    // A gesture is under way: it ends first.
+    EndGestures();
+    QTimer::singleShot(0, this, &QWidget::close);
+    return;
+  }
+  if (!manager->SaveAllModified()) return;
+  manager->CloseAllDocuments();
+  event->accept();
+}
+
+void MainFrame::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  const bool files =
+      std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
+  if (files) event->acceptProposedAction();
+}
+
+void MainFrame::dropEvent(QDropEvent* event) {
+  if (IsAnyWaiting()) return;
+  event->acceptProposedAction();
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile()) manager->OpenDocumentFile(FromQPath(url.toLocalFile()));
+  }
+}

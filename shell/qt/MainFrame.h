@@ -1,0 +1,89 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include "platform/CDocManager.h"
+#include "shell/qt/CommandTarget.h"
+
+class ChildFrame;
+class CommandBar;
+class CommandMenu;
+class QMdiArea;
+
+/// The main window: the charts' windows inside it, menus, bars and keys, and the way of a command
+/// to its target.
+class MainFrame : public QMainWindow, public FrameHost, public CommandTarget {
+  Q_OBJECT
+
+ public:
+  /// What makes the document and the view of a chart.
+  struct Factories {
+    std::function<std::unique_ptr<CDocument>()> makeDocument;
+    std::function<std::unique_ptr<CScrollView>()> makeView;
+  };
+
+  explicit MainFrame(Factories factories);
+  ~MainFrame() override;
+
+  CDocManager& Manager() { return *manager; }
+  ChildFrame* ActiveChild() const;
+  QMdiArea& Area() { return *area; }
+
+  CommandState StateOf(unsigned id) override;
+  bool RunCommand(unsigned id) override;
+  const std::vector<std::string>& RecentPaths() const override;
+
+  void CreateFrame(CDocument& document) override;
+  void ShowFrame(CDocument& document) override;
+  void ActivateFrame(CDocument& document) override;
+  void CloseFrame(CDocument& document) override;
+  void UpdateTitle(CDocument& document) override;
+
+  QMenu* createPopupMenu() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void CreateMenus();
+  void CreateKeys();
+  void CreateBars();
+  void ShowMenu(bool forChart);
+  void FillWindowList();
+  void OnActivated();
+  void ShowTitle();
+  void RefreshBars();
+  void OnIdle();
+
+  ChildFrame* FrameOf(const CDocument& document) const;
+  QList<ChildFrame*> Children() const;
+  bool IsAnyWaiting() const;
+  void EndGestures();
+  QWidget* BarOf(unsigned id) const;
+
+  CommandState DocumentState(unsigned id) const;
+  CommandState FrameState(unsigned id) const;
+  void RunDocumentCommand(unsigned id);
+  void RunFrameCommand(unsigned id);
+  void CloseAll();
+  void ArrangeIcons();
+  void ShowAbout();
+
+  QMdiArea* area;
+  std::unique_ptr<CDocManager> manager;
+  QList<CommandMenu*> startMenus;
+  QList<CommandMenu*> chartMenus;
+  CommandMenu* windowMenu = nullptr;
+  QList<QAction*> windowList;
+  CommandBar* toolBar = nullptr;
+  CommandBar* drawingBar = nullptr;
+  bool chartMenuShown = false;
+  QTimer idleTimer;
+  bool idleSeen = false;  ///< nothing happened since the bars were refreshed
+};

@@ -1,0 +1,131 @@
+#include <QMdiArea>
+#include <QStatusBar>
+
+#include "platform/CDocument.h"
+#include "platform/CScrollView.h"
+#include "platform/MessageBox.h"
+#include "resources/CommandIds.h"
+#include "shell/MenuTable.h"
+#include "shell/qt/ChildFrame.h"
+#include "shell/qt/CommandBar.h"
+#include "shell/qt/MainFrame.h"
+
+// The way of a command: the active view first, then its document, then the frame.
+
+namespace {
+
+constexpr const char* kAboutText = "Morvane 4.1\n\nA designer for hierarchical state machines.";
+
+}  // namespace
+
+CommandState MainFrame::StateOf(unsigned id) {
+  // While a gesture waits for its next message, the chart must not change under it.
+  if (IsAnyWaiting()) return CommandState::Enabled(false);
+  if (ChildFrame* child = ActiveChild()) {
+    const CommandState state = child->View()->OnUpdateCommand(id);
+    if (state.handled) return state;
+    const CommandState own = DocumentState(id);
+    if (own.handled) return own;
+  }
+  return FrameState(id);
+}
+
+bool MainFrame::RunCommand(unsigned id) {
+  if (!StateOf(id).enabled) return false;
+  if (ChildFrame* child = ActiveChild()) {
+    if (child->View()->OnUpdateCommand(id).handled) return child->View()->OnCommand(id);
+    if (DocumentState(id).handled) {
+      RunDocumentCommand(id);
+      return true;
+    }
+  }
+  RunFrameCommand(id);
+  return true;
+}
+
+CommandState MainFrame::DocumentState(unsigned id) const {
+  const bool known = id == ID_FILE_SAVE || id == ID_FILE_SAVE_AS || id == ID_FILE_CLOSE;
+  return known ? CommandState::Enabled(true) : CommandState{};
+}
+
+void MainFrame::RunDocumentCommand(unsigned id) {
+  ChildFrame* child = ActiveChild();
+  switch (id) {
+    case ID_FILE_SAVE: child->Document()->DoFileSave(); break;
+    case ID_FILE_SAVE_AS: child->Document()->DoFileSaveAs(); break;
+    default: child->close(); break;
+  }
+}
+
+QWidget* MainFrame::BarOf(unsigned id) const {
+  switch (id) {
+    case ID_VIEW_TOOLBAR: return toolBar;
+    case ID_DRAWING_BAR: return drawingBar;
+    case ID_VIEW_STATUS_BAR: return statusBar();
+    default: return nullptr;
+  }
+}
+
+CommandState MainFrame::FrameState(unsigned id) const {
+  if (const QWidget* bar = BarOf(id)) return CommandState::Checked(!bar->isHidden());
+  if (IsRecentFileCommand(id)) {
+    return CommandState::Enabled(id - ID_FILE_RECENT < RecentPaths().size());
+  }
+  switch (id) {
+    case ID_FILE_NEW:
+    case ID_FILE_OPEN:
+    case ID_APP_EXIT:
+    case ID_APP_ABOUT: return CommandState::Enabled(true);
+    case ID_CLOSE_ALL:
+    case ID_WINDOW_CASCADE:
+    case ID_WINDOW_TILE:
+    case ID_WINDOW_ARRANGE: return CommandState::Enabled(ActiveChild() != nullptr);
+    default: return {};
+  }
+}
+
+void MainFrame::RunFrameCommand(unsigned id) {
+  if (QWidget* bar = BarOf(id)) {
+    bar->setVisible(bar->isHidden());
+    return;
+  }
+  if (IsRecentFileCommand(id)) {
+    manager->OnOpenRecentFile(id - ID_FILE_RECENT);
+    return;
+  }
+  switch (id) {
+    case ID_FILE_NEW: manager->NewDocument(); break;
+    case ID_FILE_OPEN: manager->OnFileOpen(); break;
+    case ID_CLOSE_ALL: CloseAll(); break;
+    case ID_WINDOW_CASCADE: area->cascadeSubWindows(); break;
+    case ID_WINDOW_TILE: area->tileSubWindows(); break;
+    case ID_WINDOW_ARRANGE: ArrangeIcons(); break;
+    case ID_APP_ABOUT: ShowAbout(); break;
+    case ID_APP_EXIT: close(); break;
+    default: break;
+  }
+}
+
+const std::vector<std::string>& MainFrame::RecentPaths() const { return manager->Recent().Paths(); }
+
+void MainFrame::CloseAll() {
+  if (manager->SaveAllModified()) manager->CloseAllDocuments();
+}
+
+void MainFrame::ArrangeIcons() {
+  // From left to right along the bottom, row above row.
+  const QRect room = area->viewport()->rect();
+  int x = 0;
+  int bottom = room.bottom() + 1;
+  for (ChildFrame* child : Children()) {
+    if (!child->isMinimized()) continue;
+    if (x > 0 && x + child->width() > room.width()) {
+      x = 0;
+      bottom -= child->height();
+    }
+    child->move(x, bottom - child->height());
+    x += child->width();
+  }
+}
+
+void MainFrame::ShowAbout() { ShowMessage(kAboutText); }

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <algorithm>
+#include <memory>
+
+#include <QImage>
+
+#include "platform/qt/QtDC.h"
+#include "platform/qt/QtText.h"
+
+/// A white picture to draw on, with `scale` physical pixels to a device pixel.
+class Canvas {
+ public:
+  explicit Canvas(int width = 100, int height = 100, double scale = 1)
+      : scale(scale),
+        image(static_cast<int>(width * scale), static_cast<int>(height * scale),
+              QImage::Format_RGB32) {
+    image.fill(Qt::white);
+  }
+
+  std::unique_ptr<QtDC> DC() { return std::make_unique<QtDC>(image, scale, fonts); }
+  QImage& Image() { return image; }
+  QtFontCache& Fonts() { return fonts; }
+  double Scale() const { return scale; }
+
+  /// The lightness of a physical pixel, 0 to 255.
+  int At(int x, int y) const { return qGray(image.pixel(x, y)); }
+  /// The lightness in the middle of a device pixel.
+  int AtDevice(int x, int y) const {
+    return At(static_cast<int>((x + 0.5) * scale), static_cast<int>((y + 0.5) * scale));
+  }
+  /// The darkest of the physical pixels that a device pixel has a part in.
+  int DarkestAtDevice(int x, int y) const {
+    int darkest = 255;
+    for (int j = static_cast<int>(y * scale); j < (y + 1) * scale; ++j) {
+      for (int i = static_cast<int>(x * scale); i < (x + 1) * scale; ++i) {
+        darkest = std::min(darkest, At(i, j));
+      }
+    }
+    return darkest;
+  }
+  /// The box around all pixels that aren't white.
+  QRect Painted() const {
+    QRect box;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixel(x, y) != 0xFFFFFFFF) box |= QRect(x, y, 1, 1);
+      }
+    }
+    return box;
+  }
+
+ private:
+  double scale;
+  QImage image;
+  QtFontCache fonts;
+};

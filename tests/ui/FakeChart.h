@@ -1,0 +1,86 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "platform/CDC.h"
+#include "platform/CDocument.h"
+#include "platform/CScrollView.h"
+#include "resources/CommandIds.h"
+
+/// A view that notes what happens to it, and does in a test what the test says.
+class FakeView : public CScrollView {
+ public:
+  COLORREF color = 0x0000FF;
+  int paints = 0;
+  std::vector<std::string> log;
+  std::vector<unsigned> commands;
+  std::vector<unsigned> disabled;
+  std::function<void()> onPress;
+  std::function<void(CDC&)> onDraw;
+
+  void OnDraw(CDC& dc) override {
+    ++paints;
+    if (onDraw) return onDraw(dc);
+    dc.FillSolidRect({-10000, -10000, 10000, 10000}, color);
+  }
+  void OnScroll(ScrollBar bar, ScrollCode code, int target) override {
+    std::ostringstream text;
+    text << (bar == ScrollBar::Horizontal ? 'h' : 'v') << static_cast<int>(code) << ':' << target;
+    log.push_back(text.str());
+    CScrollView::OnScroll(bar, code, target);
+  }
+  void OnLButtonDown(unsigned flags, POINT p) override {
+    Note("down", flags, p);
+    if (onPress) onPress();
+  }
+  void OnLButtonUp(unsigned flags, POINT p) override { Note("up", flags, p); }
+  void OnLButtonDblClk(unsigned flags, POINT p) override { Note("double", flags, p); }
+  void OnMouseMove(unsigned flags, POINT p) override { Note("move", flags, p); }
+  void OnMouseLeave() override { log.push_back("leave"); }
+  void OnSetCursor() override { log.push_back("cursor"); }
+  void OnContextMenu(POINT screen) override { Note("menu", 0, ScreenToClient(screen)); }
+  bool OnKeyDown(VirtualKey key, unsigned) override {
+    std::ostringstream text;
+    text << "key" << static_cast<int>(key);
+    log.push_back(text.str());
+    return key != VirtualKey::Other;
+  }
+  CommandState OnUpdateCommand(unsigned id) override {
+    if (id == ID_ZOOM_IN || id == ID_ZOOM_OUT || id == ID_EDIT_UNDO || id == ID_REFRESH) {
+      return CommandState::Enabled(std::find(disabled.begin(), disabled.end(), id) ==
+                                   disabled.end());
+    }
+    return {};
+  }
+  bool OnCommand(unsigned id) override {
+    commands.push_back(id);
+    return true;
+  }
+
+ private:
+  void Note(const char* what, unsigned flags, POINT p) {
+    std::ostringstream text;
+    text << what << ' ' << p.x << ',' << p.y;
+    if (flags != 0) text << " f" << flags;
+    log.push_back(text.str());
+  }
+};
+
+/// A document whose files are names alone. A path with "bad" in it can't be opened.
+class FakeDocument : public CDocument {
+ public:
+  bool OnOpenDocument(const std::string& path) override {
+    return path.find("bad") == std::string::npos;
+  }
+  bool OnSaveDocument(const std::string& path) override {
+    saved = path;
+    SetModifiedFlag(false);
+    return true;
+  }
+  std::string saved;
+};
