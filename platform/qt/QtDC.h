@@ -68,7 +68,7 @@ class QtDC : public CDC {
   void PaintRuns(const PixelRuns& runs, QColor color);
   void StrokeLines(QPolygonF points, bool closed);
   void StrokeFarLines(const QPolygonF& points, bool closed);
-  void PaintPath(const QPainterPath& path, bool filled);
+  void PaintPath(const QPainterPath& path, bool filled, Qt::PenCapStyle cap = Qt::FlatCap);
   void PaintFarPath(const QPainterPath& path, bool filled);
   void PaintText(QPointF origin, double factor, std::string_view utf8);
   bool PaintRing(const QPainterPath& outer, const QPainterPath& inner);

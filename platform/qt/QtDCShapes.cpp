@@ -257,7 +257,7 @@ void QtDC::Arc(const RECT& r, POINT start, POINT end) {
   QPainterPath path;
   path.arcMoveTo(ring, from);
   path.arcTo(ring, from, sweep);
-  PaintPath(path, false);
+  PaintPath(path, false, Qt::SquareCap);
 }
 
 /// Paints a smooth shape with a solid outline as two areas, which is far cheaper than a stroke.
@@ -282,7 +282,7 @@ bool QtDC::PaintRing(const QPainterPath& outer, const QPainterPath& inner) {
   return true;
 }
 
-void QtDC::PaintPath(const QPainterPath& path, bool filled) {
+void QtDC::PaintPath(const QPainterPath& path, bool filled, Qt::PenCapStyle cap) {
   const QRectF box = path.boundingRect();
   SetMode(!Inverts());
   Touch(box.adjusted(-PenWidth(), -PenWidth(), PenWidth() + 1, PenWidth() + 1));
@@ -290,7 +290,10 @@ void QtDC::PaintPath(const QPainterPath& path, bool filled) {
     PaintFarPath(path, filled);
     return;
   }
-  painter.setPen(StrokePen());
+  QPen pen = StrokePen();
+  // The pixels in which an open curve ends are covered whole, so that it meets the lines there.
+  if (pen.style() == Qt::SolidLine && !Inverts()) pen.setCapStyle(cap);
+  painter.setPen(pen);
   painter.setBrush(filled && !GetBrush().hollow ? QBrush(ToColor(GetBrush().color))
                                                 : QBrush(Qt::NoBrush));
   painter.drawPath(path);

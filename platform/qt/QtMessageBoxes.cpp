@@ -56,5 +56,10 @@ MessageAnswer QtMessageBoxes::Show(const std::string& text, unsigned flags) {
       break;
     default: break;
   }
-  return AnswerOf(box.exec(), flags);
+  // The work that the program is at waits for the user now.
+  const bool waiting = QApplication::overrideCursor() != nullptr;
+  if (waiting) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const int button = box.exec();
+  if (waiting) QApplication::restoreOverrideCursor();
+  return AnswerOf(button, flags);
 }

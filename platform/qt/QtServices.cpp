@@ -11,6 +11,7 @@ QtServices::QtServices(Use use) {
     Service<Clipboard>::Set(&clipboard);
     Service<Dialogs>::Set(&dialogs);
     Service<MessageBoxes>::Set(&messageBoxes);
+    Service<PopupMenus>::Set(&popupMenus);
     Service<WaitCursors>::Set(&waitCursors);
   }
   Service<Profile>::Set(profile.get());
@@ -19,6 +20,7 @@ QtServices::QtServices(Use use) {
 QtServices::~QtServices() {
   Service<Profile>::Set(nullptr);
   Service<WaitCursors>::Set(nullptr);
+  Service<PopupMenus>::Set(nullptr);
   Service<MessageBoxes>::Set(nullptr);
   Service<Dialogs>::Set(nullptr);
   Service<Clipboard>::Set(nullptr);

@@ -7,6 +7,7 @@
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPictures.h"
+#include "platform/qt/QtPopupMenus.h"
 #include "platform/qt/QtWaitCursors.h"
 
 /// All services of the desktop by Qt, in use for as long as the object lives. It has to go before
@@ -28,6 +29,7 @@ class QtServices {
   QtDialogs dialogs;
   QtMessageBoxes messageBoxes;
   QtPictures pictures;
+  QtPopupMenus popupMenus;
   QtWaitCursors waitCursors;
   std::unique_ptr<Profile> profile;
 };

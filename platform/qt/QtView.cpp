@@ -1,6 +1,7 @@
 #include "platform/qt/QtView.h"
 
 #include <cmath>
+#include <optional>
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -30,20 +31,60 @@ QRegion ToRegion(const CRgn::Piece& piece, const QRect& client) {
 }  // namespace
 
 /// A context outside or inside a paint; what it painted is copied to the screen when it goes. It
-/// keeps the picture alive, should the window get a new one meanwhile.
+/// keeps the picture alive, should the window get a new one meanwhile. What is drawn to be erased
+/// again outside a paint is drawn on the overlay too.
 class QtView::ClientDC : public QtDC {
  public:
   ClientDC(QtView& owner, const QRegion* clip)
       : QtDC(*owner.picture, owner.scale, owner.fonts, clip),
         owner(&owner),
-        picture(owner.picture) {}
+        picture(owner.picture),
+        inPaint(clip != nullptr) {}
   ~ClientDC() override {
-    if (owner != nullptr) owner->ShowPhysical(Touched());
+    if (owner == nullptr) return;
+    owner->ShowPhysical(Touched());
+    if (marks) owner->overlay.Touch(marks->Touched());
+  }
+
+  void Polyline(std::span<const POINT> points) override {
+    if (CDC* shadow = Shadow()) shadow->Polyline(points);
+    QtDC::Polyline(points);
+  }
+  void Polygon(std::span<const POINT> points) override {
+    if (CDC* shadow = Shadow()) shadow->Polygon(points);
+    QtDC::Polygon(points);
+  }
+  void Rectangle(const RECT& r) override {
+    if (CDC* shadow = Shadow()) shadow->Rectangle(r);
+    QtDC::Rectangle(r);
+  }
+  void Ellipse(const RECT& r) override {
+    if (CDC* shadow = Shadow()) shadow->Ellipse(r);
+    QtDC::Ellipse(r);
+  }
+  void Arc(const RECT& r, POINT start, POINT end) override {
+    if (CDC* shadow = Shadow()) shadow->Arc(r, start, end);
+    QtDC::Arc(r, start, end);
   }
 
  private:
+  /// The context on the overlay, with everything as it is selected here; null where none is needed.
+  CDC* Shadow() {
+    if (inPaint || owner == nullptr || GetROP2() != RasterOp::NotXorPen) return nullptr;
+    if (!marks) {
+      marks.emplace(owner->overlay.Marks(picture->size()), owner->scale, owner->fonts);
+      marks->SetROP2(RasterOp::NotXorPen);
+    }
+    marks->SelectPen(GetPen());
+    marks->SelectBrush(GetBrush());
+    marks->SetViewportOrg(GetViewportOrg());
+    return &*marks;
+  }
+
   QPointer<QtView> owner;
   std::shared_ptr<QImage> picture;
+  std::optional<QtDC> marks;
+  bool inPaint;
 };
 
 QtView::QtView(CScrollView& view, QWidget* parent)
@@ -148,6 +189,7 @@ void QtView::PaintInvalid() {
     view->OnPrepareDC(dc);
     view->OnDraw(dc);
   }
+  overlay.ShowOn(*picture, painting);
   painting = {};
   viewport()->update(device);
 }

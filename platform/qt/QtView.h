@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include "platform/WindowPeer.h"
+#include "platform/qt/QtOverlay.h"
 #include "platform/qt/QtText.h"
 
 class CScrollView;
@@ -90,6 +91,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   CScrollView* view;
   QtFontCache fonts;
   std::shared_ptr<QImage> picture;
+  QtOverlay overlay;
   double scale = 1;  ///< physical pixels of the picture to a device pixel
   QRegion invalid;   ///< device pixels
   QRegion painting;  ///< physical pixels, empty outside a paint

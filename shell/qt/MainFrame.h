@@ -8,6 +8,7 @@
 
 #include "platform/CDocManager.h"
 #include "shell/qt/CommandTarget.h"
+#include "shell/qt/ToolImage.h"
 
 class ChildFrame;
 class CommandBar;
@@ -75,6 +76,7 @@ class MainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   void ArrangeIcons();
   void ShowAbout();
 
+  ToolImage toolImage;
   QMdiArea* area;
   std::unique_ptr<CDocManager> manager;
   QList<CommandMenu*> startMenus;

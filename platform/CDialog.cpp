@@ -1,0 +1,78 @@
+#include "platform/CDialog.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kButtonRow = -1;
+
+class NoDialogHost : public DialogHost {
+ public:
+  void Run(CDialog& dialog) override { dialog.Click(IDCANCEL); }
+};
+
+}  // namespace
+
+DialogHost& DialogHost::Default() {
+  static NoDialogHost service;
+  return service;
+}
+
+bool CDialog::DoModal() {
+  open = true;
+  accepted = false;
+  OnInitDialog();
+  Service<DialogHost>::Get().Run(*this);
+  open = false;
+  return accepted;
+}
+
+DialogControl& CDialog::Control(int id) {
+  return *std::find_if(controls.begin(), controls.end(),
+                       [id](const DialogControl& control) { return control.id == id; });
+}
+
+const DialogControl& CDialog::Control(int id) const {
+  return const_cast<CDialog*>(this)->Control(id);
+}
+
+void CDialog::Click(int id) {
+  if (!open) return;
+  switch (id) {
+    case IDOK:
+      if (OnOk()) EndDialog(true);
+      break;
+    case IDCANCEL: EndDialog(false); break;
+    default: OnClicked(id);
+  }
+  Refresh();
+}
+
+DialogControl& CDialog::Add(DialogControl::Kind kind, int id, std::string label, int parent) {
+  DialogControl& control = controls.emplace_back();
+  control.kind = kind;
+  control.id = id;
+  control.label = std::move(label);
+  control.parent = parent;
+  return control;
+}
+
+void CDialog::AddButtons(const std::string& ok, const std::string& cancel) {
+  Add(DialogControl::Kind::Row, kButtonRow, "");
+  Add(DialogControl::Kind::Button, IDOK, ok, kButtonRow).isDefault = true;
+  Add(DialogControl::Kind::Button, IDCANCEL, cancel, kButtonRow);
+}
+
+void CDialog::FocusOn(int id) {
+  if (window != nullptr) window->FocusOn(id);
+}
+
+void CDialog::EndDialog(bool ok) {
+  accepted = ok;
+  open = false;
+  if (window != nullptr) window->End();
+}
+
+void CDialog::Refresh() {
+  if (open && window != nullptr) window->Refresh();
+}

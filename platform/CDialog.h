@@ -1,0 +1,126 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Geometry.h"
+#include "platform/Service.h"
+
+class CDC;
+class CDialog;
+
+/// One control of a dialog, and what it shows now. A container holds other controls.
+struct DialogControl {
+  enum class Kind {
+    Column,  ///< a container, its children one under the other
+    Row,     ///< a container, its children side by side
+    Group,   ///< a column with a frame and a title
+    Tabs,    ///< a container of pages
+    Page,    ///< a column on a tab
+    Label,
+    Edit,       ///< a box of one line
+    MultiEdit,  ///< a box of several lines, which Return breaks
+    CheckBox,
+    Button,
+    Combo,  ///< a choice of painted items
+    List    ///< rows of columns, of which several can be selected
+  };
+  /// Paints item `index` of a combo into a rectangle, in pixels of the context.
+  using PaintItem = std::function<void(CDC& dc, int index, const RECT& r, bool selected)>;
+  struct Column {
+    std::string title;
+    int width;  ///< pixels; 0 takes the rest
+  };
+
+  Kind kind = Kind::Label;
+  int id = 0;          ///< unique in the dialog, for what is asked or clicked
+  int parent = 0;      ///< the id of the container; 0 is the dialog itself
+  std::string label;   ///< title or caption, with "&" before the mnemonic
+  std::string prefix;  ///< a fixed text on the left of a box that is no part of its text
+  std::string suffix;
+
+  bool enabled = true;
+  bool isDefault = false;  ///< of a button: Return presses it
+  bool code = false;       ///< of a box: it holds code and shows it in a fixed pitch
+  std::string text;        ///< of a box, as the model holds it: line breaks are CR LF
+  bool checked = false;
+  int selection = 0;
+  int itemCount = 0;
+  PaintItem paintItem;
+  std::vector<Column> columns;
+  std::vector<std::vector<std::string>> rows;
+  std::vector<int> selectedRows;  ///< in rising order
+};
+
+/// The ids of the buttons that every dialog has.
+enum DialogButton : int { IDOK = 1, IDCANCEL = 2 };
+
+/// The real window of a dialog while it runs.
+class DialogWindow {
+ public:
+  virtual ~DialogWindow() = default;
+  /// Shows the controls as they stand now.
+  virtual void Refresh() = 0;
+  /// Puts the keyboard into a box and selects its text.
+  virtual void FocusOn(int id) = 0;
+  virtual void End() = 0;
+};
+
+/// Shows dialogs. The default service has no screen and answers each with Cancel.
+class DialogHost {
+ public:
+  virtual ~DialogHost() = default;
+  /// Runs the dialog until it has ended. The window writes what the user types, checks or selects
+  /// into the controls and then calls the dialog's `Click`.
+  virtual void Run(CDialog& dialog) = 0;
+  static DialogHost& Default();
+};
+
+/// A modal dialog: its controls and the rules between them, free of any toolkit. A class of its own
+/// adds the controls in its constructor and fills them in `OnInitDialog`.
+class CDialog {
+ public:
+  explicit CDialog(std::string caption) : caption(std::move(caption)) {}
+  virtual ~CDialog() = default;
+  CDialog(const CDialog&) = delete;
+  CDialog& operator=(const CDialog&) = delete;
+
+  /// Fills the controls, shows the dialog and waits; true if it was closed with its OK button.
+  bool DoModal();
+
+  const std::string& Caption() const { return caption; }
+  const std::deque<DialogControl>& Controls() const { return controls; }
+  /// The control with that id, which has to be there.
+  DialogControl& Control(int id);
+  const DialogControl& Control(int id) const;
+  bool IsOpen() const { return open; }
+
+  /// The user pressed a button, clicked a check box, chose an item or selected rows. The controls
+  /// hold the new state already.
+  void Click(int id);
+  void SetWindow(DialogWindow* shown) { window = shown; }
+
+ protected:
+  virtual void OnInitDialog() {}
+  virtual void OnClicked(int /*id*/) {}
+  /// The OK button; false keeps the dialog open.
+  virtual bool OnOk() { return true; }
+
+  void SetCaption(std::string text) { caption = std::move(text); }
+  DialogControl& Add(DialogControl::Kind kind, int id, std::string label, int parent = 0);
+  /// The row of closing buttons, the first one being the default.
+  void AddButtons(const std::string& ok, const std::string& cancel);
+  void FocusOn(int id);
+  void EndDialog(bool accepted);
+  void Refresh();
+
+ private:
+  std::string caption;
+  std::deque<DialogControl> controls;
+  DialogWindow* window = nullptr;
+  bool open = false;
+  bool accepted = false;
+};
