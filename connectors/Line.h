@@ -24,7 +24,7 @@ class Line : public ComplexShape, public Connector {
   RECT GetPaintBounds() const override;
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
-  void OnCommand(unsigned id) override;
+  void OnCommand(unsigned command) override;
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;

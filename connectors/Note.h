@@ -16,7 +16,7 @@ class Note : public ConnectableRectShape {
   void Read(ModelStream& stream) override;
   void Draw(CDC* dc) override;
   const std::string& GetTypeName() const override;
-  void OnCommand(unsigned id) override;
+  void OnCommand(unsigned command) override;
   void OnPlaced() override;
   void RefreshAnchors() override;
 

@@ -36,7 +36,7 @@ class Transition : public ComplexShape {
   RECT GetPaintBounds() const override;
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
-  void OnCommand(unsigned id) override;
+  void OnCommand(unsigned command) override;
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;
@@ -140,8 +140,8 @@ class Transition : public ComplexShape {
   std::unordered_set<Mesg*> messages;  ///< all that name this transition; more than one in a
                                        ///< damaged file
   POINT labelCentre;                   ///< at the last region build, less the scroll position
-  RECT bounds;                         ///< around all that is painted, at any zoom, but for...
-  bool labelAtOrigin = false;          ///< ...a label without a place on the route
+  RECT bounds;                         ///< around all that is painted, at any zoom
+  bool labelAtOrigin = false;          ///< the label has no place on the route, nor in `bounds`
   std::vector<ChainRecord> records;    ///< the route as it was made or read, to go back to
   std::int32_t sourceId = 0;
   std::int32_t targetId = 0;

@@ -14,6 +14,18 @@ namespace {
 /// More handles than this are repainted as one rectangle.
 constexpr std::size_t kMaxSingleHandles = 100;
 
+/// Records what a drag within the client area can bring into view.
+class GhostRecording : public CMetaFileDC {
+ public:
+  GhostRecording(CDC& reference, const RECT& client)
+      : CMetaFileDC(reference),
+        clip(InflateRect(client, Saturate(Width(client)), Saturate(Height(client)))) {}
+  RECT GetClipBox() const override { return clip; }
+
+ private:
+  RECT clip;
+};
+
 }  // namespace
 
 void Transition::Draw(CDC* dc) {
@@ -100,7 +112,7 @@ void Transition::OnSelectionChanged() {
 void Transition::ShowGhost(POINT offset) {
   const std::unique_ptr<CDC> window = view->GetDC();
   if (!stamp.IsActive()) {
-    CMetaFileDC recording(*window);
+    GhostRecording recording(*window, view->GetClientRect());
     DrawRoute(&recording, &DrawResources::Instance().rubberPen);
     stamp.SetMetafile(recording.Close());
   }

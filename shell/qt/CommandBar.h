@@ -19,6 +19,7 @@ class CommandBar : public QToolBar {
 
  protected:
   void changeEvent(QEvent* event) override;
+  CommandTarget& Target() const { return target; }
 
  private:
   void LoadIcons();

@@ -22,6 +22,7 @@
 #include "shell/qt/ChildFrame.h"
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/CommandMenu.h"
+#include "shell/qt/DragToolBar.h"
 
 // The windows of the main window; what commands do is in MainFrameCommands.cpp.
 
@@ -122,7 +123,7 @@ void MainFrame::CreateBars() {
   toolBar = new CommandBar("Toolbar", ToolBarButtons(), *this, this);
   toolBar->setObjectName("toolBar");
   addToolBar(toolBar);
-  drawingBar = new CommandBar("Drawing Toolbar", DrawingBarButtons(), *this, this);
+  drawingBar = new DragToolBar("Drawing Toolbar", DrawingBarButtons(), *this, this);
   drawingBar->setObjectName("drawingBar");
   addToolBar(drawingBar);
   statusBar()->addWidget(new QLabel(kReadyText, this));

@@ -137,19 +137,4 @@ TEST(Line, DragsItsEndsAndItself) {
   }
 }
 
-TEST(Line, TheCursorTellsWhatAPressWouldDo) {
-  const auto chart = Chart();
-  FakeWindow window(*chart);
-  Line& line = TheLine(*chart);
-  const auto at = [&](POINT p) {
-    window.cursorPos = p;
-    line.OnSetCursor(chart.get(), 0, 0);
-    return window.cursor;
-  };
-  EXPECT_EQ(at({240, 240}), Cursor::PlainArrow);
-  chart->GetSelection().Add(&line);
-  EXPECT_EQ(at({240, 240}), Cursor::DiagonalDouble);
-  EXPECT_EQ(at({300, 300}), Cursor::ArrowWithCross);
-}
-
 }  // namespace

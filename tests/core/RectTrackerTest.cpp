@@ -58,7 +58,9 @@ TEST_F(RectDrag, GivesUpOnEscapeRightButtonAndLostMouse) {
   window.Move({200, 200});
   window.Post(Message::Kind::RButtonDown, {200, 200});
   State().OnLButtonDown(0, 181, 181);
+  // A key that the drag doesn't take may not delete the shape under its hands.
   window.Move({200, 200});
+  window.Key(VirtualKey::Delete);
   State().OnLButtonDown(0, 181, 181);
   EXPECT_EQ(State().GetBounds(), (RECT{20, 20, 40, 40}));
   // A window that holds the mouse already starts no drag.

@@ -46,15 +46,6 @@ TEST(TransitionPaint, InnerCornersAreRounded) {
   EXPECT_EQ(Strokes(PaintRoute("0,0 0,1 0,2 5,2 6,2")).find("arc"), std::string::npos);
 }
 
-TEST(TransitionPaint, StopsOneUnitShortOfACorner) {
-  const struct {
-    POINT from, corner, before;
-  } cases[] = {{{0, 5}, {9, 5}, {8, 5}}, {{9, 5}, {0, 5}, {1, 5}}, {{5, 0}, {5, 9}, {5, 8}},
-               {{5, 9}, {5, 0}, {5, 1}}, {{8, 5}, {9, 5}, {9, 5}}, {{7, 5}, {9, 5}, {8, 5}},
-               {{1, 1}, {5, 7}, {5, 7}}, {{5, 5}, {5, 5}, {5, 5}}};
-  for (const auto& c : cases) EXPECT_EQ(RoutePainter::PointBefore(c.from, c.corner), c.before);
-}
-
 TEST(TransitionPaint, ACornerIsAQuarterOfAnEllipseCounterClockwise) {
   // The ends and the corner between them, and the arc.
   const struct {

@@ -248,18 +248,4 @@ TEST(Transition, ALabelWithoutAPlaceStandsAtTheOrigin) {
   EXPECT_TRUE(PtInRect(painted, {0, 0}) && PtInRect(painted, {10, 13}));
 }
 
-TEST(Transition, CoordinatesAtTheLimitsAreLegal) {
-  const std::string high = "2147483647";
-  const std::string low = "-2147483648";
-  const auto chart =
-      TwoStates("", kDownKeys,
-                "2 10 10 10 11 \n1 10 11 " + high + " 11 \n0 " + high + " 11 " + high + " " + low +
-                    " \n3 " + high + " " + low + " " + high + " " + low + " \n");
-  MoveState(*chart, kSource, {3, 3});
-  EXPECT_EQ(Arrow(*chart).Route().back().end, (POINT{2147483647, -2147483647 - 1}));
-  POINT by{100, -100};
-  Arrow(*chart).OnBroadcast(BROADCAST_MOVE, &by);
-  EXPECT_EQ(Arrow(*chart).Route().back().end, (POINT{2147483647, -2147483647 - 1}));
-}
-
 }  // namespace

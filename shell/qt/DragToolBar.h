@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+
+#include <QPoint>
+
+#include "shell/qt/CommandBar.h"
+
+/// The bar of the drawing tools. A button acts at the press, so that a tool can be dragged from the
+/// bar to the chart in one movement.
+class DragToolBar : public CommandBar {
+  Q_OBJECT
+
+ public:
+  using CommandBar::CommandBar;
+
+ protected:
+  void actionEvent(QActionEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool OnPress(QWidget* button, QPoint place);
+  void OnMove(QPoint place);
+
+  std::optional<QPoint> pressPoint;  ///< on the screen, while a press may become a drag
+};
