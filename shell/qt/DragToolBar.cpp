@@ -1,6 +1,6 @@
 #include "shell/qt/DragToolBar.h"
 
-#include <QActionEvent>
+#include <QAction>
 #include <QMouseEvent>
 #include <QTimer>
 
@@ -14,10 +14,12 @@ constexpr int kDragDistance = 3;
 
 }  // namespace
 
-void DragToolBar::actionEvent(QActionEvent* event) {
-  CommandBar::actionEvent(event);
-  if (event->type() != QEvent::ActionAdded) return;
-  if (QWidget* button = widgetForAction(event->action())) button->installEventFilter(this);
+DragToolBar::DragToolBar(const QString& title, std::span<const unsigned> buttons,
+                         CommandTarget& target, QWidget* parent)
+    : CommandBar(title, buttons, target, parent) {
+  for (QAction* action : actions()) {
+    if (!action->isSeparator()) widgetForAction(action)->installEventFilter(this);
+  }
 }
 
 bool DragToolBar::eventFilter(QObject* watched, QEvent* event) {
@@ -26,7 +28,7 @@ bool DragToolBar::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonDblClick: {
       const auto* mouse = static_cast<QMouseEvent*>(event);
       if (mouse->button() != Qt::LeftButton) break;
-      return OnPress(static_cast<QWidget*>(watched), mouse->globalPosition().toPoint());
+      return OnPress(watched, mouse->globalPosition().toPoint());
     }
     case QEvent::MouseMove:
       OnMove(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
@@ -36,14 +38,13 @@ bool DragToolBar::eventFilter(QObject* watched, QEvent* event) {
   return CommandBar::eventFilter(watched, event);
 }
 
-bool DragToolBar::OnPress(QWidget* button, QPoint place) {
+bool DragToolBar::OnPress(const QObject* button, QPoint place) {
   for (QAction* action : actions()) {
     if (widgetForAction(action) != button || action->isSeparator()) continue;
     const unsigned id = action->data().toUInt();
     if (action->isEnabled()) {
       pressPoint = place;
-      // Behind the press: a command may open a box, which must not find the button down.
-      QTimer::singleShot(0, this, [this, id] { Target().RunCommand(id); });
+      Run(id);
     }
     return true;
   }
@@ -53,5 +54,16 @@ bool DragToolBar::OnPress(QWidget* button, QPoint place) {
 void DragToolBar::OnMove(QPoint place) {
   if (!pressPoint || (place - *pressPoint).manhattanLength() < kDragDistance) return;
   pressPoint.reset();
-  QTimer::singleShot(0, this, [this] { Target().RunCommand(ID_TOOL_DRAG_STARTED); });
+  Run(ID_TOOL_DRAG_STARTED);
+}
+
+void DragToolBar::Run(unsigned id) {
+  const bool isTool = id == ID_TOOL_DRAG_STARTED || (id >= ID_TOOL_STATE && id <= ID_TOOL_LINE);
+  if (isTool) {
+    // At once, before the movement that follows the press.
+    Target().RunCommand(id);
+  } else {
+    // Behind the press: the command may open a box, which must not find the button down.
+    QTimer::singleShot(0, this, [this, id] { Target().RunCommand(id); });
+  }
 }

@@ -12,15 +12,16 @@ class DragToolBar : public CommandBar {
   Q_OBJECT
 
  public:
-  using CommandBar::CommandBar;
+  DragToolBar(const QString& title, std::span<const unsigned> buttons, CommandTarget& target,
+              QWidget* parent);
 
  protected:
-  void actionEvent(QActionEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool OnPress(QWidget* button, QPoint place);
+  bool OnPress(const QObject* button, QPoint place);
   void OnMove(QPoint place);
+  void Run(unsigned id);
 
   std::optional<QPoint> pressPoint;  ///< on the screen, while a press may become a drag
 };

@@ -9,8 +9,7 @@
 namespace {
 
 constexpr int kImageSize = 30;
-/// What lies below it stays visible.
-constexpr double kOpacity = 0.8;
+constexpr int kIconSize = 22;
 
 }  // namespace
 
@@ -23,15 +22,17 @@ void ToolImage::Show(unsigned command, POINT topLeft) {
     window = std::make_unique<QLabel>(nullptr, Qt::ToolTip | Qt::FramelessWindowHint |
                                                    Qt::WindowTransparentForInput |
                                                    Qt::WindowDoesNotAcceptFocus);
-    window->setAttribute(Qt::WA_TranslucentBackground);
     window->setAttribute(Qt::WA_ShowWithoutActivating);
-    window->setWindowOpacity(kOpacity);
     window->resize(kImageSize, kImageSize);
+    window->setAlignment(Qt::AlignCenter);
+    window->setFrameStyle(QFrame::Box | QFrame::Plain);
+    window->setBackgroundRole(QPalette::Base);
+    window->setAutoFillBackground(true);
   }
   if (command != shown) {
     shown = command;
     const QIcon icon = MakeCommandIcon(command, QApplication::palette());
-    window->setPixmap(icon.pixmap(QSize(kImageSize, kImageSize), window->devicePixelRatioF()));
+    window->setPixmap(icon.pixmap(QSize(kIconSize, kIconSize), window->devicePixelRatioF()));
   }
   window->move(topLeft.x, topLeft.y);
   if (!window->isVisible()) window->show();
