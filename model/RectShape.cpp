@@ -14,6 +14,8 @@ namespace {
 constexpr std::int32_t kNearReach = 2;
 /// The least left and top of a rectangle that the user moves, model units.
 constexpr std::int32_t kFirstUnit = 1;
+/// Marks on the edge reach so far beyond the rectangle, device pixels.
+constexpr std::int32_t kMarkReach = 3;
 
 bool HasSizeOf(const RECT& a, const RECT& b) {
   return Width(a) == Width(b) && Height(a) == Height(b);
@@ -105,7 +107,8 @@ void RectShape::ChangeRect(const RECT& r, bool sized) {
   const RECT old = rect;
   rect = r;
   OnRectChanged(old, sized);
-  view->InvalidateModelRect(view->ToClient(old), DeviceRect());
+  view->InvalidateModelRect(InflateRect(view->ToClient(old), kMarkReach),
+                            InflateRect(DeviceRect(), kMarkReach));
 }
 
 void RectShape::SnapDeviceRect(RECT& device) const {

@@ -25,7 +25,10 @@ QRegion ToRegion(const CRgn::Piece& piece, const QRect& client) {
   }
   QPolygonF polygon;
   for (const POINT p : std::get<CRgn::Polygon>(piece)) polygon << QPointF(p.x, p.y);
-  return QRegion(ClipPolygon(polygon, client).toPolygon(), Qt::WindingFill);
+  const QRegion inside(ClipPolygon(polygon, client).toPolygon(), Qt::WindingFill);
+  // Slanted lines are smoothed into the pixels beside those that they cover.
+  return inside + inside.translated(-1, 0) + inside.translated(1, 0) + inside.translated(0, -1) +
+         inside.translated(0, 1);
 }
 
 }  // namespace

@@ -1,0 +1,260 @@
+#include <functional>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "connectors/Transition.h"
+#include "model/ModelMgr.h"
+#include "platform/qt/QtView.h"
+#include "resources/CommandIds.h"
+#include "states/GenericState.h"
+#include "surface/LayoutMgr.h"
+#include "tests/support/Charts.h"
+
+namespace {
+
+/// The hand on a real view: a state with a message on its way to another one, a note and a line.
+class GestureTest : public testing::Test {
+ protected:
+  GestureTest() {
+    chart = LoadChart(ChartText(
+        StateRecord(1, {10, 10, 30, 30}) + StateRecord(2, {60, 40, 80, 60}) +
+        MesgRecord(4, 3, {100, 10, 110, 16}) + NoteRecord(5, {20, 70, 32, 76}, Block("note")) +
+        LineRecord(6, 5, 1, "1 2 3 2") +
+        TransitionRecord(3, 1, 2, "2 2 4 2",
+                         "2 30 20 31 20 \n1 31 20 45 20 \n0 45 20 45 50 \n1 45 50 59 50 \n"
+                         "3 59 50 60 50 \n")));
+    widget = std::make_unique<QtView>(*chart);
+    widget->resize(700, 600);
+    widget->show();
+    QApplication::processEvents();
+    chart->ApplyZoom();
+    chart->TakeSnapshot();
+    QApplication::processEvents();
+  }
+
+  QMouseEvent* Mouse(QEvent::Type type, QPoint p, Qt::KeyboardModifiers keys) const {
+    const bool move = type == QEvent::MouseMove;
+    return new QMouseEvent(
+        type, p, widget->viewport()->mapToGlobal(p), move ? Qt::NoButton : Qt::LeftButton,
+        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, keys);
+  }
+  void Post(QEvent::Type type, QPoint p, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    QCoreApplication::postEvent(widget->viewport(), Mouse(type, p, keys));
+  }
+  void Press(QPoint p, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    const std::unique_ptr<QEvent> event(Mouse(QEvent::MouseButtonPress, p, keys));
+    QCoreApplication::sendEvent(widget->viewport(), event.get());
+    QApplication::processEvents();
+  }
+  void Hover(QPoint p) {
+    QMouseEvent event(QEvent::MouseMove, p, widget->viewport()->mapToGlobal(p), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget->viewport(), &event);
+  }
+  void PostEscape() {
+    QCoreApplication::postEvent(widget.get(),
+                                new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+  }
+  /// Runs in the middle of a gesture, between the messages posted before and after it.
+  void PostStep(std::function<void()> step) {
+    QMetaObject::invokeMethod(widget.get(), std::move(step), Qt::QueuedConnection);
+  }
+
+  QImage Now() const { return widget->Picture().copy(); }
+  QImage Repainted() {
+    chart->Invalidate();
+    chart->UpdateWindow();
+    return Now();
+  }
+  void SelectObjects(std::initializer_list<int> ids) {
+    chart->GetModel().DeselectAll();
+    for (const int id : ids) {
+      chart->GetSelection().Add(FindShape(*chart, id));
+      FindShape(*chart, id)->OnBroadcast(BROADCAST_SELECTED, nullptr);
+    }
+    QApplication::processEvents();
+  }
+  bool CanUndo() const { return chart->OnUpdateCommand(ID_EDIT_UNDO).enabled; }
+
+  std::unique_ptr<LayoutMgr> chart;
+  std::unique_ptr<QtView> widget;
+};
+
+struct Gesture {
+  const char* name;
+  std::initializer_list<int> selection;
+  QPoint press;
+  QPoint release;
+  Qt::KeyboardModifiers keys;
+  bool changes;  ///< the model text is another one afterwards
+};
+
+// In pixels at six to the unit.
+const Gesture kGestures[] = {
+    {"move a state", {}, {100, 100}, {160, 130}, Qt::NoModifier, true},
+    {"move the whole selection", {1, 2, 3, 4, 5}, {100, 100}, {163, 139}, Qt::NoModifier, true},
+    {"resize by the corner", {1}, {177, 177}, {220, 200}, Qt::NoModifier, true},
+    {"click on a state", {}, {100, 100}, {100, 100}, Qt::NoModifier, false},
+    {"rubber band", {}, {5, 5}, {600, 500}, Qt::NoModifier, false},
+    {"rubber band on a state", {}, {100, 100}, {500, 500}, Qt::ControlModifier, false},
+    {"connect two anchors", {}, {178, 150}, {360, 272}, Qt::NoModifier, true},
+    {"connect to nothing", {}, {178, 150}, {500, 150}, Qt::NoModifier, true},
+    {"drag the head of a route", {3}, {180, 120}, {180, 90}, Qt::NoModifier, true},
+    {"drag the tail off", {3}, {360, 300}, {420, 450}, Qt::NoModifier, true},
+    {"drag a segment", {3}, {270, 210}, {300, 250}, Qt::NoModifier, true},
+    {"drag a route with Shift", {}, {225, 121}, {285, 151}, Qt::ShiftModifier, true},
+    {"drag the end of a line", {6}, {360, 360}, {132, 444}, Qt::NoModifier, true},
+    {"drag a line", {6}, {300, 300}, {330, 360}, Qt::NoModifier, true},
+    {"move a message", {4}, {610, 90}, {640, 150}, Qt::NoModifier, true},
+    {"stick a message", {4}, {630, 78}, {274, 214}, Qt::NoModifier, true},
+};
+
+class EachGesture : public GestureTest, public testing::WithParamInterface<Gesture> {
+ protected:
+  /// Posts the way of the pointer, with a repaint under the feedback half way.
+  void PostWay(const Gesture& gesture) {
+    Post(QEvent::MouseMove, (gesture.press + gesture.release) / 2, gesture.keys);
+    PostStep([this] { Repainted(); });
+    Post(QEvent::MouseMove, gesture.release, gesture.keys);
+  }
+  void ExpectNoStrayPixel() {
+    Hover({650, 580});
+    chart->OnMouseLeave();
+    QApplication::processEvents();
+    const QImage now = Now();
+    EXPECT_EQ(now, Repainted()) << GetParam().name;
+  }
+};
+
+/// What GoogleTest prints of a gesture.
+void PrintTo(const Gesture& gesture, std::ostream* out) { *out << gesture.name; }
+
+TEST_P(EachGesture, FinishedIsOneStepAndLeavesNoTrace) {
+  const Gesture& gesture = GetParam();
+  SelectObjects(gesture.selection);
+  const std::string before = chart->ModelText();
+  Hover(gesture.press);
+  PostWay(gesture);
+  Post(QEvent::MouseButtonRelease, gesture.release, gesture.keys);
+  Press(gesture.press, gesture.keys);
+  EXPECT_EQ(chart->ModelText() != before, gesture.changes) << chart->ModelText();
+  EXPECT_EQ(CanUndo(), gesture.changes);
+  ExpectNoStrayPixel();
+  if (!gesture.changes) return;
+  EXPECT_TRUE(chart->OnCommand(ID_EDIT_UNDO));
+  EXPECT_EQ(chart->ModelText(), before);
+  EXPECT_FALSE(CanUndo());
+}
+
+TEST_P(EachGesture, CancelledChangesNothingAndLeavesNoTrace) {
+  const Gesture& gesture = GetParam();
+  SelectObjects(gesture.selection);
+  const std::string before = chart->ModelText();
+  Hover(gesture.press);
+  PostWay(gesture);
+  PostEscape();
+  Press(gesture.press, gesture.keys);
+  EXPECT_EQ(chart->ModelText(), before);
+  EXPECT_FALSE(CanUndo());
+  Post(QEvent::MouseButtonRelease, gesture.release, gesture.keys);
+  QApplication::processEvents();
+  ExpectNoStrayPixel();
+}
+
+TEST_P(EachGesture, WithTheMouseLostChangesNothingAndLeavesNoTrace) {
+  const Gesture& gesture = GetParam();
+  SelectObjects(gesture.selection);
+  const std::string before = chart->ModelText();
+  Hover(gesture.press);
+  PostWay(gesture);
+  PostStep([this] { widget->ReleaseCapture(); });
+  Post(QEvent::MouseMove, gesture.press, gesture.keys);
+  Press(gesture.press, gesture.keys);
+  EXPECT_EQ(chart->ModelText(), before);
+  ExpectNoStrayPixel();
+}
+
+INSTANTIATE_TEST_SUITE_P(Hand, EachGesture, testing::ValuesIn(kGestures), [](const auto& info) {
+  std::string name = info.param.name;
+  for (char& c : name) c = c == ' ' ? '_' : c;
+  return name;
+});
+
+TEST_F(GestureTest, FeedbackShowsWhileAGestureRuns) {
+  const QImage before = Now();
+  QImage during;
+  QImage afterRepaint;
+  Hover({178, 150});
+  Post(QEvent::MouseMove, {300, 400});
+  PostStep([&] {
+    during = Now();
+    afterRepaint = Repainted();
+  });
+  PostEscape();
+  Press({178, 150});
+  EXPECT_NE(during, before);
+  EXPECT_EQ(during, afterRepaint) << "a repaint takes no rubber line away";
+}
+
+TEST_F(GestureTest, KeysLeaveAGestureAlone) {
+  const std::string before = chart->ModelText();
+  Post(QEvent::MouseMove, {130, 130});
+  for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Down, Qt::Key_PageDown}) {
+    QCoreApplication::postEvent(widget.get(), new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+  }
+  PostEscape();
+  Press({100, 100});
+  EXPECT_EQ(chart->ModelText(), before);
+  EXPECT_EQ(chart->GetScrollPosition(), (POINT{0, 0}));
+}
+
+TEST_F(GestureTest, APressOnAnAnchorOfASelectedStateMovesIt) {
+  SelectObjects({1});
+  Hover({178, 140});
+  Post(QEvent::MouseMove, {208, 140});
+  Post(QEvent::MouseButtonRelease, {208, 140});
+  Press({170, 140});
+  EXPECT_EQ(chart->GetModel().Objects().size(), 6U);
+  EXPECT_EQ(FindShape(*chart, 1)->GetBounds(), (RECT{16, 10, 36, 30}));
+}
+
+TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscape) {
+  const QPoint place(400, 100);
+  chart->OnCommand(ID_TOOL_STATE);
+  EXPECT_TRUE(chart->OnUpdateCommand(ID_TOOL_STATE).checked);
+  Hover(place);
+  Press(place);
+  Post(QEvent::MouseButtonRelease, place);
+  QApplication::processEvents();
+  EXPECT_EQ(chart->GetModel().Objects().back()->GetBounds(), (RECT{67, 17, 77, 25}));
+  EXPECT_EQ(chart->GetTool(), 0U);
+  EXPECT_TRUE(CanUndo());
+
+  chart->OnCommand(ID_TOOL_NOTE);
+  chart->OnKeyDown(VirtualKey::Escape, 0);
+  Post(QEvent::MouseButtonRelease, place);
+  QApplication::processEvents();
+  EXPECT_EQ(chart->GetModel().Objects().size(), 7U);
+}
+
+TEST_F(GestureTest, AToolDroppedOutsideInsertsNothing) {
+  chart->OnCommand(ID_TOOL_STATE);
+  Hover({100, 400});
+  Post(QEvent::MouseButtonRelease, {-20, 400});
+  QApplication::processEvents();
+  EXPECT_EQ(chart->GetModel().Objects().size(), 6U);
+  EXPECT_EQ(chart->GetTool(), 0U);
+  EXPECT_FALSE(widget->HasCapture());
+}
+
+TEST_F(GestureTest, AMessageFollowsItsRouteWhileItStandsOnTheLabel) {
+  FindShape(*chart, 4)->OnCommand(ID_MESG_ALIGN);
+  Post(QEvent::MouseMove, {430, 340});
+  Post(QEvent::MouseButtonRelease, {430, 340});
+  Press({400, 280});  // moves the target state by (5, 10) units
+  const RECT box = FindShape(*chart, 4)->GetBounds();
+  EXPECT_EQ(box, (RECT{40, 37, 50, 43}));
+}
+
+}  // namespace
