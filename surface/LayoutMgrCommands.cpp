@@ -128,8 +128,6 @@ void LayoutMgr::ScrollHome() {
 bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
   // Nothing may go from under a gesture, nor may the chart scroll away from its points.
   if (HasCapture() && !toolDragging) return false;
-  // While a gesture holds the mouse nothing may scroll under its feedback or delete its shape.
-  if (HasCapture() && !toolDragging) return false;
   switch (key) {
     case VirtualKey::Escape:
       EndToolDrag();

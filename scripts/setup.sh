@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Installs what building and running Morvane needs on Debian 12. Asks dpkg first, so that a machine
+# that has everything needs neither network nor rights.
+set -euo pipefail
+
+packages=(
+  g++ cmake ninja-build ccache
+  qt6-base-dev qt6-svg-dev
+  libqt6svg6           # also the plugins that draw SVG icons
+  fonts-dejavu-core    # stands in for Verdana
+  libgtest-dev libbenchmark-dev
+  clang-format
+  "$@"
+)
+if [[ -n ${WAYLAND_DISPLAY:-} && -z ${DISPLAY:-} ]]; then
+  packages+=(qt6-wayland)
+fi
+
+if ! command -v dpkg-query >/dev/null; then
+  echo "No dpkg here; please install the equivalents of: ${packages[*]}" >&2
+  exit 0
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+  [[ $status == installed ]] || missing+=("$package")
+done
+((${#missing[@]})) || exit 0
+
+as_root=()
+if ((EUID != 0)); then
+  if ! command -v sudo >/dev/null; then
+    echo "Missing packages, and neither root nor sudo to install them: ${missing[*]}" >&2
+    exit 1
+  fi
+  as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -y --no-install-recommends "${missing[@]}"

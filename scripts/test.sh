@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Installs what is missing, checks the formatting, builds, and runs every test:
+# test.sh [PRESET [CTEST_OPTION...]], where PRESET is release, debug or asan.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+preset=${1:-release}
+shift || true
+
+"$root/scripts/setup.sh"
+"$root/scripts/format.sh" --check
+"$root/scripts/build.sh" "$preset"
+cd "$root"
+ctest --preset "$preset" "$@"
