@@ -27,7 +27,7 @@ int Fail(std::ostream& err, const std::string& path, const std::string& reason) 
 /// Reads a chart as the window would; the reason of a failure, empty on success.
 std::string LoadChart(const std::string& path, LayoutMgr& chart, bool normalSize) {
   if (!IsEmptyFile(path)) {
-    const std::string reason = ModelFile::Load(path, chart);
+    std::string reason = ModelFile::Load(path, chart);
     if (!reason.empty()) return reason;
   }
   chart.PlaceWithoutWindow(normalSize);

@@ -63,7 +63,7 @@ void LayoutMgr::OnMouseLeave() {
 void LayoutMgr::ShowHover(POINT client) {
   const auto* source = dynamic_cast<StartableState*>(FindShapeNear(client, LAYER_STATE));
   overAnchor = SnapToAnchor(source, *this, sourceMark, client);
-  if (!overAnchor) targetMark.Hide(*GetDC());
+  targetMark.Hide(*GetDC());
 }
 
 void LayoutMgr::HideHover() {

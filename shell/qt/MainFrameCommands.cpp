@@ -1,6 +1,7 @@
 #include <QMdiArea>
 #include <QStatusBar>
 
+#include "dialogs/CDefaultSettingDlg.h"
 #include "platform/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/MessageBox.h"
@@ -75,6 +76,7 @@ CommandState MainFrame::FrameState(unsigned id) const {
     case ID_FILE_NEW:
     case ID_FILE_OPEN:
     case ID_APP_EXIT:
+    case ID_DEFAULT_SETTINGS:
     case ID_APP_ABOUT: return CommandState::Enabled(true);
     case ID_CLOSE_ALL:
     case ID_WINDOW_CASCADE:
@@ -100,6 +102,7 @@ void MainFrame::RunFrameCommand(unsigned id) {
     case ID_WINDOW_CASCADE: area->cascadeSubWindows(); break;
     case ID_WINDOW_TILE: area->tileSubWindows(); break;
     case ID_WINDOW_ARRANGE: ArrangeIcons(); break;
+    case ID_DEFAULT_SETTINGS: CDefaultSettingDlg::Instance().ShowDialog(); break;
     case ID_APP_ABOUT: ShowAbout(); break;
     case ID_APP_EXIT: close(); break;
     default: break;

@@ -33,9 +33,7 @@ TEST(ModelText, ReadsBackToItself) {
   EXPECT_EQ(LoadChart(ChartText(""))->ModelText(), ChartText(""));
 }
 
-TEST(ModelText, NewChartWritesTheDefaults) {
-  EXPECT_EQ(LayoutMgr().ModelText(), ChartText(""));
-}
+TEST(ModelText, NewChartWritesTheDefaults) { EXPECT_EQ(LayoutMgr().ModelText(), ChartText("")); }
 
 TEST(ModelText, EveryKindKeepsItsFields) {
   const std::string records =

@@ -87,6 +87,4 @@ std::unique_ptr<LayoutMgr> LoadChart(const std::string& text) {
   return chart;
 }
 
-Shape* FindShape(const LayoutMgr& chart, int id) {
-  return chart.GetModel().Find(id);
-}
+Shape* FindShape(const LayoutMgr& chart, int id) { return chart.GetModel().Find(id); }
