@@ -119,6 +119,12 @@ void DragStep(benchmark::State& state) {
   }
 }
 
+/// A whole gesture of one step: above all the drop, with its snapshot.
+void Drop(benchmark::State& state) {
+  OpenChart chart(ChartOf(state));
+  for (auto _ : state) chart.DragFirstState(1);
+}
+
 void DeleteAll(benchmark::State& state) {
   const std::string text = ChartOf(state);
   for (auto _ : state) {
@@ -170,6 +176,7 @@ BENCHMARK(DragStep)
     ->Unit(benchmark::kMicrosecond)
     ->UseManualTime()
     ->Iterations(5);
+BENCHMARK(Drop)->Arg(kSmall)->Arg(kMiddle)->Arg(kLarge)->Unit(benchmark::kMicrosecond);
 BENCHMARK(DeleteAll)
     ->Arg(kSmall)
     ->Arg(kMiddle)

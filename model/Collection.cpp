@@ -1,6 +1,7 @@
 #include "model/Collection.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "model/Collectable.h"
 
@@ -10,7 +11,8 @@ void Collection::Add(Collectable* object) {
 
 void Collection::Remove(Collectable* object) {
   if (index.erase(object) == 0) return;
-  members.erase(std::find(members.begin(), members.end(), object));
+  const auto found = std::find(members.rbegin(), members.rend(), object);
+  members.erase(std::next(found).base());
 }
 
 void Collection::Clear() {

@@ -263,7 +263,8 @@ void ModelMgr::DeleteSelected(bool prompt) {
       ShowMessage(LoadText(IDS_CONFIRM_DELETE_SELECTED), kConfirmFlags) != MessageAnswer::Yes) {
     return;
   }
-  while (!selection.IsEmpty()) delete selection.Members().front();
+  // From the back, where nothing has to move up. An object may take another one along.
+  while (!selection.IsEmpty()) delete selection.Members().back();
 }
 
 void ModelMgr::Write(ModelStream& stream) const { data.Write(stream); }
