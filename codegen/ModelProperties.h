@@ -15,6 +15,11 @@ class ModelProperties {
   /// text for the user.
   void Read(ModelStream& stream);
 
+  /// Runs the dialog of the texts that describe the model.
+  void EditModelProperties();
+  /// Runs the sheet of the texts for the generators.
+  void EditCodegenProperties();
+
   std::string ModelName;
   std::string Description;
   std::string Author;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "dialogs/CEventEditor.h"
 #include "persistence/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/Texts.h"
@@ -69,4 +70,12 @@ bool EventEditorBox::ReplaceAll(const std::string& findText, const std::string& 
   return changed;
 }
 
-bool EventEditorBox::EditText(const std::string& /*title*/) { return false; }
+bool EventEditorBox::EditText(const std::string& /*title*/) {
+  CEventEditor editor;
+  if (!event.empty()) editor.event = event;
+  editor.guard = guard;
+  editor.effect = effect;
+  if (!editor.DoModal()) return false;
+  SetTexts(std::move(editor.event), std::move(editor.guard), std::move(editor.effect));
+  return true;
+}

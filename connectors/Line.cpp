@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "dialogs/CDefaultSettingDlg.h"
+#include "dialogs/CLineProperty.h"
 #include "dialogs/LinePens.h"
 #include "model/Connectable.h"
 #include "model/DrawResources.h"
@@ -180,6 +181,21 @@ void Line::MoveBy(POINT offset) {
 }
 
 void Line::OnCommand(unsigned command) {
-  if (command != ID_LINE_DELETE) return ComplexShape::OnCommand(command);
-  if (ConfirmDeletion(IDS_CONFIRM_LINE_DELETION)) delete this;
+  switch (command) {
+    case ID_LINE_DELETE:
+      if (ConfirmDeletion(IDS_CONFIRM_LINE_DELETION)) delete this;
+      break;
+    case ID_OBJECT_PROPERTIES: EditProperties(); break;
+    default: ComplexShape::OnCommand(command);
+  }
+}
+
+void Line::EditProperties() {
+  CLineProperty dialog;
+  dialog.colourIndex = colourIndex;
+  dialog.styleIndex = styleIndex;
+  if (!dialog.DoModal()) return;
+  colourIndex = dialog.colourIndex;
+  styleIndex = dialog.styleIndex;
+  Invalidate();
 }

@@ -51,6 +51,7 @@ class Line : public ComplexShape, public Connector {
   void BuildRegion() override;
 
  private:
+  void EditProperties();
   Connectable* FindConnectable(std::int32_t shapeId) const;
   static void Follow(const Connectable& shape, const AnchorKey& key, POINT& lineEnd);
   void MoveBy(POINT offset);

@@ -3,6 +3,7 @@
 #include "connectors/HandleSquare.h"
 #include "connectors/Transition.h"
 #include "dialogs/CDefaultSettingDlg.h"
+#include "dialogs/MesgPropDlg.h"
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
 #include "persistence/ModelStream.h"
@@ -146,7 +147,36 @@ void Mesg::OnCommand(unsigned command) {
     case ID_MESG_DELETE:
       if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
       break;
+    case ID_MESG_EDIT:
+      EditText();
+      if (transition != nullptr) view->UpdateNodes(transition);
+      break;
+    case ID_OBJECT_PROPERTIES: EditProperties(); break;
     case ID_MESG_ALIGN: Align(); break;
     default: ConnectableRectShape::OnCommand(command);
   }
+}
+
+void Mesg::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
+  EditText();
+}
+
+void Mesg::EditText() {
+  if (text.EditText("Message")) Invalidate();
+}
+
+void Mesg::EditProperties() {
+  MesgPropDlg dialog;
+  dialog.transparent = bgTransparent;
+  dialog.noBorder = noBorder;
+  dialog.hidden = showAnchors ? 0 : 1;
+  dialog.bgColor = bgColor;
+  dialog.borderColor = borderColor;
+  if (!dialog.DoModal()) return;
+  bgTransparent = dialog.transparent;
+  noBorder = dialog.noBorder;
+  showAnchors = dialog.hidden == 0;
+  bgColor = dialog.bgColor;
+  borderColor = dialog.borderColor;
+  Invalidate();
 }

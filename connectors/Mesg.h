@@ -24,6 +24,7 @@ class Mesg : public ConnectableRectShape {
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;
   void OnRestored() override;
@@ -54,6 +55,8 @@ class Mesg : public ConnectableRectShape {
 
  private:
   void ResolveTransition();
+  void EditText();
+  void EditProperties();
   POINT LabelPoint() const;
   bool IsOnStickHandle(POINT client) const;
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "dialogs/MesgPropDlg.h"
 #include "persistence/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/CommandIds.h"
@@ -87,6 +88,32 @@ void Note::Draw(CDC* dc) {
 }
 
 void Note::OnCommand(unsigned command) {
-  if (command != ID_NOTE_DELETE) return ConnectableRectShape::OnCommand(command);
-  if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
+  switch (command) {
+    case ID_NOTE_EDIT:
+      if (text.EditText(LoadText(IDS_NOTE))) Invalidate();
+      break;
+    case ID_NOTE_DELETE:
+      if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
+      break;
+    case ID_OBJECT_PROPERTIES: EditProperties(); break;
+    default: ConnectableRectShape::OnCommand(command);
+  }
+}
+
+void Note::EditProperties() {
+  MesgPropDlg dialog;
+  dialog.title = LoadText(IDS_NOTE_PROPERTIES);
+  dialog.mayChangeBorder = 0;
+  dialog.transparent = bgTransparent;
+  dialog.noBorder = noBorder;
+  dialog.hidden = showAnchors ? 0 : 1;
+  dialog.bgColor = bgColor;
+  dialog.borderColor = borderColor;
+  if (!dialog.DoModal()) return;
+  bgTransparent = dialog.transparent;
+  noBorder = dialog.noBorder;
+  showAnchors = dialog.hidden == 0;
+  bgColor = dialog.bgColor;
+  borderColor = dialog.borderColor;
+  Invalidate();
 }

@@ -26,6 +26,8 @@ class Note : public ConnectableRectShape {
   Layer GetClassLayer() const override { return LAYER_NOTE; }
 
  private:
+  void EditProperties();
+
   TextBox text;
   std::int32_t bgTransparent = 0;
   std::int32_t noBorder = 0;

@@ -1,7 +1,9 @@
 #include "connectors/TextBox.h"
 
 #include <string_view>
+#include <utility>
 
+#include "dialogs/EditMesgDlg.h"
 #include "platform/CDC.h"
 #include "surface/LayoutMgr.h"
 
@@ -41,4 +43,11 @@ bool TextBox::ReplaceAll(const std::string& findText, const std::string& replace
   return ReplaceInText(text, findText, replaceText);
 }
 
-bool TextBox::EditText(const std::string& /*title*/) { return false; }
+bool TextBox::EditText(const std::string& title) {
+  EditMesgDlg editor;
+  editor.title = title;
+  editor.text = text;
+  if (!editor.DoModal()) return false;
+  text = std::move(editor.text);
+  return true;
+}

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/DataExchange.h"
+
 namespace {
 
 constexpr int kButtonRow = -1;
@@ -21,19 +23,21 @@ DialogHost& DialogHost::Default() {
 bool CDialog::DoModal() {
   open = true;
   accepted = false;
+  UpdateData(false);
   OnInitDialog();
-  Service<DialogHost>::Get().Run(*this);
+  Run();
   open = false;
   return accepted;
 }
 
+void CDialog::Run() { Service<DialogHost>::Get().Run(*this); }
+
 DialogControl& CDialog::Control(int id) {
-  return *std::find_if(controls.begin(), controls.end(),
-                       [id](const DialogControl& control) { return control.id == id; });
+  return *std::ranges::find(controls, id, &DialogControl::id);
 }
 
 const DialogControl& CDialog::Control(int id) const {
-  return const_cast<CDialog*>(this)->Control(id);
+  return *std::ranges::find(controls, id, &DialogControl::id);
 }
 
 void CDialog::Click(int id) {
@@ -61,6 +65,16 @@ void CDialog::AddButtons(const std::string& ok, const std::string& cancel) {
   Add(DialogControl::Kind::Row, kButtonRow, "");
   Add(DialogControl::Kind::Button, IDOK, ok, kButtonRow).isDefault = true;
   Add(DialogControl::Kind::Button, IDCANCEL, cancel, kButtonRow);
+}
+
+bool CDialog::OnOk() {
+  UpdateData(true);
+  return true;
+}
+
+void CDialog::UpdateData(bool save) {
+  DataExchange exchange(*this, save);
+  DoDataExchange(exchange);
 }
 
 void CDialog::FocusOn(int id) {

@@ -11,16 +11,16 @@
 
 class CDC;
 class CDialog;
+class DataExchange;
 
 /// One control of a dialog, and what it shows now. A container holds other controls.
 struct DialogControl {
   enum class Kind {
-    Column,  ///< a container, its children one under the other
-    Row,     ///< a container, its children side by side
-    Group,   ///< a column with a frame and a title
-    Tabs,    ///< a container of pages
-    Page,    ///< a column on a tab
-    Label,
+    Column,     ///< a container, its children one under the other
+    Row,        ///< a container, its children side by side
+    Group,      ///< a column with a frame and a title
+    Tabs,       ///< a container of pages
+    Page,       ///< a column on a tab
     Edit,       ///< a box of one line
     MultiEdit,  ///< a box of several lines, which Return breaks
     CheckBox,
@@ -34,8 +34,9 @@ struct DialogControl {
     std::string title;
     int width;  ///< pixels; 0 takes the rest
   };
+  static constexpr int kNoItem = -1;
 
-  Kind kind = Kind::Label;
+  Kind kind = Kind::Edit;
   int id = 0;          ///< unique in the dialog, for what is asked or clicked
   int parent = 0;      ///< the id of the container; 0 is the dialog itself
   std::string label;   ///< title or caption, with "&" before the mnemonic
@@ -45,9 +46,11 @@ struct DialogControl {
   bool enabled = true;
   bool isDefault = false;  ///< of a button: Return presses it
   bool code = false;       ///< of a box: it holds code and shows it in a fixed pitch
+  int width = 28;          ///< of a box: letters that have room at least
+  int lines = 6;           ///< of a box of several lines: those that have room at least
   std::string text;        ///< of a box, as the model holds it: line breaks are CR LF
   bool checked = false;
-  int selection = 0;
+  int selection = 0;  ///< of a combo; `kNoItem` for none
   int itemCount = 0;
   PaintItem paintItem;
   std::vector<Column> columns;
@@ -55,7 +58,7 @@ struct DialogControl {
   std::vector<int> selectedRows;  ///< in rising order
 };
 
-/// The ids of the buttons that every dialog has.
+/// The ids of the buttons that close a dialog.
 enum DialogButton : int { IDOK = 1, IDCANCEL = 2 };
 
 /// The real window of a dialog while it runs.
@@ -64,7 +67,7 @@ class DialogWindow {
   virtual ~DialogWindow() = default;
   /// Shows the controls as they stand now.
   virtual void Refresh() = 0;
-  /// Puts the keyboard into a box and selects its text.
+  /// Puts the keyboard into a control; the text of a box of one line is selected.
   virtual void FocusOn(int id) = 0;
   virtual void End() = 0;
 };
@@ -74,13 +77,14 @@ class DialogHost {
  public:
   virtual ~DialogHost() = default;
   /// Runs the dialog until it has ended. The window writes what the user types, checks or selects
-  /// into the controls and then calls the dialog's `Click`.
+  /// into the controls and then calls the dialog's `Click`. A text that the user left alone stays
+  /// as it is, byte for byte.
   virtual void Run(CDialog& dialog) = 0;
   static DialogHost& Default();
 };
 
 /// A modal dialog: its controls and the rules between them, free of any toolkit. A class of its own
-/// adds the controls in its constructor and fills them in `OnInitDialog`.
+/// adds the controls in its constructor and ties its fields to them in `DoDataExchange`.
 class CDialog {
  public:
   explicit CDialog(std::string caption) : caption(std::move(caption)) {}
@@ -88,7 +92,8 @@ class CDialog {
   CDialog(const CDialog&) = delete;
   CDialog& operator=(const CDialog&) = delete;
 
-  /// Fills the controls, shows the dialog and waits; true if it was closed with its OK button.
+  /// Fills the controls from the fields, shows the dialog and waits; true if it was closed with its
+  /// OK button.
   bool DoModal();
 
   const std::string& Caption() const { return caption; }
@@ -101,23 +106,33 @@ class CDialog {
   /// The user pressed a button, clicked a check box, chose an item or selected rows. The controls
   /// hold the new state already.
   void Click(int id);
+  /// The window that shows the dialog, not owned; null when it is gone.
   void SetWindow(DialogWindow* shown) { window = shown; }
 
- protected:
-  virtual void OnInitDialog() {}
-  virtual void OnClicked(int /*id*/) {}
-  /// The OK button; false keeps the dialog open.
-  virtual bool OnOk() { return true; }
-
-  void SetCaption(std::string text) { caption = std::move(text); }
   DialogControl& Add(DialogControl::Kind kind, int id, std::string label, int parent = 0);
   /// The row of closing buttons, the first one being the default.
   void AddButtons(const std::string& ok, const std::string& cancel);
+
+ protected:
+  /// Shows the dialog until it has ended. One with a window of a kind of its own asks another host.
+  virtual void Run();
+  /// Moves the fields into the controls or back.
+  virtual void DoDataExchange(DataExchange& /*exchange*/) {}
+  /// Follows the first move of the fields into the controls.
+  virtual void OnInitDialog() {}
+  virtual void OnClicked(int /*id*/) {}
+  /// The OK button: takes the controls into the fields. False keeps the dialog open.
+  virtual bool OnOk();
+
+  void UpdateData(bool save);
+  void Enable(int id, bool on) { Control(id).enabled = on; }
+  void SetCaption(std::string text) { caption = std::move(text); }
   void FocusOn(int id);
+
+ private:
   void EndDialog(bool accepted);
   void Refresh();
 
- private:
   std::string caption;
   std::deque<DialogControl> controls;
   DialogWindow* window = nullptr;

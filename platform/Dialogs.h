@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
+#include "platform/Geometry.h"
 #include "platform/Service.h"
 
 /// The desktop's own dialogs. The default service has no screen and answers every dialog with
@@ -13,6 +15,11 @@ class Dialogs {
     std::string text;       ///< "Morvane Files (*.mrv)"
     std::string extension;  ///< ".mrv", given to a name that is typed without one
   };
+  struct FontChoice {
+    std::string face;
+    std::int32_t tenths = 0;  ///< the size in tenths of a point
+    COLORREF color = 0;
+  };
 
   virtual ~Dialogs() = default;
   /// The path of a file to open; nothing on Cancel.
@@ -21,5 +28,14 @@ class Dialogs {
   /// is replaced. Nothing on Cancel.
   virtual std::optional<std::string> AskSavePath(const FileFilter& filter,
                                                  const std::string& suggestion) = 0;
+  /// A colour, starting from one; nothing on Cancel.
+  virtual std::optional<COLORREF> AskColor(COLORREF start) = 0;
+  /// A face, a size and a colour for text on the screen; nothing on Cancel.
+  virtual std::optional<FontChoice> AskFont(const FontChoice& start) = 0;
   static Dialogs& Default();
 };
+
+/// Lets the user choose another colour for a field; on Cancel it stays.
+inline void ChooseColor(COLORREF& field) {
+  field = Service<Dialogs>::Get().AskColor(field).value_or(field);
+}

@@ -7,6 +7,7 @@
 /// The look of a message box: one of the button sets, an icon and a default button, added up.
 enum MessageBoxFlags : unsigned {
   MB_OK = 0x0,
+  MB_OKCANCEL = 0x1,
   MB_YESNOCANCEL = 0x3,
   MB_YESNO = 0x4,
   MB_ICONHAND = 0x10,

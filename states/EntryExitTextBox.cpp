@@ -1,5 +1,6 @@
 #include "states/EntryExitTextBox.h"
 
+#include "dialogs/EntryExitEditor.h"
 #include "platform/CDC.h"
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
@@ -35,4 +36,12 @@ bool EntryExitTextBox::ReplaceAll(const std::string& findText, const std::string
   return entryChanged || exitChanged;
 }
 
-bool EntryExitTextBox::EditText(const std::string& /*title*/) { return false; }
+bool EntryExitTextBox::EditText(const std::string& title) {
+  EntryExitEditor editor;
+  editor.title = title;
+  editor.entry = entry;
+  editor.exit = exit;
+  if (!editor.DoModal()) return false;
+  SetTexts(editor.entry, editor.exit);
+  return true;
+}

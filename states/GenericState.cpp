@@ -1,6 +1,7 @@
 #include "states/GenericState.h"
 
 #include "dialogs/CDefaultSettingDlg.h"
+#include "dialogs/StatePropDlg.h"
 #include "persistence/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/CommandIds.h"
@@ -12,6 +13,8 @@ namespace {
 constexpr std::int32_t kCorner = 5;
 /// What keeps texts off the lines around them, logical units.
 constexpr std::int32_t kTextMargin = 3;
+/// The name of a state whose name was emptied, whatever the default of new states is.
+constexpr const char* kNameOfNameless = "State";
 
 }  // namespace
 
@@ -98,8 +101,11 @@ void GenericState::DrawHistoryMark(CDC* dc, const RECT& inner) const {
 }
 
 void GenericState::OnCommand(unsigned command) {
-  if (command == ID_STATE_EDIT_TEXTS) return EditTexts();
-  State::OnCommand(command);
+  switch (command) {
+    case ID_OBJECT_PROPERTIES: EditProperties(); break;
+    case ID_STATE_EDIT_TEXTS: EditTexts(); break;
+    default: State::OnCommand(command);
+  }
 }
 
 void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
@@ -108,6 +114,21 @@ void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::
 
 void GenericState::EditTexts() {
   if (entryExit.EditText(name)) Invalidate();
+}
+
+void GenericState::EditProperties() {
+  StatePropDlg dialog;
+  dialog.name = name;
+  dialog.history = history;
+  dialog.bgColor = bgColor;
+  dialog.transparent = transparent;
+  if (!dialog.DoModal()) return;
+  name = dialog.name.empty() ? kNameOfNameless : dialog.name;
+  history = dialog.history;
+  transparent = dialog.transparent;
+  bgColor = dialog.bgColor;
+  view->UpdateNodes(this);
+  Invalidate();
 }
 
 void GenericState::OnPlaced() {

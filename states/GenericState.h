@@ -28,6 +28,7 @@ class GenericState : public StartableState, public EndableState {
  private:
   void DrawHistoryMark(CDC* dc, const RECT& inner) const;
   void EditTexts();
+  void EditProperties();
 
   EntryExitTextBox entryExit;
   std::int32_t history = 0;

@@ -1,9 +1,12 @@
 #include "platform/qt/QtDialogs.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 
 #include "platform/Files.h"
+#include "platform/qt/DialogParent.h"
+#include "platform/qt/QtFontDialog.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -40,4 +43,20 @@ std::optional<std::string> QtDialogs::AskSavePath(const FileFilter& filter,
   const auto path = Ask(dialog, filter);
   if (path) lastFolder = FolderOf(*path);
   return path;
+}
+
+std::optional<COLORREF> QtDialogs::AskColor(COLORREF start) {
+  const QColor chosen = QColorDialog::getColor(
+      QColor(static_cast<int>(GetRValue(start)), static_cast<int>(GetGValue(start)),
+             static_cast<int>(GetBValue(start))),
+      DialogParent());
+  if (!chosen.isValid()) return std::nullopt;
+  return RGB(static_cast<unsigned>(chosen.red()), static_cast<unsigned>(chosen.green()),
+             static_cast<unsigned>(chosen.blue()));
+}
+
+std::optional<Dialogs::FontChoice> QtDialogs::AskFont(const FontChoice& start) {
+  QtFontDialog dialog(start, DialogParent());
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return dialog.Choice();
 }

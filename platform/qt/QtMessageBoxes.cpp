@@ -9,6 +9,7 @@ namespace {
 
 QMessageBox::StandardButtons ButtonsOf(unsigned flags) {
   switch (flags & kButtonSetMask) {
+    case MB_OKCANCEL: return QMessageBox::Ok | QMessageBox::Cancel;
     case MB_YESNO: return QMessageBox::Yes | QMessageBox::No;
     case MB_YESNOCANCEL: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     default: return QMessageBox::Ok;
@@ -28,10 +29,14 @@ MessageAnswer AnswerOf(int button, unsigned flags) {
     case QMessageBox::Yes: return MessageAnswer::Yes;
     case QMessageBox::No: return MessageAnswer::No;
     case QMessageBox::Ok: return MessageAnswer::Ok;
-    default:
-      // Closed without a button: the answer that changes nothing.
-      if ((flags & kButtonSetMask) == MB_YESNOCANCEL) return MessageAnswer::Cancel;
-      return (flags & kButtonSetMask) == MB_YESNO ? MessageAnswer::No : MessageAnswer::Ok;
+    default: break;
+  }
+  // Cancel, or closed without a button: the answer that changes nothing.
+  switch (flags & kButtonSetMask) {
+    case MB_OKCANCEL:
+    case MB_YESNOCANCEL: return MessageAnswer::Cancel;
+    case MB_YESNO: return MessageAnswer::No;
+    default: return MessageAnswer::Ok;
   }
 }
 
@@ -39,13 +44,17 @@ MessageAnswer AnswerOf(int button, unsigned flags) {
 
 MessageAnswer QtMessageBoxes::Show(const std::string& text, unsigned flags) {
   QMessageBox box(QApplication::activeWindow());
-  box.setWindowTitle(QApplication::applicationDisplayName());
+  box.setWindowTitle(QApplication::applicationName());
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQString(text));
   box.setIcon(IconOf(flags));
   box.setStandardButtons(ButtonsOf(flags));
   const bool second = (flags & MB_DEFBUTTON2) != 0;
   switch (flags & kButtonSetMask) {
+    case MB_OKCANCEL:
+      box.setDefaultButton(second ? QMessageBox::Cancel : QMessageBox::Ok);
+      box.setEscapeButton(QMessageBox::Cancel);
+      break;
     case MB_YESNO:
       box.setDefaultButton(second ? QMessageBox::No : QMessageBox::Yes);
       box.setEscapeButton(QMessageBox::No);

@@ -35,6 +35,8 @@ ScriptedDialogs::~ScriptedDialogs() {
   Service<Dialogs>::Set(former);
   EXPECT_TRUE(opens.empty()) << "a dialog for opening was not asked for";
   EXPECT_TRUE(saves.empty()) << "a dialog for saving was not asked for";
+  EXPECT_TRUE(colors.empty()) << "a dialog for a colour was not asked for";
+  EXPECT_TRUE(fonts.empty()) << "a dialog for a font was not asked for";
 }
 
 void ScriptedDialogs::ExpectOpen(std::optional<std::string> path) {
@@ -63,4 +65,90 @@ std::optional<std::string> ScriptedDialogs::AskSavePath(const FileFilter&,
                                                         const std::string& suggestion) {
   lastSuggestion = suggestion;
   return Take(saves, "saving");
+}
+
+void ScriptedDialogs::ExpectColor(COLORREF start, std::optional<COLORREF> chosen) {
+  colors.push_back({start, chosen});
+}
+
+void ScriptedDialogs::ExpectFont(std::optional<FontChoice> chosen) {
+  fonts.push_back(std::move(chosen));
+}
+
+std::optional<COLORREF> ScriptedDialogs::AskColor(COLORREF start) {
+  if (colors.empty()) {
+    ADD_FAILURE() << "unexpected dialog for a colour";
+    return std::nullopt;
+  }
+  const ExpectedColor next = colors.front();
+  colors.pop_front();
+  EXPECT_EQ(start, next.start);
+  return next.chosen;
+}
+
+std::optional<Dialogs::FontChoice> ScriptedDialogs::AskFont(const FontChoice& start) {
+  lastFont = start;
+  if (fonts.empty()) {
+    ADD_FAILURE() << "unexpected dialog for a font";
+    return std::nullopt;
+  }
+  std::optional<FontChoice> next = fonts.front();
+  fonts.pop_front();
+  return next;
+}
+
+ScriptedDialogHost::ScriptedDialogHost() : former(Service<DialogHost>::Set(this)) {}
+
+ScriptedDialogHost::~ScriptedDialogHost() {
+  Service<DialogHost>::Set(former);
+  for (const Expected& left : expected) ADD_FAILURE() << "no dialog opened: " << left.caption;
+}
+
+void ScriptedDialogHost::Expect(std::string caption, Script script) {
+  expected.push_back({std::move(caption), std::move(script)});
+}
+
+void ScriptedDialogHost::Run(CDialog& dialog) {
+  if (expected.empty()) {
+    ADD_FAILURE() << "unexpected dialog: " << dialog.Caption();
+    dialog.Click(IDCANCEL);
+    return;
+  }
+  const Expected next = std::move(expected.front());
+  expected.pop_front();
+  EXPECT_EQ(dialog.Caption(), next.caption);
+  next.script(dialog);
+  if (!dialog.IsOpen()) return;
+  ADD_FAILURE() << "the dialog was left open: " << next.caption;
+  dialog.Click(IDCANCEL);
+}
+
+void ScriptedDialogHost::Type(CDialog& dialog, int id, const std::string& text) {
+  EXPECT_TRUE(dialog.Control(id).enabled) << id;
+  dialog.Control(id).text = text;
+}
+
+void ScriptedDialogHost::Press(CDialog& dialog, int id) {
+  EXPECT_TRUE(dialog.Control(id).enabled) << id;
+  dialog.Click(id);
+}
+
+void ScriptedDialogHost::Toggle(CDialog& dialog, int id) {
+  bool& checked = dialog.Control(id).checked;
+  checked = !checked;
+  Press(dialog, id);
+}
+
+void ScriptedDialogHost::Choose(CDialog& dialog, int id, int item) {
+  EXPECT_LT(item, dialog.Control(id).itemCount);
+  dialog.Control(id).selection = item;
+  Press(dialog, id);
+}
+
+void ScriptedDialogHost::SelectRows(CDialog& dialog, int id, std::vector<int> rows) {
+  for (const int row : rows) {
+    EXPECT_LT(static_cast<std::size_t>(row), dialog.Control(id).rows.size());
+  }
+  dialog.Control(id).selectedRows = std::move(rows);
+  Press(dialog, id);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/CDialog.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
 #include "platform/Service.h"
@@ -35,7 +37,7 @@ class ScriptedMessageBoxes : public MessageBoxes {
   MessageBoxes* former;
 };
 
-/// The same for the file dialogs. An answer of nothing is Cancel.
+/// The same for the desktop's dialogs. An answer of nothing is Cancel.
 class ScriptedDialogs : public Dialogs {
  public:
   ScriptedDialogs();
@@ -43,19 +45,63 @@ class ScriptedDialogs : public Dialogs {
 
   void ExpectOpen(std::optional<std::string> path);
   void ExpectSave(std::optional<std::string> path);
+  /// The next colour dialog has to start from one colour, and gives the other.
+  void ExpectColor(COLORREF start, std::optional<COLORREF> chosen);
+  void ExpectFont(std::optional<FontChoice> chosen);
+  /// What the last dialog for a font started from.
+  const FontChoice& LastFont() const { return lastFont; }
   /// What the last dialog for saving proposed.
   const std::string& LastSuggestion() const { return lastSuggestion; }
 
   std::optional<std::string> AskOpenPath(const FileFilter& filter) override;
   std::optional<std::string> AskSavePath(const FileFilter& filter,
                                          const std::string& suggestion) override;
+  std::optional<COLORREF> AskColor(COLORREF start) override;
+  std::optional<FontChoice> AskFont(const FontChoice& start) override;
 
  private:
+  struct ExpectedColor {
+    COLORREF start;
+    std::optional<COLORREF> chosen;
+  };
   using Answers = std::deque<std::optional<std::string>>;
   static std::optional<std::string> Take(Answers& answers, const char* what);
 
   Answers opens;
   Answers saves;
+  std::deque<ExpectedColor> colors;
+  std::deque<std::optional<FontChoice>> fonts;
+  FontChoice lastFont;
   std::string lastSuggestion;
   Dialogs* former;
+};
+
+/// The same for the program's own dialogs: each one that opens runs the next script, which sets
+/// controls and clicks until the dialog has closed.
+class ScriptedDialogHost : public DialogHost {
+ public:
+  using Script = std::function<void(CDialog&)>;
+
+  ScriptedDialogHost();
+  ~ScriptedDialogHost() override;
+
+  /// The next dialog has to have that caption.
+  void Expect(std::string caption, Script script);
+  void Run(CDialog& dialog) override;
+
+  // What a user does in a dialog; a control that is disabled fails the test.
+  static void Type(CDialog& dialog, int id, const std::string& text);
+  static void Press(CDialog& dialog, int id);
+  /// Clicks a check box, which changes it.
+  static void Toggle(CDialog& dialog, int id);
+  static void Choose(CDialog& dialog, int id, int item);
+  static void SelectRows(CDialog& dialog, int id, std::vector<int> rows);
+
+ private:
+  struct Expected {
+    std::string caption;
+    Script script;
+  };
+  std::deque<Expected> expected;
+  DialogHost* former;
 };

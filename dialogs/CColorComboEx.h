@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Geometry.h"
+
+class CDC;
+struct DialogControl;
+
+/// The combo of line colours: its value is an index into `kLineColours`.
+class CColorComboEx {
+ public:
+  /// Makes an item for each colour and selects the first.
+  static void Attach(DialogControl& combo);
+  /// Paints an item into a rectangle, in pixels of the context.
+  static void PaintItem(CDC& dc, int index, const RECT& r, bool selected);
+};

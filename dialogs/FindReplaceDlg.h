@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/CDialog.h"
+
+class Mesg;
+class ModelMgr;
+class Shape;
+class TextHandler;
+
+/// Finds and replaces text in the entry and exit texts of the states and the three texts of the
+/// messages of one chart. It changes the objects at once and repaints nothing.
+class FindReplaceDlg : public CDialog {
+ public:
+  enum ControlId : int {
+    IDC_INPUT = 100,
+    IDC_INPUT_ROW,
+    IDC_FIELDS,
+    IDC_FIND_TEXT,
+    IDC_REPLACE_TEXT,
+    IDC_LOOK_IN,
+    IDC_STATES,
+    IDC_MESSAGES,
+    IDC_BUTTONS,
+    IDC_FIND,
+    IDC_REPLACE,
+    IDC_RESULT,
+    IDC_LIST,
+    IDC_EDIT_ROW,
+    IDC_EDIT
+  };
+
+  /// The model isn't owned and must not change while the dialog is open.
+  explicit FindReplaceDlg(ModelMgr& model);
+
+ protected:
+  void DoDataExchange(DataExchange& exchange) override;
+  void OnInitDialog() override;
+  void OnClicked(int id) override;
+
+ private:
+  void AddInput();
+  void AddResult();
+  void Find();
+  void Replace();
+  void Edit();
+  void EnableButtons();
+  bool HasFindText() const;
+  void ListIfFound(Shape* object);
+  void AddRow(std::string kind, std::string detail, TextHandler& text);
+  DialogControl& List() { return Control(IDC_LIST); }
+
+  ModelMgr& model;
+  std::int32_t lookInStates = 1;
+  std::int32_t lookInMessages = 1;
+  std::string findText;
+  std::string replaceText;
+  std::vector<TextHandler*> texts;  ///< of each row
+};

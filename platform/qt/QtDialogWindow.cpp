@@ -1,0 +1,166 @@
+#include "platform/qt/QtDialogWindow.h"
+
+#include <algorithm>
+
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLayout>
+#include <QScreen>
+
+#include "platform/qt/QtText.h"
+#include "resources/Texts.h"
+
+namespace {
+
+using Kind = DialogControl::Kind;
+
+constexpr int kWholeDialog = 0;
+constexpr double kScreenPart = 0.9;
+/// What stands beside the caption in a title bar, in heights of a letter.
+constexpr int kBarButtons = 9;
+constexpr int kMostLetters = 48;
+
+bool IsContainer(Kind kind) {
+  return kind == Kind::Column || kind == Kind::Row || kind == Kind::Group || kind == Kind::Tabs ||
+         kind == Kind::Page;
+}
+
+/// A box between the fixed texts around it.
+QWidget* WithFixedTexts(const DialogControl& control, QWidget* box, QWidget* parent) {
+  if (control.prefix.empty() && control.suffix.empty()) return box;
+  auto* frame = new QWidget(parent);
+  auto* layout = new QHBoxLayout(frame);
+  layout->setContentsMargins(0, 0, 0, 0);
+  const bool lines = control.kind == Kind::MultiEdit;
+  const auto addText = [&](const std::string& text) {
+    if (text.empty()) return;
+    auto* label = new QLabel(ToQString(text), frame);
+    label->setTextFormat(Qt::PlainText);
+    if (control.code) label->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    layout->addWidget(label, 0, lines ? Qt::AlignTop : Qt::AlignVCenter);
+  };
+  addText(control.prefix);
+  layout->addWidget(box, 1);
+  addText(control.suffix);
+  return frame;
+}
+
+/// A label without its mnemonic and without the colon at its end.
+QString PlainName(const QString& text) {
+  QString name;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    if (text[i] == '&' && i + 1 < text.size()) ++i;
+    name += text[i];
+  }
+  while (name.endsWith(':') || name.endsWith(' ')) name.chop(1);
+  return name;
+}
+
+}  // namespace
+
+QtDialogWindow::QtDialogWindow(CDialog& dialog, QWidget* parent) : QDialog(parent), dialog(dialog) {
+  MarkGrowth();
+  Build();
+  SetTabOrder();
+  FitToScreen();
+  dialog.SetWindow(this);
+  Refresh();
+  if (!widgets.empty()) FocusOn(widgets.front().id);
+}
+
+QtDialogWindow::~QtDialogWindow() { dialog.SetWindow(nullptr); }
+
+void QtDialogWindow::MarkGrowth() {
+  for (const DialogControl& control : dialog.Controls()) {
+    const bool isTall = control.kind == Kind::MultiEdit || control.kind == Kind::List;
+    if (!isTall && control.kind != Kind::Edit) continue;
+    for (int id = control.id; id != kWholeDialog; id = dialog.Control(id).parent) {
+      wide.insert(id);
+      if (isTall) tall.insert(id);
+    }
+  }
+}
+
+DialogContainer::Growth QtDialogWindow::GrowthOf(int id) const {
+  return {wide.count(id) != 0, tall.count(id) != 0};
+}
+
+void QtDialogWindow::Build() {
+  containers[kWholeDialog] = std::make_unique<DialogContainer>(this);
+  for (const DialogControl& control : dialog.Controls()) {
+    if (IsContainer(control.kind)) {
+      AddContainer(control);
+    } else {
+      AddWidget(control);
+    }
+  }
+  for (const auto& [id, container] : containers) container->Finish();
+}
+
+void QtDialogWindow::AddContainer(const DialogControl& control) {
+  DialogContainer& parent = *containers.at(control.parent);
+  auto made = std::make_unique<DialogContainer>(control, parent.Widget());
+  parent.Add(control, made->Widget(), nullptr, GrowthOf(control.id));
+  containers[control.id] = std::move(made);
+}
+
+void QtDialogWindow::AddWidget(const DialogControl& control) {
+  DialogContainer& parent = *containers.at(control.parent);
+  const int id = control.id;
+  auto made = DialogWidget::Make(control, parent.Widget(), [this, id] { OnClick(id); });
+  QWidget* widget = made->Widget();
+  widget->setObjectName(QStringLiteral("control%1").arg(id));
+  widget->setAccessibleName(SpokenName(control));
+  parent.Add(control, WithFixedTexts(control, widget, parent.Widget()), widget, GrowthOf(id));
+  widgets.push_back({id, std::move(made)});
+}
+
+/// The control's own label, or else that of the group around it.
+QString QtDialogWindow::SpokenName(const DialogControl& control) const {
+  const DialogControl* named = &control;
+  while (named->label.empty() && named->parent != kWholeDialog) {
+    named = &dialog.Control(named->parent);
+  }
+  return named->label.empty() ? ToQString(dialog.Caption()) : PlainName(ShownLabel(*named));
+}
+
+void QtDialogWindow::SetTabOrder() {
+  for (std::size_t i = 1; i < widgets.size(); ++i) {
+    setTabOrder(widgets[i - 1].widget->Widget(), widgets[i].widget->Widget());
+  }
+}
+
+void QtDialogWindow::FitToScreen() {
+  // The title bar has to have room for the caption between its buttons, but not for any length.
+  const int caption =
+      fontMetrics().horizontalAdvance(ToQString(dialog.Caption()).left(kMostLetters));
+  containers.at(kWholeDialog)->SetLeastWidth(caption + fontMetrics().height() * kBarButtons);
+  if (tall.empty()) layout()->setSizeConstraint(QLayout::SetFixedSize);
+  resize(sizeHint().boundedTo(screen()->availableSize() * kScreenPart));
+}
+
+void QtDialogWindow::Refresh() {
+  setWindowTitle(ToQString(Translate(dialog.Caption())));
+  for (const Entry& entry : widgets) {
+    const DialogControl& control = dialog.Control(entry.id);
+    entry.widget->Show(control);
+    entry.widget->Widget()->setEnabled(control.enabled);
+  }
+}
+
+void QtDialogWindow::OnClick(int id) {
+  for (const Entry& entry : widgets) entry.widget->Take(dialog.Control(entry.id));
+  dialog.Click(id);
+}
+
+void QtDialogWindow::FocusOn(int id) {
+  const auto entry = std::ranges::find(widgets, id, &Entry::id);
+  if (entry == widgets.end()) return;
+  entry->widget->Widget()->setFocus();
+  entry->widget->SelectAll();
+}
+
+void QtDialogWindow::End() { done(QDialog::Accepted); }
+
+void QtDialogWindow::reject() { OnClick(IDCANCEL); }

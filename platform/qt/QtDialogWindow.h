@@ -1,0 +1,50 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include <QDialog>
+
+#include "platform/CDialog.h"
+#include "platform/qt/DialogContainer.h"
+#include "platform/qt/DialogWidget.h"
+
+/// The window of any dialog, built from its controls.
+class QtDialogWindow : public QDialog, public DialogWindow {
+  Q_OBJECT
+
+ public:
+  /// The dialog has to outlive the window.
+  QtDialogWindow(CDialog& dialog, QWidget* parent);
+  ~QtDialogWindow() override;
+
+  void Refresh() override;
+  void FocusOn(int id) override;
+  void End() override;
+  /// Escape and the title bar's button.
+  void reject() override;
+
+ private:
+  struct Entry {
+    int id;
+    std::unique_ptr<DialogWidget> widget;
+  };
+
+  void MarkGrowth();
+  void Build();
+  void AddContainer(const DialogControl& control);
+  void AddWidget(const DialogControl& control);
+  DialogContainer::Growth GrowthOf(int id) const;
+  QString SpokenName(const DialogControl& control) const;
+  void FitToScreen();
+  void SetTabOrder();
+  void OnClick(int id);
+
+  CDialog& dialog;
+  std::map<int, std::unique_ptr<DialogContainer>> containers;
+  std::vector<Entry> widgets;
+  std::set<int> wide;  ///< controls that take more room than they need, and what holds them
+  std::set<int> tall;
+};
