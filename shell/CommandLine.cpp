@@ -4,7 +4,6 @@
 #include <ostream>
 
 #include "persistence/ModelFile.h"
-#include "platform/CSvgDC.h"
 #include "platform/Files.h"
 #include "platform/Pictures.h"
 #include "resources/Texts.h"
@@ -15,7 +14,8 @@ namespace {
 constexpr const char* kUsage =
     "usage: morvane [FILE]                open the designer, on FILE if given\n"
     "       morvane --convert OUT FILE    read FILE, write it as model text\n"
-    "       morvane --export OUT FILE     draw the whole chart to OUT, a .png, .svg or .pdf\n"
+    "       morvane --export OUT FILE     draw the whole chart; OUT ends in .png, .svg,\n"
+    "                                     .pdf or .emf\n"
     "       morvane --help | --version\n";
 constexpr const char* kVersion = "Morvane 4.1.0\n";
 
@@ -35,7 +35,7 @@ std::string LoadChart(const std::string& path, LayoutMgr& chart, bool normalSize
 }
 
 bool IsPictureKind(const std::string& extension) {
-  return extension == ".png" || extension == ".svg" || extension == ".pdf";
+  return extension == ".png" || extension == ".svg" || extension == ".pdf" || extension == ".emf";
 }
 
 }  // namespace
@@ -111,12 +111,8 @@ std::string CommandLine::MakePicture(LayoutMgr& chart, std::string& reason) cons
   Pictures& pictures = Service<Pictures>::Get();
   const SIZE size = chart.PictureSize();
   const std::string kind = ExtensionOf(output);
-  if (kind == ".svg") {
-    const std::unique_ptr<CDC> reference = pictures.ReferenceDC();
-    CSvgDC dc(*reference, size);
-    chart.DrawPicture(dc);
-    return dc.Close();
-  }
+  if (kind == ".svg") return chart.MakeSvg();
+  if (kind == ".emf") return chart.MakeEmf();
   const Pictures::Paint paint = [&chart](CDC& dc) { chart.DrawPicture(dc); };
   const auto picture =
       kind == ".png" ? pictures.MakePng(size, paint) : pictures.MakePdf(size, paint);
