@@ -1,0 +1,43 @@
+#include "platform/qt/CodeEdit.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QEvent>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int kTabLetters = 4;
+/// A box can be made as small as this.
+constexpr int kLeastLetters = 20;
+constexpr int kLeastLines = 3;
+
+}  // namespace
+
+CodeEdit::CodeEdit(int letters, int lines, QWidget* parent)
+    : QPlainTextEdit(parent), letters(letters), lines(lines) {
+  setLineWrapMode(QPlainTextEdit::NoWrap);
+  setTabChangesFocus(true);
+}
+
+void CodeEdit::changeEvent(QEvent* event) {
+  QPlainTextEdit::changeEvent(event);
+  if (event->type() != QEvent::FontChange) return;
+  setTabStopDistance(QFontMetricsF(font()).horizontalAdvance(' ') * kTabLetters);
+  updateGeometry();
+}
+
+QSize CodeEdit::SizeFor(int letterCount, int lineCount) const {
+  const QFontMetricsF metrics(font());
+  const int edge = 2 * (frameWidth() + static_cast<int>(std::ceil(document()->documentMargin())));
+  const int bar = verticalScrollBar()->sizeHint().width();
+  return {static_cast<int>(std::ceil(metrics.averageCharWidth() * letterCount)) + edge + bar,
+          static_cast<int>(std::ceil(metrics.lineSpacing() * lineCount)) + edge + bar};
+}
+
+QSize CodeEdit::sizeHint() const { return SizeFor(letters, lines); }
+
+QSize CodeEdit::minimumSizeHint() const {
+  return SizeFor(std::min(letters, kLeastLetters), std::min(lines, kLeastLines));
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+/// A text box without wrapping that Tab leaves, with room for so many letters and lines.
+class CodeEdit : public QPlainTextEdit {
+  Q_OBJECT
+
+ public:
+  CodeEdit(int letters, int lines, QWidget* parent);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  QSize SizeFor(int letterCount, int lineCount) const;
+
+  int letters;
+  int lines;
+};

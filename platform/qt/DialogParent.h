@@ -1,0 +1,7 @@
+#pragma once
+
+class QWidget;
+
+/// The window that a new dialog belongs to: the dialog that is open now, or else the active window,
+/// or else the main window.
+QWidget* DialogParent();

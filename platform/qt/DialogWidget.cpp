@@ -1,0 +1,59 @@
+#include "platform/qt/DialogWidget.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+#include "platform/qt/LineBox.h"
+#include "platform/qt/LinesBox.h"
+#include "platform/qt/PaintedCombo.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/RowList.h"
+#include "resources/Texts.h"
+
+namespace {
+
+class CheckWidget : public DialogWidget {
+ public:
+  CheckWidget(const DialogControl& control, QWidget* parent, const OnClick& onClick)
+      : box(new QCheckBox(ShownLabel(control), parent)) {
+    QObject::connect(box, &QCheckBox::clicked, box, onClick);
+  }
+  QWidget* Widget() override { return box; }
+  void Take(DialogControl& control) override { control.checked = box->isChecked(); }
+  void Show(const DialogControl& control) override { box->setChecked(control.checked); }
+
+ private:
+  QCheckBox* box;
+};
+
+class ButtonWidget : public DialogWidget {
+ public:
+  ButtonWidget(const DialogControl& control, QWidget* parent, const OnClick& onClick)
+      : button(new QPushButton(ShownLabel(control), parent)) {
+    button->setDefault(control.isDefault);
+    QObject::connect(button, &QPushButton::clicked, button, onClick);
+  }
+  QWidget* Widget() override { return button; }
+  void Take(DialogControl&) override {}
+  void Show(const DialogControl&) override {}
+
+ private:
+  QPushButton* button;
+};
+
+}  // namespace
+
+QString ShownLabel(const DialogControl& control) { return ToQString(Translate(control.label)); }
+
+std::unique_ptr<DialogWidget> DialogWidget::Make(const DialogControl& control, QWidget* parent,
+                                                 OnClick onClick) {
+  using Kind = DialogControl::Kind;
+  switch (control.kind) {
+    case Kind::Edit: return std::make_unique<LineBox>(control, parent);
+    case Kind::MultiEdit: return std::make_unique<LinesBox>(control, parent);
+    case Kind::CheckBox: return std::make_unique<CheckWidget>(control, parent, onClick);
+    case Kind::Combo: return std::make_unique<ComboWidget>(control, parent, std::move(onClick));
+    case Kind::List: return std::make_unique<RowList>(control, parent, std::move(onClick));
+    default: return std::make_unique<ButtonWidget>(control, parent, onClick);
+  }
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/CDialog.h"
+
+class QString;
+class QWidget;
+
+/// The label of a control in the user's language.
+QString ShownLabel(const DialogControl& control);
+
+/// A control of a dialog as a widget, which its parent widget owns.
+class DialogWidget {
+ public:
+  using OnClick = std::function<void()>;
+
+  DialogWidget() = default;
+  virtual ~DialogWidget() = default;
+  DialogWidget(const DialogWidget&) = delete;
+  DialogWidget& operator=(const DialogWidget&) = delete;
+
+  virtual QWidget* Widget() = 0;
+  /// Writes what the user did into the control.
+  virtual void Take(DialogControl& control) = 0;
+  /// Shows the control as it stands now.
+  virtual void Show(const DialogControl& control) = 0;
+  /// Selects the text of a box of one line, so that typing replaces it.
+  virtual void SelectAll() {}
+
+  /// The widget for a control that is no container; it still shows nothing. `onClick` is called
+  /// when the user clicks, chooses or selects.
+  static std::unique_ptr<DialogWidget> Make(const DialogControl& control, QWidget* parent,
+                                            OnClick onClick);
+};

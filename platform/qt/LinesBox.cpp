@@ -1,0 +1,35 @@
+#include "platform/qt/LinesBox.h"
+
+#include <QFontDatabase>
+#include <QTextDocument>
+
+#include "platform/qt/BoxText.h"
+#include "platform/qt/CodeEdit.h"
+#include "platform/qt/QtText.h"
+#include "resources/Texts.h"
+
+LinesBox::LinesBox(const DialogControl& control, QWidget* parent)
+    : box(new CodeEdit(control.width, control.lines, parent)) {
+  if (control.code) box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+}
+
+QWidget* LinesBox::Widget() { return box; }
+
+void LinesBox::Take(DialogControl& control) {
+  const auto read = [this] {
+    QString text = box->document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, "\r\n");
+    return ToBytes(text);
+  };
+  state.Take(box->document()->isModified(), read, control.text);
+}
+
+void LinesBox::Show(const DialogControl& control) {
+  if (!state.IsStale(control.text)) return;
+  state.Load(control.text);
+  const BoxText text(control.text);
+  box->setPlainText(FromUtf8(text.utf8));
+  box->setReadOnly(!text.whole);
+  box->setToolTip(text.whole ? QString() : ToQString(LoadText(IDS_LINE_TOO_LONG)));
+  box->document()->setModified(false);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/qt/DialogWidget.h"
+#include "platform/qt/TextState.h"
+
+class CodeEdit;
+
+/// A box of several lines. What was edited goes back with CR LF between the lines. A text with a
+/// line too long to be laid out at each key is shown in part and can't be edited.
+class LinesBox : public DialogWidget {
+ public:
+  LinesBox(const DialogControl& control, QWidget* parent);
+
+  QWidget* Widget() override;
+  void Take(DialogControl& control) override;
+  void Show(const DialogControl& control) override;
+
+ private:
+  CodeEdit* box;
+  TextState state;
+};
