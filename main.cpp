@@ -4,6 +4,7 @@
 
 #include <QApplication>
 
+#include "codegen/qt/GeneratorWindow.h"
 #include "persistence/CMorvaneDoc.h"
 #include "platform/qt/QtServices.h"
 #include "shell/CommandLine.h"
@@ -45,8 +46,9 @@ int RunWindow(const CommandLine& line, int argc, char** argv) {
   const QtMessageHandler former = qInstallMessageHandler(EndWithoutDisplay);
   const QApplication application(argc, argv);
   qInstallMessageHandler(former);
-  QApplication::setApplicationDisplayName("Morvane");
+  QApplication::setApplicationName("Morvane");
   const QtServices services(QtServices::Use::Window);
+  const QtGeneratorHost generatorHost;
   MainFrame frame({[] { return std::make_unique<CMorvaneDoc>(); },
                    [] { return std::make_unique<LayoutMgr>(); }});
   frame.show();

@@ -21,6 +21,7 @@ class ConsoleMessageBoxes : public MessageBoxes {
     std::cerr << text << '\n';
     switch (flags & kButtonSetMask) {
       case MB_YESNO: return MessageAnswer::No;
+      case MB_OKCANCEL:
       case MB_YESNOCANCEL: return MessageAnswer::Cancel;
       default: return MessageAnswer::Ok;
     }
@@ -52,6 +53,8 @@ class NoDialogs : public Dialogs {
   std::optional<std::string> AskSavePath(const FileFilter&, const std::string&) override {
     return std::nullopt;
   }
+  std::optional<COLORREF> AskColor(COLORREF) override { return std::nullopt; }
+  std::optional<FontChoice> AskFont(const FontChoice&) override { return std::nullopt; }
 };
 
 class NoPopupMenus : public PopupMenus {

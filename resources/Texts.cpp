@@ -3,27 +3,44 @@
 #include <algorithm>
 #include <array>
 
+#include "resources/TextSource.h"
+
 namespace {
 
-struct Text {
-  unsigned id;
-  const char* text;
-};
+using Text = EnglishText;
 
-/// The English texts, in the order of their numbers.
 constexpr std::array kTexts = {
     Text{IDS_APP_TITLE, "Morvane"},
     Text{IDS_CODEGEN_CAPTION, "Code Generation Properties"},
+    Text{IDS_OBJECT_BROWSER, "Object Browser"},
     Text{IDS_CLIPBOARD_ERROR, "Error accessing clipboard"},
     Text{IDS_ENTRY_EXIT_EDITOR, "Entry/Exit Editor"},
     Text{IDS_ENTRY, "Entry"},
     Text{IDS_EXIT, "Exit"},
     Text{IDS_EDITOR, "Editor"},
+    Text{IDS_WEB_NO_BROWSER, "No default browser found for web files.\n\nPlease go to web page : "},
     Text{IDS_EVENT_EMPTY, "Event Cannot Be Empty"},
     Text{IDS_ON_EVENT, "onEvent"},
+    Text{IDS_FIND_OBJECT, "Object"},
+    Text{IDS_FIND_DETAIL, "Detail"},
+    Text{IDS_FIND_EMPTY, "Please enter a search string"},
+    Text{IDS_FIND_STATE, "State Entry/Exit"},
+    Text{IDS_UNDEFINED, "Undefined"},
+    Text{IDS_FIND_MESSAGE, "Transition Message"},
+    Text{IDS_GENERATE_CPP, "C++ Code Generation"},
+    Text{IDS_GENERATE_C, "ANSI C Code Generation"},
+    Text{IDS_GENERATE_CSHARP, "C# (.Net) Code Generation"},
+    Text{IDS_GENERATE_JAVA, "Java Code Generation"},
+    Text{IDS_GENERATE_XML, "XML Generation"},
     Text{IDS_METAFILE_COPIED, "Chart copied to clipboard as metafile successfully."},
+    Text{IDS_SAVE_BEFORE_GENERATE,
+         "The model has to be saved before proceeding.\n\n"
+         "Press OK to save and continue, Cancel to abort this operation."},
+    Text{IDS_NOTHING_TO_GENERATE, "Empty model. Cannot generate file."},
     Text{IDS_CONFIRM_DELETION, "Please confirm deletion"},
     Text{IDS_MESG_PROPERTIES, "Message properties"},
+    Text{IDS_HELP_NOT_FOUND, "Help file not found. Please reinstall Morvane"},
+    Text{IDS_HELP_NO_VIEWER, "No default viewer found for help file.\n\nPlease manually open : "},
     Text{IDS_CONFIRM_DELETE_SELECTED,
          "This will delete all the selected objects.\n\nDo you want to continue ?"},
     Text{IDS_INVALID_FILE, "Invalid File"},
@@ -36,8 +53,12 @@ constexpr std::array kTexts = {
     Text{IDS_UNKNOWN_ERROR, "Unknown Error"},
     Text{IDS_CANNOT_WRITE, "Unable to open for writing"},
     Text{IDS_COMMAND_FAILED, "Command Failed.\n\nReason: "},
+    Text{IDS_SPLASH_FAILED, "Morvane: Initialization error (E130), Please reinstall."},
+    Text{IDS_SPLASH_CORRUPT, "Corrupted Installation. Please reinstall."},
+    Text{IDS_VERSION, "Version"},
     Text{IDS_UNTITLED, "Untitled"},
     Text{IDS_STATE_NAME, "State"},
+    Text{IDS_CHART_BROWSER, "Chart Browser"},
     Text{IDS_INVALID_MODEL, "Not a valid Morvane model file"},
     Text{IDS_VERSION_FORMAT,
          "Version not compatible.\nDocument Version Supported:%2.1f\n"
@@ -47,14 +68,37 @@ constexpr std::array kTexts = {
     Text{IDS_CONFIRM_LINE_DELETION, "Please confirm deletion of line."},
     Text{IDS_SAVE_CHANGES, "Save changes to %1?"},
     Text{IDS_PICTURE_TOO_LARGE, "The chart is too large for a picture of this kind"},
-    Text{IDS_PICTURE_KIND, "Pictures end in .png, .svg or .pdf"},
+    Text{IDS_PICTURE_KIND, "Pictures end in .png, .svg, .pdf or .emf"},
+    Text{IDS_LINE_TOO_LONG, "A line of this text is too long to be edited here"},
+};
+
+class BuiltInEnglish : public TextSource {
+ public:
+  std::optional<std::string> Text(unsigned id) const override {
+    const auto found = std::ranges::lower_bound(kTexts, id, {}, &EnglishText::id);
+    if (found == kTexts.end() || found->id != id) return std::nullopt;
+    return found->text;
+  }
+  std::optional<std::string> Translation(std::string_view) const override { return std::nullopt; }
+  std::string Locale() const override { return "en"; }
 };
 
 }  // namespace
 
+TextSource& TextSource::Default() {
+  static BuiltInEnglish source;
+  return source;
+}
+
+std::span<const EnglishText> EnglishTexts() { return kTexts; }
+
 std::string LoadText(unsigned id) {
-  const auto found =
-      std::lower_bound(kTexts.begin(), kTexts.end(), id,
-                       [](const Text& text, unsigned wanted) { return text.id < wanted; });
-  return found != kTexts.end() && found->id == id ? found->text : "-MISSING-";
+  return Service<TextSource>::Get().Text(id).value_or("-MISSING-");
+}
+
+std::string Translate(std::string_view english) {
+  const std::size_t end = std::min(english.find('\t'), english.size());
+  const std::string_view text = english.substr(0, end);
+  return Service<TextSource>::Get().Translation(text).value_or(std::string(text)) +
+         std::string(english.substr(end));
 }

@@ -144,18 +144,6 @@ void LayoutMgr::OnDraw(CDC& dc) {
   model->DrawAll(&dc);
 }
 
-void LayoutMgr::DrawPicture(CDC& dc) {
-  dc.SetPrinting(true);
-  OnDraw(dc);
-}
-
-SIZE LayoutMgr::PictureSize() const {
-  std::int32_t right = 0;
-  std::int32_t bottom = 0;
-  GetChartExtent(right, bottom);
-  return {ToLogical(AddSat(right, 1)), ToLogical(AddSat(bottom, 1))};
-}
-
 void LayoutMgr::TakeSnapshot() { undoHistory->Push(ModelText()); }
 
 std::string LayoutMgr::ModelText() const {

@@ -17,6 +17,7 @@ class ModelMgr;
 class ModelStream;
 class ObjectBrowser;
 class UndoHistory;
+enum class GeneratorKind;
 
 /// The view of a chart. It owns the model and all else that belongs to one open chart, and turns
 /// between model units (stored), logical units (painted, six to a model unit) and device pixels
@@ -106,6 +107,9 @@ class LayoutMgr : public CScrollView {
   void DrawPicture(CDC& dc);
   /// The size of such a picture, logical units: the extent and one model unit on each far side.
   SIZE PictureSize() const;
+  /// The whole chart as an enhanced metafile, and as SVG.
+  std::string MakeEmf();
+  std::string MakeSvg();
 
   void OnInitialUpdate() override;
   void OnDraw(CDC& dc) override;
@@ -133,6 +137,7 @@ class LayoutMgr : public CScrollView {
   void Restore(const std::string& text);
   void DeleteSelection();
   void RunSelectionCommand(unsigned id);
+  void CopyAsMetafile();
   void ScrollHome();
   void ShowHover(POINT client);
   void HideHover();
@@ -142,6 +147,10 @@ class LayoutMgr : public CScrollView {
   void EndToolDrag();
   void InsertTool(POINT client);
   bool IsEnabled(unsigned id) const;
+  void EditModelProperties();
+  void FindAndReplace();
+  void GenerateFile(GeneratorKind kind);
+  bool EnsureModelSaved();
   void Undo();
   void Redo();
 

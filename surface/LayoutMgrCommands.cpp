@@ -1,5 +1,8 @@
+#include "codegen/GeneratorKind.h"
+#include "dialogs/FindReplaceDlg.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
+#include "model/ObjectBrowser.h"
 #include "persistence/UndoHistory.h"
 #include "platform/CDocument.h"
 #include "platform/CWaitCursor.h"
@@ -60,8 +63,18 @@ CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
     case ID_EDIT_PASTE:
     case ID_EDIT_UNDO:
     case ID_EDIT_REDO:
+    case ID_COPY_METAFILE:
     case ID_POINTER:
     case ID_TOOL_DRAG_STARTED:
+    case ID_MODEL_PROPERTIES:
+    case ID_OBJECT_PROPERTIES:
+    case ID_CODEGEN_PROPERTIES:
+    case ID_FIND_REPLACE:
+    case ID_GENERATE_CPP:
+    case ID_GENERATE_C:
+    case ID_GENERATE_CSHARP:
+    case ID_GENERATE_JAVA:
+    case ID_GENERATE_XML:
     case ID_FILE_SAVE: return CommandState::Enabled(IsEnabled(id));
     case ID_TOOL_STATE:
     case ID_TOOL_TRANSITION:
@@ -84,6 +97,19 @@ void LayoutMgr::RunSelectionCommand(unsigned id) {
   TakeSnapshot();
 }
 
+void LayoutMgr::EditModelProperties() {
+  properties.EditModelProperties();
+  if (objectTree != nullptr) objectTree->SetRootText(properties.ModelName);
+  Invalidate();
+  TakeSnapshot();
+}
+
+void LayoutMgr::FindAndReplace() {
+  FindReplaceDlg(*model).DoModal();
+  Invalidate();
+  TakeSnapshot();
+}
+
 bool LayoutMgr::OnCommand(unsigned id) {
   if (!OnUpdateCommand(id).enabled) return false;
   switch (id) {
@@ -91,6 +117,7 @@ bool LayoutMgr::OnCommand(unsigned id) {
     case ID_ZOOM_OUT: ChangeZoom(static_cast<std::int16_t>(zoom - 1)); break;
     case ID_ZOOM_NORMAL: ChangeZoom(kNormalZoom); break;
     case ID_REFRESH: Invalidate(); break;
+    case ID_COPY_METAFILE: CopyAsMetafile(); break;
     case ID_DELETE: DeleteSelection(); break;
     case ID_POINTER:
       EndToolDrag();
@@ -110,6 +137,18 @@ bool LayoutMgr::OnCommand(unsigned id) {
     case ID_EDIT_UNDO: Undo(); break;
     case ID_EDIT_REDO: Redo(); break;
     case ID_FILE_SAVE: GetDocument()->DoFileSave(); break;
+    case ID_MODEL_PROPERTIES:
+    case ID_OBJECT_PROPERTIES: EditModelProperties(); break;
+    case ID_CODEGEN_PROPERTIES:
+      properties.EditCodegenProperties();
+      TakeSnapshot();
+      break;
+    case ID_FIND_REPLACE: FindAndReplace(); break;
+    case ID_GENERATE_CPP:
+    case ID_GENERATE_C:
+    case ID_GENERATE_CSHARP:
+    case ID_GENERATE_JAVA:
+    case ID_GENERATE_XML: GenerateFile(GeneratorTraits::KindOf(id)); break;
     case ID_BRING_TO_FRONT:
     case ID_SEND_TO_BACK:
       model->OrderSelection(id == ID_BRING_TO_FRONT);

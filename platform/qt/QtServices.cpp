@@ -9,9 +9,12 @@ QtServices::QtServices(Use use) {
   } else {
     profile = std::make_unique<QtProfile>();
     Service<Clipboard>::Set(&clipboard);
+    Service<DialogHost>::Set(&dialogHost);
     Service<Dialogs>::Set(&dialogs);
     Service<MessageBoxes>::Set(&messageBoxes);
     Service<PopupMenus>::Set(&popupMenus);
+    Service<UiThread>::Set(&uiThread);
+    Service<ShellOpen>::Set(&shellOpen);
     Service<WaitCursors>::Set(&waitCursors);
   }
   Service<Profile>::Set(profile.get());
@@ -20,9 +23,12 @@ QtServices::QtServices(Use use) {
 QtServices::~QtServices() {
   Service<Profile>::Set(nullptr);
   Service<WaitCursors>::Set(nullptr);
+  Service<ShellOpen>::Set(nullptr);
+  Service<UiThread>::Set(nullptr);
   Service<PopupMenus>::Set(nullptr);
   Service<MessageBoxes>::Set(nullptr);
   Service<Dialogs>::Set(nullptr);
+  Service<DialogHost>::Set(nullptr);
   Service<Clipboard>::Set(nullptr);
   Service<Pictures>::Set(nullptr);
 }

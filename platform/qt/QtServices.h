@@ -4,10 +4,13 @@
 
 #include "platform/Profile.h"
 #include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtDialogHost.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtPopupMenus.h"
+#include "platform/qt/QtShellOpen.h"
+#include "platform/qt/QtUiThread.h"
 #include "platform/qt/QtWaitCursors.h"
 
 /// All services of the desktop by Qt, in use for as long as the object lives. It has to go before
@@ -26,10 +29,13 @@ class QtServices {
 
  private:
   QtClipboard clipboard;
+  QtDialogHost dialogHost;
   QtDialogs dialogs;
   QtMessageBoxes messageBoxes;
   QtPictures pictures;
   QtPopupMenus popupMenus;
+  QtUiThread uiThread;
+  QtShellOpen shellOpen;
   QtWaitCursors waitCursors;
   std::unique_ptr<Profile> profile;
 };

@@ -1,0 +1,15 @@
+#include "platform/UiThread.h"
+
+namespace {
+
+class NoUiThread : public UiThread {
+ public:
+  void Post(Task) override {}
+};
+
+}  // namespace
+
+UiThread& UiThread::Default() {
+  static NoUiThread service;
+  return service;
+}

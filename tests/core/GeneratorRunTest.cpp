@@ -1,0 +1,244 @@
+#include <atomic>
+#include <future>
+#include <gtest/gtest.h>
+
+#include "codegen/CRedirect.h"
+#include "codegen/ToolInbox.h"
+#include "tests/support/Tools.h"
+#include "tests/support/UiQueue.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Keeps all that a run reports.
+class Recorder : public CRedirect {
+ public:
+  using CRedirect::CRedirect;
+
+  std::string started;
+  std::string output;
+  std::string error;
+  int exits = 0;
+
+ protected:
+  void OnToolStarted(const std::string& commandLine) override { started = commandLine; }
+  void OnToolOutput(const std::string& text) override { output += text; }
+  void OnToolError(const std::string& text) override { error += text; }
+  void OnToolExited() override { ++exits; }
+};
+
+class GeneratorRunTest : public testing::Test {
+ protected:
+  bool Launch(const std::string& arguments) { return tool->LaunchTool(ToolLine(arguments), false); }
+  bool WaitForOutput(const std::string& end) {
+    return ui.RunUntil([&] { return tool->output.ends_with(end); });
+  }
+  bool WaitForExit() {
+    return ui.RunUntil([&] { return tool->exits > 0; });
+  }
+  /// Nothing may be left of a run once its dialog is closed.
+  void Close() {
+    tool.reset();
+    ui.RunAll();
+    EXPECT_EQ(leftovers.Leftovers(), "");
+  }
+
+  const LeftoverCheck leftovers;
+  UiQueue ui;
+  TestProcesses processes;
+  std::unique_ptr<Recorder> tool = std::make_unique<Recorder>();
+};
+
+TEST_F(GeneratorRunTest, ReportsStartOutputAndEnd) {
+  const std::string line = ToolLine("echo -d -g /My charts/lift.mrv");
+  ASSERT_TRUE(tool->LaunchTool(line, false));
+  EXPECT_EQ(tool->started, line);
+  ASSERT_TRUE(WaitForOutput("idle\n"));
+  EXPECT_EQ(tool->output, "[-d]\n[-g]\n[/My]\n[charts/lift.mrv]\ninput is idle\n");
+  ASSERT_TRUE(WaitForExit());
+  EXPECT_FALSE(CRedirect::IsRunning());
+  Close();
+}
+
+TEST_F(GeneratorRunTest, NothingIsLostWhenTheToolEndsAtOnce) {
+  // More than a chunk, on both streams, and nearly as much as a pipe holds.
+  const std::string expected = NumberedLines(0, 6000);
+  ASSERT_TRUE(Launch("both 6000"));
+  ASSERT_TRUE(WaitUntil([] { return !CRedirect::IsRunning(); }));
+  ASSERT_TRUE(ui.RunUntil([&] {
+    return tool->output.size() >= expected.size() && tool->error.size() >= expected.size();
+  }));
+  EXPECT_EQ(tool->output, expected);
+  EXPECT_EQ(tool->error, expected);
+  Close();
+}
+
+TEST_F(GeneratorRunTest, WhatCannotBeStartedIsReported) {
+  EXPECT_FALSE(tool->LaunchTool("/no/such/tool.exe -d x", false));
+  EXPECT_EQ(tool->output, "Unable to start /no/such/tool.exe -d x\n");
+  EXPECT_FALSE(CRedirect::IsRunning());
+  Close();
+}
+
+TEST_F(GeneratorRunTest, AFloodThatNobodyTakesIsReadToItsEnd) {
+  constexpr long count = 10'000'000;
+  ASSERT_TRUE(Launch("lines " + std::to_string(count)));
+  ASSERT_TRUE(WaitUntil([] { return !CRedirect::IsRunning(); }));
+  ASSERT_TRUE(WaitForOutput(NumberedLines(count - 1, count)));
+  EXPECT_GE(tool->output.size(), ToolInbox::kCapacity);
+  EXPECT_LT(tool->output.size(), 2 * ToolInbox::kCapacity);
+  const long kept = static_cast<long>(tool->output.size() / 10);
+  EXPECT_TRUE(tool->output.ends_with(NumberedLines(count - kept, count))) << "without a gap";
+  Close();
+}
+
+TEST_F(GeneratorRunTest, ClosingInTheMiddleOfAFloodLeavesNothing) {
+  ASSERT_TRUE(Launch("lines 0"));
+  ASSERT_TRUE(ui.RunUntil([&] { return !tool->output.empty(); }));
+  Close();
+}
+
+TEST_F(GeneratorRunTest, AToolThatWillNotEndIsEndedWithItsHelper) {
+  ASSERT_TRUE(Launch("stubborn"));
+  ASSERT_TRUE(WaitForOutput("\n"));
+  pid_t pid = 0;
+  pid_t helper = 0;
+  ASSERT_EQ(std::sscanf(tool->output.c_str(), "%d %d", &pid, &helper), 2);
+  ASSERT_TRUE(IsAlive(pid) && IsAlive(helper));
+  Close();
+  EXPECT_FALSE(IsAlive(pid));
+  EXPECT_TRUE(WaitUntil([helper] { return !IsAlive(helper); }));
+}
+
+TEST_F(GeneratorRunTest, AToolWithoutStreamsStillRunsUntilTheStop) {
+  ASSERT_TRUE(Launch("silent"));
+  ASSERT_TRUE(WaitForOutput("\n"));
+  const pid_t pid = std::stoi(tool->output);
+  EXPECT_TRUE(CRedirect::IsRunning() && IsAlive(pid));
+  tool->StopTool();
+  EXPECT_FALSE(CRedirect::IsRunning() || IsAlive(pid));
+  EXPECT_EQ(tool->exits, 0);
+  Close();
+}
+
+TEST_F(GeneratorRunTest, ASecondRunEndsTheFirstAndDropsItsLateOutput) {
+  ASSERT_TRUE(Launch("stubborn"));
+  ASSERT_TRUE(WaitUntil([&] { return ui.Count() != 0; })) << "its report waits";
+  ASSERT_TRUE(Launch("lines 3"));
+  EXPECT_EQ(processes.slept, 0ms) << "the user waits for the new run";
+  ASSERT_TRUE(WaitForExit());
+  ASSERT_TRUE(WaitForOutput("2\n"));
+  EXPECT_EQ(tool->output, NumberedLines(0, 3));
+  Close();
+}
+
+/// A process that never ends. It writes down in which order it is stopped.
+class FakeProcesses : public Processes {
+ public:
+  FakeProcesses() : former(Service<Processes>::Set(this)) {}
+  ~FakeProcesses() override { Service<Processes>::Set(former); }
+
+  std::unique_ptr<Process> Start(const std::string&, bool) override {
+    return std::make_unique<Fake>(*this);
+  }
+  void Sleep(std::chrono::milliseconds time) override {
+    calls.push_back("sleep " + std::to_string(time.count()));
+  }
+
+  std::vector<std::string> calls;  ///< of the test's own thread
+  std::atomic<bool> alive = false;
+  std::atomic<int> reading = 0;
+  std::promise<void> release;  ///< what the readers wait for
+  const std::shared_future<void> released = release.get_future();
+
+ private:
+  struct Fake : public Process {
+    explicit Fake(FakeProcesses& owner) : owner(owner) { owner.alive = true; }
+    ~Fake() override { owner.alive = false; }
+    std::size_t Read(Stream, std::span<char>) override {
+      ++owner.reading;
+      owner.released.wait();
+      return 0;
+    }
+    bool WaitForEnd(std::chrono::milliseconds limit) override {
+      if (std::this_thread::get_id() != main) return false;
+      owner.calls.push_back("wait " + std::to_string(limit.count()));
+      return false;
+    }
+    void SignalStop() override { owner.calls.push_back("signal"); }
+    void CloseInherited() override { owner.calls.push_back("close inherited"); }
+    void CloseOwn() override { owner.calls.push_back("close own"); }
+    void Terminate() override { owner.calls.push_back("terminate"); }
+
+    FakeProcesses& owner;
+    const std::thread::id main = std::this_thread::get_id();
+  };
+
+  Processes* former;
+};
+
+TEST(GeneratorStopTest, KeepsItsOrderAndItsTimes) {
+  UiQueue ui;
+  FakeProcesses processes;
+  Recorder tool;
+  using Calls = std::vector<std::string>;
+  tool.StopTool();
+  EXPECT_EQ(processes.calls, (Calls{"sleep 500", "sleep 100", "sleep 100", "sleep 100"}));
+  processes.release.set_value();
+  ASSERT_TRUE(tool.LaunchTool("x", false));
+  processes.calls.clear();
+  tool.StopTool();
+  EXPECT_EQ(processes.calls,
+            (Calls{"signal", "sleep 500", "close inherited", "sleep 100", "close own", "sleep 100",
+                   "sleep 100", "wait 0", "terminate", "wait 1000"}));
+  EXPECT_FALSE(processes.alive);
+}
+
+TEST(GeneratorStopTest, ForgetsThreadsThatDoNotEnd) {
+  const LeftoverCheck leftovers;
+  UiQueue ui;
+  FakeProcesses processes;
+  auto tool = std::make_unique<Recorder>(1ms);
+  ASSERT_TRUE(tool->LaunchTool("x", false));
+  ASSERT_TRUE(WaitUntil([&] { return processes.reading == 2; }));
+  tool.reset();
+  EXPECT_TRUE(processes.alive) << "the readers still use it";
+  processes.release.set_value();
+  EXPECT_TRUE(WaitUntil([&] { return !processes.alive; }));
+  EXPECT_EQ(leftovers.Leftovers(), "");
+}
+
+TEST(GeneratorInboxTest, KeepsTheOrderAndTheNewest) {
+  using Kind = ToolInbox::Kind;
+  UiQueue ui;
+  std::vector<std::string> received;
+  const auto inbox = std::make_shared<ToolInbox>(ui, [&](Kind kind, const std::string& text) {
+    received.push_back(std::to_string(static_cast<int>(kind)) + text);
+  });
+  for (const char* text : {"a", "b"}) inbox->Add(Kind::Output, text);
+  inbox->Add(Kind::Error, std::string_view("c\0d", 3));
+  inbox->Add(Kind::Exited, "");
+  EXPECT_EQ(ui.Count(), 1U) << "one post for all";
+  ui.RunAll();
+  EXPECT_EQ(received, (std::vector<std::string>{"0ab", std::string("1c\0d", 4), "2"}));
+
+  received.clear();
+  inbox->Add(Kind::Exited, "");
+  for (std::size_t i = 0; i < ToolInbox::kCapacity; ++i) inbox->Add(Kind::Error, "-");
+  inbox->Add(Kind::Error, "+");
+  ui.RunAll();
+  std::size_t size = 0;
+  for (const std::string& text : received) size += text.size() - 1;
+  EXPECT_EQ(size, ToolInbox::kCapacity);
+  EXPECT_EQ(std::count(received.begin(), received.end(), "2"), 1) << "the end is not pushed out";
+
+  received.clear();
+  inbox->Add(Kind::Output, "late");
+  inbox->Close();
+  inbox->Add(Kind::Output, "later");
+  ui.RunAll();
+  EXPECT_TRUE(received.empty());
+}
+
+}  // namespace

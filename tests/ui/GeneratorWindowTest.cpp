@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTimer>
+
+#include "codegen/qt/GeneratorWindow.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/QtUiThread.h"
+#include "tests/support/Tools.h"
+
+namespace {
+
+/// Runs the dialog in its window; the test's steps run inside its loop.
+class GeneratorWindowTest : public testing::Test {
+ protected:
+  GeneratorWindowTest() : formerThread(Service<UiThread>::Set(&uiThread)) {}
+  ~GeneratorWindowTest() override { Service<UiThread>::Set(formerThread); }
+
+  void Run(GeneratorKind kind, const std::function<void(GeneratorWindow&)>& steps) {
+    CGenerateCppDlg dialog(kind);
+    dialog.SetDesignFile("/home/caf\xE9/lift.mrv");
+    QTimer::singleShot(0, [&] {
+      auto* window = dynamic_cast<GeneratorWindow*>(QApplication::activeModalWidget());
+      ASSERT_NE(window, nullptr);
+      output = window->findChild<QPlainTextEdit*>();
+      steps(*window);
+    });
+    dialog.DoModal();
+  }
+  static void Press(QWidget& window, Qt::Key key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(&window, &press);
+  }
+  static QPushButton* Button(const QWidget& window, const QString& text) {
+    for (auto* button : window.findChildren<QPushButton*>()) {
+      if (button->text() == text) return button;
+    }
+    return nullptr;
+  }
+  bool IsAtEnd() const {
+    return output->verticalScrollBar()->value() == output->verticalScrollBar()->maximum();
+  }
+
+  QtUiThread uiThread;
+  UiThread* formerThread;
+  QtGeneratorHost host;
+  TestProcesses processes;
+  QPlainTextEdit* output = nullptr;
+};
+
+TEST_F(GeneratorWindowTest, ShowsTheFieldsAndRunsByTheDefaultButton) {
+  processes.instead = "none";
+  Run(GeneratorKind::Cpp, [this](GeneratorWindow& window) {
+    EXPECT_EQ(window.windowTitle(), "C++ Code Generation");
+    const auto boxes = window.findChildren<QLineEdit*>();
+    ASSERT_EQ(boxes.size(), 2);
+    EXPECT_EQ(boxes[0]->text(), QString::fromUtf8("/home/caf\xC3\xA9/lift.mrv"));
+    EXPECT_EQ(boxes[1]->text(), QString::fromUtf8("/home/caf\xC3\xA9"));
+    EXPECT_TRUE(boxes[0]->isReadOnly() && boxes[1]->isReadOnly() && output->isReadOnly());
+    EXPECT_TRUE(Button(window, "Generate")->isDefault());
+    window.findChild<QCheckBox*>()->click();
+    Press(window, Qt::Key_Return);
+    ASSERT_EQ(processes.started.size(), 1U);
+    EXPECT_EQ(output->toPlainText(), ToQString("Unable to start " + processes.started[0] + "\n"));
+    EXPECT_EQ(processes.started[0].find("-g"), std::string::npos);
+    EXPECT_TRUE(processes.started[0].ends_with(" -d /home/caf\xE9/lift.mrv"));
+    Button(window, "Close")->click();
+    EXPECT_FALSE(window.isVisible());
+  });
+}
+
+TEST_F(GeneratorWindowTest, TheBoxTakesTextInAnyPiecesAndFollowsItsEnd) {
+  Run(GeneratorKind::Xml, [this](GeneratorWindow& window) {
+    const auto* debug = window.findChild<QCheckBox*>();
+    EXPECT_FALSE(debug->isEnabled() || debug->isChecked());
+    for (const char c :
+         std::string("gr\xC3\xBC\xC3\x9F\x65\r\ncaf\xC3\xA9\x01\xE2\x80\xA9|\nend")) {
+      window.Append({&c, 1});
+    }
+    EXPECT_EQ(output->toPlainText(),
+              QString::fromUtf8("gr\xC3\xBC\xC3\x9F\x65\ncaf\xC3\xA9  |\nend"));
+    window.Clear();
+    for (int i = 0; i < 200; ++i) window.Append("line\n");
+    EXPECT_TRUE(IsAtEnd());
+    output->verticalScrollBar()->setValue(0);
+    window.Append("more\n");
+    EXPECT_EQ(output->verticalScrollBar()->value(), 0) << "the user reads";
+    window.close();
+  });
+}
+
+TEST_F(GeneratorWindowTest, TheBoxHasItsLimits) {
+  Run(GeneratorKind::C, [this](GeneratorWindow& window) {
+    for (int i = 0; i < 3; ++i) window.Append(std::string(1 << 20, 'x') + "\nend");
+    EXPECT_LE(output->document()->characterCount(), 1 << 20);
+    EXPECT_TRUE(output->toPlainText().endsWith("x\nend"));
+    for (int i = 0; i < 3; ++i) window.Append(std::string(1 << 20, '\n') + "end");
+    EXPECT_EQ(output->document()->blockCount(), 20000);
+    EXPECT_TRUE(output->toPlainText().endsWith("\nend"));
+    window.close();
+  });
+}
+
+TEST_F(GeneratorWindowTest, AnEndlessFloodLeavesTimeForTheUser) {
+  processes.instead = ToolLine("lines 0");
+  QTimer timer;
+  int turns = 0;
+  Run(GeneratorKind::Java, [&](GeneratorWindow& window) {
+    Button(window, "Generate")->click();
+    QObject::connect(&timer, &QTimer::timeout, &window, [&] {
+      if (output->document()->blockCount() < 1000 || ++turns < 10) return;
+      EXPECT_TRUE(IsAtEnd());
+      Press(window, Qt::Key_Escape);
+    });
+    timer.start(1);
+  });
+  EXPECT_EQ(turns, 10);
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "the tool is gone";
+}
+
+}  // namespace
