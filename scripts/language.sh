@@ -3,7 +3,7 @@
 # profile holds stays as it is.
 set -euo pipefail
 
-profile="${XDG_CONFIG_HOME:-$HOME/.config}/Halvern/Morvane.conf"
+profile="${XDG_CONFIG_HOME:-$HOME/.config}/Halvern/Morvane.ini"
 mkdir -p "$(dirname "$profile")"
 [[ -e $profile ]] || : >"$profile"
 

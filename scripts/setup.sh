@@ -8,7 +8,9 @@ packages=(
   qt6-base-dev qt6-svg-dev
   libqt6svg6           # also the plugins that draw SVG icons
   fonts-dejavu-core    # stands in for Verdana
+  qt6-translations-l10n # the toolkit's own texts in the languages of the program
   libgtest-dev libbenchmark-dev
+  desktop-file-utils appstream shared-mime-info # check what the desktop reads
   clang-format
   "$@"
 )

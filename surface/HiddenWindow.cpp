@@ -5,13 +5,14 @@
 #include "model/ConnectableRectShape.h"
 #include "platform/PopupMenus.h"
 #include "resources/CommandIds.h"
+#include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
 #include "surface/ObjectMenus.h"
 
 void HiddenWindow::ShowMenu(Shape* shape, POINT screen) {
   std::vector<PopupMenus::Item> items;
   for (const ObjectMenuEntry& entry : MenuOf(shape)) {
-    items.push_back({entry.id, entry.text, OnUpdateCommand(entry.id)});
+    items.push_back({entry.id, Translate(entry.text), OnUpdateCommand(entry.id)});
   }
   if (items.empty()) return;
   const unsigned chosen = Service<PopupMenus>::Get().Track(items, screen);

@@ -6,6 +6,7 @@
 #include "platform/DragImages.h"
 #include "platform/PopupMenus.h"
 #include "resources/CommandIds.h"
+#include "resources/Texts.h"
 #include "states/EndableState.h"
 #include "states/StartableState.h"
 #include "surface/LayoutMgr.h"
@@ -86,7 +87,7 @@ void LayoutMgr::OnContextMenu(POINT screen) {
 void LayoutMgr::ShowChartMenu(POINT screen) {
   std::vector<PopupMenus::Item> items;
   for (const ObjectMenuEntry& entry : MenuOfChart()) {
-    items.push_back({entry.id, entry.text, OnUpdateCommand(entry.id)});
+    items.push_back({entry.id, Translate(entry.text), OnUpdateCommand(entry.id)});
   }
   const unsigned chosen = Service<PopupMenus>::Get().Track(items, screen);
   if (chosen != 0) OnCommand(chosen);

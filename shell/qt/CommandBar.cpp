@@ -4,6 +4,7 @@
 #include <QEvent>
 
 #include "platform/qt/QtText.h"
+#include "resources/Texts.h"
 #include "shell/MenuTable.h"
 #include "shell/qt/CommandIcons.h"
 #include "shell/qt/CommandTarget.h"
@@ -23,10 +24,11 @@ CommandBar::CommandBar(const QString& title, std::span<const unsigned> buttons,
       addSeparator();
       continue;
     }
-    QAction* action = addAction(FromUtf8(CommandToolTip(id)));
+    const QString toolTip = FromUtf8(Translate(CommandToolTip(id)));
+    QAction* action = addAction(toolTip);
     action->setData(id);
-    action->setToolTip(FromUtf8(CommandToolTip(id)));
-    action->setStatusTip(FromUtf8(CommandPrompt(id)));
+    action->setToolTip(toolTip);
+    action->setStatusTip(FromUtf8(Translate(CommandPrompt(id))));
     connect(action, &QAction::triggered, this, [this, id] {
       this->target.RunCommand(id);
       Refresh();

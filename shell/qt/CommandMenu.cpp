@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "platform/qt/QtText.h"
 #include "resources/CommandIds.h"
+#include "resources/Texts.h"
 #include "shell/qt/CommandTarget.h"
 
 namespace {
@@ -22,7 +23,7 @@ QString RecentText(std::size_t index, const std::string& path, const QFontMetric
 }  // namespace
 
 CommandMenu::CommandMenu(const MenuPopup& popup, CommandTarget& target, QWidget* parent)
-    : QMenu(FromUtf8(popup.title), parent), target(target) {
+    : QMenu(FromUtf8(Translate(popup.title)), parent), target(target) {
   Build(popup.entries);
 }
 
@@ -37,7 +38,7 @@ void CommandMenu::Build(std::span<const MenuEntry> entries) {
       addSeparator();
       continue;
     }
-    QAction* action = AddCommand(entry.id, FromUtf8(entry.text));
+    QAction* action = AddCommand(entry.id, FromUtf8(Translate(entry.text)));
     addAction(action);
     if (entry.id == ID_FILE_RECENT) recentPlace = action;
   }
@@ -47,7 +48,7 @@ void CommandMenu::Build(std::span<const MenuEntry> entries) {
 QAction* CommandMenu::AddCommand(unsigned id, const QString& text) {
   auto* action = new QAction(text, this);
   action->setData(id);
-  action->setStatusTip(FromUtf8(CommandPrompt(id)));
+  action->setStatusTip(FromUtf8(Translate(CommandPrompt(id))));
   connect(action, &QAction::triggered, this, [this, id] { target.RunCommand(id); });
   return action;
 }

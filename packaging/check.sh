@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Installs a build into a folder of its own and looks at everything there that the desktop reads:
+# check.sh BUILD_FOLDER
+set -euo pipefail
+
+build=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config"
+mkdir -p "$XDG_CONFIG_HOME"
+root="$work/stage/usr"
+DESTDIR="$work/stage" cmake --install "$build" --prefix /usr >/dev/null
+
+fail() {
+  echo "$*" >&2
+  exit 1
+}
+
+desktop-file-validate --no-hints "$root/share/applications/morvane.desktop"
+appstreamcli validate --no-net --nonet "$root"/share/metainfo/*.xml >"$work/appstream" ||
+  fail "$(cat "$work/appstream")"
+
+# The type of a chart, by its name and by its first bytes
+update-mime-database "$root/share/mime"
+grep -q ':application/x-morvane:\*\.mrv$' "$root/share/mime/globs2" || fail "no glob for charts"
+grep -qa 'application/x-morvane' "$root/share/mime/magic" || fail "no magic for charts"
+type=$(sed -n 's/^MimeType=\(.*\);$/\1/p' "$root/share/applications/morvane.desktop")
+[[ -f $root/share/mime/$type.xml ]] || fail "the desktop entry names an unknown type: $type"
+
+for kind in apps/morvane mimetypes/application-x-morvane; do
+  for size in 16 22 24 32 48 64 128 256; do
+    icon="$root/share/icons/hicolor/${size}x$size/$kind.png"
+    # Bytes 16 to 23 of a PNG file are its width and its height.
+    found=$(od -An -tu1 -j16 -N8 "$icon" | awk '{ print $3 * 256 + $4, $7 * 256 + $8 }')
+    [[ $found == "$size $size" ]] || fail "$icon is $found"
+  done
+  [[ -s $root/share/icons/hicolor/scalable/$kind.svg ]] || fail "no scalable icon $kind"
+done
+
+# The program from its start script, and what it looks for beside itself
+version=$("$root/bin/morvane" --version)
+[[ $version == Morvane\ * ]] || fail "the start script answers: $version"
+[[ ! -e $XDG_CONFIG_HOME/Halvern ]] || fail "a job has changed the profile"
+for file in bin/_sp.mo bin/lang{fra,ger,esp}.dll Docs/Morvane-{UserGuide,Tutorial}.pdf \
+  Examples/Socket_C++/Socket.mrv; do
+  [[ -s $root/lib/morvane/$file ]] || fail "not installed: $file"
+done
+"$root/bin/morvane" --export "$work/chart.png" "$root/lib/morvane/Examples/Socket_C++/Socket.mrv"
+[[ -s $work/chart.png ]] || fail "the installed program draws nothing"
