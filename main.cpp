@@ -5,11 +5,9 @@
 #include <QApplication>
 
 #include "codegen/qt/GeneratorWindow.h"
-#include "persistence/CMorvaneDoc.h"
 #include "platform/qt/QtServices.h"
 #include "shell/CommandLine.h"
-#include "shell/qt/MainFrame.h"
-#include "surface/LayoutMgr.h"
+#include "shell/qt/CMorvaneApp.h"
 
 namespace {
 
@@ -49,14 +47,8 @@ int RunWindow(const CommandLine& line, int argc, char** argv) {
   QApplication::setApplicationName("Morvane");
   const QtServices services(QtServices::Use::Window);
   const QtGeneratorHost generatorHost;
-  MainFrame frame({[] { return std::make_unique<CMorvaneDoc>(); },
-                   [] { return std::make_unique<LayoutMgr>(); }});
-  frame.show();
-  if (line.File().empty()) {
-    frame.Manager().NewDocument();
-  } else {
-    frame.Manager().OpenDocumentFile(line.File());
-  }
+  CMorvaneApp program;
+  if (!program.InitInstance(line.File())) return CommandLine::kFailure;
   return QApplication::exec();
 }
 

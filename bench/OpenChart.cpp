@@ -10,7 +10,16 @@
 #include "model/Shape.h"
 #include "persistence/ModelStream.h"
 
-OpenChart::OpenChart(const std::string& text) : window(view) {
+namespace {
+
+constexpr int kTreeWidth = 150;
+
+}  // namespace
+
+OpenChart::OpenChart(const std::string& text) : window(view), treeWindow(tree, kTreeWidth) {
+  view.SetObjectTree(&tree);
+  treeWindow.resize(kTreeWidth, kWindow.cy);
+  treeWindow.show();
   Read(text, view);
   window.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   window.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -21,7 +30,10 @@ OpenChart::OpenChart(const std::string& text) : window(view) {
   QApplication::processEvents();
 }
 
-OpenChart::~OpenChart() { window.Detach(); }
+OpenChart::~OpenChart() {
+  view.SetObjectTree(nullptr);
+  window.Detach();
+}
 
 void OpenChart::PaintAll() {
   view.Invalidate();

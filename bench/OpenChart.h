@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
+#include "shell/CObjectTree.h"
 #include "surface/LayoutMgr.h"
 
-/// A chart in a window of its own, read and placed.
+/// A chart in a window of its own, read and placed, with its object browser in another one.
 class OpenChart {
  public:
   static constexpr SIZE kWindow{1200, 800};  ///< device pixels
@@ -16,6 +18,8 @@ class OpenChart {
   LayoutMgr& View() { return view; }
   /// Paints all of the window.
   void PaintAll();
+  /// Lets the browser's window look at what has changed.
+  void ShowTree() { treeWindow.Sync(); }
   /// Selects the first state and drags it over `steps` positions and back to where it was.
   void DragFirstState(int steps);
 
@@ -26,4 +30,6 @@ class OpenChart {
  private:
   LayoutMgr view;
   QtView window;
+  CObjectTree tree;
+  QtTreeCtrl treeWindow;
 };

@@ -70,7 +70,7 @@ void Snapshot(benchmark::State& state) {
   for (auto _ : state) history.Push(chart.View().ModelText());
 }
 
-/// Undo and redo in turn: both read a whole snapshot.
+/// Undo and redo in turn: both read a whole snapshot and fill the object browser anew.
 void Undo(benchmark::State& state) {
   OpenChart chart(ChartOf(state));
   chart.View().GetProperties().Author = "Another";
@@ -78,6 +78,7 @@ void Undo(benchmark::State& state) {
   bool undone = false;
   for (auto _ : state) {
     chart.View().OnCommand(undone ? ID_EDIT_REDO : ID_EDIT_UNDO);
+    chart.ShowTree();
     undone = !undone;
   }
 }
@@ -132,6 +133,7 @@ void DeleteAll(benchmark::State& state) {
     chart.View().GetModel().SelectAll();
     const auto start = Clock::now();
     chart.View().GetModel().DeleteSelected(false);
+    chart.ShowTree();
     state.SetIterationTime(SecondsSince(start));
   }
 }

@@ -66,7 +66,10 @@ ObjectBrowser* ModelMgr::Browser() const {
 void ModelMgr::PlaceAll() {
   menuWindow = std::make_unique<HiddenWindow>(view);
   const std::vector<Shape*> list = Objects();
+  placing = true;
   Place(list);
+  placing = false;
+  if (ObjectBrowser* browser = Browser()) browser->AddAllNodes(Objects());
 }
 
 void ModelMgr::Place(const std::vector<Shape*>& list) {
@@ -81,7 +84,8 @@ void ModelMgr::Place(const std::vector<Shape*>& list) {
 }
 
 void ModelMgr::AddShape(Shape* shape, std::int32_t id) {
-  if (ObjectBrowser* browser = Browser()) browser->AddNode(shape);
+  ObjectBrowser* browser = placing ? nullptr : Browser();
+  if (browser != nullptr) browser->AddNode(shape);
   ShapeRegistry::AddShape(shape, id);
 }
 

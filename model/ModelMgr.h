@@ -112,6 +112,7 @@ class ModelMgr : public ShapeRegistry {
   Collection selection;
   std::unique_ptr<HiddenWindow> menuWindow;
   LayoutMgr* view;
+  bool placing = false;  ///< the browser hears of all objects at the end
   std::unique_ptr<ModelClipboard> clipboard;
   Factory factory;
   ModelData data{factory};

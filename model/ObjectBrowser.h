@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 class LayoutMgr;
 class Shape;
@@ -13,6 +14,9 @@ class ObjectBrowser {
   virtual void Attach(LayoutMgr* view) = 0;
   virtual void SetRootText(const std::string& text) = 0;
   virtual void AddNode(Shape* object) = 0;
+  /// A whole model was placed: each of its objects has come, in the order of placing. They show as
+  /// they are now.
+  virtual void AddAllNodes(const std::vector<Shape*>& objects) = 0;
   virtual void RemoveNodes(Shape* object) = 0;
   virtual void UpdateNodes(Shape* object) = 0;
   /// The whole model goes: everything below the root is void.

@@ -15,6 +15,7 @@
 #include <QTextBlock>
 
 #include "platform/qt/QtText.h"
+#include "resources/Texts.h"
 
 namespace {
 
@@ -85,7 +86,7 @@ QSize GeneratorWindow::MakeOutput() {
   output->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   output->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   output->setTabChangesFocus(true);
-  output->setAccessibleName(QStringLiteral("Output of the tool"));
+  output->setAccessibleName(ToQString(Translate("Output of the tool")));
   const QFontMetrics metrics = output->fontMetrics();
   const QSize room(metrics.averageCharWidth() * control.width,
                    metrics.lineSpacing() * control.lines);

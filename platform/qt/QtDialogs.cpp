@@ -8,13 +8,14 @@
 #include "platform/qt/DialogParent.h"
 #include "platform/qt/QtFontDialog.h"
 #include "platform/qt/QtText.h"
+#include "resources/Texts.h"
 
 namespace {
 
 constexpr const char* kAllFiles = "All Files (*)";
 
 std::optional<std::string> Ask(QFileDialog& dialog, const Dialogs::FileFilter& filter) {
-  dialog.setNameFilters({ToQString(filter.text), kAllFiles});
+  dialog.setNameFilters({ToQString(filter.text), ToQString(Translate(kAllFiles))});
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return FromQPath(dialog.selectedFiles().constFirst());
 }
@@ -22,7 +23,8 @@ std::optional<std::string> Ask(QFileDialog& dialog, const Dialogs::FileFilter& f
 }  // namespace
 
 std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
-  QFileDialog dialog(QApplication::activeWindow(), "Open", ToQPath(lastFolder));
+  QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Open")),
+                     ToQPath(lastFolder));
   dialog.setFileMode(QFileDialog::ExistingFile);
   const auto path = Ask(dialog, filter);
   if (path) lastFolder = FolderOf(*path);
@@ -31,7 +33,7 @@ std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
 
 std::optional<std::string> QtDialogs::AskSavePath(const FileFilter& filter,
                                                   const std::string& suggestion) {
-  QFileDialog dialog(QApplication::activeWindow(), "Save As");
+  QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Save As")));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(ToQString(filter.extension));

@@ -1,6 +1,7 @@
 #include "shell/qt/ChildFrame.h"
 
 #include <QCloseEvent>
+#include <QMainWindow>
 #include <QTimer>
 
 #include "platform/CDocManager.h"
@@ -8,6 +9,9 @@
 #include "platform/CScrollView.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtView.h"
+#include "resources/CommandIds.h"
+#include "shell/qt/ObjectBrowserPane.h"
+#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -18,7 +22,13 @@ constexpr QSize kNormalSize(640, 480);
 ChildFrame::ChildFrame(CDocument& document, CDocManager& manager)
     : document(&document), manager(manager), viewWidget(new QtView(*document.GetView(), this)) {
   setWindowIcon(QIcon(":/icons/morvane.svg"));
-  setWidget(viewWidget);
+  // A window of its own inside this one lets the pane dock on each side of the chart.
+  auto* inner = new QMainWindow(this);
+  inner->setWindowFlags(Qt::Widget);
+  inner->setCentralWidget(viewWidget);
+  objectBrowser = new ObjectBrowserPane(dynamic_cast<LayoutMgr*>(document.GetView()), inner);
+  inner->addDockWidget(Qt::LeftDockWidgetArea, objectBrowser);
+  setWidget(inner);
   setFocusProxy(viewWidget);
   resize(sizeHint());
 }
@@ -29,7 +39,19 @@ QSize ChildFrame::sizeHint() const { return kNormalSize; }
 
 CScrollView* ChildFrame::View() const { return viewWidget->View(); }
 
+CommandState ChildFrame::StateOf(unsigned id) const {
+  return id == ID_OBJECT_BROWSER ? CommandState::Checked(!objectBrowser->isHidden())
+                                 : CommandState{};
+}
+
+bool ChildFrame::RunCommand(unsigned id) {
+  if (id != ID_OBJECT_BROWSER) return false;
+  objectBrowser->setVisible(objectBrowser->isHidden());
+  return true;
+}
+
 void ChildFrame::Detach() {
+  objectBrowser->Detach();
   viewWidget->Detach();
   document = nullptr;
 }

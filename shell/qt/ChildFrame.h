@@ -2,9 +2,12 @@
 
 #include <QMdiSubWindow>
 
+#include "platform/CWnd.h"
+
 class CDocManager;
 class CDocument;
 class CScrollView;
+class ObjectBrowserPane;
 class QtView;
 
 /// The window of one chart.
@@ -19,6 +22,10 @@ class ChildFrame : public QMdiSubWindow {
   CDocument* Document() const { return document; }
   CScrollView* View() const;
   QtView* Window() const { return viewWidget; }
+  ObjectBrowserPane& ObjectBrowser() { return *objectBrowser; }
+  /// The commands of the window itself, beside those of its view.
+  CommandState StateOf(unsigned id) const;
+  bool RunCommand(unsigned id);
   /// Shows the title of the document.
   void UpdateTitle();
   /// Lets document and view go.
@@ -33,4 +40,5 @@ class ChildFrame : public QMdiSubWindow {
   CDocument* document;
   CDocManager& manager;
   QtView* viewWidget;
+  ObjectBrowserPane* objectBrowser;
 };

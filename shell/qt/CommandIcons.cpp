@@ -1,25 +1,15 @@
 #include "shell/qt/CommandIcons.h"
 
 #include <algorithm>
-#include <array>
 
-#include <QFile>
-#include <QPainter>
 #include <QPalette>
-#include <QPixmap>
-#include <QSvgRenderer>
 
+#include "platform/qt/SvgIcon.h"
 #include "resources/CommandIds.h"
 
 namespace {
 
 constexpr int kIconSize = 18;
-constexpr std::array<double, 4> kRatios{1, 1.5, 2, 3};
-/// The pictures are drawn in these colours, which a dark palette replaces.
-constexpr const char* kInk = "#404040";
-constexpr const char* kAccent = "#2f78c4";
-constexpr const char* kAccentOnDark = "#6cb0f2";
-constexpr int kDarkBelow = 128;
 
 struct IconName {
   unsigned id;
@@ -58,31 +48,14 @@ constexpr IconName kNames[] = {
     {ID_SEND_TO_BACK, "back"},
 };
 
-QPixmap Render(QSvgRenderer& renderer, double ratio) {
-  const int side = static_cast<int>(kIconSize * ratio);
-  QPixmap pixmap(side, side);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
-  renderer.render(&painter, QRectF(0, 0, side, side));
-  painter.end();
-  pixmap.setDevicePixelRatio(ratio);
-  return pixmap;
-}
-
 }  // namespace
 
 QIcon MakeCommandIcon(unsigned id, const QPalette& palette) {
   const auto* found = std::ranges::find(kNames, id, &IconName::id);
   if (found == std::end(kNames)) return {};
-  QFile file(QStringLiteral(":/icons/%1.svg").arg(found->name));
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  QByteArray svg = file.readAll();
-  if (palette.color(QPalette::Button).lightness() < kDarkBelow) {
-    svg.replace(kInk, palette.color(QPalette::ButtonText).name().toLatin1());
-    svg.replace(kAccent, kAccentOnDark);
-  }
-  QSvgRenderer renderer(svg);
+  const SvgColors colors =
+      SvgColors::On(palette.color(QPalette::Button), palette.color(QPalette::ButtonText));
   QIcon icon;
-  for (const double ratio : kRatios) icon.addPixmap(Render(renderer, ratio));
+  AddSvgPixmaps(icon, found->name, kIconSize, colors);
   return icon;
 }

@@ -18,11 +18,16 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
+#include "resources/Texts.h"
+#include "shell/ChartFiles.h"
 #include "shell/MenuTable.h"
+#include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/ChildFrame.h"
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/CommandMenu.h"
 #include "shell/qt/DragToolBar.h"
+#include "shell/qt/FrameState.h"
+#include "shell/qt/LockIndicators.h"
 
 // The windows of the main window; what commands do is in MainFrameCommands.cpp.
 
@@ -43,7 +48,7 @@ constexpr int kIdleMilliseconds = 100;
 MainFrame::MainFrame(Factories factories) : area(new QMdiArea(this)) {
   Q_INIT_RESOURCE(icons);
   manager = std::make_unique<CDocManager>(CDocTemplate{kBaseName,
-                                                       {kFilterText, kExtension},
+                                                       {Translate(kFilterText), kExtension},
                                                        std::move(factories.makeDocument),
                                                        std::move(factories.makeView)},
                                           *this);
@@ -56,6 +61,7 @@ MainFrame::MainFrame(Factories factories) : area(new QMdiArea(this)) {
   resize(kFirstSize.boundedTo(screen()->availableSize() * kScreenPart));
   CreateMenus();
   CreateBars();
+  CreateChartBrowser();
   CreateKeys();
   connect(area, &QMdiArea::subWindowActivated, this, [this] { OnActivated(); });
   OnActivated();
@@ -120,13 +126,24 @@ void MainFrame::CreateKeys() {
 }
 
 void MainFrame::CreateBars() {
-  toolBar = new CommandBar("Toolbar", ToolBarButtons(), *this, this);
+  toolBar = new CommandBar(ToQString(Translate("Toolbar")), ToolBarButtons(), *this, this);
   toolBar->setObjectName("toolBar");
   addToolBar(toolBar);
-  drawingBar = new DragToolBar("Drawing Toolbar", DrawingBarButtons(), *this, this);
+  drawingBar =
+      new DragToolBar(ToQString(Translate("Drawing Toolbar")), DrawingBarButtons(), *this, this);
   drawingBar->setObjectName("drawingBar");
   addToolBar(drawingBar);
-  statusBar()->addWidget(new QLabel(kReadyText, this));
+  statusBar()->addWidget(new QLabel(ToQString(Translate(kReadyText)), this));
+  new LockIndicators(statusBar());
+}
+
+void MainFrame::CreateChartBrowser() {
+  const auto open = [this](const std::string& path) {
+    if (!IsAnyWaiting()) OpenChartFile(*manager, path);
+  };
+  chartBrowser = new ChartBrowserPane(open, this);
+  addDockWidget(Qt::RightDockWidgetArea, chartBrowser);
+  chartBrowser->SelectStoredFolder();
 }
 
 QMenu* MainFrame::createPopupMenu() {
@@ -240,8 +257,10 @@ void MainFrame::closeEvent(QCloseEvent* event) {
     QTimer::singleShot(0, this, &QWidget::close);
     return;
   }
+  chartBrowser->StoreFolder();
   if (!manager->SaveAllModified()) return;
   manager->CloseAllDocuments();
+  FrameState::Save(*this);
   event->accept();
 }
 

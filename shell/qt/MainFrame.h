@@ -10,6 +10,7 @@
 #include "shell/qt/CommandTarget.h"
 #include "shell/qt/ToolImage.h"
 
+class ChartBrowserPane;
 class ChildFrame;
 class CommandBar;
 class CommandMenu;
@@ -55,6 +56,7 @@ class MainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   void CreateMenus();
   void CreateKeys();
   void CreateBars();
+  void CreateChartBrowser();
   void ShowMenu(bool forChart);
   void FillWindowList();
   void OnActivated();
@@ -85,6 +87,7 @@ class MainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   QList<QAction*> windowList;
   CommandBar* toolBar = nullptr;
   CommandBar* drawingBar = nullptr;
+  ChartBrowserPane* chartBrowser = nullptr;
   bool chartMenuShown = false;
   QTimer idleTimer;
   bool idleSeen = false;  ///< nothing happened since the bars were refreshed

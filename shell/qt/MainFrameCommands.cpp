@@ -4,20 +4,16 @@
 #include "dialogs/CDefaultSettingDlg.h"
 #include "platform/CDocument.h"
 #include "platform/CScrollView.h"
-#include "platform/MessageBox.h"
 #include "resources/CommandIds.h"
+#include "shell/HelpCommands.h"
 #include "shell/MenuTable.h"
+#include "shell/qt/CSplashDlg.h"
+#include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/ChildFrame.h"
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/MainFrame.h"
 
 // The way of a command: the active view first, then its document, then the frame.
-
-namespace {
-
-constexpr const char* kAboutText = "Morvane 4.1\n\nA designer for hierarchical state machines.";
-
-}  // namespace
 
 CommandState MainFrame::StateOf(unsigned id) {
   // While a gesture waits for its next message, the chart must not change under it.
@@ -25,6 +21,8 @@ CommandState MainFrame::StateOf(unsigned id) {
   if (ChildFrame* child = ActiveChild()) {
     const CommandState state = child->View()->OnUpdateCommand(id);
     if (state.handled) return state;
+    const CommandState frame = child->StateOf(id);
+    if (frame.handled) return frame;
     const CommandState own = DocumentState(id);
     if (own.handled) return own;
   }
@@ -35,6 +33,7 @@ bool MainFrame::RunCommand(unsigned id) {
   if (!StateOf(id).enabled) return false;
   if (ChildFrame* child = ActiveChild()) {
     if (child->View()->OnUpdateCommand(id).handled) return child->View()->OnCommand(id);
+    if (child->RunCommand(id)) return true;
     if (DocumentState(id).handled) {
       RunDocumentCommand(id);
       return true;
@@ -62,6 +61,7 @@ QWidget* MainFrame::BarOf(unsigned id) const {
   switch (id) {
     case ID_VIEW_TOOLBAR: return toolBar;
     case ID_DRAWING_BAR: return drawingBar;
+    case ID_CHART_BROWSER: return chartBrowser;
     case ID_VIEW_STATUS_BAR: return statusBar();
     default: return nullptr;
   }
@@ -77,6 +77,9 @@ CommandState MainFrame::FrameState(unsigned id) const {
     case ID_FILE_OPEN:
     case ID_APP_EXIT:
     case ID_DEFAULT_SETTINGS:
+    case ID_USER_GUIDE:
+    case ID_TUTORIAL:
+    case ID_WEB_PAGE:
     case ID_APP_ABOUT: return CommandState::Enabled(true);
     case ID_CLOSE_ALL:
     case ID_WINDOW_CASCADE:
@@ -95,6 +98,7 @@ void MainFrame::RunFrameCommand(unsigned id) {
     manager->OnOpenRecentFile(id - ID_FILE_RECENT);
     return;
   }
+  if (HelpCommands::Run(id)) return;
   switch (id) {
     case ID_FILE_NEW: manager->NewDocument(); break;
     case ID_FILE_OPEN: manager->OnFileOpen(); break;
@@ -131,4 +135,4 @@ void MainFrame::ArrangeIcons() {
   }
 }
 
-void MainFrame::ShowAbout() { ShowMessage(kAboutText); }
+void MainFrame::ShowAbout() { CSplashDlg(true, this).exec(); }

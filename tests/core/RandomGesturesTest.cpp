@@ -16,6 +16,7 @@
 #include "model/ModelMgr.h"
 #include "platform/MessageBox.h"
 #include "resources/CommandIds.h"
+#include "shell/CObjectTree.h"
 #include "states/EndableState.h"
 #include "states/StartableState.h"
 #include "surface/HiddenWindow.h"
@@ -52,6 +53,7 @@ std::ptrdiff_t CountOf(const List& list, const Member& member) {
 class Hand {
  public:
   explicit Hand(unsigned seed) : random(seed) {
+    chart.SetObjectTree(&tree);
     chart.OnInitialUpdate();
     chart.ApplyZoom();
   }
@@ -106,6 +108,24 @@ class Hand {
       ASSERT_EQ(CountOf(chart.GetModel().Objects(), dynamic_cast<Shape*>(member)), 1) << where;
     }
     ASSERT_TRUE(window.IsDrained()) << where;
+  }
+
+  /// The browser has a node for each object, in its place, and no others.
+  void CheckTree(const std::string& where) {
+    std::size_t nodes = 1;
+    for (Shape* shape : chart.GetModel().Objects()) {
+      if (auto* transition = dynamic_cast<Transition*>(shape)) {
+        const auto found = tree.FindItems(shape);
+        ASSERT_EQ(found.size(), 1U) << where;
+        ASSERT_NO_FATAL_FAILURE(CheckNode(*transition, *found.front(), where));
+        nodes += 1U + static_cast<std::size_t>(found.front()->ChildCount());
+      }
+      if (dynamic_cast<State*>(shape) == nullptr) continue;
+      ASSERT_NE(tree.FirstWithData(shape), nullptr) << where;
+      ASSERT_EQ(tree.FirstWithData(shape)->Parent(), tree.FirstItem()) << where;
+      ++nodes;
+    }
+    ASSERT_EQ(tree.Count(), nodes) << where;
   }
 
   void CheckText(const std::string& where) {
@@ -303,7 +323,24 @@ class Hand {
     }
   }
 
+  void CheckNode(const Transition& transition, const TreeItem& node, const std::string& where) {
+    const Shape* source = transition.GetSource();
+    const Shape* target = transition.GetTarget();
+    const Shape* mesg = target != nullptr ? transition.GetMesg() : nullptr;
+    const void* above = source != nullptr ? static_cast<const void*>(source) : &chart;
+    ASSERT_EQ(node.Parent()->Data(), above) << where;
+    std::vector<const void*> expected;
+    if (target != nullptr && target != source) expected.push_back(target);
+    if (mesg != nullptr) expected.push_back(mesg);
+    std::vector<const void*> shown;
+    for (const TreeItem* item = node.FirstChild(); item != nullptr; item = item->Next()) {
+      shown.push_back(item->Data());
+    }
+    ASSERT_EQ(shown, expected) << where;
+  }
+
   std::mt19937 random;
+  CObjectTree tree;
   LayoutMgr chart;
   FakeWindow window{chart};
 };
@@ -320,6 +357,7 @@ TEST(RandomGestures, KeepEveryChartSound) {
           "seed " + std::to_string(seed) + ", gesture " + std::to_string(gesture);
       hand.DoAnything();
       ASSERT_NO_FATAL_FAILURE(hand.Check(where));
+      ASSERT_NO_FATAL_FAILURE(hand.CheckTree(where));
       if (gesture % 10 == 0) {
         ASSERT_NO_FATAL_FAILURE(hand.CheckText(where));
       }

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QTimer>
+#include <QTreeView>
+
+#include "platform/TreePeer.h"
+
+class CTreeCtrl;
+class QtTreeModel;
+class TreeItem;
+
+/// The window of a `CTreeCtrl`. Whatever changes in the tree, the window looks at it anew once,
+/// when the program is idle or somebody looks at the window.
+class QtTreeCtrl : public QTreeView, public TreePeer {
+  Q_OBJECT
+
+ public:
+  /// `firstWidth` is what the window asks for, in pixels.
+  QtTreeCtrl(CTreeCtrl& tree, int firstWidth, QWidget* parent = nullptr);
+  ~QtTreeCtrl() override;
+
+  /// Shows the tree as it is now.
+  void Sync();
+  QSize sizeHint() const override;
+
+  void OnTreeChanging() override;
+  void OnTreeSelected() override;
+
+ protected:
+  bool event(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+ private:
+  void LoadIcons();
+  void SyncFor(const QEvent& event);
+  void ShowExpanded(const TreeItem* item);
+  void ShowSelected();
+  void BringUp(const QModelIndex& index);
+  /// The user opened or closed an item.
+  void OnToggled(const QModelIndex& index, bool expand);
+  TreeItem* HitTest(QPoint p) const;
+  QRect LabelRect(const QModelIndex& index) const;
+  bool IsBesideLabel(QPoint p) const;
+
+  CTreeCtrl& tree;
+  QtTreeModel* treeModel;
+  int firstWidth;
+  QTimer syncTimer;
+  int scrolledTo = 0;            ///< where the window stood when the tree began to change
+  bool bringSelectedUp = false;  ///< at the next look
+  bool showing = false;          ///< the window follows the tree, not the user
+};

@@ -1,0 +1,86 @@
+#include "platform/qt/QtTreeModel.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/CTreeCtrl.h"
+#include "platform/TextCodec.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+/// No pane is so wide that it shows more of a text.
+constexpr std::size_t kShownBytes = 1000;
+
+}  // namespace
+
+QtTreeModel::QtTreeModel(const CTreeCtrl& tree, QObject* parent)
+    : QAbstractItemModel(parent), tree(tree) {}
+
+void QtTreeModel::Close() {
+  if (!open) return;
+  beginResetModel();
+  open = false;
+  children.clear();
+}
+
+void QtTreeModel::Open() {
+  if (open) return;
+  open = true;
+  endResetModel();
+}
+
+void QtTreeModel::SetIcons(QList<QIcon> pictures) { icons = std::move(pictures); }
+
+TreeItem* QtTreeModel::ItemOf(const QModelIndex& index) {
+  return static_cast<TreeItem*>(index.internalPointer());
+}
+
+const QList<TreeItem*>& QtTreeModel::Children(const TreeItem* parent) const {
+  const auto found = children.constFind(parent);
+  if (found != children.constEnd()) return *found;
+  QList<TreeItem*>& list = children[parent];
+  TreeItem* child = parent != nullptr ? parent->FirstChild() : tree.FirstItem();
+  for (; child != nullptr; child = child->Next()) list.append(child);
+  return list;
+}
+
+QModelIndex QtTreeModel::IndexOf(const TreeItem* item) const {
+  if (item == nullptr || !open) return {};
+  const QList<TreeItem*>& siblings = Children(item->Parent());
+  const auto place =
+      std::lower_bound(siblings.begin(), siblings.end(), item,
+                       [](const TreeItem* a, const TreeItem* b) { return a->IsOlder(*b); });
+  return createIndex(static_cast<int>(place - siblings.begin()), 0, item);
+}
+
+QModelIndex QtTreeModel::index(int row, int column, const QModelIndex& parent) const {
+  if (!open || column != 0 || row < 0) return {};
+  const QList<TreeItem*>& siblings = Children(ItemOf(parent));
+  return row < siblings.size() ? createIndex(row, 0, siblings[row]) : QModelIndex();
+}
+
+QModelIndex QtTreeModel::parent(const QModelIndex& index) const {
+  return open && index.isValid() ? IndexOf(ItemOf(index)->Parent()) : QModelIndex();
+}
+
+int QtTreeModel::rowCount(const QModelIndex& parent) const {
+  if (!open) return 0;
+  if (parent.isValid()) return ItemOf(parent)->ChildCount();
+  return static_cast<int>(Children(nullptr).size());
+}
+
+int QtTreeModel::columnCount(const QModelIndex& /*parent*/) const { return 1; }
+
+bool QtTreeModel::hasChildren(const QModelIndex& parent) const { return rowCount(parent) > 0; }
+
+QVariant QtTreeModel::data(const QModelIndex& index, int role) const {
+  if (!open || !index.isValid()) return {};
+  const TreeItem* item = ItemOf(index);
+  if (role == Qt::DisplayRole) {
+    const std::string text = ToUtf8(std::string_view(item->Text()).substr(0, kShownBytes));
+    return QtFont::Printable(text);
+  }
+  if (role != Qt::DecorationRole) return {};
+  return icons.value(tree.Selected() == item ? item->SelectedImage() : item->Image());
+}

@@ -1,0 +1,12 @@
+#include "shell/CSortStringArray.h"
+
+#include <algorithm>
+#include <cctype>
+
+void CSortStringArray::SortStrings() {
+  const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
+  std::stable_sort(strings.begin(), strings.end(), [&](const std::string& a, const std::string& b) {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [&](char x, char y) { return lower(x) < lower(y); });
+  });
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// Texts that can be put in order without regard to case.
+class CSortStringArray {
+ public:
+  void Add(std::string text) { strings.push_back(std::move(text)); }
+  /// Texts that differ in nothing but their case keep their order.
+  void SortStrings();
+  const std::vector<std::string>& Strings() const { return strings; }
+
+ private:
+  std::vector<std::string> strings;
+};

@@ -1,0 +1,77 @@
+#include "shell/qt/CSplashDlg.h"
+
+#include <fstream>
+
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+
+#include "platform/BitmapFile.h"
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
+#include "platform/qt/QtText.h"
+#include "resources/InstallFolder.h"
+#include "resources/Texts.h"
+
+namespace {
+
+constexpr QSize kSize(387, 242);
+constexpr QPoint kVersionPlace(270, 150);
+constexpr int kShowMilliseconds = 800;
+constexpr const char* kPicture = "bin/_sp.mo";
+constexpr double kVersion = 4.1;
+constexpr int kBuild = 0;
+
+Qt::WindowFlags FlagsOf(bool modal) {
+  return modal ? Qt::Dialog | Qt::FramelessWindowHint
+               : Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+}
+
+}  // namespace
+
+CSplashDlg::CSplashDlg(bool modal, QWidget* parent)
+    : QDialog(parent, FlagsOf(modal)), modal(modal) {
+  setFixedSize(kSize);
+  setWindowTitle("Morvane");
+  const QRect room = parent != nullptr ? parent->frameGeometry() : screen()->availableGeometry();
+  move(room.center() - rect().center());
+  loaded = LoadSplashBitmap(FindPath(GetInstallFolder() + kPicture));
+  if (!loaded) ShowMessage(LoadText(IDS_SPLASH_CORRUPT));
+  if (loaded && !modal) QTimer::singleShot(kShowMilliseconds, this, &QDialog::close);
+}
+
+bool CSplashDlg::LoadSplashBitmap(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return false;
+  const std::optional<BitmapFile> picture = ReadBitmapFile(file);
+  if (!picture) return false;
+  bitmap = QImage(picture->Width(), picture->Height(), QImage::Format_RGB32);
+  for (int y = 0; y < bitmap.height(); ++y) {
+    auto* line = reinterpret_cast<QRgb*>(bitmap.scanLine(y));
+    for (int x = 0; x < bitmap.width(); ++x) {
+      const COLORREF c = picture->Pixel(x, y);
+      line[x] = qRgb(static_cast<int>(GetRValue(c)), static_cast<int>(GetGValue(c)),
+                     static_cast<int>(GetBValue(c)));
+    }
+  }
+  return !bitmap.isNull();
+}
+
+void CSplashDlg::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  if (loaded) painter.drawImage(0, 0, bitmap);
+  painter.setPen(Qt::black);
+  const QString version = QStringLiteral("%1 %2.%3")
+                              .arg(ToQString(LoadText(IDS_VERSION)))
+                              .arg(kVersion, 2, 'f', 1)
+                              .arg(kBuild);
+  painter.drawText(kVersionPlace + QPoint(0, painter.fontMetrics().ascent()), version);
+}
+
+void CSplashDlg::mousePressEvent(QMouseEvent*) {
+  if (modal) accept();
+}
+
+void CSplashDlg::keyPressEvent(QKeyEvent*) {
+  if (modal) accept();
+}

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QStatusBar>
+
+#include "platform/Profile.h"
+#include "resources/CommandIds.h"
+#include "shell/qt/FrameState.h"
+#include "shell/qt/MainFrame.h"
+#include "tests/ui/FakeChart.h"
+
+namespace {
+
+/// Two runs of the program, one after the other, on a profile of the test's own.
+class FrameStateTest : public testing::Test {
+ protected:
+  FrameStateTest() : former(Service<Profile>::Set(&profile)) {}
+  ~FrameStateTest() override { Service<Profile>::Set(former); }
+
+  static std::unique_ptr<MainFrame> MakeFrame() {
+    return std::make_unique<MainFrame>(
+        MainFrame::Factories{[] { return std::make_unique<FakeDocument>(); },
+                             [] { return std::make_unique<FakeView>(); }});
+  }
+  static bool IsShown(MainFrame& frame, unsigned bar) { return frame.StateOf(bar).checked; }
+
+  MemoryProfile profile;
+  Profile* former;
+};
+
+TEST_F(FrameStateTest, TheFirstRunHasNothingToRestore) {
+  const auto frame = MakeFrame();
+  EXPECT_FALSE(FrameState::Restore(*frame));
+  EXPECT_FALSE(frame->isVisible());
+}
+
+TEST_F(FrameStateTest, BarsAndPlacementLast) {
+  constexpr QRect placement(60, 50, 900, 620);
+  {
+    const auto frame = MakeFrame();
+    frame->show();
+    frame->setGeometry(placement);
+    QApplication::processEvents();
+    EXPECT_TRUE(IsShown(*frame, ID_DRAWING_BAR));
+    frame->RunCommand(ID_DRAWING_BAR);
+    frame->RunCommand(ID_CHART_BROWSER);
+    frame->close();
+  }
+  const auto frame = MakeFrame();
+  ASSERT_TRUE(FrameState::Restore(*frame));
+  EXPECT_TRUE(frame->isVisible());
+  EXPECT_EQ(frame->size(), placement.size());
+  EXPECT_FALSE(IsShown(*frame, ID_DRAWING_BAR));
+  EXPECT_FALSE(IsShown(*frame, ID_CHART_BROWSER));
+  EXPECT_TRUE(IsShown(*frame, ID_VIEW_TOOLBAR));
+}
+
+TEST_F(FrameStateTest, ADamagedProfileIsNoState) {
+  for (const char* damaged : {"not base64 at all %%%", "AAAA", "QUJDREVGR0g="}) {
+    profile.WriteString("Frame", "Placement", damaged);
+    profile.WriteString("Frame", "Bars", damaged);
+    const auto frame = MakeFrame();
+    EXPECT_FALSE(FrameState::Restore(*frame)) << damaged;
+    EXPECT_TRUE(IsShown(*frame, ID_DRAWING_BAR));
+  }
+}
+
+}  // namespace
