@@ -7,9 +7,9 @@
 #include "platform/qt/QtTranslations.h"
 #include "resources/Language.h"
 #include "resources/Texts.h"
+#include "shell/qt/CMainFrame.h"
 #include "shell/qt/CSplashDlg.h"
 #include "shell/qt/FrameState.h"
-#include "shell/qt/MainFrame.h"
 #include "surface/LayoutMgr.h"
 
 namespace {
@@ -30,9 +30,9 @@ bool CMorvaneApp::InitInstance(const std::string& file) {
     return false;
   }
   QThread::msleep(kSplashLead);
-  frame = std::make_unique<MainFrame>(
-      MainFrame::Factories{[] { return std::make_unique<CMorvaneDoc>(); },
-                           [] { return std::make_unique<LayoutMgr>(); }});
+  frame = std::make_unique<CMainFrame>(
+      CMainFrame::Factories{[] { return std::make_unique<CMorvaneDoc>(); },
+                            [] { return std::make_unique<LayoutMgr>(); }});
   if (!FrameState::Restore(*frame)) frame->showMaximized();
   return ProcessShellCommand(file);
 }

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-class MainFrame;
+class CMainFrame;
 
 /// The program while it has windows.
 class CMorvaneApp {
@@ -21,5 +21,5 @@ class CMorvaneApp {
   bool ShowSplash();
   bool ProcessShellCommand(const std::string& file);
 
-  std::unique_ptr<MainFrame> frame;
+  std::unique_ptr<CMainFrame> frame;
 };

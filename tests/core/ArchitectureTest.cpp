@@ -122,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(
         LineCase{"model/Shape.cpp", "  #  include \"QString\"", "includes the toolkit"},
         LineCase{"shell/App.h", "#include <QtCore/QObject>", "includes the toolkit"},
         LineCase{"shell/App.h", "#include <qglobal.h>", "includes the toolkit"},
-        LineCase{"shell/App.cpp", "#include \"shell/qt/MainFrame.h\"",
+        LineCase{"shell/App.cpp", "#include \"shell/qt/CMainFrame.h\"",
                  "includes a header of a toolkit folder"},
         LineCase{"platform/CWnd.h", "#include \"model/Shape.h\"", "reaches above its level"},
         LineCase{"platform/qt/View.cpp", "#include \"surface/LayoutMgr.h\"",
@@ -131,10 +131,10 @@ INSTANTIATE_TEST_SUITE_P(
         LineCase{"states/State.cpp", "#include \"State.h\"",
                  "includes without the path from the root"},
         LineCase{"platform/qt/View.cpp", "#include <QWidget>", ""},
-        LineCase{"shell/qt/MainFrame.cpp", "#include \"shell/qt/MainFrame.h\"", ""},
+        LineCase{"shell/qt/CMainFrame.cpp", "#include \"shell/qt/CMainFrame.h\"", ""},
         LineCase{"platform/CWnd.cpp", "#include \"resources/CommandIds.h\"", ""},
         LineCase{"model/Shape.cpp", "#include <queue>", ""},
-        LineCase{"shell/qt/MainFrame.cpp", "#include \"MainFrame.moc\"", ""},
+        LineCase{"shell/qt/CMainFrame.cpp", "#include \"CMainFrame.moc\"", ""},
         LineCase{"model/Shape.cpp", "#include \"platform/CDC.h\"", ""},
         LineCase{"model/Shape.cpp", "// see <QWidget>", ""}));
 

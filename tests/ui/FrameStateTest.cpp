@@ -6,8 +6,8 @@
 
 #include "platform/Profile.h"
 #include "resources/CommandIds.h"
+#include "shell/qt/CMainFrame.h"
 #include "shell/qt/FrameState.h"
-#include "shell/qt/MainFrame.h"
 #include "tests/ui/FakeChart.h"
 
 namespace {
@@ -18,12 +18,12 @@ class FrameStateTest : public testing::Test {
   FrameStateTest() : former(Service<Profile>::Set(&profile)) {}
   ~FrameStateTest() override { Service<Profile>::Set(former); }
 
-  static std::unique_ptr<MainFrame> MakeFrame() {
-    return std::make_unique<MainFrame>(
-        MainFrame::Factories{[] { return std::make_unique<FakeDocument>(); },
-                             [] { return std::make_unique<FakeView>(); }});
+  static std::unique_ptr<CMainFrame> MakeFrame() {
+    return std::make_unique<CMainFrame>(
+        CMainFrame::Factories{[] { return std::make_unique<FakeDocument>(); },
+                              [] { return std::make_unique<FakeView>(); }});
   }
-  static bool IsShown(MainFrame& frame, unsigned bar) { return frame.StateOf(bar).checked; }
+  static bool IsShown(CMainFrame& frame, unsigned bar) { return frame.StateOf(bar).checked; }
 
   MemoryProfile profile;
   Profile* former;

@@ -11,10 +11,12 @@
 #include <QToolBar>
 
 #include "platform/Profile.h"
+#include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
-#include "shell/qt/ChildFrame.h"
+#include "shell/qt/CChildFrame.h"
+#include "shell/qt/CMainFrame.h"
 #include "shell/qt/CommandMenu.h"
-#include "shell/qt/MainFrame.h"
+#include "shell/qt/ObjectBrowserPane.h"
 #include "tests/support/Scripted.h"
 #include "tests/ui/FakeChart.h"
 
@@ -24,7 +26,7 @@ namespace {
 class MainFrameTest : public testing::Test {
  protected:
   MainFrameTest() : formerProfile(Service<Profile>::Set(&profile)) {
-    frame = std::make_unique<MainFrame>(MainFrame::Factories{
+    frame = std::make_unique<CMainFrame>(CMainFrame::Factories{
         [] { return std::make_unique<FakeDocument>(); },
         [] { return std::make_unique<FakeView>(); },
     });
@@ -78,7 +80,7 @@ class MainFrameTest : public testing::Test {
   ScriptedDialogs dialogs;
   MemoryProfile profile;
   Profile* formerProfile;
-  std::unique_ptr<MainFrame> frame;
+  std::unique_ptr<CMainFrame> frame;
 };
 
 }  // namespace
@@ -275,4 +277,19 @@ TEST_F(MainFrameTest, DroppedFilesOpen) {
   QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(frame.get(), &drop);
   EXPECT_EQ(OpenCharts(), 2U);
+}
+
+TEST_F(MainFrameTest, TheKeyboardGoesFromPaneToPane) {
+  EXPECT_FALSE(frame->StateOf(ID_NEXT_PANE).enabled);
+  Open("one.mrv");
+  CChildFrame& child = *frame->ActiveChild();
+  child.Window()->setFocus();
+  frame->RunCommand(ID_NEXT_PANE);
+  EXPECT_TRUE(child.ObjectBrowser().Window().hasFocus());
+  frame->RunCommand(ID_PREV_PANE);
+  EXPECT_TRUE(child.Window()->hasFocus());
+  frame->RunCommand(ID_OBJECT_BROWSER);
+  frame->RunCommand(ID_CHART_BROWSER);
+  frame->RunCommand(ID_NEXT_PANE);
+  EXPECT_TRUE(child.Window()->hasFocus()) << "it is the only pane";
 }

@@ -9,9 +9,9 @@
 #include "platform/Profile.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "resources/CommandIds.h"
+#include "shell/qt/CChildFrame.h"
+#include "shell/qt/CMainFrame.h"
 #include "shell/qt/ChartBrowserPane.h"
-#include "shell/qt/ChildFrame.h"
-#include "shell/qt/MainFrame.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Scripted.h"
@@ -168,9 +168,9 @@ class BrowserPanes : public testing::Test {
     Service<Profile>::Set(former);
   }
   void Start() {
-    frame = std::make_unique<MainFrame>(
-        MainFrame::Factories{[] { return std::make_unique<CMorvaneDoc>(); },
-                             [] { return std::make_unique<LayoutMgr>(); }});
+    frame = std::make_unique<CMainFrame>(
+        CMainFrame::Factories{[] { return std::make_unique<CMorvaneDoc>(); },
+                              [] { return std::make_unique<LayoutMgr>(); }});
     frame->show();
     QApplication::processEvents();
   }
@@ -181,12 +181,12 @@ class BrowserPanes : public testing::Test {
   MemoryProfile profile;
   Profile* former;
   ScriptedMessageBoxes boxes;
-  std::unique_ptr<MainFrame> frame;
+  std::unique_ptr<CMainFrame> frame;
 };
 
 TEST_F(BrowserPanes, AreShownAndHidden) {
   frame->Manager().NewDocument();
-  ChildFrame* first = frame->ActiveChild();
+  CChildFrame* first = frame->ActiveChild();
   frame->Manager().NewDocument();
   QWidget* second = &frame->ActiveChild()->ObjectBrowser();
   frame->RunCommand(ID_OBJECT_BROWSER);

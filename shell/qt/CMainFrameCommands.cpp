@@ -1,24 +1,28 @@
+#include <QApplication>
 #include <QMdiArea>
 #include <QStatusBar>
 
 #include "dialogs/CDefaultSettingDlg.h"
 #include "platform/CDocument.h"
 #include "platform/CScrollView.h"
+#include "platform/qt/QtTreeCtrl.h"
+#include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
 #include "shell/HelpCommands.h"
 #include "shell/MenuTable.h"
+#include "shell/qt/CChildFrame.h"
+#include "shell/qt/CMainFrame.h"
 #include "shell/qt/CSplashDlg.h"
 #include "shell/qt/ChartBrowserPane.h"
-#include "shell/qt/ChildFrame.h"
 #include "shell/qt/CommandBar.h"
-#include "shell/qt/MainFrame.h"
+#include "shell/qt/ObjectBrowserPane.h"
 
 // The way of a command: the active view first, then its document, then the frame.
 
-CommandState MainFrame::StateOf(unsigned id) {
+CommandState CMainFrame::StateOf(unsigned id) {
   // While a gesture waits for its next message, the chart must not change under it.
   if (IsAnyWaiting()) return CommandState::Enabled(false);
-  if (ChildFrame* child = ActiveChild()) {
+  if (CChildFrame* child = ActiveChild()) {
     const CommandState state = child->View()->OnUpdateCommand(id);
     if (state.handled) return state;
     const CommandState frame = child->StateOf(id);
@@ -29,9 +33,9 @@ CommandState MainFrame::StateOf(unsigned id) {
   return FrameState(id);
 }
 
-bool MainFrame::RunCommand(unsigned id) {
+bool CMainFrame::RunCommand(unsigned id) {
   if (!StateOf(id).enabled) return false;
-  if (ChildFrame* child = ActiveChild()) {
+  if (CChildFrame* child = ActiveChild()) {
     if (child->View()->OnUpdateCommand(id).handled) return child->View()->OnCommand(id);
     if (child->RunCommand(id)) return true;
     if (DocumentState(id).handled) {
@@ -43,13 +47,13 @@ bool MainFrame::RunCommand(unsigned id) {
   return true;
 }
 
-CommandState MainFrame::DocumentState(unsigned id) const {
+CommandState CMainFrame::DocumentState(unsigned id) const {
   const bool known = id == ID_FILE_SAVE || id == ID_FILE_SAVE_AS || id == ID_FILE_CLOSE;
   return known ? CommandState::Enabled(true) : CommandState{};
 }
 
-void MainFrame::RunDocumentCommand(unsigned id) {
-  ChildFrame* child = ActiveChild();
+void CMainFrame::RunDocumentCommand(unsigned id) {
+  CChildFrame* child = ActiveChild();
   switch (id) {
     case ID_FILE_SAVE: child->Document()->DoFileSave(); break;
     case ID_FILE_SAVE_AS: child->Document()->DoFileSaveAs(); break;
@@ -57,7 +61,7 @@ void MainFrame::RunDocumentCommand(unsigned id) {
   }
 }
 
-QWidget* MainFrame::BarOf(unsigned id) const {
+QWidget* CMainFrame::BarOf(unsigned id) const {
   switch (id) {
     case ID_VIEW_TOOLBAR: return toolBar;
     case ID_DRAWING_BAR: return drawingBar;
@@ -67,7 +71,7 @@ QWidget* MainFrame::BarOf(unsigned id) const {
   }
 }
 
-CommandState MainFrame::FrameState(unsigned id) const {
+CommandState CMainFrame::FrameState(unsigned id) const {
   if (const QWidget* bar = BarOf(id)) return CommandState::Checked(!bar->isHidden());
   if (IsRecentFileCommand(id)) {
     return CommandState::Enabled(id - ID_FILE_RECENT < RecentPaths().size());
@@ -82,6 +86,8 @@ CommandState MainFrame::FrameState(unsigned id) const {
     case ID_WEB_PAGE:
     case ID_APP_ABOUT: return CommandState::Enabled(true);
     case ID_CLOSE_ALL:
+    case ID_NEXT_PANE:
+    case ID_PREV_PANE:
     case ID_WINDOW_CASCADE:
     case ID_WINDOW_TILE:
     case ID_WINDOW_ARRANGE: return CommandState::Enabled(ActiveChild() != nullptr);
@@ -89,7 +95,7 @@ CommandState MainFrame::FrameState(unsigned id) const {
   }
 }
 
-void MainFrame::RunFrameCommand(unsigned id) {
+void CMainFrame::RunFrameCommand(unsigned id) {
   if (QWidget* bar = BarOf(id)) {
     bar->setVisible(bar->isHidden());
     return;
@@ -103,6 +109,8 @@ void MainFrame::RunFrameCommand(unsigned id) {
     case ID_FILE_NEW: manager->NewDocument(); break;
     case ID_FILE_OPEN: manager->OnFileOpen(); break;
     case ID_CLOSE_ALL: CloseAll(); break;
+    case ID_NEXT_PANE: FocusPane(1); break;
+    case ID_PREV_PANE: FocusPane(-1); break;
     case ID_WINDOW_CASCADE: area->cascadeSubWindows(); break;
     case ID_WINDOW_TILE: area->tileSubWindows(); break;
     case ID_WINDOW_ARRANGE: ArrangeIcons(); break;
@@ -113,18 +121,31 @@ void MainFrame::RunFrameCommand(unsigned id) {
   }
 }
 
-const std::vector<std::string>& MainFrame::RecentPaths() const { return manager->Recent().Paths(); }
+const std::vector<std::string>& CMainFrame::RecentPaths() const {
+  return manager->Recent().Paths();
+}
 
-void MainFrame::CloseAll() {
+/// Moves the keyboard from pane to pane: the chart, its object browser, the chart browser.
+void CMainFrame::FocusPane(int step) {
+  CChildFrame* child = ActiveChild();
+  QList<QWidget*> panes{child->Window(), &child->ObjectBrowser().Window(), &chartBrowser->Window()};
+  panes.removeIf([](const QWidget* pane) { return !pane->isVisible(); });
+  if (panes.isEmpty()) return;
+  const qsizetype present = panes.indexOf(QApplication::focusWidget());
+  const qsizetype next = present < 0 ? 0 : (present + step + panes.size()) % panes.size();
+  panes[next]->setFocus(Qt::ShortcutFocusReason);
+}
+
+void CMainFrame::CloseAll() {
   if (manager->SaveAllModified()) manager->CloseAllDocuments();
 }
 
-void MainFrame::ArrangeIcons() {
+void CMainFrame::ArrangeIcons() {
   // From left to right along the bottom, row above row.
   const QRect room = area->viewport()->rect();
   int x = 0;
   int bottom = room.bottom() + 1;
-  for (ChildFrame* child : Children()) {
+  for (CChildFrame* child : Children()) {
     if (!child->isMinimized()) continue;
     if (x > 0 && x + child->width() > room.width()) {
       x = 0;
@@ -135,4 +156,4 @@ void MainFrame::ArrangeIcons() {
   }
 }
 
-void MainFrame::ShowAbout() { CSplashDlg(true, this).exec(); }
+void CMainFrame::ShowAbout() { CSplashDlg(true, this).exec(); }

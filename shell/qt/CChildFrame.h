@@ -11,12 +11,12 @@ class ObjectBrowserPane;
 class QtView;
 
 /// The window of one chart.
-class ChildFrame : public QMdiSubWindow {
+class CChildFrame : public QMdiSubWindow {
   Q_OBJECT
 
  public:
-  ChildFrame(CDocument& document, CDocManager& manager);
-  ~ChildFrame() override;
+  CChildFrame(CDocument& document, CDocManager& manager);
+  ~CChildFrame() override;
 
   /// Null once the document is closed.
   CDocument* Document() const { return document; }

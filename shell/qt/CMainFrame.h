@@ -11,14 +11,14 @@
 #include "shell/qt/ToolImage.h"
 
 class ChartBrowserPane;
-class ChildFrame;
+class CChildFrame;
 class CommandBar;
 class CommandMenu;
 class QMdiArea;
 
 /// The main window: the charts' windows inside it, menus, bars and keys, and the way of a command
 /// to its target.
-class MainFrame : public QMainWindow, public FrameHost, public CommandTarget {
+class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   Q_OBJECT
 
  public:
@@ -28,11 +28,11 @@ class MainFrame : public QMainWindow, public FrameHost, public CommandTarget {
     std::function<std::unique_ptr<CScrollView>()> makeView;
   };
 
-  explicit MainFrame(Factories factories);
-  ~MainFrame() override;
+  explicit CMainFrame(Factories factories);
+  ~CMainFrame() override;
 
   CDocManager& Manager() { return *manager; }
-  ChildFrame* ActiveChild() const;
+  CChildFrame* ActiveChild() const;
   QMdiArea& Area() { return *area; }
 
   CommandState StateOf(unsigned id) override;
@@ -64,8 +64,8 @@ class MainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   void RefreshBars();
   void OnIdle();
 
-  ChildFrame* FrameOf(const CDocument& document) const;
-  QList<ChildFrame*> Children() const;
+  CChildFrame* FrameOf(const CDocument& document) const;
+  QList<CChildFrame*> Children() const;
   bool IsAnyWaiting() const;
   void EndGestures();
   QWidget* BarOf(unsigned id) const;
@@ -74,6 +74,7 @@ class MainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   CommandState FrameState(unsigned id) const;
   void RunDocumentCommand(unsigned id);
   void RunFrameCommand(unsigned id);
+  void FocusPane(int step);
   void CloseAll();
   void ArrangeIcons();
   void ShowAbout();

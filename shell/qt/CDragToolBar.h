@@ -8,12 +8,12 @@
 
 /// The bar of the drawing tools. A button acts at the press, so that a tool can be dragged from the
 /// bar to the chart in one movement.
-class DragToolBar : public CommandBar {
+class CDragToolBar : public CommandBar {
   Q_OBJECT
 
  public:
-  DragToolBar(const QString& title, std::span<const unsigned> buttons, CommandTarget& target,
-              QWidget* parent);
+  CDragToolBar(const QString& title, std::span<const unsigned> buttons, CommandTarget& target,
+               QWidget* parent);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,4 +1,4 @@
-#include "shell/qt/ChildFrame.h"
+#include "shell/qt/CChildFrame.h"
 
 #include <QCloseEvent>
 #include <QMainWindow>
@@ -19,7 +19,7 @@ constexpr QSize kNormalSize(640, 480);
 
 }  // namespace
 
-ChildFrame::ChildFrame(CDocument& document, CDocManager& manager)
+CChildFrame::CChildFrame(CDocument& document, CDocManager& manager)
     : document(&document), manager(manager), viewWidget(new QtView(*document.GetView(), this)) {
   setWindowIcon(QIcon(":/icons/morvane.svg"));
   // A window of its own inside this one lets the pane dock on each side of the chart.
@@ -33,41 +33,41 @@ ChildFrame::ChildFrame(CDocument& document, CDocManager& manager)
   resize(sizeHint());
 }
 
-ChildFrame::~ChildFrame() { Detach(); }
+CChildFrame::~CChildFrame() { Detach(); }
 
-QSize ChildFrame::sizeHint() const { return kNormalSize; }
+QSize CChildFrame::sizeHint() const { return kNormalSize; }
 
-CScrollView* ChildFrame::View() const { return viewWidget->View(); }
+CScrollView* CChildFrame::View() const { return viewWidget->View(); }
 
-CommandState ChildFrame::StateOf(unsigned id) const {
+CommandState CChildFrame::StateOf(unsigned id) const {
   return id == ID_OBJECT_BROWSER ? CommandState::Checked(!objectBrowser->isHidden())
                                  : CommandState{};
 }
 
-bool ChildFrame::RunCommand(unsigned id) {
+bool CChildFrame::RunCommand(unsigned id) {
   if (id != ID_OBJECT_BROWSER) return false;
   objectBrowser->setVisible(objectBrowser->isHidden());
   return true;
 }
 
-void ChildFrame::Detach() {
+void CChildFrame::Detach() {
   objectBrowser->Detach();
   viewWidget->Detach();
   document = nullptr;
 }
 
-void ChildFrame::UpdateTitle() {
+void CChildFrame::UpdateTitle() {
   // A maximised window shows its title in the main window alone, which does that itself.
   const bool own = document != nullptr && !isMaximized();
   setWindowTitle(own ? ToQString(document->GetTitle()) : QString());
 }
 
-void ChildFrame::changeEvent(QEvent* event) {
+void CChildFrame::changeEvent(QEvent* event) {
   if (event->type() == QEvent::WindowStateChange) UpdateTitle();
   QMdiSubWindow::changeEvent(event);
 }
 
-void ChildFrame::closeEvent(QCloseEvent* event) {
+void CChildFrame::closeEvent(QCloseEvent* event) {
   if (document == nullptr) {
     QMdiSubWindow::closeEvent(event);
     return;

@@ -1,4 +1,4 @@
-#include "shell/qt/MainFrame.h"
+#include "shell/qt/CMainFrame.h"
 
 #include <algorithm>
 #include <utility>
@@ -21,15 +21,15 @@
 #include "resources/Texts.h"
 #include "shell/ChartFiles.h"
 #include "shell/MenuTable.h"
+#include "shell/qt/CChildFrame.h"
+#include "shell/qt/CDragToolBar.h"
 #include "shell/qt/ChartBrowserPane.h"
-#include "shell/qt/ChildFrame.h"
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/CommandMenu.h"
-#include "shell/qt/DragToolBar.h"
 #include "shell/qt/FrameState.h"
 #include "shell/qt/LockIndicators.h"
 
-// The windows of the main window; what commands do is in MainFrameCommands.cpp.
+// The windows of the main window; what commands do is in CMainFrameCommands.cpp.
 
 namespace {
 
@@ -45,7 +45,7 @@ constexpr int kIdleMilliseconds = 100;
 
 }  // namespace
 
-MainFrame::MainFrame(Factories factories) : area(new QMdiArea(this)) {
+CMainFrame::CMainFrame(Factories factories) : area(new QMdiArea(this)) {
   Q_INIT_RESOURCE(icons);
   manager = std::make_unique<CDocManager>(CDocTemplate{kBaseName,
                                                        {Translate(kFilterText), kExtension},
@@ -73,15 +73,15 @@ MainFrame::MainFrame(Factories factories) : area(new QMdiArea(this)) {
     idleSeen = true;
   });
   connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-          &MainFrame::OnIdle);
+          &CMainFrame::OnIdle);
 }
 
-MainFrame::~MainFrame() {
+CMainFrame::~CMainFrame() {
   // The charts' windows let their views go before the documents do.
-  for (ChildFrame* child : Children()) delete child;
+  for (CChildFrame* child : Children()) delete child;
 }
 
-void MainFrame::CreateMenus() {
+void CMainFrame::CreateMenus() {
   for (const MenuPopup& popup : StartMenu()) startMenus << new CommandMenu(popup, *this, this);
   for (const MenuPopup& popup : ChartMenu()) {
     chartMenus << new CommandMenu(popup, *this, this);
@@ -89,23 +89,23 @@ void MainFrame::CreateMenus() {
         popup.entries, [](const MenuEntry& entry) { return entry.id == ID_WINDOW_CASCADE; });
     if (windows) windowMenu = chartMenus.last();
   }
-  connect(windowMenu, &QMenu::aboutToShow, this, &MainFrame::FillWindowList);
+  connect(windowMenu, &QMenu::aboutToShow, this, &CMainFrame::FillWindowList);
   ShowMenu(false);
 }
 
-void MainFrame::ShowMenu(bool forChart) {
+void CMainFrame::ShowMenu(bool forChart) {
   chartMenuShown = forChart;
   menuBar()->clear();
   for (CommandMenu* menu : forChart ? chartMenus : startMenus) menuBar()->addMenu(menu);
 }
 
-void MainFrame::FillWindowList() {
+void CMainFrame::FillWindowList() {
   qDeleteAll(windowList);
   windowList.clear();
-  const QList<ChildFrame*> children = Children();
+  const QList<CChildFrame*> children = Children();
   if (!children.isEmpty()) windowList << windowMenu->addSeparator();
   for (qsizetype i = 0; i < children.size(); ++i) {
-    ChildFrame* child = children[i];
+    CChildFrame* child = children[i];
     QString title = ToQString(child->Document()->GetTitle());
     title.replace('&', "&&");
     QAction* action =
@@ -117,7 +117,7 @@ void MainFrame::FillWindowList() {
   }
 }
 
-void MainFrame::CreateKeys() {
+void CMainFrame::CreateKeys() {
   for (const Accelerator& accelerator : Accelerators()) {
     auto* shortcut = new QShortcut(QKeySequence(FromUtf8(accelerator.key)), this);
     const unsigned id = accelerator.id;
@@ -125,19 +125,19 @@ void MainFrame::CreateKeys() {
   }
 }
 
-void MainFrame::CreateBars() {
+void CMainFrame::CreateBars() {
   toolBar = new CommandBar(ToQString(Translate("Toolbar")), ToolBarButtons(), *this, this);
   toolBar->setObjectName("toolBar");
   addToolBar(toolBar);
   drawingBar =
-      new DragToolBar(ToQString(Translate("Drawing Toolbar")), DrawingBarButtons(), *this, this);
+      new CDragToolBar(ToQString(Translate("Drawing Toolbar")), DrawingBarButtons(), *this, this);
   drawingBar->setObjectName("drawingBar");
   addToolBar(drawingBar);
   statusBar()->addWidget(new QLabel(ToQString(Translate(kReadyText)), this));
   new LockIndicators(statusBar());
 }
 
-void MainFrame::CreateChartBrowser() {
+void CMainFrame::CreateChartBrowser() {
   const auto open = [this](const std::string& path) {
     if (!IsAnyWaiting()) OpenChartFile(*manager, path);
   };
@@ -146,65 +146,65 @@ void MainFrame::CreateChartBrowser() {
   chartBrowser->SelectStoredFolder();
 }
 
-QMenu* MainFrame::createPopupMenu() {
+QMenu* CMainFrame::createPopupMenu() {
   auto* menu = new CommandMenu(BarMenu(), *this, this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   return menu;
 }
 
-void MainFrame::OnIdle() {
+void CMainFrame::OnIdle() {
   // The wait that follows a refresh must not ask for the next one.
   if (std::exchange(idleSeen, false)) return;
   if (!idleTimer.isActive()) idleTimer.start();
 }
 
-void MainFrame::RefreshBars() {
+void CMainFrame::RefreshBars() {
   if (IsAnyWaiting()) return;
   toolBar->Refresh();
   drawingBar->Refresh();
 }
 
-void MainFrame::OnActivated() {
+void CMainFrame::OnActivated() {
   const bool forChart = ActiveChild() != nullptr;
   if (forChart != chartMenuShown) ShowMenu(forChart);
   ShowTitle();
   RefreshBars();
 }
 
-void MainFrame::ShowTitle() {
-  const ChildFrame* child = ActiveChild();
+void CMainFrame::ShowTitle() {
+  const CChildFrame* child = ActiveChild();
   setWindowTitle(child != nullptr ? ToQString(child->Document()->GetTitle() + " - " + kProgramName)
                                   : QString(kProgramName));
 }
 
-ChildFrame* MainFrame::ActiveChild() const {
-  auto* child = qobject_cast<ChildFrame*>(area->currentSubWindow());
+CChildFrame* CMainFrame::ActiveChild() const {
+  auto* child = qobject_cast<CChildFrame*>(area->currentSubWindow());
   return child != nullptr && child->Document() != nullptr ? child : nullptr;
 }
 
-QList<ChildFrame*> MainFrame::Children() const {
-  QList<ChildFrame*> children;
+QList<CChildFrame*> CMainFrame::Children() const {
+  QList<CChildFrame*> children;
   for (QMdiSubWindow* window : area->subWindowList()) {
-    if (auto* child = qobject_cast<ChildFrame*>(window)) children << child;
+    if (auto* child = qobject_cast<CChildFrame*>(window)) children << child;
   }
   return children;
 }
 
-ChildFrame* MainFrame::FrameOf(const CDocument& document) const {
-  for (ChildFrame* child : Children()) {
+CChildFrame* CMainFrame::FrameOf(const CDocument& document) const {
+  for (CChildFrame* child : Children()) {
     if (child->Document() == &document) return child;
   }
   return nullptr;
 }
 
-void MainFrame::CreateFrame(CDocument& document) {
-  area->addSubWindow(new ChildFrame(document, *manager));
+void CMainFrame::CreateFrame(CDocument& document) {
+  area->addSubWindow(new CChildFrame(document, *manager));
 }
 
-void MainFrame::ShowFrame(CDocument& document) {
-  ChildFrame* child = FrameOf(document);
+void CMainFrame::ShowFrame(CDocument& document) {
+  CChildFrame* child = FrameOf(document);
   if (child == nullptr) return;
-  const ChildFrame* active = ActiveChild();
+  const CChildFrame* active = ActiveChild();
   const bool maximised = active == nullptr || active == child || active->isMaximized();
   child->UpdateTitle();
   if (maximised) {
@@ -217,15 +217,15 @@ void MainFrame::ShowFrame(CDocument& document) {
   OnActivated();
 }
 
-void MainFrame::ActivateFrame(CDocument& document) {
-  ChildFrame* child = FrameOf(document);
+void CMainFrame::ActivateFrame(CDocument& document) {
+  CChildFrame* child = FrameOf(document);
   if (child == nullptr) return;
   if (child->isMinimized()) child->showNormal();
   area->setActiveSubWindow(child);
 }
 
-void MainFrame::CloseFrame(CDocument& document) {
-  ChildFrame* child = FrameOf(document);
+void CMainFrame::CloseFrame(CDocument& document) {
+  CChildFrame* child = FrameOf(document);
   if (child == nullptr) return;
   child->Detach();
   area->removeSubWindow(child);
@@ -234,22 +234,22 @@ void MainFrame::CloseFrame(CDocument& document) {
   OnActivated();
 }
 
-void MainFrame::UpdateTitle(CDocument& document) {
-  if (ChildFrame* child = FrameOf(document)) child->UpdateTitle();
+void CMainFrame::UpdateTitle(CDocument& document) {
+  if (CChildFrame* child = FrameOf(document)) child->UpdateTitle();
   ShowTitle();
 }
 
-bool MainFrame::IsAnyWaiting() const {
-  const QList<ChildFrame*> children = Children();
+bool CMainFrame::IsAnyWaiting() const {
+  const QList<CChildFrame*> children = Children();
   return std::any_of(children.begin(), children.end(),
-                     [](ChildFrame* child) { return child->Window()->IsWaiting(); });
+                     [](CChildFrame* child) { return child->Window()->IsWaiting(); });
 }
 
-void MainFrame::EndGestures() {
-  for (ChildFrame* child : Children()) child->Window()->EndLoop();
+void CMainFrame::EndGestures() {
+  for (CChildFrame* child : Children()) child->Window()->EndLoop();
 }
 
-void MainFrame::closeEvent(QCloseEvent* event) {
+void CMainFrame::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (IsAnyWaiting()) {
     // A gesture is under way: it ends first.
@@ -264,14 +264,14 @@ void MainFrame::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
-void MainFrame::dragEnterEvent(QDragEnterEvent* event) {
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   const bool files =
       std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
   if (files) event->acceptProposedAction();
 }
 
-void MainFrame::dropEvent(QDropEvent* event) {
+void CMainFrame::dropEvent(QDropEvent* event) {
   if (IsAnyWaiting()) return;
   event->acceptProposedAction();
   for (const QUrl& url : event->mimeData()->urls()) {

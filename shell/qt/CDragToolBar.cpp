@@ -1,4 +1,4 @@
-#include "shell/qt/DragToolBar.h"
+#include "shell/qt/CDragToolBar.h"
 
 #include <QAction>
 #include <QMouseEvent>
@@ -14,15 +14,15 @@ constexpr int kDragDistance = 3;
 
 }  // namespace
 
-DragToolBar::DragToolBar(const QString& title, std::span<const unsigned> buttons,
-                         CommandTarget& target, QWidget* parent)
+CDragToolBar::CDragToolBar(const QString& title, std::span<const unsigned> buttons,
+                           CommandTarget& target, QWidget* parent)
     : CommandBar(title, buttons, target, parent) {
   for (QAction* action : actions()) {
     if (!action->isSeparator()) widgetForAction(action)->installEventFilter(this);
   }
 }
 
-bool DragToolBar::eventFilter(QObject* watched, QEvent* event) {
+bool CDragToolBar::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
@@ -38,7 +38,7 @@ bool DragToolBar::eventFilter(QObject* watched, QEvent* event) {
   return CommandBar::eventFilter(watched, event);
 }
 
-bool DragToolBar::OnPress(const QObject* button, QPoint place) {
+bool CDragToolBar::OnPress(const QObject* button, QPoint place) {
   for (QAction* action : actions()) {
     if (widgetForAction(action) != button || action->isSeparator()) continue;
     const unsigned id = action->data().toUInt();
@@ -51,13 +51,13 @@ bool DragToolBar::OnPress(const QObject* button, QPoint place) {
   return false;
 }
 
-void DragToolBar::OnMove(QPoint place) {
+void CDragToolBar::OnMove(QPoint place) {
   if (!pressPoint || (place - *pressPoint).manhattanLength() < kDragDistance) return;
   pressPoint.reset();
   Run(ID_TOOL_DRAG_STARTED);
 }
 
-void DragToolBar::Run(unsigned id) {
+void CDragToolBar::Run(unsigned id) {
   const bool isTool = id == ID_TOOL_DRAG_STARTED || (id >= ID_TOOL_STATE && id <= ID_TOOL_LINE);
   if (isTool) {
     // At once, before the movement that follows the press.
