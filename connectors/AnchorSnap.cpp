@@ -11,8 +11,7 @@ bool SnapToAnchor(const Connectable* candidate, LayoutMgr& view, AnchorMarker& m
   constexpr std::int32_t inward = 2;
   AnchorKey key;
   const std::unique_ptr<CDC> window = view.GetDC();
-  if (candidate == nullptr ||
-      !candidate->FindAnchorNear(view.ToLogical(view.ToAbsolute(client)), key)) {
+  if (candidate == nullptr || !view.FindAnchorAt(*candidate, client, key)) {
     client = view.ToDevice(view.ToModel(client));
     marker.Hide(*window);
     return false;

@@ -45,14 +45,7 @@ void EventEditorBox::Draw(CDC* dc, const RECT* rect) const {
   if (!guard.empty()) (text += "\n[").append(guard, 0, CDC::kMaxPaintedBytes) += ']';
   if (!effect.empty()) (text += "\n/").append(effect, 0, CDC::kMaxPaintedBytes);
 
-  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
-  const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
-  const CFont oldFont = dc->SelectFont(view->GetFont());
-  RECT area = *rect;
-  dc->DrawText(text, area, DT_WORDBREAK);
-  dc->SelectFont(oldFont);
-  dc->SetTextColor(oldColor);
-  dc->SetBkMode(oldMode);
+  view->DrawChartText(*dc, text, *rect);
 }
 
 bool EventEditorBox::Contains(const std::string& text) const {

@@ -24,15 +24,8 @@ std::string WithoutMarks(std::string_view text) {
 }  // namespace
 
 void TextBox::Draw(CDC* dc, const RECT* rect) const {
-  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
-  const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
-  const CFont oldFont = dc->SelectFont(view->GetFont());
-  RECT area = *rect;
   const std::string_view painted = std::string_view(text).substr(0, CDC::kMaxPaintedBytes);
-  dc->DrawText(WithoutMarks(painted), area, DT_WORDBREAK);
-  dc->SelectFont(oldFont);
-  dc->SetTextColor(oldColor);
-  dc->SetBkMode(oldMode);
+  view->DrawChartText(*dc, WithoutMarks(painted), *rect);
 }
 
 bool TextBox::Contains(const std::string& what) const {

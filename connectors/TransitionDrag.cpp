@@ -51,8 +51,7 @@ Link* Transition::LinkAt(POINT client) const {
 template <class EndState>
 EndState* Transition::StateAt(POINT client, AnchorKey& key) const {
   auto* state = dynamic_cast<EndState*>(mgr->ObjectNear(client, LAYER_STATE));
-  const POINT logical = view->ToLogical(view->ToAbsolute(client));
-  return state != nullptr && state->FindAnchorNear(logical, key) ? state : nullptr;
+  return state != nullptr && view->FindAnchorAt(*state, client, key) ? state : nullptr;
 }
 
 /// Runs the drag of the grabbed end; gives the point where it is dropped, device pixels.

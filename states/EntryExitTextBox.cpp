@@ -16,14 +16,7 @@ void EntryExitTextBox::Draw(CDC* dc, const RECT& rect) const {
   text += "[" + LoadText(IDS_EXIT) + "]\n";
   if (!exit.empty()) text.append(exit, 0, CDC::kMaxPaintedBytes);
 
-  const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
-  const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
-  const CFont oldFont = dc->SelectFont(view->GetFont());
-  RECT area = rect;
-  dc->DrawText(text, area, DT_WORDBREAK);
-  dc->SelectFont(oldFont);
-  dc->SetTextColor(oldColor);
-  dc->SetBkMode(oldMode);
+  view->DrawChartText(*dc, text, rect);
 }
 
 bool EntryExitTextBox::Contains(const std::string& text) const {

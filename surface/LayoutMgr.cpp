@@ -117,6 +117,17 @@ void LayoutMgr::PrepareMapping(CDC& dc) const {
   dc.SetViewportExt({ToDevice(kChartSize.cx), ToDevice(kChartSize.cy)});
 }
 
+void LayoutMgr::DrawChartText(CDC& dc, std::string_view text, const RECT& area) const {
+  const BkMode oldMode = dc.SetBkMode(BkMode::Transparent);
+  const COLORREF oldColor = dc.SetTextColor(textColor);
+  const CFont oldFont = dc.SelectFont(font);
+  RECT room = area;
+  dc.DrawText(text, room, DT_WORDBREAK);
+  dc.SelectFont(oldFont);
+  dc.SetTextColor(oldColor);
+  dc.SetBkMode(oldMode);
+}
+
 void LayoutMgr::DrawGrid(CDC& dc) const {
   const CPen oldPen = dc.SelectPen(DrawResources::Instance().gridPen);
   const std::int32_t step = ToDevice(kGridStep);

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "codegen/ModelProperties.h"
 #include "connectors/AnchorMarker.h"
@@ -67,6 +68,9 @@ class LayoutMgr : public CScrollView {
   const CFont& GetFont() const { return font; }
   const CFont& GetBoldFont() const { return boldFont; }
   COLORREF GetTextColor() const { return textColor; }
+  /// Sets a text in the chart's font and colour into a rectangle in logical units, broken at words
+  /// and cut off at the rectangle.
+  void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const;
   bool IsGridShown() const { return showGrid; }
 
   Shape* FindShapeNear(const POINT& client, Layer layer) const;
