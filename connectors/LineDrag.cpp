@@ -39,13 +39,14 @@ void Line::DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT ot
   tracker.fixedPoint = tracker.movingPoint = view->ToClient(other);
   endInHand = true;
   const bool dropped = tracker.Track(view);
+  // Where the line lay before it must not keep the end from what it is dropped on.
+  Connectable* target = ConnectableAt(tracker.movingPoint);
   endInHand = false;
   const POINT drop = view->ToAbsolute(tracker.movingPoint);
   if (!dropped || drop == other) return;
 
   BuildRegion();
   AnchorKey found;
-  Connectable* target = ConnectableAt(tracker.movingPoint);
   if (target != nullptr && !target->FindAnchorNear(view->ToLogical(drop), found)) target = nullptr;
   if (shape != nullptr) shape->RemoveConnector(this);
   shape = target;

@@ -4,6 +4,7 @@
 #include "connectors/Note.h"
 #include "dialogs/LinePens.h"
 #include "model/Collection.h"
+#include "model/ModelMgr.h"
 #include "platform/CMetaFileDC.h"
 #include "platform/CNullDC.h"
 #include "states/GenericState.h"
@@ -135,6 +136,20 @@ TEST(Line, DragsItsEndsAndItself) {
         << c.name;
     EXPECT_EQ(window.Feedback(), 0U) << c.name;
   }
+}
+
+TEST(Line, IsNotInItsOwnWay) {
+  // The anchor at (50,50) lies under the line itself.
+  const auto chart = LoadChart(ChartText(StateRecord(101, {50, 45, 60, 55}) +
+                                         LineRecord(kLine, 0, 0, "65535 65535 65535 65535")));
+  FakeWindow window(*chart);
+  chart->GetModel().SelectOnly(&TheLine(*chart));
+  window.Move({310, 310});
+  window.Move({300, 300});
+  window.Release({300, 300});
+  chart->OnLButtonDown(MK_LBUTTON, {360, 360});
+  EXPECT_EQ(TheLine(*chart).GetEnd(), (POINT{50, 50}));
+  EXPECT_EQ(TheLine(*chart).GetEndShape(), Find<GenericState>(*chart, 101));
 }
 
 }  // namespace
