@@ -81,6 +81,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void ZoomByWheel(int angle);
   void OnBarMoved(ScrollBar bar, int value);
   void LoseCapture();
+  void FollowButtons(Qt::MouseButtons held);
 
   QRegion ToPhysical(const QRegion& device) const;
   void RemakePicture();

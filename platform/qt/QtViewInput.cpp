@@ -129,16 +129,18 @@ void QtView::TakeMouse(Message::Kind kind, QMouseEvent& event) {
 }
 
 void QtView::mousePressEvent(QMouseEvent* event) {
+  const QPointer<QtView> self(this);
   pressedHere = true;
   if (event->button() == Qt::LeftButton) {
     TakeMouse(Message::Kind::LButtonDown, *event);
   } else if (event->button() == Qt::RightButton) {
     TakeMouse(Message::Kind::RButtonDown, *event);
   }
+  if (self != nullptr) FollowButtons(QGuiApplication::mouseButtons());
 }
 
 void QtView::mouseReleaseEvent(QMouseEvent* event) {
-  pressedHere = event->buttons() != Qt::NoButton;
+  FollowButtons(event->buttons());
   if (event->button() == Qt::LeftButton) {
     TakeMouse(Message::Kind::LButtonUp, *event);
   } else if (event->button() == Qt::RightButton) {
@@ -147,12 +149,19 @@ void QtView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void QtView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QPointer<QtView> self(this);
   pressedHere = true;
   if (event->button() == Qt::LeftButton) {
     TakeMouse(Message::Kind::LButtonDblClk, *event);
   } else if (event->button() == Qt::RightButton) {
     TakeMouse(Message::Kind::RButtonDown, *event);
   }
+  if (self != nullptr) FollowButtons(QGuiApplication::mouseButtons());
+}
+
+/// A menu or a dialog that a press opened has taken the release for itself.
+void QtView::FollowButtons(Qt::MouseButtons held) {
+  if (held == Qt::NoButton) pressedHere = false;
 }
 
 void QtView::mouseMoveEvent(QMouseEvent* event) { TakeMouse(Message::Kind::MouseMove, *event); }
@@ -215,7 +224,9 @@ void QtView::contextMenuEvent(QContextMenuEvent* event) {
     const QPoint mouse = viewport()->mapFromGlobal(QCursor::pos());
     at = viewport()->mapToGlobal(client.contains(mouse) ? mouse : client.center());
   }
+  const QPointer<QtView> self(this);
   view->OnContextMenu({at.x(), at.y()});
+  if (self != nullptr) FollowButtons(QGuiApplication::mouseButtons());
 }
 
 bool QtView::event(QEvent* event) {
@@ -231,6 +242,7 @@ bool QtView::event(QEvent* event) {
 bool QtView::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::Leave) {
     pointerInside = false;
+    FollowButtons(QGuiApplication::mouseButtons());
     if (view != nullptr && !waiting && !HasCapture()) view->OnMouseLeave();
   }
   return QAbstractScrollArea::viewportEvent(event);
