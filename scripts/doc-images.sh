@@ -13,7 +13,7 @@ else
   program="$root/build/release/bin/morvane"
 fi
 
-work=$(mktemp -d /tmp/morvane.XXXX)
+work=$(mktemp -d)
 jobs=()
 cleanup() {
   for job in "${jobs[@]}"; do kill "$job" 2>/dev/null || true; done
