@@ -55,6 +55,7 @@ class NoDialogs : public Dialogs {
   }
   std::optional<COLORREF> AskColor(COLORREF) override { return std::nullopt; }
   std::optional<FontChoice> AskFont(const FontChoice&) override { return std::nullopt; }
+  void SetUpPrinter() override {}
 };
 
 class NoPopupMenus : public PopupMenus {

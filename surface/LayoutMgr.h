@@ -72,6 +72,7 @@ class LayoutMgr : public CScrollView {
   /// and cut off at the rectangle.
   void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const;
   bool IsGridShown() const { return showGrid; }
+  bool IsPrintedToFit() const { return printToFit != 0; }
 
   Shape* FindShapeNear(const POINT& client, Layer layer) const;
   /// Asks for a repaint of rectangles in device pixels.
@@ -153,6 +154,7 @@ class LayoutMgr : public CScrollView {
   bool IsEnabled(unsigned id) const;
   void EditModelProperties();
   void FindAndReplace();
+  void SetUpPrint();
   void GenerateFile(GeneratorKind kind);
   bool EnsureModelSaved();
   void Undo();
@@ -170,6 +172,7 @@ class LayoutMgr : public CScrollView {
   ModelProperties properties;
   std::unique_ptr<ModelMgr> model;
   bool showGrid = true;
+  std::int32_t printToFit = 0;  ///< the whole chart goes on one page; not stored
   std::unique_ptr<UndoHistory> undoHistory;
   ObjectBrowser* objectTree = nullptr;
 };

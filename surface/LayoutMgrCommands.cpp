@@ -1,5 +1,6 @@
 #include "codegen/GeneratorKind.h"
 #include "dialogs/FindReplaceDlg.h"
+#include "dialogs/PrinterSetup.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "model/ObjectBrowser.h"
@@ -75,6 +76,7 @@ CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
     case ID_GENERATE_CSHARP:
     case ID_GENERATE_JAVA:
     case ID_GENERATE_XML:
+    case ID_FILE_PRINT_SETUP:
     case ID_FILE_SAVE: return CommandState::Enabled(IsEnabled(id));
     case ID_TOOL_STATE:
     case ID_TOOL_TRANSITION:
@@ -108,6 +110,12 @@ void LayoutMgr::FindAndReplace() {
   FindReplaceDlg(*model).DoModal();
   Invalidate();
   TakeSnapshot();
+}
+
+void LayoutMgr::SetUpPrint() {
+  PrinterSetup dialog;
+  dialog.printToFit = printToFit;
+  if (dialog.DoModal()) printToFit = dialog.printToFit;
 }
 
 bool LayoutMgr::OnCommand(unsigned id) {
@@ -144,6 +152,7 @@ bool LayoutMgr::OnCommand(unsigned id) {
       TakeSnapshot();
       break;
     case ID_FIND_REPLACE: FindAndReplace(); break;
+    case ID_FILE_PRINT_SETUP: SetUpPrint(); break;
     case ID_GENERATE_CPP:
     case ID_GENERATE_C:
     case ID_GENERATE_CSHARP:

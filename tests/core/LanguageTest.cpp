@@ -21,6 +21,7 @@
 #include "dialogs/FindReplaceDlg.h"
 #include "dialogs/LayoutMgrPropDlg.h"
 #include "dialogs/MesgPropDlg.h"
+#include "dialogs/PrinterSetup.h"
 #include "dialogs/StatePropDlg.h"
 #include "platform/Files.h"
 #include "platform/Profile.h"
@@ -113,6 +114,7 @@ class AllDialogs {
     Add("FindReplaceDlg", std::make_unique<FindReplaceDlg>(chart->GetModel()));
     Add("LayoutMgrPropDlg", std::make_unique<LayoutMgrPropDlg>());
     Add("MesgPropDlg", std::make_unique<MesgPropDlg>());
+    Add("PrinterSetup", std::make_unique<PrinterSetup>());
     Add("StatePropDlg", std::make_unique<StatePropDlg>());
   }
   std::set<std::string> names = {"CDefaultSettingDlg"};

@@ -2,6 +2,7 @@
 
 #include "codegen/CCodegenSheet.h"
 #include "dialogs/LayoutMgrPropDlg.h"
+#include "dialogs/PrinterSetup.h"
 #include "resources/CommandIds.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
@@ -123,6 +124,25 @@ TEST_F(ModelDialog, EveryBoxOfTheSheetEditsItsField) {
       }
     }
   }
+}
+
+TEST_F(ModelDialog, PrintSetupIsOfTheViewAndNotOfTheChart) {
+  ScriptedDialogs desktop;
+  const std::string before = chart->ModelText();
+  for (const bool ok : {false, true}) {
+    host.Expect("Print Setup", [ok](CDialog& dialog) {
+      EXPECT_FALSE(dialog.Control(PrinterSetup::IDC_PRINT_TO_FIT).checked);
+      Host::Toggle(dialog, PrinterSetup::IDC_PRINT_TO_FIT);
+      Host::Press(dialog, PrinterSetup::IDC_PRINTER);
+      EXPECT_TRUE(dialog.IsOpen());
+      Host::Press(dialog, ok ? IDOK : IDCANCEL);
+    });
+    EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_SETUP));
+    EXPECT_EQ(chart->IsPrintedToFit(), ok);
+  }
+  EXPECT_EQ(desktop.PrinterSetups(), 2);
+  EXPECT_EQ(chart->ModelText(), before);
+  EXPECT_FALSE(CanUndo());
 }
 
 }  // namespace

@@ -19,6 +19,7 @@
 #include "dialogs/LinePens.h"
 #include "dialogs/MesgPropDlg.h"
 #include "dialogs/PenPicker.h"
+#include "dialogs/PrinterSetup.h"
 #include "dialogs/StatePropDlg.h"
 #include "platform/qt/QtFontDialog.h"
 #include "surface/LayoutMgr.h"
@@ -33,14 +34,24 @@ struct AllDialogs {
   StatePropDlg state;
   MesgPropDlg mesg;
   CLineProperty line;
+  PrinterSetup printer;
   CEventEditor event;
   EntryExitEditor texts;
   EditMesgDlg note;
   LayoutMgrPropDlg model;
   CCodegenSheet sheet;
   FindReplaceDlg find{chart.GetModel()};
-  std::vector<CDialog*> list{&state, &mesg,  &line,  &event, &texts,
-                             &note,  &model, &sheet, &find,  &CDefaultSettingDlg::Instance()};
+  std::vector<CDialog*> list{&state,
+                             &mesg,
+                             &line,
+                             &printer,
+                             &event,
+                             &texts,
+                             &note,
+                             &model,
+                             &sheet,
+                             &find,
+                             &CDefaultSettingDlg::Instance()};
 };
 
 QColor ColorOf(COLORREF color) {
