@@ -25,10 +25,10 @@ Mesg::Mesg(std::int32_t id, LayoutMgr* view, const RECT& rect, Transition* trans
       transition(transition),
       transitionId(transition->GetId()) {
   const CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
-  bgTransparent = settings.MesgBgTransparent != 0 ? 1 : 0;
-  noBorder = settings.MesgBorder != 0 ? 1 : 0;
-  bgColor = settings.MesgBgColor;
-  borderColor = settings.MesgBorderColor;
+  look.bgTransparent = settings.MesgBgTransparent != 0 ? 1 : 0;
+  look.noBorder = settings.MesgBorder != 0 ? 1 : 0;
+  look.bgColor = settings.MesgBgColor;
+  look.borderColor = settings.MesgBorderColor;
   showAnchors = settings.MesgAnchor != 0;
 }
 
@@ -43,14 +43,14 @@ const std::string& Mesg::GetTypeName() const {
 
 void Mesg::Write(ModelStream& stream) const {
   ConnectableRectShape::Write(stream);
-  stream << bgTransparent << ' ' << noBorder << ' ' << bgColor << ' ' << borderColor << '\n';
+  look.Write(stream);
   stream << (transition != nullptr ? transition->GetId() : transitionId) << '\n';
   text.Write(stream);
 }
 
 void Mesg::Read(ModelStream& stream) {
   ConnectableRectShape::Read(stream);
-  stream >> bgTransparent >> noBorder >> bgColor >> borderColor;
+  look.Read(stream);
   SkipLine(stream.In());
   stream >> transitionId;
   SkipLine(stream.In());
@@ -123,9 +123,9 @@ void Mesg::ShowHandles(bool show) {
 
 void Mesg::Draw(CDC* dc) {
   const RECT box = view->ToLogical(rect);
-  const CBrush brush = bgTransparent != 0 ? CBrush::Null() : CBrush::Solid(bgColor);
-  if (noBorder == 0) {
-    const CPen oldPen = dc->SelectPen({PenStyle::Solid, 0, borderColor});
+  const CBrush brush = look.bgTransparent != 0 ? CBrush::Null() : CBrush::Solid(look.bgColor);
+  if (look.noBorder == 0) {
+    const CPen oldPen = dc->SelectPen({PenStyle::Solid, 0, look.borderColor});
     const CBrush oldBrush = dc->SelectBrush(brush);
     dc->Rectangle(box);
     dc->SelectBrush(oldBrush);
@@ -167,16 +167,5 @@ void Mesg::EditText() {
 
 void Mesg::EditProperties() {
   MesgPropDlg dialog;
-  dialog.transparent = bgTransparent;
-  dialog.noBorder = noBorder;
-  dialog.hidden = showAnchors ? 0 : 1;
-  dialog.bgColor = bgColor;
-  dialog.borderColor = borderColor;
-  if (!dialog.DoModal()) return;
-  bgTransparent = dialog.transparent;
-  noBorder = dialog.noBorder;
-  showAnchors = dialog.hidden == 0;
-  bgColor = dialog.bgColor;
-  borderColor = dialog.borderColor;
-  Invalidate();
+  if (look.Edit(dialog, showAnchors)) Invalidate();
 }

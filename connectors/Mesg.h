@@ -1,6 +1,7 @@
 #pragma once
 
 #include "connectors/AnchorMarker.h"
+#include "connectors/BoxLook.h"
 #include "connectors/EventEditorBox.h"
 #include "model/ConnectableRectShape.h"
 
@@ -63,9 +64,6 @@ class Mesg : public ConnectableRectShape {
   EventEditorBox text;
   Transition* transition = nullptr;
   AnchorMarker marker;
-  std::int32_t bgTransparent = 0;
-  std::int32_t noBorder = 0;
-  COLORREF bgColor = 0xFFFFFF;
-  COLORREF borderColor = 0;
+  BoxLook look;
   std::int32_t transitionId = 0;
 };

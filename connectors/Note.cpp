@@ -32,13 +32,13 @@ const std::string& Note::GetTypeName() const {
 
 void Note::Write(ModelStream& stream) const {
   ConnectableRectShape::Write(stream);
-  stream << bgTransparent << ' ' << noBorder << ' ' << bgColor << ' ' << borderColor << '\n';
+  look.Write(stream);
   WriteTextBlock(stream.Out(), text.GetText(), kBeginTag, kEndTag);
 }
 
 void Note::Read(ModelStream& stream) {
   ConnectableRectShape::Read(stream);
-  stream >> bgTransparent >> noBorder >> bgColor >> borderColor;
+  look.Read(stream);
   SkipLine(stream.In());
   ReadTextBlock(stream.In(), text.Text(), kBeginTag, kEndTag);
 }
@@ -71,9 +71,9 @@ void Note::Draw(CDC* dc) {
   const std::array<POINT, 6> outline{
       TopLeft(r), POINT{r.left, r.bottom}, BottomRight(r), foldRight, foldTop, TopLeft(r)};
 
-  const CPen oldPen = dc->SelectPen({PenStyle::Solid, 0, borderColor});
+  const CPen oldPen = dc->SelectPen({PenStyle::Solid, 0, look.borderColor});
   const CBrush oldBrush =
-      dc->SelectBrush(bgTransparent != 0 ? CBrush::Null() : CBrush::Solid(bgColor));
+      dc->SelectBrush(look.bgTransparent != 0 ? CBrush::Null() : CBrush::Solid(look.bgColor));
   dc->Polygon(outline);
   dc->MoveTo(foldRight);
   dc->LineTo({foldTop.x, foldRight.y});
@@ -104,16 +104,5 @@ void Note::EditProperties() {
   MesgPropDlg dialog;
   dialog.title = LoadText(IDS_NOTE_PROPERTIES);
   dialog.mayChangeBorder = 0;
-  dialog.transparent = bgTransparent;
-  dialog.noBorder = noBorder;
-  dialog.hidden = showAnchors ? 0 : 1;
-  dialog.bgColor = bgColor;
-  dialog.borderColor = borderColor;
-  if (!dialog.DoModal()) return;
-  bgTransparent = dialog.transparent;
-  noBorder = dialog.noBorder;
-  showAnchors = dialog.hidden == 0;
-  bgColor = dialog.bgColor;
-  borderColor = dialog.borderColor;
-  Invalidate();
+  if (look.Edit(dialog, showAnchors)) Invalidate();
 }

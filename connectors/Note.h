@@ -1,5 +1,6 @@
 #pragma once
 
+#include "connectors/BoxLook.h"
 #include "connectors/TextBox.h"
 #include "model/ConnectableRectShape.h"
 
@@ -29,8 +30,5 @@ class Note : public ConnectableRectShape {
   void EditProperties();
 
   TextBox text;
-  std::int32_t bgTransparent = 0;
-  std::int32_t noBorder = 0;
-  COLORREF bgColor = 0x80FFFF;
-  COLORREF borderColor = 0x000080;
+  BoxLook look{.bgColor = 0x80FFFF, .borderColor = 0x000080};
 };
