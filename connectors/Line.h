@@ -68,7 +68,6 @@ class Line : public ComplexShape, public Connector {
   AnchorKey startKey;
   AnchorKey endKey;
   AnchorMarker marker;
-  POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added
   bool endInHand = false;
   std::int32_t colourIndex = 0;
   std::int32_t styleIndex = 0;

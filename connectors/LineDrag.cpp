@@ -2,6 +2,7 @@
 
 #include "connectors/AnchorSnap.h"
 #include "connectors/Line.h"
+#include "connectors/SelectionDrag.h"
 #include "model/Collection.h"
 #include "model/Connectable.h"
 #include "model/DrawResources.h"
@@ -66,15 +67,7 @@ Connectable* Line::ConnectableAt(POINT client) const {
 
 void Line::DragWhole(POINT press) {
   PointTracker tracker(this, ForwardDragMove, true);
-  tracker.fixedPoint = tracker.movingPoint = press;
-  dragOrigin = view->ToModel(press);
-  Collection& selection = view->GetSelection();
-  if (tracker.Track(view)) {
-    POINT offset = view->ToModel(tracker.movingPoint) - dragOrigin;
-    // A mere click lets go of nothing.
-    if (offset != POINT{}) selection.Broadcast(BROADCAST_MOVE, &offset, nullptr);
-  }
-  selection.Broadcast(BROADCAST_END_GHOST, nullptr, nullptr);
+  DragSelection(tracker, *view, press);
 }
 
 void Line::OnDragMove(POINT& client) { SnapToAnchor(ConnectableAt(client), *view, marker, client); }

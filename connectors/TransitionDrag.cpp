@@ -2,6 +2,7 @@
 
 #include "connectors/AnchorSnap.h"
 #include "connectors/HeadLink.h"
+#include "connectors/SelectionDrag.h"
 #include "connectors/Transition.h"
 #include "model/Collection.h"
 #include "model/DrawResources.h"
@@ -106,15 +107,8 @@ void Transition::DragLink(POINT press) {
 
 void Transition::DragWhole(POINT press) {
   PointTracker tracker(this, ForwardDragMove, false);
-  tracker.fixedPoint = tracker.movingPoint = press;
   dragOrigin = view->ToModel(press);
-  Collection& selection = view->GetSelection();
-  if (tracker.Track(view)) {
-    POINT offset = view->ToModel(tracker.movingPoint) - dragOrigin;
-    // A mere click lets go of nothing.
-    if (offset != POINT{}) selection.Broadcast(BROADCAST_MOVE, &offset, nullptr);
-  }
-  selection.Broadcast(BROADCAST_END_GHOST, nullptr, nullptr);
+  DragSelection(tracker, *view, press);
 }
 
 void Transition::OnDragMove(POINT& client) {

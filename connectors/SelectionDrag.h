@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/Geometry.h"
+
+class LayoutMgr;
+class PointTracker;
+
+/// Drags the whole selection by one of its connectors, from a point in device pixels until the
+/// button is let go. A mere click moves nothing and lets go of nothing.
+void DragSelection(PointTracker& tracker, LayoutMgr& view, POINT press);
