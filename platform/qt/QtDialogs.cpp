@@ -3,8 +3,6 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
-#include <QPageSetupDialog>
-#include <QPrinter>
 
 #include "platform/Files.h"
 #include "platform/qt/DialogParent.h"
@@ -23,10 +21,6 @@ std::optional<std::string> Ask(QFileDialog& dialog, const Dialogs::FileFilter& f
 }
 
 }  // namespace
-
-QtDialogs::QtDialogs() = default;
-
-QtDialogs::~QtDialogs() = default;
 
 std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
   QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Open")),
@@ -67,9 +61,4 @@ std::optional<Dialogs::FontChoice> QtDialogs::AskFont(const FontChoice& start) {
   QtFontDialog dialog(start, DialogParent());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Choice();
-}
-
-void QtDialogs::SetUpPrinter() {
-  if (printer == nullptr) printer = std::make_unique<QPrinter>();
-  QPageSetupDialog(printer.get(), DialogParent()).exec();
 }

@@ -1,24 +1,16 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/Dialogs.h"
-
-class QPrinter;
 
 /// The desktop's dialogs for files, colours, fonts and the printer.
 class QtDialogs : public Dialogs {
  public:
-  QtDialogs();
-  ~QtDialogs() override;
   std::optional<std::string> AskOpenPath(const FileFilter& filter) override;
   std::optional<std::string> AskSavePath(const FileFilter& filter,
                                          const std::string& suggestion) override;
   std::optional<COLORREF> AskColor(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
-  void SetUpPrinter() override;
 
  private:
   std::string lastFolder;
-  std::unique_ptr<QPrinter> printer;  ///< made when it is first asked for: to look for one is slow
 };

@@ -48,8 +48,6 @@ class ScriptedDialogs : public Dialogs {
   /// The next colour dialog has to start from one colour, and gives the other.
   void ExpectColor(COLORREF start, std::optional<COLORREF> chosen);
   void ExpectFont(std::optional<FontChoice> chosen);
-  /// How often the printer's setup was opened.
-  int PrinterSetups() const { return printerSetups; }
   /// What the last dialog for a font started from.
   const FontChoice& LastFont() const { return lastFont; }
   /// What the last dialog for saving proposed.
@@ -60,7 +58,6 @@ class ScriptedDialogs : public Dialogs {
                                          const std::string& suggestion) override;
   std::optional<COLORREF> AskColor(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
-  void SetUpPrinter() override { ++printerSetups; }
 
  private:
   struct ExpectedColor {
@@ -75,7 +72,6 @@ class ScriptedDialogs : public Dialogs {
   std::deque<ExpectedColor> colors;
   std::deque<std::optional<FontChoice>> fonts;
   FontChoice lastFont;
-  int printerSetups = 0;
   std::string lastSuggestion;
   Dialogs* former;
 };
