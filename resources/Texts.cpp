@@ -77,6 +77,7 @@ constexpr std::array kTexts = {
     Text{IDS_PRINT_NO_SUCH_PAGE, "The chart does not have these pages"},
     Text{IDS_PRINT_FAILED, "The printer does not take the chart"},
     Text{IDS_PRINT_PAGE, "Page %1 of %2"},
+    Text{IDS_SETTINGS_UNSAVED, "The settings cannot be saved"},
     Text{IDS_LINE_TOO_LONG, "A line of this text is too long to be edited here"},
 };
 
