@@ -10,9 +10,9 @@
 #include "model/ModelMgr.h"
 #include "persistence/ModelStream.h"
 #include "persistence/UndoHistory.h"
-#include "platform/Pictures.h"
 #include "platform/qt/QtServices.h"
 #include "resources/CommandIds.h"
+#include "surface/ChartPicture.h"
 
 namespace {
 
@@ -143,8 +143,7 @@ void ExportPng(benchmark::State& state) {
   OpenChart::Read(ChartOf(state), view);
   view.PlaceWithoutWindow(true);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(Service<Pictures>::Get().MakePng(
-        view.PictureSize(), [&](CDC& dc) { view.DrawPicture(dc); }));
+    benchmark::DoNotOptimize(ChartPicture(view).MakePng());
   }
 }
 

@@ -21,12 +21,10 @@ std::string Decimal(double v) {
 }
 
 /// Negative whole numbers need care: half a pixel right of -3 is -2.5.
-std::string PixelCentre(std::int32_t v) {
+std::string CentreOf(std::int32_t v) {
   if (v >= 0) return Half(v);
   return v == -1 ? "-0.5" : "-" + Half(-(std::int64_t{v} + 1));
 }
-
-std::string PixelCentre(POINT p) { return PixelCentre(p.x) + "," + PixelCentre(p.y); }
 
 std::string ColourText(COLORREF c) {
   std::array<char, 8> text{};
@@ -51,28 +49,19 @@ std::string Escape(std::string_view utf8) {
   return out;
 }
 
-std::string BoxAttributes(const RECT& r, const char* x, const char* y) {
-  return std::string(x) + "=\"" + Number(r.left) + "\" " + y + "=\"" + Number(r.top) +
-         "\" width=\"" + Number(Width(r)) + "\" height=\"" + Number(Height(r)) + "\"";
+std::string BoxAttributes(const RECT& r) {
+  return "x=\"" + Number(r.left) + "\" y=\"" + Number(r.top) + "\" width=\"" + Number(Width(r)) +
+         "\" height=\"" + Number(Height(r)) + "\"";
 }
 
-/// The outline of a shape runs inside its box: its line's middle is half a pixel in.
-std::string OutlineBox(const RECT& r) {
-  return "x=\"" + PixelCentre(r.left) + "\" y=\"" + PixelCentre(r.top) + "\" width=\"" +
-         Number(std::max<std::int64_t>(Width(r) - 1, 0)) + "\" height=\"" +
-         Number(std::max<std::int64_t>(Height(r) - 1, 0)) + "\"";
-}
-
-const char* DashPattern(PenStyle style) {
-  switch (style) {
-    case PenStyle::Dash: return "6,3";
-    case PenStyle::Dot: return "1,2";
-    case PenStyle::DashDot: return "6,3,1,3";
-    case PenStyle::DashDotDot: return "6,3,1,3,1,3";
-    case PenStyle::Solid:
-    case PenStyle::Null: break;
+/// The dashes of a pen; empty if it draws without gaps.
+std::string DashesOf(const CPen& pen) {
+  std::string lengths;
+  if (pen.width > 1) return lengths;
+  for (const int length : DashPatternOf(pen.style)) {
+    lengths += (lengths.empty() ? "" : ",") + Number(length);
   }
-  return "";
+  return lengths;
 }
 
 }  // namespace
@@ -96,16 +85,29 @@ std::string CSvgDC::Close() {
 
 int CSvgDC::GetDeviceCaps(DeviceCap cap) const { return reference.GetDeviceCaps(cap); }
 
-RECT CSvgDC::GetClipBox() const { return {0, 0, size.cx, size.cy}; }
+RECT CSvgDC::GetClipBox() const { return RECT{0, 0, size.cx, size.cy} - GetViewportOrg(); }
+
+std::string CSvgDC::PixelCentre(POINT p) const {
+  const POINT placed = p + GetViewportOrg();
+  return CentreOf(placed.x) + "," + CentreOf(placed.y);
+}
+
+/// The outline of a shape runs inside its box: its line's middle is half a pixel in.
+std::string CSvgDC::OutlineBox(const RECT& r) const {
+  const RECT box = Placed(r);
+  return "x=\"" + CentreOf(box.left) + "\" y=\"" + CentreOf(box.top) + "\" width=\"" +
+         Number(std::max<std::int64_t>(Width(box) - 1, 0)) + "\" height=\"" +
+         Number(std::max<std::int64_t>(Height(box) - 1, 0)) + "\"";
+}
 
 std::string CSvgDC::StrokeAttributes() const {
   const CPen& pen = GetPen();
   if (pen.style == PenStyle::Null) return " stroke=\"none\"";
   std::string text = " stroke=\"" + ColourText(pen.color) + "\"";
   if (pen.width > 1) text += " stroke-width=\"" + Number(pen.width) + "\"";
-  if (pen.style != PenStyle::Solid) {
-    text += std::string(" stroke-dasharray=\"") + DashPattern(pen.style) + "\"";
-  }
+  // A line begins in the middle of its first pixel, and its dashes half a pixel before.
+  const std::string dashes = DashesOf(pen);
+  if (!dashes.empty()) text += " stroke-dasharray=\"" + dashes + "\" stroke-dashoffset=\"0.5\"";
   return text;
 }
 
@@ -129,9 +131,10 @@ void CSvgDC::Polyline(std::span<const POINT> points) {
   const bool goesOn = !path.empty() && pathPen == GetPen() && pathEnd == points.front();
   if (!goesOn) {
     FlushPath();
-    path = "M" + PixelCentre(points.front());
     pathPen = GetPen();
   }
+  // Each call begins its dashes anew.
+  if (!goesOn || !DashesOf(GetPen()).empty()) path += "M" + PixelCentre(points.front());
   for (const POINT p : points.subspan(1)) path += "L" + PixelCentre(p);
   pathEnd = points.back();
 }
@@ -156,7 +159,8 @@ void CSvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
           Decimal(cornerEllipse.cy / 2.0) + "\"" + PaintAttributes() + "/>\n";
 }
 
-void CSvgDC::Ellipse(const RECT& r) {
+void CSvgDC::Ellipse(const RECT& logical) {
+  const RECT r = Placed(logical);
   FlushPath();
   body += "<ellipse cx=\"" + Decimal((static_cast<double>(r.left) + r.right) / 2) + "\" cy=\"" +
           Decimal((static_cast<double>(r.top) + r.bottom) / 2) + "\" rx=\"" +
@@ -165,7 +169,10 @@ void CSvgDC::Ellipse(const RECT& r) {
           PaintAttributes() + "/>\n";
 }
 
-void CSvgDC::Arc(const RECT& r, POINT start, POINT end) {
+void CSvgDC::Arc(const RECT& logical, POINT start, POINT end) {
+  const RECT r = Placed(logical);
+  start = start + GetViewportOrg();
+  end = end + GetViewportOrg();
   const double rx = static_cast<double>(Width(r)) / 2;
   const double ry = static_cast<double>(Height(r)) / 2;
   if (rx <= 0 || ry <= 0) return;
@@ -190,7 +197,7 @@ void CSvgDC::Arc(const RECT& r, POINT start, POINT end) {
 void CSvgDC::FillRect(const RECT& r, const CBrush& with) {
   if (with.hollow || IsRectEmpty(r)) return;
   FlushPath();
-  body += "<rect " + BoxAttributes(r, "x", "y") + " fill=\"" + ColourText(with.color) + "\"/>\n";
+  body += "<rect " + BoxAttributes(Placed(r)) + " fill=\"" + ColourText(with.color) + "\"/>\n";
 }
 
 void CSvgDC::FillMask(POINT topLeft, const BitMask& mask) {
@@ -206,8 +213,8 @@ std::string CSvgDC::ClipAttribute(const RECT& clip) {
   if (clipCount == 0 || clip != lastClip) {
     lastClip = clip;
     ++clipCount;
-    definitions += "<clipPath id=\"c" + Number(clipCount) + "\"><rect " +
-                   BoxAttributes(clip, "x", "y") + "/></clipPath>\n";
+    definitions += "<clipPath id=\"c" + Number(clipCount) + "\"><rect " + BoxAttributes(clip) +
+                   "/></clipPath>\n";
   }
   return " clip-path=\"url(#c" + Number(clipCount) + ")\"";
 }
@@ -221,14 +228,15 @@ void CSvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   const bool cut = clip != nullptr && IntersectRect(*clip, box) != box;
   if (cut && IsRectEmpty(IntersectRect(*clip, box))) return;
 
-  body += "<text x=\"" + Number(topLeft.x) + "\" y=\"" +
-          Number(AddSat(topLeft.y, GetTextMetrics().ascent)) + "\" font-family=\"" +
+  const POINT place = topLeft + GetViewportOrg();
+  body += "<text x=\"" + Number(place.x) + "\" y=\"" +
+          Number(AddSat(place.y, GetTextMetrics().ascent)) + "\" font-family=\"" +
           Escape(font.face) + ", DejaVu Sans, sans-serif\" font-size=\"" +
           Number(std::abs(std::int64_t{font.height})) + "\"";
   if (font.weight >= CFont::kBoldWeight) body += " font-weight=\"bold\"";
   body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Number(extent.cx) +
           "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"";
-  if (cut) body += ClipAttribute(*clip);
+  if (cut) body += ClipAttribute(Placed(*clip));
   body += ">" + Escape(utf8) + "</text>\n";
 }
 

@@ -104,11 +104,12 @@ class EmfWriter::Record {
 };
 
 std::string EmfWriter::Encode(const Metafile& metafile, CDC& reference,
-                              std::string_view description) {
+                              std::string_view description, const RECT* frame) {
   EmfWriter writer(metafile, reference);
   writer.WriteSetUp();
   for (const Metafile::Record& call : metafile.records) writer.WriteCall(call);
   writer.WriteEnd();
+  if (frame != nullptr) writer.bounds = *frame;
   return writer.Header(description) + writer.body;
 }
 

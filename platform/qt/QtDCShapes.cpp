@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -15,25 +14,9 @@
 
 namespace {
 
-constexpr std::array<int, 2> kDash{18, 6};
-constexpr std::array<int, 2> kDot{3, 3};
-constexpr std::array<int, 4> kDashDot{9, 6, 3, 6};
-constexpr std::array<int, 6> kDashDotDot{9, 3, 3, 3, 3, 3};
 /// Room around the visible part in which the ends of cut lines lie.
 constexpr double kFarMargin = 64;
 constexpr double kWidestPen = 2000;
-
-std::span<const int> PatternOf(PenStyle style) {
-  switch (style) {
-    case PenStyle::Dash: return kDash;
-    case PenStyle::Dot: return kDot;
-    case PenStyle::DashDot: return kDashDot;
-    case PenStyle::DashDotDot: return kDashDotDot;
-    case PenStyle::Solid:
-    case PenStyle::Null: break;
-  }
-  return {};
-}
 
 QColor ToColor(COLORREF c) {
   return {static_cast<int>(GetRValue(c)), static_cast<int>(GetGValue(c)),
@@ -69,7 +52,7 @@ double QtDC::PenWidth() const {
 std::vector<int> QtDC::DashLengths() const {
   std::vector<int> lengths;
   if (!IsPenThin()) return lengths;
-  for (const int length : PatternOf(GetPen().style)) {
+  for (const int length : DashPatternOf(GetPen().style)) {
     lengths.push_back(std::max(1, static_cast<int>(std::lround(length * scale))));
   }
   return lengths;

@@ -9,6 +9,7 @@
 #include "platform/EmfWriter.h"
 #include "platform/Utf16.h"
 #include "resources/CommandIds.h"
+#include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
 #include "tests/support/Scripted.h"
@@ -94,7 +95,7 @@ class EmfReader {
 
 TEST(Emf, AChartBecomesAValidMetafile) {
   const auto chart = LoadChart(SmallChart());
-  const EmfReader reader(chart->MakeEmf());
+  const EmfReader reader(ChartPicture(*chart).MakeEmf());
   reader.CheckFrame();
   EXPECT_EQ(reader.CountOf(kExtTextOut), 5U) << "name, two headings, two lines of the note";
   const RECT bounds = reader.RectAtOffset(8);
@@ -105,7 +106,8 @@ TEST(Emf, AChartBecomesAValidMetafile) {
 }
 
 TEST(Emf, AnEmptyChartHasNoContent) {
-  const EmfReader reader(LoadChart(ChartText(""))->MakeEmf());
+  const auto chart = LoadChart(ChartText(""));
+  const EmfReader reader(ChartPicture(*chart).MakeEmf());
   reader.CheckFrame();
   EXPECT_EQ(reader.CountOf(kExtTextOut) + reader.CountOf(kRectangle), 0U);
 }
@@ -144,7 +146,7 @@ TEST(Emf, ExtremeCoordinates) {
   const int low = std::numeric_limits<int>::min();
   const int high = std::numeric_limits<int>::max();
   const auto chart = LoadChart(ChartText(StateRecord(1, {low, low, high, high})));
-  EmfReader(chart->MakeEmf()).CheckFrame();
+  EmfReader(ChartPicture(*chart).MakeEmf()).CheckFrame();
 }
 
 /// A clipboard that keeps what it gets, or refuses at a step.
