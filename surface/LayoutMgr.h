@@ -136,6 +136,8 @@ class LayoutMgr : public CScrollView {
   void DeleteSelection();
   void RunSelectionCommand(unsigned id);
   void CopyAsMetafile();
+  void ExportPicture();
+  std::string ExportSuggestion(std::string_view extension) const;
   void ScrollHome();
   void ShowHover(POINT client);
   void HideHover();
