@@ -87,14 +87,26 @@ int CSvgDC::GetDeviceCaps(DeviceCap cap) const { return reference.GetDeviceCaps(
 
 RECT CSvgDC::GetClipBox() const { return RECT{0, 0, size.cx, size.cy} - GetViewportOrg(); }
 
+std::int64_t CSvgDC::PenWidth() const {
+  return GetPen().style == PenStyle::Null ? 0 : std::max(GetPen().width, 1);
+}
+
 std::string CSvgDC::PixelCentre(POINT p) const {
   const POINT placed = p + GetViewportOrg();
   return CentreOf(placed.x) + "," + CentreOf(placed.y);
 }
 
-/// The outline of a shape runs inside its box: its line's middle is half a pixel in.
+/// The outline of a shape runs inside its box: its line's middle is half a pen in.
 std::string CSvgDC::OutlineBox(const RECT& r) const {
   const RECT box = Placed(r);
+  if (GetPen().style == PenStyle::Null) return BoxAttributes(box);
+  const std::int64_t pen = PenWidth();
+  if (pen > 1) {
+    const double half = static_cast<double>(pen) / 2;
+    return "x=\"" + Decimal(box.left + half) + "\" y=\"" + Decimal(box.top + half) + "\" width=\"" +
+           Number(std::max<std::int64_t>(Width(box) - pen, 0)) + "\" height=\"" +
+           Number(std::max<std::int64_t>(Height(box) - pen, 0)) + "\"";
+  }
   return "x=\"" + CentreOf(box.left) + "\" y=\"" + CentreOf(box.top) + "\" width=\"" +
          Number(std::max<std::int64_t>(Width(box) - 1, 0)) + "\" height=\"" +
          Number(std::max<std::int64_t>(Height(box) - 1, 0)) + "\"";
@@ -111,17 +123,24 @@ std::string CSvgDC::StrokeAttributes() const {
   return text;
 }
 
-std::string CSvgDC::PaintAttributes() const {
-  const CBrush& brush = GetBrush();
-  return " fill=\"" + (brush.hollow ? std::string("none") : ColourText(brush.color)) + "\"" +
-         StrokeAttributes();
+/// Thick lines have round ends and corners.
+std::string CSvgDC::LineAttributes() const {
+  const bool thick = GetPen().style != PenStyle::Null && GetPen().width > 1;
+  return StrokeAttributes() + (thick ? " stroke-linecap=\"round\" stroke-linejoin=\"round\"" : "");
 }
+
+std::string CSvgDC::FillAttribute() const {
+  const CBrush& brush = GetBrush();
+  return " fill=\"" + (brush.hollow ? std::string("none") : ColourText(brush.color)) + "\"";
+}
+
+std::string CSvgDC::PaintAttributes() const { return FillAttribute() + StrokeAttributes(); }
 
 void CSvgDC::FlushPath() {
   if (path.empty()) return;
   body += "<path d=\"" + path + "\" fill=\"none\"";
   const CPen pen = SelectPen(pathPen);
-  body += StrokeAttributes() + "/>\n";
+  body += LineAttributes() + "/>\n";
   SelectPen(pen);
   path.clear();
 }
@@ -145,7 +164,7 @@ void CSvgDC::Polygon(std::span<const POINT> points) {
   for (std::size_t i = 0; i < points.size(); ++i) {
     body += (i == 0 ? "" : " ") + PixelCentre(points[i]);
   }
-  body += "\"" + PaintAttributes() + "/>\n";
+  body += "\"" + FillAttribute() + LineAttributes() + "/>\n";
 }
 
 void CSvgDC::Rectangle(const RECT& r) {
@@ -154,18 +173,24 @@ void CSvgDC::Rectangle(const RECT& r) {
 }
 
 void CSvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
+  // The box's corners are those of a thick outline's outer edge.
+  const double inset = PenWidth() > 1 ? static_cast<double>(PenWidth()) / 2 : 0;
+  const auto radius = [inset](std::int32_t axis) {
+    return Decimal(std::max(axis / 2.0 - inset, 0.0));
+  };
   FlushPath();
-  body += "<rect " + OutlineBox(r) + " rx=\"" + Decimal(cornerEllipse.cx / 2.0) + "\" ry=\"" +
-          Decimal(cornerEllipse.cy / 2.0) + "\"" + PaintAttributes() + "/>\n";
+  body += "<rect " + OutlineBox(r) + " rx=\"" + radius(cornerEllipse.cx) + "\" ry=\"" +
+          radius(cornerEllipse.cy) + "\"" + PaintAttributes() + "/>\n";
 }
 
 void CSvgDC::Ellipse(const RECT& logical) {
   const RECT r = Placed(logical);
+  const std::int64_t pen = PenWidth();
   FlushPath();
   body += "<ellipse cx=\"" + Decimal((static_cast<double>(r.left) + r.right) / 2) + "\" cy=\"" +
           Decimal((static_cast<double>(r.top) + r.bottom) / 2) + "\" rx=\"" +
-          Decimal(static_cast<double>(std::max<std::int64_t>(Width(r) - 1, 0)) / 2) + "\" ry=\"" +
-          Decimal(static_cast<double>(std::max<std::int64_t>(Height(r) - 1, 0)) / 2) + "\"" +
+          Decimal(static_cast<double>(std::max<std::int64_t>(Width(r) - pen, 0)) / 2) + "\" ry=\"" +
+          Decimal(static_cast<double>(std::max<std::int64_t>(Height(r) - pen, 0)) / 2) + "\"" +
           PaintAttributes() + "/>\n";
 }
 
@@ -184,14 +209,20 @@ void CSvgDC::Arc(const RECT& logical, POINT start, POINT end) {
   constexpr double fullTurn = 6.283185307179586;
   if (to <= from) to += fullTurn;
   const bool large = to - from > fullTurn / 2;
+  // A thin curve meets lines in the middle of a pixel; a thick one runs inside its box.
+  const bool thick = PenWidth() > 1;
+  const double shift = thick ? 0 : 0.5;
+  const double inset = thick ? static_cast<double>(PenWidth()) / 2 : 0;
+  const double ringX = std::max(rx - inset, 0.0);
+  const double ringY = std::max(ry - inset, 0.0);
   const auto point = [&](double angle) {
-    return Decimal(cx + rx * std::cos(angle) + 0.5) + "," +
-           Decimal(cy - ry * std::sin(angle) + 0.5);
+    return Decimal(cx + ringX * std::cos(angle) + shift) + "," +
+           Decimal(cy - ringY * std::sin(angle) + shift);
   };
   FlushPath();
-  body += "<path d=\"M" + point(from) + "A" + Decimal(rx) + "," + Decimal(ry) + " 0 " +
+  body += "<path d=\"M" + point(from) + "A" + Decimal(ringX) + "," + Decimal(ringY) + " 0 " +
           (large ? "1" : "0") + " 0 " + point(to) + "\" fill=\"none\"" + StrokeAttributes() +
-          "/>\n";
+          (thick ? " stroke-linecap=\"square\"" : "") + "/>\n";
 }
 
 void CSvgDC::FillRect(const RECT& r, const CBrush& with) {

@@ -31,10 +31,14 @@ class CSvgDC : public CDC {
  private:
   void FlushPath();
   RECT Placed(const RECT& r) const { return r + GetViewportOrg(); }
+  /// User units; a thin pen is one wide.
+  std::int64_t PenWidth() const;
   std::string PixelCentre(POINT p) const;
   std::string OutlineBox(const RECT& r) const;
   std::string PaintAttributes() const;
   std::string StrokeAttributes() const;
+  std::string LineAttributes() const;
+  std::string FillAttribute() const;
   std::string ClipAttribute(const RECT& clip);
 
   CDC& reference;

@@ -10,6 +10,7 @@ packages=(
   fonts-dejavu-core    # stands in for Verdana
   qt6-translations-l10n # the toolkit's own texts in the languages of the program
   libgtest-dev libbenchmark-dev
+  poppler-utils        # tests look at PDF pictures through pdftoppm
   desktop-file-utils appstream shared-mime-info # check what the desktop reads
   clang-format
   "$@"

@@ -3,6 +3,7 @@
 #include <numbers>
 
 #include <QPainterPath>
+#include <QTextLayout>
 
 #include "platform/qt/LineClip.h"
 #include "platform/qt/PixelRuns.h"
@@ -37,6 +38,19 @@ QPointF StepBack(QPointF from, QPointF to, double half) {
   const QPointF d = to - from;
   const double length = std::max(std::abs(d.x()), std::abs(d.y()));
   return length > 0 ? d * (-half / length) : QPointF();
+}
+
+/// Paints a line of text as it is laid out for a screen. A page of a finer resolution would set the
+/// letters further apart.
+void PaintLaidOut(QPainter& painter, QPointF baseline, const QFont& font, const QString& text) {
+  constexpr double unlimited = 1e6;
+  QTextLayout layout(text, font);
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  if (!line.isValid()) return;
+  line.setLineWidth(unlimited);
+  layout.endLayout();
+  line.draw(&painter, baseline - QPointF(0, line.ascent()));
 }
 
 }  // namespace
@@ -318,6 +332,8 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
   }
   if (glyphs != nullptr) {
     painter.drawGlyphRun(baseline, *glyphs);
+  } else if (page) {
+    PaintLaidOut(painter, baseline, font.Font(), QtFont::Printable(utf8));
   } else {
     painter.setFont(font.Font());
     painter.drawText(baseline, QtFont::Printable(utf8));

@@ -38,7 +38,7 @@ class Player {
         brushes[reader.Get<std::uint32_t>(at + 8)] = CBrush::Solid(reader.Get<COLORREF>(at + 16));
         break;
       case EmfReader::kEllipse: AddShape(Kind::Ellipse, at); break;
-      case EmfReader::kRectangle: AddRectangle(at); break;
+      case EmfReader::kRectangle: AddShape(Kind::Rectangle, at); break;
       case EmfReader::kRoundRect: {
         const POINT corner = reader.PointAtOffset(at + 24);
         AddShape(Kind::RoundRect, at).corner = {corner.x, corner.y};
@@ -72,15 +72,11 @@ class Player {
   Metafile::Record& AddShape(Metafile::Kind kind, std::size_t at) {
     const RECT inclusive = reader.RectAtOffset(at + 8);
     Metafile::Record& record = Add(kind);
-    record.rect = {inclusive.left, inclusive.top, AddSat(inclusive.right, 1),
-                   AddSat(inclusive.bottom, 1)};
+    // Without an outline a shape comes out one unit smaller.
+    const int more = state.pen.style == PenStyle::Null ? 0 : 1;
+    record.rect = {inclusive.left, inclusive.top, AddSat(inclusive.right, more),
+                   AddSat(inclusive.bottom, more)};
     return record;
-  }
-  void AddRectangle(std::size_t at) {
-    const bool outlined = state.pen.style != PenStyle::Null;
-    AddShape(outlined ? Metafile::Kind::Rectangle : Metafile::Kind::FillRect, at);
-    // Without an outline a rectangle comes out one unit smaller.
-    if (!outlined) played.records.back().rect = reader.RectAtOffset(at + 8);
   }
   void AddPoints(Metafile::Kind kind, std::size_t at) {
     Metafile::Record& record = Add(kind);
