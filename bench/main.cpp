@@ -15,10 +15,10 @@
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelStream.h"
 #include "persistence/UndoHistory.h"
-#include "platform/Pictures.h"
 #include "platform/qt/QtServices.h"
 #include "resources/CommandIds.h"
 #include "shell/qt/CMainFrame.h"
+#include "surface/ChartPicture.h"
 
 namespace {
 
@@ -151,8 +151,7 @@ void ExportPng(benchmark::State& state) {
   OpenChart::Read(ChartOf(state), view);
   view.PlaceWithoutWindow(true);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(Service<Pictures>::Get().MakePng(
-        view.PictureSize(), [&](CDC& dc) { view.DrawPicture(dc); }));
+    benchmark::DoNotOptimize(ChartPicture(view).MakePng());
   }
 }
 

@@ -34,6 +34,7 @@ class Transition : public ComplexShape {
   void Draw(CDC* dc) override;
   bool HitTest(const POINT& client) const override;
   RECT GetPaintBounds() const override;
+  RECT GetPaperBounds() const override { return bounds; }
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;

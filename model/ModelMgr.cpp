@@ -199,10 +199,11 @@ void ModelMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const {
   }
 }
 
-void ModelMgr::DrawAll(CDC* dc) const {
+void ModelMgr::DrawAll(CDC* dc, bool selectedOnly) const {
   // One look at every object, then only what the context shows, layer by layer.
   std::array<std::vector<Shape*>, kPaintOrder.size()> visible;
   for (Shape* shape : Objects()) {
+    if (selectedOnly && !selection.Contains(shape)) continue;
     if (!dc->RectVisible(view->ToLogical(shape->GetPaintBounds()))) continue;
     const auto layer = std::find(kPaintOrder.begin(), kPaintOrder.end(), shape->GetLayer());
     if (layer == kPaintOrder.end()) continue;

@@ -61,8 +61,9 @@ class ModelMgr : public ShapeRegistry {
   std::vector<Shape*> FindShapesInRect(const RECT& client) const;
   /// The lower right corner of all objects, model units, not below 0.
   void GetChartExtent(std::int32_t& right, std::int32_t& bottom) const;
-  /// Paints what the context shows, from the lowest layer to the highest.
-  void DrawAll(CDC* dc) const;
+  /// Paints what the context shows, from the lowest layer to the highest; of that only what is
+  /// selected if `selectedOnly`.
+  void DrawAll(CDC* dc, bool selectedOnly = false) const;
 
   Collection& GetSelection() { return selection; }
   const std::vector<Shape*>& Objects() const { return data.Objects(); }

@@ -70,6 +70,8 @@ class Shape : public Object, public Collectable {
   /// The area that `Draw` may touch, absolute model units; a paint skips what lies outside its
   /// region.
   virtual RECT GetPaintBounds() const { return GetBounds(); }
+  /// The same for paper and pictures, which depends on nothing but the shape.
+  virtual RECT GetPaperBounds() const { return GetPaintBounds(); }
 
   /// Puts the shape into a model and, with a view, on a chart.
   void AttachTo(ModelMgr* manager, LayoutMgr* layoutMgr);

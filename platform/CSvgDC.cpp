@@ -21,12 +21,10 @@ std::string Decimal(double v) {
 }
 
 /// Negative whole numbers need care: half a pixel right of -3 is -2.5.
-std::string PixelCentre(std::int32_t v) {
+std::string CentreOf(std::int32_t v) {
   if (v >= 0) return Half(v);
   return v == -1 ? "-0.5" : "-" + Half(-(std::int64_t{v} + 1));
 }
-
-std::string PixelCentre(POINT p) { return PixelCentre(p.x) + "," + PixelCentre(p.y); }
 
 std::string ColourText(COLORREF c) {
   std::array<char, 8> text{};
@@ -51,28 +49,19 @@ std::string Escape(std::string_view utf8) {
   return out;
 }
 
-std::string BoxAttributes(const RECT& r, const char* x, const char* y) {
-  return std::string(x) + "=\"" + Number(r.left) + "\" " + y + "=\"" + Number(r.top) +
-         "\" width=\"" + Number(Width(r)) + "\" height=\"" + Number(Height(r)) + "\"";
+std::string BoxAttributes(const RECT& r) {
+  return "x=\"" + Number(r.left) + "\" y=\"" + Number(r.top) + "\" width=\"" + Number(Width(r)) +
+         "\" height=\"" + Number(Height(r)) + "\"";
 }
 
-/// The outline of a shape runs inside its box: its line's middle is half a pixel in.
-std::string OutlineBox(const RECT& r) {
-  return "x=\"" + PixelCentre(r.left) + "\" y=\"" + PixelCentre(r.top) + "\" width=\"" +
-         Number(std::max<std::int64_t>(Width(r) - 1, 0)) + "\" height=\"" +
-         Number(std::max<std::int64_t>(Height(r) - 1, 0)) + "\"";
-}
-
-const char* DashPattern(PenStyle style) {
-  switch (style) {
-    case PenStyle::Dash: return "6,3";
-    case PenStyle::Dot: return "1,2";
-    case PenStyle::DashDot: return "6,3,1,3";
-    case PenStyle::DashDotDot: return "6,3,1,3,1,3";
-    case PenStyle::Solid:
-    case PenStyle::Null: break;
+/// The dashes of a pen; empty if it draws without gaps.
+std::string DashesOf(const CPen& pen) {
+  std::string lengths;
+  if (pen.width > 1) return lengths;
+  for (const int length : DashPatternOf(pen.style)) {
+    lengths += (lengths.empty() ? "" : ",") + Number(length);
   }
-  return "";
+  return lengths;
 }
 
 }  // namespace
@@ -96,30 +85,62 @@ std::string CSvgDC::Close() {
 
 int CSvgDC::GetDeviceCaps(DeviceCap cap) const { return reference.GetDeviceCaps(cap); }
 
-RECT CSvgDC::GetClipBox() const { return {0, 0, size.cx, size.cy}; }
+RECT CSvgDC::GetClipBox() const { return RECT{0, 0, size.cx, size.cy} - GetViewportOrg(); }
+
+std::int64_t CSvgDC::PenWidth() const {
+  return GetPen().style == PenStyle::Null ? 0 : std::max(GetPen().width, 1);
+}
+
+std::string CSvgDC::PixelCentre(POINT p) const {
+  const POINT placed = p + GetViewportOrg();
+  return CentreOf(placed.x) + "," + CentreOf(placed.y);
+}
+
+/// The outline of a shape runs inside its box: its line's middle is half a pen in.
+std::string CSvgDC::OutlineBox(const RECT& r) const {
+  const RECT box = Placed(r);
+  if (GetPen().style == PenStyle::Null) return BoxAttributes(box);
+  const std::int64_t pen = PenWidth();
+  if (pen > 1) {
+    const double half = static_cast<double>(pen) / 2;
+    return "x=\"" + Decimal(box.left + half) + "\" y=\"" + Decimal(box.top + half) + "\" width=\"" +
+           Number(std::max<std::int64_t>(Width(box) - pen, 0)) + "\" height=\"" +
+           Number(std::max<std::int64_t>(Height(box) - pen, 0)) + "\"";
+  }
+  return "x=\"" + CentreOf(box.left) + "\" y=\"" + CentreOf(box.top) + "\" width=\"" +
+         Number(std::max<std::int64_t>(Width(box) - 1, 0)) + "\" height=\"" +
+         Number(std::max<std::int64_t>(Height(box) - 1, 0)) + "\"";
+}
 
 std::string CSvgDC::StrokeAttributes() const {
   const CPen& pen = GetPen();
   if (pen.style == PenStyle::Null) return " stroke=\"none\"";
   std::string text = " stroke=\"" + ColourText(pen.color) + "\"";
   if (pen.width > 1) text += " stroke-width=\"" + Number(pen.width) + "\"";
-  if (pen.style != PenStyle::Solid) {
-    text += std::string(" stroke-dasharray=\"") + DashPattern(pen.style) + "\"";
-  }
+  // A line begins in the middle of its first pixel, and its dashes half a pixel before.
+  const std::string dashes = DashesOf(pen);
+  if (!dashes.empty()) text += " stroke-dasharray=\"" + dashes + "\" stroke-dashoffset=\"0.5\"";
   return text;
 }
 
-std::string CSvgDC::PaintAttributes() const {
-  const CBrush& brush = GetBrush();
-  return " fill=\"" + (brush.hollow ? std::string("none") : ColourText(brush.color)) + "\"" +
-         StrokeAttributes();
+/// Thick lines have round ends and corners.
+std::string CSvgDC::LineAttributes() const {
+  const bool thick = GetPen().style != PenStyle::Null && GetPen().width > 1;
+  return StrokeAttributes() + (thick ? " stroke-linecap=\"round\" stroke-linejoin=\"round\"" : "");
 }
+
+std::string CSvgDC::FillAttribute() const {
+  const CBrush& brush = GetBrush();
+  return " fill=\"" + (brush.hollow ? std::string("none") : ColourText(brush.color)) + "\"";
+}
+
+std::string CSvgDC::PaintAttributes() const { return FillAttribute() + StrokeAttributes(); }
 
 void CSvgDC::FlushPath() {
   if (path.empty()) return;
   body += "<path d=\"" + path + "\" fill=\"none\"";
   const CPen pen = SelectPen(pathPen);
-  body += StrokeAttributes() + "/>\n";
+  body += LineAttributes() + "/>\n";
   SelectPen(pen);
   path.clear();
 }
@@ -129,9 +150,10 @@ void CSvgDC::Polyline(std::span<const POINT> points) {
   const bool goesOn = !path.empty() && pathPen == GetPen() && pathEnd == points.front();
   if (!goesOn) {
     FlushPath();
-    path = "M" + PixelCentre(points.front());
     pathPen = GetPen();
   }
+  // Each call begins its dashes anew.
+  if (!goesOn || !DashesOf(GetPen()).empty()) path += "M" + PixelCentre(points.front());
   for (const POINT p : points.subspan(1)) path += "L" + PixelCentre(p);
   pathEnd = points.back();
 }
@@ -142,7 +164,7 @@ void CSvgDC::Polygon(std::span<const POINT> points) {
   for (std::size_t i = 0; i < points.size(); ++i) {
     body += (i == 0 ? "" : " ") + PixelCentre(points[i]);
   }
-  body += "\"" + PaintAttributes() + "/>\n";
+  body += "\"" + FillAttribute() + LineAttributes() + "/>\n";
 }
 
 void CSvgDC::Rectangle(const RECT& r) {
@@ -151,21 +173,31 @@ void CSvgDC::Rectangle(const RECT& r) {
 }
 
 void CSvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
+  // The box's corners are those of a thick outline's outer edge.
+  const double inset = PenWidth() > 1 ? static_cast<double>(PenWidth()) / 2 : 0;
+  const auto radius = [inset](std::int32_t axis) {
+    return Decimal(std::max(axis / 2.0 - inset, 0.0));
+  };
   FlushPath();
-  body += "<rect " + OutlineBox(r) + " rx=\"" + Decimal(cornerEllipse.cx / 2.0) + "\" ry=\"" +
-          Decimal(cornerEllipse.cy / 2.0) + "\"" + PaintAttributes() + "/>\n";
+  body += "<rect " + OutlineBox(r) + " rx=\"" + radius(cornerEllipse.cx) + "\" ry=\"" +
+          radius(cornerEllipse.cy) + "\"" + PaintAttributes() + "/>\n";
 }
 
-void CSvgDC::Ellipse(const RECT& r) {
+void CSvgDC::Ellipse(const RECT& logical) {
+  const RECT r = Placed(logical);
+  const std::int64_t pen = PenWidth();
   FlushPath();
   body += "<ellipse cx=\"" + Decimal((static_cast<double>(r.left) + r.right) / 2) + "\" cy=\"" +
           Decimal((static_cast<double>(r.top) + r.bottom) / 2) + "\" rx=\"" +
-          Decimal(static_cast<double>(std::max<std::int64_t>(Width(r) - 1, 0)) / 2) + "\" ry=\"" +
-          Decimal(static_cast<double>(std::max<std::int64_t>(Height(r) - 1, 0)) / 2) + "\"" +
+          Decimal(static_cast<double>(std::max<std::int64_t>(Width(r) - pen, 0)) / 2) + "\" ry=\"" +
+          Decimal(static_cast<double>(std::max<std::int64_t>(Height(r) - pen, 0)) / 2) + "\"" +
           PaintAttributes() + "/>\n";
 }
 
-void CSvgDC::Arc(const RECT& r, POINT start, POINT end) {
+void CSvgDC::Arc(const RECT& logical, POINT start, POINT end) {
+  const RECT r = Placed(logical);
+  start = start + GetViewportOrg();
+  end = end + GetViewportOrg();
   const double rx = static_cast<double>(Width(r)) / 2;
   const double ry = static_cast<double>(Height(r)) / 2;
   if (rx <= 0 || ry <= 0) return;
@@ -177,20 +209,26 @@ void CSvgDC::Arc(const RECT& r, POINT start, POINT end) {
   constexpr double fullTurn = 6.283185307179586;
   if (to <= from) to += fullTurn;
   const bool large = to - from > fullTurn / 2;
+  // A thin curve meets lines in the middle of a pixel; a thick one runs inside its box.
+  const bool thick = PenWidth() > 1;
+  const double shift = thick ? 0 : 0.5;
+  const double inset = thick ? static_cast<double>(PenWidth()) / 2 : 0;
+  const double ringX = std::max(rx - inset, 0.0);
+  const double ringY = std::max(ry - inset, 0.0);
   const auto point = [&](double angle) {
-    return Decimal(cx + rx * std::cos(angle) + 0.5) + "," +
-           Decimal(cy - ry * std::sin(angle) + 0.5);
+    return Decimal(cx + ringX * std::cos(angle) + shift) + "," +
+           Decimal(cy - ringY * std::sin(angle) + shift);
   };
   FlushPath();
-  body += "<path d=\"M" + point(from) + "A" + Decimal(rx) + "," + Decimal(ry) + " 0 " +
+  body += "<path d=\"M" + point(from) + "A" + Decimal(ringX) + "," + Decimal(ringY) + " 0 " +
           (large ? "1" : "0") + " 0 " + point(to) + "\" fill=\"none\"" + StrokeAttributes() +
-          "/>\n";
+          (thick ? " stroke-linecap=\"square\"" : "") + "/>\n";
 }
 
 void CSvgDC::FillRect(const RECT& r, const CBrush& with) {
   if (with.hollow || IsRectEmpty(r)) return;
   FlushPath();
-  body += "<rect " + BoxAttributes(r, "x", "y") + " fill=\"" + ColourText(with.color) + "\"/>\n";
+  body += "<rect " + BoxAttributes(Placed(r)) + " fill=\"" + ColourText(with.color) + "\"/>\n";
 }
 
 void CSvgDC::FillMask(POINT topLeft, const BitMask& mask) {
@@ -206,8 +244,8 @@ std::string CSvgDC::ClipAttribute(const RECT& clip) {
   if (clipCount == 0 || clip != lastClip) {
     lastClip = clip;
     ++clipCount;
-    definitions += "<clipPath id=\"c" + Number(clipCount) + "\"><rect " +
-                   BoxAttributes(clip, "x", "y") + "/></clipPath>\n";
+    definitions += "<clipPath id=\"c" + Number(clipCount) + "\"><rect " + BoxAttributes(clip) +
+                   "/></clipPath>\n";
   }
   return " clip-path=\"url(#c" + Number(clipCount) + ")\"";
 }
@@ -221,14 +259,15 @@ void CSvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   const bool cut = clip != nullptr && IntersectRect(*clip, box) != box;
   if (cut && IsRectEmpty(IntersectRect(*clip, box))) return;
 
-  body += "<text x=\"" + Number(topLeft.x) + "\" y=\"" +
-          Number(AddSat(topLeft.y, GetTextMetrics().ascent)) + "\" font-family=\"" +
+  const POINT place = topLeft + GetViewportOrg();
+  body += "<text x=\"" + Number(place.x) + "\" y=\"" +
+          Number(AddSat(place.y, GetTextMetrics().ascent)) + "\" font-family=\"" +
           Escape(font.face) + ", DejaVu Sans, sans-serif\" font-size=\"" +
           Number(std::abs(std::int64_t{font.height})) + "\"";
   if (font.weight >= CFont::kBoldWeight) body += " font-weight=\"bold\"";
   body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Number(extent.cx) +
           "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"";
-  if (cut) body += ClipAttribute(*clip);
+  if (cut) body += ClipAttribute(Placed(*clip));
   body += ">" + Escape(utf8) + "</text>\n";
 }
 

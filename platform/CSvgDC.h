@@ -4,9 +4,9 @@
 
 #include "platform/CDC.h"
 
-/// A context that writes a picture as SVG, one user unit to the logical unit, with text as text.
-/// The same calls give the same bytes. Texts are measured by the reference context, which has to
-/// outlive this one.
+/// A context that writes a picture as SVG, one user unit to the logical unit, with text as text. Of
+/// the mapping it takes the viewport origin alone. The same calls give the same bytes. Texts are
+/// measured by the reference context, which has to outlive this one.
 class CSvgDC : public CDC {
  public:
   CSvgDC(CDC& reference, SIZE size);
@@ -20,8 +20,8 @@ class CSvgDC : public CDC {
   void Polygon(std::span<const POINT> points) override;
   void Rectangle(const RECT& r) override;
   void RoundRect(const RECT& r, SIZE cornerEllipse) override;
-  void Ellipse(const RECT& r) override;
-  void Arc(const RECT& r, POINT start, POINT end) override;
+  void Ellipse(const RECT& logical) override;
+  void Arc(const RECT& logical, POINT start, POINT end) override;
   void FillRect(const RECT& r, const CBrush& with) override;
   void FillMask(POINT topLeft, const BitMask& mask) override;
   void TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) override;
@@ -30,8 +30,15 @@ class CSvgDC : public CDC {
 
  private:
   void FlushPath();
+  RECT Placed(const RECT& r) const { return r + GetViewportOrg(); }
+  /// User units; a thin pen is one wide.
+  std::int64_t PenWidth() const;
+  std::string PixelCentre(POINT p) const;
+  std::string OutlineBox(const RECT& r) const;
   std::string PaintAttributes() const;
   std::string StrokeAttributes() const;
+  std::string LineAttributes() const;
+  std::string FillAttribute() const;
   std::string ClipAttribute(const RECT& clip);
 
   CDC& reference;
@@ -41,6 +48,6 @@ class CSvgDC : public CDC {
   std::string path;  ///< connected lines that still grow
   CPen pathPen;
   POINT pathEnd;
-  RECT lastClip;
+  RECT lastClip;  ///< of the last text that was cut off, user units
   int clipCount = 0;
 };

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Geometry.h"
 #include "platform/Service.h"
@@ -14,6 +16,16 @@ class Dialogs {
   struct FileFilter {
     std::string text;       ///< "Morvane Files (*.mrv)"
     std::string extension;  ///< ".mrv", given to a name that is typed without one
+  };
+  struct ExportRequest {
+    std::vector<FileFilter> kinds;
+    std::size_t kind = 0;       ///< the one of `kinds` to start from
+    std::string suggestion;     ///< a path
+    bool hasSelection = false;  ///< the user may choose to export the selection only
+  };
+  struct ExportAnswer {
+    std::string path;
+    bool selectionOnly = false;
   };
   struct FontChoice {
     std::string face;
@@ -28,6 +40,9 @@ class Dialogs {
   /// is replaced. Nothing on Cancel.
   virtual std::optional<std::string> AskSavePath(const FileFilter& filter,
                                                  const std::string& suggestion) = 0;
+  /// Where to export to. A name that is typed without an extension gets that of the chosen kind;
+  /// the dialog has asked before an existing file is replaced. Nothing on Cancel.
+  virtual std::optional<ExportAnswer> AskExport(const ExportRequest& request) = 0;
   /// A colour, starting from one; nothing on Cancel.
   virtual std::optional<COLORREF> AskColor(COLORREF start) = 0;
   /// A face, a size and a colour for text on the screen; nothing on Cancel.

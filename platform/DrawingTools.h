@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "platform/Geometry.h"
@@ -11,7 +12,11 @@
 
 enum class PenStyle { Solid = 0, Dash = 1, Dot = 2, DashDot = 3, DashDotDot = 4, Null = 5 };
 
-/// A pen. Width 0 means one device pixel at any scale; another width is in logical units.
+/// The lengths of strokes and gaps in turn, device pixels; empty for a style without gaps.
+std::span<const int> DashPatternOf(PenStyle style);
+
+/// A pen. Width 0 means one device pixel at any scale; another width is in logical units. A pen of
+/// more than one pixel draws every style solid.
 struct CPen {
   PenStyle style = PenStyle::Solid;
   std::int32_t width = 0;

@@ -77,6 +77,11 @@ class EmfWriter::Record {
   Record& Rect(const RECT& r) {
     return Number(r.left).Number(r.top).Number(r.right).Number(r.bottom);
   }
+  /// The box of a shape: its right and bottom edges are inside, but without an outline the shape
+  /// comes out one unit smaller.
+  Record& Outline(const RECT& r, const CPen& pen) {
+    return pen.style == PenStyle::Null ? Rect(r) : Inclusive(r);
+  }
   /// A rectangle whose right and bottom edges are inside.
   Record& Inclusive(const RECT& r) {
     return Rect({r.left, r.top, SubSat(r.right, 1), SubSat(r.bottom, 1)});
@@ -104,11 +109,12 @@ class EmfWriter::Record {
 };
 
 std::string EmfWriter::Encode(const Metafile& metafile, CDC& reference,
-                              std::string_view description) {
+                              std::string_view description, const RECT* frame) {
   EmfWriter writer(metafile, reference);
   writer.WriteSetUp();
   for (const Metafile::Record& call : metafile.records) writer.WriteCall(call);
   writer.WriteEnd();
+  if (frame != nullptr) writer.bounds = *frame;
   return writer.Header(description) + writer.body;
 }
 
@@ -220,10 +226,10 @@ void EmfWriter::WriteCall(const Metafile::Record& call) {
   switch (call.kind) {
     case Kind::Polyline: WritePoints(RecordType::Polyline, call.points); return;
     case Kind::Polygon: WritePoints(RecordType::Polygon, call.points); return;
-    case Kind::Rectangle: Append(Record(RecordType::Rectangle).Inclusive(call.rect)); break;
-    case Kind::Ellipse: Append(Record(RecordType::Ellipse).Inclusive(call.rect)); break;
+    case Kind::Rectangle: Append(Record(RecordType::Rectangle).Outline(call.rect, call.pen)); break;
+    case Kind::Ellipse: Append(Record(RecordType::Ellipse).Outline(call.rect, call.pen)); break;
     case Kind::RoundRect:
-      Append(Record(RecordType::RoundRect).Inclusive(call.rect).Size(call.corner));
+      Append(Record(RecordType::RoundRect).Outline(call.rect, call.pen).Size(call.corner));
       break;
     case Kind::Arc:
       Append(

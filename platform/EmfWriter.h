@@ -15,8 +15,10 @@ class CDC;
 class EmfWriter {
  public:
   /// `reference` measures the texts as the recording did; `description` is two ASCII texts, the
-  /// program and the picture, with a NUL between them.
-  static std::string Encode(const Metafile& metafile, CDC& reference, std::string_view description);
+  /// program and the picture, with a NUL between them. The picture is `frame`, logical units, or
+  /// without one the box of all that is drawn.
+  static std::string Encode(const Metafile& metafile, CDC& reference, std::string_view description,
+                            const RECT* frame = nullptr);
 
  private:
   enum class RecordType : std::uint32_t;

@@ -37,6 +37,9 @@ class Metafile {
     BitMask mask;
   };
 
+  /// Moves all that is drawn, logical units.
+  void MoveBy(POINT offset);
+
   std::vector<Record> records;
   std::vector<CFont> fonts;
 };

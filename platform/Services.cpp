@@ -54,6 +54,7 @@ class NoDialogs : public Dialogs {
   std::optional<std::string> AskSavePath(const FileFilter&, const std::string&) override {
     return std::nullopt;
   }
+  std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return std::nullopt; }
   std::optional<COLORREF> AskColor(COLORREF) override { return std::nullopt; }
   std::optional<FontChoice> AskFont(const FontChoice&) override { return std::nullopt; }
 };

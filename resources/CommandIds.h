@@ -46,6 +46,7 @@ enum CommandId : unsigned {
   ID_GENERATE_CSHARP = 32888,
   ID_GENERATE_JAVA = 32889,
   ID_GENERATE_XML = 32890,
+  ID_FILE_EXPORT = 32891,
 
   // Frames and bars
   ID_MENU_BAR = 32797,

@@ -1,12 +1,13 @@
 #include "shell/CommandLine.h"
 
 #include <exception>
+#include <optional>
 #include <ostream>
 
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
-#include "platform/Pictures.h"
 #include "resources/Texts.h"
+#include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 
 namespace {
@@ -32,10 +33,6 @@ std::string LoadChart(const std::string& path, LayoutMgr& chart, bool normalSize
   }
   chart.PlaceWithoutWindow(normalSize);
   return {};
-}
-
-bool IsPictureKind(const std::string& extension) {
-  return extension == ".png" || extension == ".svg" || extension == ".pdf" || extension == ".emf";
 }
 
 }  // namespace
@@ -90,32 +87,20 @@ int CommandLine::RunConvert(std::ostream& err) const {
 }
 
 int CommandLine::RunExport(std::ostream& err) const {
-  if (!IsPictureKind(ExtensionOf(output))) {
+  const ChartPicture::FileKind* kind = ChartPicture::KindOf(output);
+  if (kind == nullptr) {
     err << output << ": " << LoadText(IDS_PICTURE_KIND) << '\n';
     return kWrongUse;
   }
   try {
     LayoutMgr chart;
-    std::string reason = LoadChart(file, chart, true);
-    if (!reason.empty()) return Fail(err, file, reason);
-    const std::string picture = MakePicture(chart, reason);
-    if (!reason.empty()) return Fail(err, file, reason);
-    const std::string unwritten = ModelFile::ReasonOf(ReplaceWholeFile(output, picture));
+    const std::string problem = LoadChart(file, chart, true);
+    if (!problem.empty()) return Fail(err, file, problem);
+    const std::optional<std::string> picture = ChartPicture(chart).MakeFile(*kind);
+    if (!picture) return Fail(err, file, LoadText(IDS_PICTURE_TOO_LARGE));
+    const std::string unwritten = ModelFile::ReasonOf(ReplaceWholeFile(output, *picture));
     return unwritten.empty() ? kSuccess : Fail(err, output, unwritten);
   } catch (const std::exception&) {
     return Fail(err, file, LoadText(IDS_UNKNOWN_ERROR));
   }
-}
-
-std::string CommandLine::MakePicture(LayoutMgr& chart, std::string& reason) const {
-  Pictures& pictures = Service<Pictures>::Get();
-  const SIZE size = chart.PictureSize();
-  const std::string kind = ExtensionOf(output);
-  if (kind == ".svg") return chart.MakeSvg();
-  if (kind == ".emf") return chart.MakeEmf();
-  const Pictures::Paint paint = [&chart](CDC& dc) { chart.DrawPicture(dc); };
-  const auto picture =
-      kind == ".png" ? pictures.MakePng(size, paint) : pictures.MakePdf(size, paint);
-  if (!picture) reason = LoadText(IDS_PICTURE_TOO_LARGE);
-  return picture.value_or("");
 }

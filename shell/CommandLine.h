@@ -30,8 +30,6 @@ class CommandLine {
 
   int RunConvert(std::ostream& err) const;
   int RunExport(std::ostream& err) const;
-  /// The bytes of the picture; empty when it can't be made, with the reason in `reason`.
-  std::string MakePicture(LayoutMgr& chart, std::string& reason) const;
 
   Job job = Job::None;
   std::string output;

@@ -110,13 +110,6 @@ class LayoutMgr : public CScrollView {
   /// Places a chart that was read with no window, for conversions and pictures. It stands at
   /// normal size if `normalSize`, else at its stored zoom.
   void PlaceWithoutWindow(bool normalSize);
-  /// Paints the whole chart as on paper, with its origin at the context's.
-  void DrawPicture(CDC& dc);
-  /// The size of such a picture, logical units: the extent and one model unit on each far side.
-  SIZE PictureSize() const;
-  /// The whole chart as an enhanced metafile, and as SVG.
-  std::string MakeEmf();
-  std::string MakeSvg();
 
   void OnInitialUpdate() override;
   void OnDraw(CDC& dc) override;
@@ -150,6 +143,8 @@ class LayoutMgr : public CScrollView {
   void DeleteSelection();
   void RunSelectionCommand(unsigned id);
   void CopyAsMetafile();
+  void ExportPicture();
+  std::string ExportSuggestion(std::string_view extension) const;
   void ScrollHome();
   void ShowHover(POINT client);
   void HideHover();

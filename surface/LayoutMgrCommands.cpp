@@ -64,6 +64,7 @@ CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
     case ID_EDIT_UNDO:
     case ID_EDIT_REDO:
     case ID_COPY_METAFILE:
+    case ID_FILE_EXPORT:
     case ID_POINTER:
     case ID_TOOL_DRAG_STARTED:
     case ID_MODEL_PROPERTIES:
@@ -122,6 +123,7 @@ bool LayoutMgr::OnCommand(unsigned id) {
     case ID_ZOOM_NORMAL: ChangeZoom(kNormalZoom); break;
     case ID_REFRESH: Invalidate(); break;
     case ID_COPY_METAFILE: CopyAsMetafile(); break;
+    case ID_FILE_EXPORT: ExportPicture(); break;
     case ID_DELETE: DeleteSelection(); break;
     case ID_POINTER:
       EndToolDrag();

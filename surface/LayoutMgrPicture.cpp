@@ -1,61 +1,47 @@
-#include "model/ModelMgr.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CSvgDC.h"
+#include <algorithm>
+
+#include "model/Collection.h"
+#include "platform/CDocument.h"
+#include "platform/CWaitCursor.h"
 #include "platform/Clipboard.h"
-#include "platform/EmfWriter.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
 #include "platform/MessageBox.h"
-#include "platform/Pictures.h"
+#include "platform/Profile.h"
 #include "resources/Texts.h"
+#include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 
-// The whole chart as a picture, painted as on paper: without grid, selection and anchors.
+// The chart handed to other programs: on the clipboard and as a file.
 
 namespace {
-
-/// What an enhanced metafile says of itself: the program and the picture.
-constexpr std::string_view kDescription{"Morvane\0Copy", 12};
 
 constexpr const char* kEmfFormats[] = {"image/x-emf", "image/emf"};
 constexpr const char* kSvgFormat = "image/svg+xml";
 constexpr const char* kPngFormat = "image/png";
 
+/// Where the profile keeps the extension of the kind that was exported last.
+constexpr const char* kExportSection = "Export";
+constexpr const char* kExportKind = "Kind";
+
+/// The place of that kind among all.
+std::size_t LastExportKind() {
+  const std::string last = Service<Profile>::Get().GetString(kExportSection, kExportKind, "");
+  const auto kinds = ChartPicture::FileKinds();
+  const auto found = std::ranges::find(kinds, last, &ChartPicture::FileKind::extension);
+  return found != kinds.end() ? static_cast<std::size_t>(found - kinds.begin()) : 0;
+}
+
 }  // namespace
 
-void LayoutMgr::DrawPicture(CDC& dc) {
-  dc.SetPrinting(true);
-  OnDraw(dc);
-}
-
-SIZE LayoutMgr::PictureSize() const {
-  std::int32_t right = 0;
-  std::int32_t bottom = 0;
-  GetChartExtent(right, bottom);
-  return {ToLogical(AddSat(right, 1)), ToLogical(AddSat(bottom, 1))};
-}
-
-std::string LayoutMgr::MakeEmf() {
-  const std::unique_ptr<CDC> reference = Service<Pictures>::Get().ReferenceDC();
-  CMetaFileDC dc(*reference);
-  DrawPicture(dc);
-  return EmfWriter::Encode(dc.Close(), *reference, kDescription);
-}
-
-std::string LayoutMgr::MakeSvg() {
-  const std::unique_ptr<CDC> reference = Service<Pictures>::Get().ReferenceDC();
-  CSvgDC dc(*reference, PictureSize());
-  DrawPicture(dc);
-  return dc.Close();
-}
-
 void LayoutMgr::CopyAsMetafile() {
+  const ChartPicture picture(*this);
   std::vector<Clipboard::Item> items;
-  const std::string emf = MakeEmf();
+  const std::string emf = picture.MakeEmf();
   for (const char* format : kEmfFormats) items.push_back({format, emf});
   // For programs that read no metafile.
-  items.push_back({kSvgFormat, MakeSvg()});
-  const auto png =
-      Service<Pictures>::Get().MakePng(PictureSize(), [this](CDC& dc) { DrawPicture(dc); });
-  if (png) items.push_back({kPngFormat, *png});
+  items.push_back({kSvgFormat, picture.MakeSvg()});
+  if (auto png = picture.MakePng()) items.push_back({kPngFormat, *std::move(png)});
 
   switch (Service<Clipboard>::Get().Put(items)) {
     case ClipboardError::None: ShowMessage(LoadText(IDS_METAFILE_COPIED)); break;
@@ -63,5 +49,38 @@ void LayoutMgr::CopyAsMetafile() {
     case ClipboardError::Empty: ShowMessage(LoadText(IDS_CLIPBOARD_ERROR), MB_ICONHAND); break;
     case ClipboardError::Set:
     case ClipboardError::Get: ShowMessage(LoadText(IDS_CLIPBOARD_ERROR)); break;
+  }
+}
+
+/// The chart's own path with another extension.
+std::string LayoutMgr::ExportSuggestion(std::string_view extension) const {
+  const CDocument* document = GetDocument();
+  std::string name = document == nullptr ? LoadText(IDS_UNTITLED) : document->GetPathName();
+  if (name.empty()) name = document->GetTitle();
+  const std::string former = ExtensionOf(name);
+  if (FileNameOf(name).size() > former.size()) name.resize(name.size() - former.size());
+  return name.append(extension);
+}
+
+void LayoutMgr::ExportPicture() {
+  const auto kinds = ChartPicture::FileKinds();
+  Dialogs::ExportRequest request;
+  for (const auto& kind : kinds) {
+    request.kinds.push_back({Translate(kind.filter), std::string(kind.extension)});
+  }
+  request.kind = LastExportKind();
+  request.suggestion = ExportSuggestion(kinds[request.kind].extension);
+  request.hasSelection = !GetSelection().IsEmpty();
+  const auto answer = Service<Dialogs>::Get().AskExport(request);
+  if (!answer) return;
+  std::string reason;
+  {
+    const CWaitCursor wait;
+    reason = ChartPicture(*this, answer->selectionOnly).Save(answer->path);
+  }
+  if (reason.empty()) {
+    Service<Profile>::Get().WriteString(kExportSection, kExportKind, ExtensionOf(answer->path));
+  } else {
+    ShowMessage(answer->path + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
   }
 }

@@ -1,9 +1,9 @@
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 
 #include <QPainterPath>
+#include <QTextLayout>
 
 #include "platform/qt/LineClip.h"
 #include "platform/qt/PixelRuns.h"
@@ -15,25 +15,9 @@
 
 namespace {
 
-constexpr std::array<int, 2> kDash{18, 6};
-constexpr std::array<int, 2> kDot{3, 3};
-constexpr std::array<int, 4> kDashDot{9, 6, 3, 6};
-constexpr std::array<int, 6> kDashDotDot{9, 3, 3, 3, 3, 3};
 /// Room around the visible part in which the ends of cut lines lie.
 constexpr double kFarMargin = 64;
 constexpr double kWidestPen = 2000;
-
-std::span<const int> PatternOf(PenStyle style) {
-  switch (style) {
-    case PenStyle::Dash: return kDash;
-    case PenStyle::Dot: return kDot;
-    case PenStyle::DashDot: return kDashDot;
-    case PenStyle::DashDotDot: return kDashDotDot;
-    case PenStyle::Solid:
-    case PenStyle::Null: break;
-  }
-  return {};
-}
 
 QColor ToColor(COLORREF c) {
   return {static_cast<int>(GetRValue(c)), static_cast<int>(GetGValue(c)),
@@ -56,6 +40,19 @@ QPointF StepBack(QPointF from, QPointF to, double half) {
   return length > 0 ? d * (-half / length) : QPointF();
 }
 
+/// Paints a line of text as it is laid out for a screen. A page of a finer resolution would set the
+/// letters further apart.
+void PaintLaidOut(QPainter& painter, QPointF baseline, const QFont& font, const QString& text) {
+  constexpr double unlimited = 1e6;
+  QTextLayout layout(text, font);
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  if (!line.isValid()) return;
+  line.setLineWidth(unlimited);
+  layout.endLayout();
+  line.draw(&painter, baseline - QPointF(0, line.ascent()));
+}
+
 }  // namespace
 
 bool QtDC::IsPenThin() const { return GetPen().width <= 1 || PenWidth() <= hairline; }
@@ -69,7 +66,7 @@ double QtDC::PenWidth() const {
 std::vector<int> QtDC::DashLengths() const {
   std::vector<int> lengths;
   if (!IsPenThin()) return lengths;
-  for (const int length : PatternOf(GetPen().style)) {
+  for (const int length : DashPatternOf(GetPen().style)) {
     lengths.push_back(std::max(1, static_cast<int>(std::lround(length * dot))));
   }
   return lengths;
@@ -335,6 +332,8 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
   }
   if (glyphs != nullptr) {
     painter.drawGlyphRun(baseline, *glyphs);
+  } else if (page) {
+    PaintLaidOut(painter, baseline, font.Font(), QtFont::Printable(utf8));
   } else {
     painter.setFont(font.Font());
     painter.drawText(baseline, QtFont::Printable(utf8));

@@ -1,8 +1,12 @@
 #include "platform/qt/QtDialogs.h"
 
+#include <algorithm>
+
 #include <QApplication>
+#include <QCheckBox>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QGridLayout>
 
 #include "platform/Files.h"
 #include "platform/qt/DialogParent.h"
@@ -14,10 +18,26 @@ namespace {
 
 constexpr const char* kAllFiles = "All Files (*)";
 
-std::optional<std::string> Ask(QFileDialog& dialog, const Dialogs::FileFilter& filter) {
-  dialog.setNameFilters({ToQString(filter.text), ToQString(Translate(kAllFiles))});
+QStringList FiltersFor(const Dialogs::FileFilter& filter) {
+  return {ToQString(filter.text), ToQString(Translate(kAllFiles))};
+}
+
+std::optional<std::string> Run(QFileDialog& dialog) {
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return FromQPath(dialog.selectedFiles().constFirst());
+}
+
+/// A check box below all else that the dialog shows. Only the toolkit's own dialog has room for
+/// one.
+QCheckBox* AddCheckBox(QFileDialog& dialog, const QString& text) {
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  auto* box = new QCheckBox(text, &dialog);
+  auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
+  if (grid != nullptr) {
+    constexpr int wholeRow = -1;
+    grid->addWidget(box, grid->rowCount(), 0, 1, wholeRow);
+  }
+  return box;
 }
 
 }  // namespace
@@ -26,7 +46,8 @@ std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
   QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Open")),
                      ToQPath(lastFolder));
   dialog.setFileMode(QFileDialog::ExistingFile);
-  const auto path = Ask(dialog, filter);
+  dialog.setNameFilters(FiltersFor(filter));
+  const auto path = Run(dialog);
   if (path) lastFolder = FolderOf(*path);
   return path;
 }
@@ -34,17 +55,42 @@ std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
 std::optional<std::string> QtDialogs::AskSavePath(const FileFilter& filter,
                                                   const std::string& suggestion) {
   QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Save As")));
+  dialog.setDefaultSuffix(ToQString(filter.extension));
+  dialog.setNameFilters(FiltersFor(filter));
+  return RunSave(dialog, suggestion);
+}
+
+std::optional<std::string> QtDialogs::RunSave(QFileDialog& dialog, const std::string& suggestion) {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setDefaultSuffix(ToQString(filter.extension));
   const std::string folder = FolderOf(suggestion);
   if (!folder.empty() || !lastFolder.empty()) {
     dialog.setDirectory(ToQPath(folder.empty() ? lastFolder : folder));
   }
   dialog.selectFile(ToQPath(FileNameOf(suggestion)));
-  const auto path = Ask(dialog, filter);
+  const auto path = Run(dialog);
   if (path) lastFolder = FolderOf(*path);
   return path;
+}
+
+std::optional<Dialogs::ExportAnswer> QtDialogs::AskExport(const ExportRequest& request) {
+  QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Export")));
+  const QCheckBox* selectionOnly =
+      request.hasSelection ? AddCheckBox(dialog, ToQString(Translate("Selection &only"))) : nullptr;
+  QStringList filters;
+  for (const FileFilter& kind : request.kinds) filters << ToQString(kind.text);
+  dialog.setNameFilters(filters);
+  const auto start = static_cast<qsizetype>(request.kind);
+  dialog.selectNameFilter(filters.value(start));
+  const auto takeSuffix = [&](const QString& filter) {
+    const qsizetype kind = std::max<qsizetype>(filters.indexOf(filter), 0);
+    dialog.setDefaultSuffix(ToQString(request.kinds[static_cast<std::size_t>(kind)].extension));
+  };
+  takeSuffix(filters.value(start));
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, takeSuffix);
+  const auto path = RunSave(dialog, request.suggestion);
+  if (!path) return std::nullopt;
+  return ExportAnswer{*path, selectionOnly != nullptr && selectionOnly->isChecked()};
 }
 
 std::optional<COLORREF> QtDialogs::AskColor(COLORREF start) {

@@ -1,7 +1,5 @@
-#include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
-#include <set>
 
 #include "platform/CMetaFileDC.h"
 #include "platform/CNullDC.h"
@@ -9,94 +7,20 @@
 #include "platform/EmfWriter.h"
 #include "platform/Utf16.h"
 #include "resources/CommandIds.h"
+#include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
+#include "tests/support/EmfReader.h"
 #include "tests/support/Scripted.h"
 
 namespace {
 
-enum RecordType : std::uint32_t {
-  kHeader = 1,
-  kEndOfFile = 14,
-  kSelectObject = 37,
-  kCreatePen = 38,
-  kCreateBrush = 39,
-  kDeleteObject = 40,
-  kRectangle = 43,
-  kCreateFont = 82,
-  kExtTextOut = 84
-};
-
-/// Reads a metafile record by record and holds it to the rules of the format.
-class EmfReader {
- public:
-  explicit EmfReader(std::string bytes) : emf(std::move(bytes)) {
-    std::size_t at = 0;
-    while (at + 8 <= emf.size()) {
-      const auto size = Get<std::uint32_t>(at + 4);
-      if (size < 8 || size % 4 != 0 || at + size > emf.size()) break;
-      offsets.push_back(at);
-      FollowHandles(at);
-      at += size;
-    }
-    EXPECT_EQ(at, emf.size()) << "the sizes of the records add up";
-  }
-
-  template <class Value>
-  Value Get(std::size_t at) const {
-    Value v{};
-    std::memcpy(&v, emf.data() + at, sizeof v);
-    return v;
-  }
-  std::uint32_t TypeOf(std::size_t record) const { return Get<std::uint32_t>(offsets[record]); }
-  std::size_t CountOf(std::uint32_t type) const {
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < offsets.size(); ++i) count += TypeOf(i) == type ? 1 : 0;
-    return count;
-  }
-  RECT RectAtOffset(std::size_t at) const {
-    return {Get<std::int32_t>(at), Get<std::int32_t>(at + 4), Get<std::int32_t>(at + 8),
-            Get<std::int32_t>(at + 12)};
-  }
-
-  void CheckFrame() const {
-    ASSERT_GE(offsets.size(), 2U);
-    EXPECT_EQ(TypeOf(0), kHeader);
-    EXPECT_EQ(TypeOf(offsets.size() - 1), kEndOfFile);
-    EXPECT_EQ(emf.substr(40, 4), " EMF");
-    EXPECT_EQ(Get<std::uint32_t>(48), emf.size());
-    EXPECT_EQ(Get<std::uint32_t>(52), offsets.size());
-    EXPECT_EQ(Get<std::uint16_t>(56), greatestHandle + 1U);
-    EXPECT_TRUE(alive.empty()) << "every handle is given back";
-    EXPECT_EQ(Get<std::uint32_t>(emf.size() - 4), 20U);
-  }
-
-  std::string emf;
-  std::vector<std::size_t> offsets;
-
- private:
-  void FollowHandles(std::size_t at) {
-    const auto type = Get<std::uint32_t>(at);
-    const auto handle = Get<std::uint32_t>(at + 8);
-    if (type == kCreatePen || type == kCreateBrush || type == kCreateFont) {
-      EXPECT_TRUE(alive.insert(handle).second);
-      greatestHandle = std::max(greatestHandle, handle);
-    } else if (type == kSelectObject && handle < 0x80000000U) {
-      EXPECT_EQ(alive.count(handle), 1U) << "a handle exists before its use";
-    } else if (type == kDeleteObject) {
-      EXPECT_EQ(alive.erase(handle), 1U);
-    }
-  }
-
-  std::set<std::uint32_t> alive;
-  std::uint32_t greatestHandle = 0;
-};
-
 TEST(Emf, AChartBecomesAValidMetafile) {
   const auto chart = LoadChart(SmallChart());
-  const EmfReader reader(chart->MakeEmf());
+  const EmfReader reader(ChartPicture(*chart).MakeEmf());
   reader.CheckFrame();
-  EXPECT_EQ(reader.CountOf(kExtTextOut), 5U) << "name, two headings, two lines of the note";
+  EXPECT_EQ(reader.CountOf(EmfReader::kExtTextOut), 5U)
+      << "name, two headings, two lines of the note";
   const RECT bounds = reader.RectAtOffset(8);
   EXPECT_EQ(bounds.left, 17 * 6) << "the state, at six units to the model unit";
   EXPECT_EQ(bounds.right, 52 * 6 - 1) << "the note; the edge is inside";
@@ -105,9 +29,10 @@ TEST(Emf, AChartBecomesAValidMetafile) {
 }
 
 TEST(Emf, AnEmptyChartHasNoContent) {
-  const EmfReader reader(LoadChart(ChartText(""))->MakeEmf());
+  const auto chart = LoadChart(ChartText(""));
+  const EmfReader reader(ChartPicture(*chart).MakeEmf());
   reader.CheckFrame();
-  EXPECT_EQ(reader.CountOf(kExtTextOut) + reader.CountOf(kRectangle), 0U);
+  EXPECT_EQ(reader.CountOf(EmfReader::kExtTextOut) + reader.CountOf(EmfReader::kRectangle), 0U);
 }
 
 TEST(Emf, TextsKeepTheirLettersClipAndAdvances) {
@@ -122,7 +47,7 @@ TEST(Emf, TextsKeepTheirLettersClipAndAdvances) {
   const EmfReader reader(EmfWriter::Encode(dc.Close(), reference, "Program"));
   reader.CheckFrame();
   for (std::size_t i = 0; i < reader.offsets.size(); ++i) {
-    if (reader.TypeOf(i) != kExtTextOut) continue;
+    if (reader.TypeOf(i) != EmfReader::kExtTextOut) continue;
     const std::size_t at = reader.offsets[i];
     EXPECT_EQ(reader.RectAtOffset(at + 8), (RECT{3, 4, 11, 7}));
     EXPECT_EQ(reader.Get<std::uint32_t>(at + 44), 3U) << "UTF-16 units";
@@ -137,14 +62,14 @@ TEST(Emf, TextsKeepTheirLettersClipAndAdvances) {
     EXPECT_EQ(reader.Get<std::int32_t>(at + advances + 4), 5);
     EXPECT_EQ(reader.Get<std::int32_t>(at + advances + 8), 0);
   }
-  EXPECT_EQ(reader.CountOf(kExtTextOut), 1U);
+  EXPECT_EQ(reader.CountOf(EmfReader::kExtTextOut), 1U);
 }
 
 TEST(Emf, ExtremeCoordinates) {
   const int low = std::numeric_limits<int>::min();
   const int high = std::numeric_limits<int>::max();
   const auto chart = LoadChart(ChartText(StateRecord(1, {low, low, high, high})));
-  EmfReader(chart->MakeEmf()).CheckFrame();
+  EmfReader(ChartPicture(*chart).MakeEmf()).CheckFrame();
 }
 
 /// A clipboard that keeps what it gets, or refuses at a step.

@@ -34,6 +34,7 @@
 #include "states/FinalState.h"
 #include "states/GenericState.h"
 #include "states/InitialState.h"
+#include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "surface/ObjectMenus.h"
 #include "tests/support/Charts.h"
@@ -172,6 +173,8 @@ TEST_P(LanguageLibrary, HasEveryTextOfMenusAndPrompts) {
 }
 
 TEST_P(LanguageLibrary, HasEveryTextOfDialogs) {
+  for (const auto& kind : ChartPicture::FileKinds()) ExpectTranslated(kind.filter);
+  ExpectTranslated("Selection &only");
   const AllDialogs dialogs;
   EXPECT_EQ(dialogs.names, DialogClasses()) << "a dialog is not looked at here";
   for (const CDialog* dialog : dialogs.all) {

@@ -14,6 +14,7 @@
 #include "platform/Clipboard.h"
 #include "resources/CommandIds.h"
 #include "states/GenericState.h"
+#include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
 
@@ -233,7 +234,7 @@ TEST(View, PaintsByLayersAndOnlyWhatShows) {
                                      StateRecord(1, box, "first") + StateRecord(2, box, "second")));
   CNullDC reference;
   CMetaFileDC dc(reference);
-  chart->DrawPicture(dc);
+  ChartPicture(*chart).Paint(dc);
   std::vector<std::string> texts;
   for (const Metafile::Record& record : dc.Close().records) {
     if (record.kind == Metafile::Kind::TextOut) texts.push_back(record.text);
@@ -248,7 +249,7 @@ TEST(View, AStateIsPaintedByItsMeasures) {
   const auto chart = Shown(ChartText(StateRecord(1, {10, 10, 20, 18}, "Name")));
   CNullDC reference;
   CMetaFileDC dc(reference);
-  chart->DrawPicture(dc);
+  ChartPicture(*chart).Paint(dc);
   const Metafile recorded = dc.Close();
   ASSERT_GE(recorded.records.size(), 3U);
   const Metafile::Record& body = recorded.records[0];

@@ -35,6 +35,7 @@ ScriptedDialogs::~ScriptedDialogs() {
   Service<Dialogs>::Set(former);
   EXPECT_TRUE(opens.empty()) << "a dialog for opening was not asked for";
   EXPECT_TRUE(saves.empty()) << "a dialog for saving was not asked for";
+  EXPECT_TRUE(exports.empty()) << "a dialog for an export was not asked for";
   EXPECT_TRUE(colors.empty()) << "a dialog for a colour was not asked for";
   EXPECT_TRUE(fonts.empty()) << "a dialog for a font was not asked for";
 }
@@ -47,12 +48,13 @@ void ScriptedDialogs::ExpectSave(std::optional<std::string> path) {
   saves.push_back(std::move(path));
 }
 
-std::optional<std::string> ScriptedDialogs::Take(Answers& answers, const char* what) {
+template <class Answer>
+std::optional<Answer> ScriptedDialogs::Take(Answers<Answer>& answers, const char* what) {
   if (answers.empty()) {
     ADD_FAILURE() << "unexpected dialog for " << what;
     return std::nullopt;
   }
-  std::optional<std::string> answer = answers.front();
+  std::optional<Answer> answer = answers.front();
   answers.pop_front();
   return answer;
 }
@@ -65,6 +67,15 @@ std::optional<std::string> ScriptedDialogs::AskSavePath(const FileFilter&,
                                                         const std::string& suggestion) {
   lastSuggestion = suggestion;
   return Take(saves, "saving");
+}
+
+void ScriptedDialogs::ExpectExport(std::optional<ExportAnswer> answer) {
+  exports.push_back(std::move(answer));
+}
+
+std::optional<Dialogs::ExportAnswer> ScriptedDialogs::AskExport(const ExportRequest& request) {
+  lastExport = request;
+  return Take(exports, "an export");
 }
 
 void ScriptedDialogs::ExpectColor(COLORREF start, std::optional<COLORREF> chosen) {

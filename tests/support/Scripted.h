@@ -45,17 +45,21 @@ class ScriptedDialogs : public Dialogs {
 
   void ExpectOpen(std::optional<std::string> path);
   void ExpectSave(std::optional<std::string> path);
+  void ExpectExport(std::optional<ExportAnswer> answer);
   /// The next colour dialog has to start from one colour, and gives the other.
   void ExpectColor(COLORREF start, std::optional<COLORREF> chosen);
   void ExpectFont(std::optional<FontChoice> chosen);
   /// What the last dialog for a font started from.
   const FontChoice& LastFont() const { return lastFont; }
+  /// What the last dialog for an export was asked for.
+  const ExportRequest& LastExport() const { return lastExport; }
   /// What the last dialog for saving proposed.
   const std::string& LastSuggestion() const { return lastSuggestion; }
 
   std::optional<std::string> AskOpenPath(const FileFilter& filter) override;
   std::optional<std::string> AskSavePath(const FileFilter& filter,
                                          const std::string& suggestion) override;
+  std::optional<ExportAnswer> AskExport(const ExportRequest& request) override;
   std::optional<COLORREF> AskColor(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
 
@@ -64,11 +68,15 @@ class ScriptedDialogs : public Dialogs {
     COLORREF start;
     std::optional<COLORREF> chosen;
   };
-  using Answers = std::deque<std::optional<std::string>>;
-  static std::optional<std::string> Take(Answers& answers, const char* what);
+  template <class Answer>
+  using Answers = std::deque<std::optional<Answer>>;
+  template <class Answer>
+  static std::optional<Answer> Take(Answers<Answer>& answers, const char* what);
 
-  Answers opens;
-  Answers saves;
+  Answers<std::string> opens;
+  Answers<std::string> saves;
+  Answers<ExportAnswer> exports;
+  ExportRequest lastExport;
   std::deque<ExpectedColor> colors;
   std::deque<std::optional<FontChoice>> fonts;
   FontChoice lastFont;

@@ -35,7 +35,7 @@ TEST(MenuTableTest, StartMenuIsPartOfTheChartMenu) {
       count += entry.id != 0 ? 1 : 0;
     }
   }
-  EXPECT_EQ(count, 51U);
+  EXPECT_EQ(count, 52U);
   for (const MenuPopup& popup : StartMenu()) {
     for (const MenuEntry& entry : popup.entries) EXPECT_EQ(chart.count(entry.id), 1U);
   }
