@@ -3,7 +3,6 @@
 
 #include "platform/CMetaFileDC.h"
 #include "platform/CNullDC.h"
-#include "platform/Clipboard.h"
 #include "platform/EmfWriter.h"
 #include "platform/Utf16.h"
 #include "resources/CommandIds.h"
@@ -11,6 +10,7 @@
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
 #include "tests/support/EmfReader.h"
+#include "tests/support/FakeClipboard.h"
 #include "tests/support/Scripted.h"
 
 namespace {
@@ -71,27 +71,6 @@ TEST(Emf, ExtremeCoordinates) {
   const auto chart = LoadChart(ChartText(StateRecord(1, {low, low, high, high})));
   EmfReader(ChartPicture(*chart).MakeEmf()).CheckFrame();
 }
-
-/// A clipboard that keeps what it gets, or refuses at a step.
-class FakeClipboard : public Clipboard {
- public:
-  FakeClipboard() : former(Service<Clipboard>::Set(this)) {}
-  ~FakeClipboard() override { Service<Clipboard>::Set(former); }
-  ClipboardError Put(const std::vector<Item>& put) override {
-    if (failure == ClipboardError::None) items = put;
-    return failure;
-  }
-  std::optional<std::string> Get(const std::string&, ClipboardError&) override {
-    return std::nullopt;
-  }
-  bool IsAvailable(const std::string&) override { return false; }
-
-  ClipboardError failure = ClipboardError::None;
-  std::vector<Item> items;
-
- private:
-  Clipboard* former;
-};
 
 TEST(CopyAsMetafile, PutsThePictureInSeveralFormats) {
   FakeClipboard clipboard;

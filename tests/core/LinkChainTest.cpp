@@ -240,6 +240,17 @@ std::optional<RouteCrossing> SlowSearch(const std::vector<RouteSegment>& route) 
   return std::nullopt;
 }
 
+TEST(LinkChain, TheEndLinksNeverShrinkToAPoint) {
+  HeadLink head(nullptr);
+  TailLink tail(&head, nullptr);
+  for (Link* link : std::initializer_list<Link*>{&head, &tail}) {
+    link->SetEnds({10, 10}, {11, 10});
+    link->SetEnds({5, 5}, {5, 5});
+    EXPECT_EQ(link->start, (POINT{10, 10}));
+    EXPECT_EQ(link->end, (POINT{11, 10}));
+  }
+}
+
 TEST(LinkCrossing, LongRoutesGiveWhatComparingEachWithEachGives) {
   Dice dice(2);
   int found = 0;

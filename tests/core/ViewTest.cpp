@@ -17,6 +17,9 @@
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
+#include "tests/support/FakeClipboard.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/Scripted.h"
 
 namespace {
 
@@ -217,6 +220,57 @@ TEST(View, PasteDropsWhatCantStandAlone) {
   ASSERT_NE(pasted, nullptr);
   EXPECT_EQ(pasted->GetSource(), nullptr);
   EXPECT_NE(pasted->GetTarget(), nullptr);
+}
+
+TEST(View, AClipboardThatCannotBeUsedIsSaidAndChangesNothing) {
+  FakeClipboard clipboard;
+  ScriptedMessageBoxes boxes;
+  const auto chart = Shown(SmallChart());
+  const std::string before = chart->ModelText();
+  // A message without its transition is nothing to paste.
+  const std::string lonely = MesgRecord(5, 3, {1, 1, 9, 9});
+  const std::string garbled = "BEGIN InitialState 7\nno number\n";
+  const std::string tornBlock = NoteRecord(8, {1, 1, 9, 9}, "5\nTEXTBEGIN\nab\nTEXTEND\n");
+  for (const std::string& text : {lonely, garbled, tornBlock}) {
+    clipboard.items = {{ModelClipboard::kFormat, text + '\0' + "behind the end"}};
+    boxes.Expect(text == lonely    ? "The data from clipboard cannot be pasted"
+                 : text == garbled ? "Invalid File"
+                                   : "Invalid or Corrupt File");
+    chart->OnCommand(ID_EDIT_PASTE);
+    EXPECT_EQ(chart->ModelText(), before);
+    EXPECT_FALSE(chart->OnUpdateCommand(ID_EDIT_UNDO).enabled);
+  }
+  for (const std::string text : {"", "no record\n", "BEGIN Unknown 1\n1\n"}) {
+    clipboard.items = {{ModelClipboard::kFormat, text}};
+    if (!text.empty()) boxes.Expect("cannot be pasted");
+    chart->OnCommand(ID_EDIT_PASTE);
+    EXPECT_EQ(chart->ModelText(), before) << text;
+  }
+  Select(*chart, {102});
+  clipboard.failure = ClipboardError::Open;
+  for (const unsigned command : {ID_EDIT_PASTE, ID_EDIT_COPY}) {
+    boxes.Expect("Error accessing clipboard");
+    chart->OnCommand(command);
+    EXPECT_EQ(boxes.LastFlags(), MB_OK);
+    EXPECT_EQ(chart->ModelText(), before);
+  }
+}
+
+TEST(View, KeysScrollThePaper) {
+  const auto chart = LoadChart(SmallChart());
+  FakeWindow window(*chart);
+  chart->ApplyZoom();
+  const struct {
+    VirtualKey key;
+    POINT position;
+  } cases[] = {{VirtualKey::Right, {6, 0}}, {VirtualKey::Down, {6, 6}}, {VirtualKey::Next, {6, 42}},
+               {VirtualKey::Left, {0, 42}}, {VirtualKey::Up, {0, 36}},  {VirtualKey::Prior, {0, 0}},
+               {VirtualKey::Next, {0, 36}}, {VirtualKey::Home, {0, 0}}};
+  for (const auto& c : cases) {
+    EXPECT_TRUE(chart->OnKeyDown(c.key, 0));
+    EXPECT_EQ(chart->GetScrollPosition(), c.position) << static_cast<int>(c.key);
+  }
+  EXPECT_FALSE(chart->OnKeyDown(VirtualKey::End, 0));
 }
 
 TEST(View, CutTakesTheObjectsOut) {

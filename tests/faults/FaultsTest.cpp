@@ -119,6 +119,25 @@ TEST_F(FaultsTest, MemoryThatRunsOutWhileReadingIsSaid) {
   }
 }
 
+TEST_F(FaultsTest, MemoryThatRunsOutWhileSavingIsSaid) {
+  View().GetProperties().Author = "Another";
+  bool failed = true;
+  int request = 0;
+  while (failed) {
+    constexpr std::size_t large = 512;  // a copy of the text; message boxes get by with less
+    const std::size_t shown = boxes.Shown().size();
+    boxes.Expect("");
+    Faults::FailMemory(++request, large);
+    const bool saved = document.OnSaveDocument(Chart());
+    failed = Faults::Disarm();
+    EXPECT_EQ(Contents().size(), 2U);
+    if (!failed || saved) document.OnSaveDocument(folder.Path("none/chart.mrv"));
+    EXPECT_EQ(boxes.Shown().size(), shown + 1);
+  }
+  EXPECT_GT(request, 2);
+  EXPECT_EQ(Contents().at("chart.mrv"), ModelFile::ToDisk(View().ModelText()));
+}
+
 /// What a child process does before it is killed in the middle of a file.
 int KilledWhile(const std::function<void()>& writing) {
   const pid_t child = fork();

@@ -1,12 +1,8 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QProcess>
-#include <QTimer>
 #include <QToolBar>
 
 #include "dialogs/PrinterSetup.h"
@@ -20,6 +16,7 @@
 #include "tests/support/Charts.h"
 #include "tests/support/Scripted.h"
 #include "tests/support/TempFolder.h"
+#include "tests/ui/NextWindow.h"
 
 namespace {
 
@@ -56,17 +53,6 @@ class PrintWindow : public testing::Test {
       if (image.isNull()) return pages;
       pages.push_back(image.convertToFormat(QImage::Format_RGB32));
     }
-  }
-  /// Does something in the window that opens next.
-  template <class Window, class Act>
-  static void InNext(Act act) {
-    QTimer::singleShot(0, [act] {
-      auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
-      ASSERT_NE(window, nullptr);
-      QApplication::processEvents();
-      act(*window);
-      window->close();
-    });
   }
   static QAction* Button(QtPrintPreview& preview, const QString& text) {
     for (QAction* action : preview.findChild<QToolBar*>()->actions()) {
@@ -131,7 +117,7 @@ TEST_F(PrintWindow, PrintToFitFillsThePage) {
 TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
   const auto chart = LoadChart(ChartText(StateRecord(1, {20, 20, 250, 100})));
   bool wasOpen = false;
-  InNext<QtPrintPreview>([&](QtPrintPreview& preview) {
+  InNextWindow<QtPrintPreview>([&](QtPrintPreview& preview) {
     wasOpen = true;
     auto* view = preview.findChild<QPrintPreviewWidget*>();
     EXPECT_EQ(view->pageCount(), 2);
@@ -149,7 +135,7 @@ TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
     Button(preview, "All Pages")->trigger();
     EXPECT_EQ(view->viewMode(), QPrintPreviewWidget::AllPagesView);
 
-    InNext<QPrintDialog>([](QPrintDialog& dialog) { dialog.accept(); });
+    InNextWindow<QPrintDialog>([](QPrintDialog& dialog) { dialog.accept(); });
     Button(preview, "Print...")->trigger();
     EXPECT_EQ(Pages().size(), 2U);
     EXPECT_TRUE(preview.isVisible());
@@ -160,7 +146,7 @@ TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
 
 TEST_F(PrintWindow, PreviewSaysWhyThereIsNothingToShow) {
   const auto far = LoadChart(ChartText(StateRecord(1, {0, 0, 2000000000, 2000000000})));
-  InNext<QtPrintPreview>([](QtPrintPreview& preview) {
+  InNextWindow<QtPrintPreview>([](QtPrintPreview& preview) {
     EXPECT_NE(Position(preview).find("too large"), std::string::npos);
     EXPECT_FALSE(Button(preview, "Print...")->isEnabled());
   });
@@ -180,7 +166,7 @@ TEST_F(PrintWindow, AFileThatCannotBeWrittenIsSaid) {
 
 TEST_F(PrintWindow, CancelPrintsNothing) {
   const auto chart = Example();
-  InNext<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+  InNextWindow<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
   chart->OnCommand(ID_FILE_PRINT);
   EXPECT_TRUE(Pages().empty());
 }

@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include "connectors/Mesg.h"
+#include "connectors/Transition.h"
+#include "model/Collection.h"
+#include "model/ConnectableRectShape.h"
+#include "model/ModelMgr.h"
+#include "platform/PopupMenus.h"
+#include "platform/ShellOpen.h"
+#include "resources/CommandIds.h"
+#include "shell/HelpCommands.h"
+#include "states/GenericState.h"
+#include "surface/LayoutMgr.h"
+#include "tests/support/Charts.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/Scripted.h"
+
+namespace {
+
+/// Chooses a command in every menu that opens, and keeps what the menu showed.
+class ChosenMenus : public PopupMenus {
+ public:
+  ChosenMenus() : former(Service<PopupMenus>::Set(this)) {}
+  ~ChosenMenus() override { Service<PopupMenus>::Set(former); }
+  unsigned Track(const std::vector<Item>& items, POINT) override {
+    shown = items;
+    return choice;
+  }
+  CommandState StateOf(unsigned id) const {
+    for (const Item& item : shown) {
+      if (item.id == id) return item.state;
+    }
+    return {};
+  }
+
+  unsigned choice = 0;
+  std::vector<Item> shown;
+
+ private:
+  PopupMenus* former;
+};
+
+class ContextMenu : public testing::Test {
+ protected:
+  ContextMenu() : chart(LoadChart(SmallChart())), window(*chart) {
+    transition = Find<Transition>(*chart, 103);
+  }
+  /// Opens the menu of an object and chooses a command in it.
+  void Choose(Shape* shape, unsigned id) {
+    menus.choice = id;
+    chart->GetModel().ShowObjectMenu(shape, 0, 0);
+  }
+
+  ChosenMenus menus;
+  ScriptedMessageBoxes boxes;
+  std::unique_ptr<LayoutMgr> chart;
+  FakeWindow window;
+  Transition* transition = nullptr;
+};
+
+TEST_F(ContextMenu, OfATransitionFollowsItsMessage) {
+  Choose(transition, 0);
+  EXPECT_TRUE(menus.StateOf(ID_TRANSITION_ADD_MESG).enabled);
+  EXPECT_FALSE(menus.StateOf(ID_TRANSITION_DELETE_MESG).enabled);
+  EXPECT_FALSE(menus.StateOf(ID_TRANSITION_ALIGN_MESG).enabled);
+
+  Choose(transition, ID_TRANSITION_ADD_MESG);
+  Mesg* mesg = transition->GetMesg();
+  ASSERT_NE(mesg, nullptr);
+  chart->GetModel().SelectOnly(mesg);
+  POINT away{40, 20};
+  chart->GetSelection().Broadcast(BROADCAST_MOVE, &away, nullptr);
+  Choose(transition, ID_TRANSITION_ALIGN_MESG);
+  EXPECT_FALSE(menus.StateOf(ID_TRANSITION_ADD_MESG).enabled);
+  EXPECT_TRUE(menus.StateOf(ID_TRANSITION_ALIGN_MESG).enabled);
+  EXPECT_TRUE(mesg->IsAligned());
+  Choose(mesg, 0);
+  EXPECT_FALSE(menus.StateOf(ID_MESG_ALIGN).enabled);
+
+  Choose(transition, ID_TRANSITION_DELETE_MESG);
+  EXPECT_EQ(transition->GetMesg(), nullptr);
+  for (const auto answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+    boxes.Expect("Please confirm deletion", answer);
+    Choose(transition, ID_TRANSITION_DELETE);
+    EXPECT_EQ(boxes.LastFlags(), 0x114U);
+    EXPECT_EQ(FindShape(*chart, 103) == nullptr, answer == MessageAnswer::Yes);
+  }
+}
+
+TEST_F(ContextMenu, OpensWhereThePointerIsAndRunsItsCommand) {
+  auto* state = Find<GenericState>(*chart, 102);
+  const RECT box = chart->ToClient(state->GetBounds());
+  menus.choice = ID_SHOW_ANCHORS;
+  chart->OnContextMenu(CentreOf(box));
+  EXPECT_TRUE(menus.StateOf(ID_SHOW_ANCHORS).checked);
+  EXPECT_FALSE(state->AreAnchorsShown());
+  chart->OnContextMenu(CentreOf(box));
+  EXPECT_FALSE(menus.StateOf(ID_SHOW_ANCHORS).checked);
+  menus.choice = ID_BRING_TO_FRONT;
+  chart->OnContextMenu(CentreOf(box));
+  boxes.Expect("Please confirm deletion", MessageAnswer::Yes);
+  menus.choice = ID_STATE_DELETE;
+  chart->OnContextMenu(CentreOf(box));
+  EXPECT_EQ(FindShape(*chart, 102), nullptr);
+  // Where nothing is, the menu is that of the chart.
+  menus.choice = ID_ZOOM_IN;
+  chart->OnContextMenu({1100, 850});
+  EXPECT_EQ(chart->GetZoom(), LayoutMgr::kNormalZoom + 1);
+}
+
+/// A desktop that answers every wish to open something in one way.
+class FakeDesktop : public ShellOpen {
+ public:
+  FakeDesktop() : former(Service<ShellOpen>::Set(this)) {}
+  ~FakeDesktop() override { Service<ShellOpen>::Set(former); }
+  OpenResult OpenFile(const std::string& path) override { return opened = path, result; }
+  OpenResult OpenWeb(const std::string& address) override { return opened = address, result; }
+
+  OpenResult result = OpenResult::Opened;
+  std::string opened;
+
+ private:
+  ShellOpen* former;
+};
+
+TEST(HelpCommands, SayWhatCannotBeOpened) {
+  constexpr const char* address = "https://morvane.halvern.example";
+  const struct {
+    unsigned command;
+    OpenResult result;
+    const char* opened;
+    const char* message;
+  } cases[] = {
+      {ID_USER_GUIDE, OpenResult::Opened, "Morvane-UserGuide.pdf", nullptr},
+      {ID_TUTORIAL, OpenResult::Failed, "Morvane-Tutorial.pdf", nullptr},
+      {ID_USER_GUIDE, OpenResult::NotFound, "Morvane-UserGuide.pdf", "Help file not found"},
+      {ID_TUTORIAL, OpenResult::NoProgram, "Morvane-Tutorial.pdf", "Please manually open : "},
+      {ID_WEB_PAGE, OpenResult::Opened, address, nullptr},
+      {ID_WEB_PAGE, OpenResult::NotFound, address, nullptr},
+      {ID_WEB_PAGE, OpenResult::NoProgram, address, "Please go to web page : "}};
+  FakeDesktop desktop;
+  ScriptedMessageBoxes boxes;
+  for (const auto& c : cases) {
+    desktop.result = c.result;
+    if (c.message != nullptr) boxes.Expect(c.message);
+    EXPECT_TRUE(HelpCommands::Run(c.command));
+    EXPECT_NE(desktop.opened.find(c.opened), std::string::npos) << desktop.opened;
+    if (c.result == OpenResult::NoProgram) {
+      EXPECT_TRUE(boxes.Shown().back().ends_with(desktop.opened));
+    }
+  }
+  EXPECT_FALSE(HelpCommands::Run(ID_APP_ABOUT));
+}
+
+}  // namespace

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/Clipboard.h"
+
+/// A clipboard that keeps what it gets, or refuses at a step.
+class FakeClipboard : public Clipboard {
+ public:
+  FakeClipboard() : former(Service<Clipboard>::Set(this)) {}
+  ~FakeClipboard() override { Service<Clipboard>::Set(former); }
+
+  ClipboardError Put(const std::vector<Item>& put) override {
+    if (failure == ClipboardError::None) items = put;
+    return failure;
+  }
+  std::optional<std::string> Get(const std::string& format, ClipboardError& error) override {
+    error = failure;
+    if (failure != ClipboardError::None || !IsAvailable(format)) return std::nullopt;
+    return items.front().bytes;
+  }
+  bool IsAvailable(const std::string& format) override {
+    return !items.empty() && items.front().format == format;
+  }
+
+  ClipboardError failure = ClipboardError::None;
+  std::vector<Item> items;
+
+ private:
+  Clipboard* former;
+};
