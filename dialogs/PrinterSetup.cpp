@@ -1,7 +1,7 @@
 #include "dialogs/PrinterSetup.h"
 
 #include "platform/DataExchange.h"
-#include "platform/Dialogs.h"
+#include "platform/Printing.h"
 
 PrinterSetup::PrinterSetup() : CDialog("Print Setup") {
   Add(DialogControl::Kind::CheckBox, IDC_PRINT_TO_FIT, "Print to Fit");
@@ -14,5 +14,5 @@ void PrinterSetup::DoDataExchange(DataExchange& exchange) {
 }
 
 void PrinterSetup::OnClicked(int id) {
-  if (id == IDC_PRINTER) Service<Dialogs>::Get().SetUpPrinter();
+  if (id == IDC_PRINTER) Service<Printing>::Get().SetUpPrinter();
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "platform/CDC.h"
+#include "platform/CPrintInfo.h"
+#include "platform/ViewPages.h"
 #include "platform/WindowPeer.h"
 
 void CScrollView::SetScrollSizes(SIZE totalSize, SIZE pageSize) {
@@ -79,3 +81,11 @@ void CScrollView::UpdateBars() {
     Peer()->SetScrollBar(bar, GetScrollLimit(bar), ScrollStep(), PageStep(bar), GetScrollPos(bar));
   }
 }
+
+bool CScrollView::DoPreparePrinting(CPrintInfo& info) {
+  return info.preview || Service<Printing>::Get().AskPrinter(info, ViewPages(*this).Title());
+}
+
+void CScrollView::OnFilePrint(bool direct) { ViewPages(*this).RunPrint(direct); }
+
+void CScrollView::OnFilePrintPreview() { ViewPages(*this).RunPreview(); }

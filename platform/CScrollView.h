@@ -3,6 +3,7 @@
 #include "platform/CWnd.h"
 
 class CDocument;
+class CPrintInfo;
 
 /// A window onto a larger surface, scrolled in device pixels. It belongs to a document.
 class CScrollView : public CWnd {
@@ -34,9 +35,25 @@ class CScrollView : public CWnd {
   /// The wish to close the window; true lets it close.
   virtual bool OnClose() { return true; }
 
+  // Printing calls these in their order; see ViewPages.
+  /// Chooses the printer and the pages; false on Cancel.
+  virtual bool OnPreparePrinting(CPrintInfo& info) { return DoPreparePrinting(info); }
+  /// Divides the surface into pages of the context and sets their number in `info`.
+  virtual void OnBeginPrinting(CDC& /*dc*/, CPrintInfo& /*info*/) {}
+  /// Paints the page `info.curPage`.
+  virtual void OnPrint(CDC& dc, CPrintInfo& /*info*/) { OnDraw(dc); }
+  virtual void OnEndPrinting(CDC& /*dc*/, CPrintInfo& /*info*/) {}
+  /// Lets the user choose how the surface is put on paper.
+  virtual void OnFilePrintSetup() {}
+
   void OnSize() override;
 
  protected:
+  /// The print dialog, unless the pages are for the screen.
+  bool DoPreparePrinting(CPrintInfo& info);
+  /// Prints, or shows the pages in a window.
+  void OnFilePrint(bool direct);
+  void OnFilePrintPreview();
   /// The smallest distance that the surface scrolls by.
   virtual int ScrollStep() const { return 1; }
   void UpdateBars();

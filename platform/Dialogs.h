@@ -47,9 +47,6 @@ class Dialogs {
   virtual std::optional<COLORREF> AskColor(COLORREF start) = 0;
   /// A face, a size and a colour for text on the screen; nothing on Cancel.
   virtual std::optional<FontChoice> AskFont(const FontChoice& start) = 0;
-  /// Lets the user set paper, orientation and margins of the printer. They hold until the program
-  /// ends.
-  virtual void SetUpPrinter() = 0;
   static Dialogs& Default();
 };
 

@@ -9,6 +9,7 @@
 #include "platform/MessageBox.h"
 #include "platform/Pictures.h"
 #include "platform/PopupMenus.h"
+#include "platform/Printing.h"
 #include "platform/Profile.h"
 
 // What stands in for each service of the desktop until a real one is set: they need no display.
@@ -56,7 +57,14 @@ class NoDialogs : public Dialogs {
   std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return std::nullopt; }
   std::optional<COLORREF> AskColor(COLORREF) override { return std::nullopt; }
   std::optional<FontChoice> AskFont(const FontChoice&) override { return std::nullopt; }
+};
+
+class NoPrinting : public Printing {
+ public:
+  bool AskPrinter(CPrintInfo&, const std::string&) override { return false; }
   void SetUpPrinter() override {}
+  std::unique_ptr<PrintJob> StartJob(const std::string&) override { return nullptr; }
+  void ShowPreview(PrintedPages&) override {}
 };
 
 class NoPopupMenus : public PopupMenus {
@@ -110,5 +118,10 @@ WaitCursors& WaitCursors::Default() {
 
 Pictures& Pictures::Default() {
   static NoPictures service;
+  return service;
+}
+
+Printing& Printing::Default() {
+  static NoPrinting service;
   return service;
 }

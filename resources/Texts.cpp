@@ -69,6 +69,15 @@ constexpr std::array kTexts = {
     Text{IDS_SAVE_CHANGES, "Save changes to %1?"},
     Text{IDS_PICTURE_TOO_LARGE, "The chart is too large for a picture of this kind"},
     Text{IDS_PICTURE_KIND, "Pictures end in .png, .svg, .pdf or .emf"},
+    Text{IDS_PRINT_NO_ROOM,
+         "The page has no room to print on.\n\nPlease choose another paper or smaller margins."},
+    Text{IDS_PRINT_TOO_LARGE,
+         "The chart is too large for that many pages.\n\n"
+         "Please choose \"Print to Fit\" in the print setup."},
+    Text{IDS_PRINT_NO_SUCH_PAGE, "The chart does not have these pages"},
+    Text{IDS_PRINT_FAILED, "The printer does not take the chart"},
+    Text{IDS_PRINT_PAGE, "Page %1 of %2"},
+    Text{IDS_SETTINGS_UNSAVED, "The settings cannot be saved"},
     Text{IDS_LINE_TOO_LONG, "A line of this text is too long to be edited here"},
 };
 

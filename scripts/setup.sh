@@ -9,6 +9,7 @@ packages=(
   libqt6svg6           # also the plugins that draw SVG icons
   fonts-dejavu-core    # stands in for Verdana
   qt6-translations-l10n # the toolkit's own texts in the languages of the program
+  poppler-utils        # shows the tests what a document's pages look like
   libgtest-dev libbenchmark-dev
   poppler-utils        # tests look at PDF pictures through pdftoppm
   desktop-file-utils appstream shared-mime-info # check what the desktop reads

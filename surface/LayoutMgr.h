@@ -73,6 +73,8 @@ class LayoutMgr : public CScrollView {
   void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const;
   bool IsGridShown() const { return showGrid; }
   bool IsPrintedToFit() const { return printToFit != 0; }
+  int GetPagesAcross() const { return pagesAcross; }
+  int GetPagesDown() const { return pagesDown; }
 
   Shape* FindShapeNear(const POINT& client, Layer layer) const;
   /// Asks for a repaint of rectangles in device pixels.
@@ -112,6 +114,11 @@ class LayoutMgr : public CScrollView {
   void OnInitialUpdate() override;
   void OnDraw(CDC& dc) override;
   bool OnScrollBy(SIZE distance) override;
+  bool OnPreparePrinting(CPrintInfo& info) override;
+  void OnBeginPrinting(CDC& dc, CPrintInfo& info) override;
+  void OnPrint(CDC& dc, CPrintInfo& info) override;
+  void OnEndPrinting(CDC& dc, CPrintInfo& info) override;
+  void OnFilePrintSetup() override;
   void OnLButtonDown(unsigned flags, POINT p) override;
   void OnLButtonUp(unsigned flags, POINT p) override;
   void OnLButtonDblClk(unsigned flags, POINT p) override;
@@ -149,7 +156,7 @@ class LayoutMgr : public CScrollView {
   bool IsEnabled(unsigned id) const;
   void EditModelProperties();
   void FindAndReplace();
-  void SetUpPrint();
+  void SetPrintMapping(CDC& dc) const;
   void GenerateFile(GeneratorKind kind);
   bool EnsureModelSaved();
   void Undo();
@@ -167,6 +174,10 @@ class LayoutMgr : public CScrollView {
   ModelProperties properties;
   std::unique_ptr<ModelMgr> model;
   bool showGrid = true;
+  SIZE printWindowExt;    ///< of the print mapping, logical units
+  SIZE printViewportExt;  ///< of the print mapping, device pixels of the printer
+  int pagesAcross = 1;
+  int pagesDown = 1;
   std::int32_t printToFit = 0;  ///< the whole chart goes on one page; not stored
   std::unique_ptr<UndoHistory> undoHistory;
   ObjectBrowser* objectTree = nullptr;

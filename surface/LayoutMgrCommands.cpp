@@ -1,6 +1,5 @@
 #include "codegen/GeneratorKind.h"
 #include "dialogs/FindReplaceDlg.h"
-#include "dialogs/PrinterSetup.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "model/ObjectBrowser.h"
@@ -78,6 +77,9 @@ CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
     case ID_GENERATE_JAVA:
     case ID_GENERATE_XML:
     case ID_FILE_PRINT_SETUP:
+    case ID_FILE_PRINT:
+    case ID_FILE_PRINT_DIRECT:
+    case ID_FILE_PRINT_PREVIEW:
     case ID_FILE_SAVE: return CommandState::Enabled(IsEnabled(id));
     case ID_TOOL_STATE:
     case ID_TOOL_TRANSITION:
@@ -111,12 +113,6 @@ void LayoutMgr::FindAndReplace() {
   FindReplaceDlg(*model).DoModal();
   Invalidate();
   TakeSnapshot();
-}
-
-void LayoutMgr::SetUpPrint() {
-  PrinterSetup dialog;
-  dialog.printToFit = printToFit;
-  if (dialog.DoModal()) printToFit = dialog.printToFit;
 }
 
 bool LayoutMgr::OnCommand(unsigned id) {
@@ -154,7 +150,10 @@ bool LayoutMgr::OnCommand(unsigned id) {
       TakeSnapshot();
       break;
     case ID_FIND_REPLACE: FindAndReplace(); break;
-    case ID_FILE_PRINT_SETUP: SetUpPrint(); break;
+    case ID_FILE_PRINT_SETUP: OnFilePrintSetup(); break;
+    case ID_FILE_PRINT:
+    case ID_FILE_PRINT_DIRECT: OnFilePrint(id == ID_FILE_PRINT_DIRECT); break;
+    case ID_FILE_PRINT_PREVIEW: OnFilePrintPreview(); break;
     case ID_GENERATE_CPP:
     case ID_GENERATE_C:
     case ID_GENERATE_CSHARP:

@@ -15,6 +15,8 @@ namespace {
 constexpr double kNearPixels = 30000;
 constexpr double kNearUnits = 4e6;
 constexpr double kMillimetresPerInch = 25.4;
+/// Dots of a pen to the inch of paper: a logical unit, as at the normal size of the screen.
+constexpr double kDotsPerInch = 120;
 /// A line of text shows no more than this many bytes on any device.
 constexpr std::size_t kMaxLineBytes = 32768;
 
@@ -40,12 +42,23 @@ QtDC::QtDC(QPaintDevice& device, double scale, SIZE size, QtFontCache& fonts)
 }
 
 void QtDC::Begin(const QRegion* clip) {
-  hairline = std::max(1, static_cast<int>(std::floor(scale)));
+  SetDot(scale);
   painter.setRenderHint(QPainter::TextAntialiasing);
   if (clip == nullptr) return;
   const QRegion inside = clip->intersected(clipBox);
   painter.setClipRegion(inside);
   clipBox = inside.boundingRect();
+}
+
+void QtDC::SetDot(double physical) {
+  dot = physical;
+  hairline = std::max(1, static_cast<int>(std::floor(dot)));
+}
+
+void QtDC::SetPaper(SIZE area, int pixelsPerInch) {
+  size = area;
+  SetLogPixels(pixelsPerInch);
+  SetDot(scale * pixelsPerInch / kDotsPerInch);
 }
 
 int QtDC::GetDeviceCaps(DeviceCap cap) const {

@@ -32,6 +32,9 @@ class QtDC : public CDC {
   QRect Touched() const { return touched; }
   /// What `GetDeviceCaps` tells of the device's resolution; 96 unless set.
   void SetLogPixels(int perInch) { logPixels = perInch; }
+  /// The device is, or stands for, paper of `area` device pixels that nobody can see one by one: a
+  /// thin pen is as thick as on the screen, and so are its dashes.
+  void SetPaper(SIZE area, int pixelsPerInch);
   QPainter& Painter() { return painter; }
 
   int GetDeviceCaps(DeviceCap cap) const override;
@@ -50,6 +53,7 @@ class QtDC : public CDC {
 
  private:
   void Begin(const QRegion* clip);
+  void SetDot(double physical);
   bool Inverts() const { return !page && GetROP2() == RasterOp::NotXorPen; }
   bool IsPenThin() const;
   double PenWidth() const;
@@ -80,6 +84,7 @@ class QtDC : public CDC {
   SIZE size;  ///< device pixels
   bool page = false;
   int logPixels = 96;
+  double dot = 1;    ///< a pixel of the screen for pens, physical pixels
   int hairline = 1;  ///< thickness of a thin pen, physical pixels
   QRect clipBox;     ///< physical pixels
   QRect touched;

@@ -67,7 +67,7 @@ std::vector<int> QtDC::DashLengths() const {
   std::vector<int> lengths;
   if (!IsPenThin()) return lengths;
   for (const int length : DashPatternOf(GetPen().style)) {
-    lengths.push_back(std::max(1, static_cast<int>(std::lround(length * scale))));
+    lengths.push_back(std::max(1, static_cast<int>(std::lround(length * dot))));
   }
   return lengths;
 }

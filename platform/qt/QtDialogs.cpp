@@ -7,8 +7,6 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QGridLayout>
-#include <QPageSetupDialog>
-#include <QPrinter>
 
 #include "platform/Files.h"
 #include "platform/qt/DialogParent.h"
@@ -43,10 +41,6 @@ QCheckBox* AddCheckBox(QFileDialog& dialog, const QString& text) {
 }
 
 }  // namespace
-
-QtDialogs::QtDialogs() = default;
-
-QtDialogs::~QtDialogs() = default;
 
 std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
   QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Open")),
@@ -113,9 +107,4 @@ std::optional<Dialogs::FontChoice> QtDialogs::AskFont(const FontChoice& start) {
   QtFontDialog dialog(start, DialogParent());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Choice();
-}
-
-void QtDialogs::SetUpPrinter() {
-  if (printer == nullptr) printer = std::make_unique<QPrinter>();
-  QPageSetupDialog(printer.get(), DialogParent()).exec();
 }

@@ -1,29 +1,22 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/Dialogs.h"
 
 class QFileDialog;
-class QPrinter;
 
 /// The desktop's dialogs for files, colours, fonts and the printer.
 class QtDialogs : public Dialogs {
  public:
-  QtDialogs();
-  ~QtDialogs() override;
   std::optional<std::string> AskOpenPath(const FileFilter& filter) override;
   std::optional<std::string> AskSavePath(const FileFilter& filter,
                                          const std::string& suggestion) override;
   std::optional<ExportAnswer> AskExport(const ExportRequest& request) override;
   std::optional<COLORREF> AskColor(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
-  void SetUpPrinter() override;
 
  private:
   /// Runs a dialog for saving from a path on. Nothing on Cancel.
   std::optional<std::string> RunSave(QFileDialog& dialog, const std::string& suggestion);
 
   std::string lastFolder;
-  std::unique_ptr<QPrinter> printer;  ///< made when it is first asked for: to look for one is slow
 };

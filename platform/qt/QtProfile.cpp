@@ -3,13 +3,23 @@
 #include <charconv>
 #include <optional>
 
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
 #include "platform/TextCodec.h"
 #include "platform/qt/QtText.h"
+#include "resources/Texts.h"
 
 namespace {
 
 constexpr const char* kOrganisation = "Halvern";
 constexpr const char* kApplication = "Morvane";
+constexpr int kLockMilliseconds = 1000;
 
 /// The text of a value; nothing if it is no text at all. A comma in a line that somebody wrote by
 /// hand makes a list of it, whose pieces belong together.
@@ -22,14 +32,23 @@ std::optional<std::string> TextOf(const QVariant& value) {
   }
 }
 
-}  // namespace
-
-QtProfile::QtProfile()
-    : settings(QSettings::IniFormat, QSettings::UserScope, kOrganisation, kApplication) {
-  settings.setFallbacksEnabled(false);
+QString UserPath() {
+  return QSettings(QSettings::IniFormat, QSettings::UserScope, kOrganisation, kApplication)
+      .fileName();
 }
 
-QtProfile::QtProfile(const std::string& path) : settings(ToQPath(path), QSettings::IniFormat) {}
+QVariantMap ValuesOf(const QSettings& settings) {
+  QVariantMap values;
+  for (const QString& key : settings.allKeys()) values.insert(key, settings.value(key));
+  return values;
+}
+
+}  // namespace
+
+QtProfile::QtProfile() : QtProfile(FromQPath(UserPath())) {}
+
+QtProfile::QtProfile(const std::string& file)
+    : path(ToQPath(file)), values(ValuesOf(QSettings(path, QSettings::IniFormat))) {}
 
 QString QtProfile::NameOf(const std::string& section, const std::string& key) {
   return section.empty() ? ToQString(key) : ToQString(section) + '/' + ToQString(key);
@@ -37,12 +56,12 @@ QString QtProfile::NameOf(const std::string& section, const std::string& key) {
 
 std::string QtProfile::GetString(const std::string& section, const std::string& key,
                                  const std::string& fallback) {
-  return TextOf(settings.value(NameOf(section, key))).value_or(fallback);
+  return TextOf(values.value(NameOf(section, key))).value_or(fallback);
 }
 
 std::int32_t QtProfile::GetInt(const std::string& section, const std::string& key,
                                std::int32_t fallback) {
-  const std::string text = TextOf(settings.value(NameOf(section, key))).value_or("");
+  const std::string text = TextOf(values.value(NameOf(section, key))).value_or("");
   std::int32_t number = 0;
   const char* const end = text.data() + text.size();
   const auto [stop, failure] = std::from_chars(text.data(), end, number);
@@ -52,13 +71,41 @@ std::int32_t QtProfile::GetInt(const std::string& section, const std::string& ke
 void QtProfile::WriteString(const std::string& section, const std::string& key,
                             const std::string& value) {
   // Bytes that are no UTF-8, as a path may have, go to the file as they are.
-  settings.setValue(NameOf(section, key), IsValidUtf8(value)
-                                              ? QVariant(FromUtf8(value))
-                                              : QVariant(QByteArray::fromStdString(value)));
-  settings.sync();
+  Store(NameOf(section, key), IsValidUtf8(value) ? QVariant(FromUtf8(value))
+                                                 : QVariant(QByteArray::fromStdString(value)));
 }
 
 void QtProfile::WriteInt(const std::string& section, const std::string& key, std::int32_t value) {
-  settings.setValue(NameOf(section, key), QString::number(value));
-  settings.sync();
+  Store(NameOf(section, key), QString::number(value));
+}
+
+void QtProfile::Store(const QString& name, const QVariant& value) {
+  values.insert(name, value);
+  if (StoreInFile(name, value) || failureShown) return;
+  failureShown = true;
+  ShowMessage(LoadText(IDS_SETTINGS_UNSAVED) + "\n\n" + FromQPath(path), MB_ICONEXCLAMATION);
+}
+
+bool QtProfile::StoreInFile(const QString& name, const QVariant& value) {
+  // QSettings takes a file that it could write but half for a whole one, as on a full disk. So it
+  // writes a copy, which is read back before it takes the place of the file.
+  const QTemporaryDir folder;
+  const QString copy = folder.filePath("settings.ini");
+  QDir().mkpath(QFileInfo(path).path());
+  QLockFile lock(path + ".lock");
+  lock.tryLock(kLockMilliseconds);
+  QFile::copy(path, copy);
+  QVariantMap wanted;
+  {
+    QSettings settings(copy, QSettings::IniFormat);
+    settings.setValue(name, value);
+    wanted = ValuesOf(settings);
+  }
+  std::string bytes;
+  if (!ReadWholeFile(FromQPath(copy), bytes).Ok()) return false;
+  const QString again = folder.filePath("again.ini");
+  QFile::copy(copy, again);
+  if (ValuesOf(QSettings(again, QSettings::IniFormat)) != wanted) return false;
+  values.insert(wanted);
+  return ReplaceWholeFile(FromQPath(path), bytes).Ok();
 }

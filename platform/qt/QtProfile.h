@@ -1,12 +1,11 @@
 #pragma once
 
-#include <memory>
-
-#include <QSettings>
+#include <QVariantMap>
 
 #include "platform/Profile.h"
 
-/// The user's settings in an INI file, each section a group, each number as decimal text.
+/// The user's settings in an INI file, each section a group, each number as decimal text. What
+/// other running copies of the program store in it stays.
 class QtProfile : public Profile {
  public:
   /// The user's own file.
@@ -24,5 +23,10 @@ class QtProfile : public Profile {
 
  private:
   static QString NameOf(const std::string& section, const std::string& key);
-  QSettings settings;
+  void Store(const QString& name, const QVariant& value);
+  bool StoreInFile(const QString& name, const QVariant& value);
+
+  QString path;
+  QVariantMap values;
+  bool failureShown = false;  ///< the user knows: a run says it once
 };

@@ -13,6 +13,7 @@ QtServices::QtServices(Use use) {
     Service<Dialogs>::Set(&dialogs);
     Service<MessageBoxes>::Set(&messageBoxes);
     Service<PopupMenus>::Set(&popupMenus);
+    Service<Printing>::Set(&printing);
     Service<UiThread>::Set(&uiThread);
     Service<ShellOpen>::Set(&shellOpen);
     Service<WaitCursors>::Set(&waitCursors);
@@ -25,6 +26,7 @@ QtServices::~QtServices() {
   Service<WaitCursors>::Set(nullptr);
   Service<ShellOpen>::Set(nullptr);
   Service<UiThread>::Set(nullptr);
+  Service<Printing>::Set(nullptr);
   Service<PopupMenus>::Set(nullptr);
   Service<MessageBoxes>::Set(nullptr);
   Service<Dialogs>::Set(nullptr);

@@ -9,6 +9,7 @@
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtPopupMenus.h"
+#include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtShellOpen.h"
 #include "platform/qt/QtUiThread.h"
 #include "platform/qt/QtWaitCursors.h"
@@ -34,6 +35,7 @@ class QtServices {
   QtMessageBoxes messageBoxes;
   QtPictures pictures;
   QtPopupMenus popupMenus;
+  QtPrinting printing;
   QtUiThread uiThread;
   QtShellOpen shellOpen;
   QtWaitCursors waitCursors;

@@ -8,6 +8,7 @@
 #include "tests/support/Charts.h"
 #include "tests/support/NotingBrowser.h"
 #include "tests/support/Scripted.h"
+#include "tests/support/ScriptedPrinting.h"
 
 // The dialogs of the texts of a whole chart.
 
@@ -127,7 +128,7 @@ TEST_F(ModelDialog, EveryBoxOfTheSheetEditsItsField) {
 }
 
 TEST_F(ModelDialog, PrintSetupIsOfTheViewAndNotOfTheChart) {
-  ScriptedDialogs desktop;
+  ScriptedPrinting desktop;
   const std::string before = chart->ModelText();
   for (const bool ok : {false, true}) {
     host.Expect("Print Setup", [ok](CDialog& dialog) {
@@ -140,7 +141,7 @@ TEST_F(ModelDialog, PrintSetupIsOfTheViewAndNotOfTheChart) {
     EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_SETUP));
     EXPECT_EQ(chart->IsPrintedToFit(), ok);
   }
-  EXPECT_EQ(desktop.PrinterSetups(), 2);
+  EXPECT_EQ(desktop.setups, 2);
   EXPECT_EQ(chart->ModelText(), before);
   EXPECT_FALSE(CanUndo());
 }

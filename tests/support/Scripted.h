@@ -49,8 +49,6 @@ class ScriptedDialogs : public Dialogs {
   /// The next colour dialog has to start from one colour, and gives the other.
   void ExpectColor(COLORREF start, std::optional<COLORREF> chosen);
   void ExpectFont(std::optional<FontChoice> chosen);
-  /// How often the printer's setup was opened.
-  int PrinterSetups() const { return printerSetups; }
   /// What the last dialog for a font started from.
   const FontChoice& LastFont() const { return lastFont; }
   /// What the last dialog for an export was asked for.
@@ -64,7 +62,6 @@ class ScriptedDialogs : public Dialogs {
   std::optional<ExportAnswer> AskExport(const ExportRequest& request) override;
   std::optional<COLORREF> AskColor(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
-  void SetUpPrinter() override { ++printerSetups; }
 
  private:
   struct ExpectedColor {
@@ -83,7 +80,6 @@ class ScriptedDialogs : public Dialogs {
   std::deque<ExpectedColor> colors;
   std::deque<std::optional<FontChoice>> fonts;
   FontChoice lastFont;
-  int printerSetups = 0;
   std::string lastSuggestion;
   Dialogs* former;
 };

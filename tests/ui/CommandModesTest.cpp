@@ -44,22 +44,23 @@ class CommandModesTest : public testing::Test {
     }
   }
 
-  /// All commands of menus and bars but the printing that needs a printer.
-  const Commands kAll{ID_FILE_NEW,       ID_FILE_OPEN,        ID_FILE_SAVE,
-                      ID_FILE_SAVE_AS,   ID_FILE_CLOSE,       ID_CLOSE_ALL,
-                      ID_APP_EXIT,       ID_EDIT_UNDO,        ID_EDIT_REDO,
-                      ID_DELETE,         ID_BRING_TO_FRONT,   ID_SEND_TO_BACK,
-                      ID_EDIT_CUT,       ID_EDIT_COPY,        ID_EDIT_PASTE,
-                      ID_COPY_METAFILE,  ID_FILE_EXPORT,      ID_EDIT_SELECT_ALL,
-                      ID_FIND_REPLACE,   ID_MODEL_PROPERTIES, ID_DEFAULT_SETTINGS,
-                      ID_TOOL_STATE,     ID_TOOL_LINE,        ID_REFRESH,
-                      ID_ZOOM_IN,        ID_ZOOM_NORMAL,      ID_ZOOM_OUT,
-                      ID_OBJECT_BROWSER, ID_VIEW_TOOLBAR,     ID_DRAWING_BAR,
-                      ID_CHART_BROWSER,  ID_VIEW_STATUS_BAR,  ID_CODEGEN_PROPERTIES,
-                      ID_GENERATE_CPP,   ID_GENERATE_XML,     ID_WINDOW_CASCADE,
-                      ID_WINDOW_TILE,    ID_WINDOW_ARRANGE,   ID_USER_GUIDE,
-                      ID_TUTORIAL,       ID_WEB_PAGE,         ID_APP_ABOUT,
-                      ID_POINTER};
+  /// The commands of menus and bars.
+  const Commands kAll{ID_FILE_NEW,        ID_FILE_OPEN,        ID_FILE_SAVE,
+                      ID_FILE_SAVE_AS,    ID_FILE_CLOSE,       ID_CLOSE_ALL,
+                      ID_APP_EXIT,        ID_EDIT_UNDO,        ID_EDIT_REDO,
+                      ID_DELETE,          ID_BRING_TO_FRONT,   ID_SEND_TO_BACK,
+                      ID_EDIT_CUT,        ID_EDIT_COPY,        ID_EDIT_PASTE,
+                      ID_COPY_METAFILE,   ID_FILE_EXPORT,      ID_EDIT_SELECT_ALL,
+                      ID_FIND_REPLACE,    ID_MODEL_PROPERTIES, ID_DEFAULT_SETTINGS,
+                      ID_TOOL_STATE,      ID_TOOL_LINE,        ID_REFRESH,
+                      ID_ZOOM_IN,         ID_ZOOM_NORMAL,      ID_ZOOM_OUT,
+                      ID_OBJECT_BROWSER,  ID_VIEW_TOOLBAR,     ID_DRAWING_BAR,
+                      ID_CHART_BROWSER,   ID_VIEW_STATUS_BAR,  ID_CODEGEN_PROPERTIES,
+                      ID_GENERATE_CPP,    ID_GENERATE_XML,     ID_WINDOW_CASCADE,
+                      ID_WINDOW_TILE,     ID_WINDOW_ARRANGE,   ID_USER_GUIDE,
+                      ID_TUTORIAL,        ID_WEB_PAGE,         ID_APP_ABOUT,
+                      ID_POINTER,         ID_FILE_PRINT,       ID_FILE_PRINT_PREVIEW,
+                      ID_FILE_PRINT_SETUP};
   const Commands kAlways{ID_FILE_NEW,     ID_FILE_OPEN,   ID_APP_EXIT,      ID_DEFAULT_SETTINGS,
                          ID_VIEW_TOOLBAR, ID_DRAWING_BAR, ID_CHART_BROWSER, ID_VIEW_STATUS_BAR,
                          ID_USER_GUIDE,   ID_TUTORIAL,    ID_WEB_PAGE,      ID_APP_ABOUT};

@@ -1,4 +1,6 @@
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QBuffer>
 #include <QFile>
@@ -12,6 +14,7 @@
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtProfile.h"
 #include "platform/qt/QtServices.h"
+#include "tests/support/Scripted.h"
 #include "tests/support/TempFolder.h"
 
 namespace {
@@ -24,6 +27,25 @@ void DrawSample(CDC& dc) {
   dc.MoveTo({0, 70});
   dc.LineTo({100, 95});
 }
+
+/// No file of this process can grow beyond a few bytes, as on a full disk.
+class FullDisk {
+ public:
+  FullDisk() : handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &former);
+    rlimit limit = former;
+    limit.rlim_cur = 100;
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, handler);
+  }
+
+ private:
+  void (*handler)(int);
+  rlimit former{};
+};
 
 QImage Decode(const std::string& bytes) {
   return QImage::fromData(QByteArray::fromStdString(bytes), "png");
@@ -70,6 +92,25 @@ TEST(QtProfileTest, ComesBackFromTheFile) {
   std::string text;
   ASSERT_TRUE(ReadWholeFile(path, text).Ok());
   EXPECT_NE(text.find("FontSize=-2147483648"), std::string::npos);
+}
+
+TEST(QtProfileTest, AFullDiskIsSaidOnceAndLeavesTheOldSettings) {
+  const TempFolder folder;
+  const std::string path = folder.Path("settings.ini");
+  const std::string before = "[Settings]\nFontSize=80\n";
+  WriteWholeFile(path, before);
+  ScriptedMessageBoxes boxes;
+  const FullDisk full;
+  {
+    QtProfile profile(path);
+    boxes.Expect("The settings cannot be saved\n\n" + path);
+    profile.WriteString("Settings", "FontName", std::string(5000, 'x'));
+    profile.WriteString("Settings", "FontName", std::string(5000, 'y'));
+    EXPECT_EQ(profile.GetString("Settings", "FontName", "")[0], 'y') << "it holds for this run";
+  }
+  std::string after;
+  ReadWholeFile(path, after);
+  EXPECT_EQ(after, before);
 }
 
 TEST(QtProfileTest, ValueOfTheWrongKindGivesTheFallback) {

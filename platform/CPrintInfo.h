@@ -1,0 +1,19 @@
+#pragma once
+
+/// What a run of printing, or a preview, knows of its pages. Pages count from 1.
+class CPrintInfo {
+ public:
+  static constexpr int kAllPages = 0x7FFFFFFF;
+
+  bool preview = false;  ///< the pages go to the screen: no printer is asked for
+  bool direct = false;   ///< without the print dialog where a printer is known
+  int curPage = 1;       ///< the page that is being printed
+  int fromPage = 1;      ///< what the user chose
+  int toPage = kAllPages;
+
+  void SetMaxPage(int page) { maxPage = page; }
+  int GetMaxPage() const { return maxPage; }
+
+ private:
+  int maxPage = 1;
+};

@@ -1,0 +1,72 @@
+#include "platform/ViewPages.h"
+
+#include <algorithm>
+
+#include "platform/CDC.h"
+#include "platform/CDocument.h"
+#include "platform/CScrollView.h"
+#include "platform/MessageBox.h"
+#include "resources/Texts.h"
+
+std::string ViewPages::Title() const {
+  const CDocument* document = view.GetDocument();
+  return document != nullptr ? document->GetTitle() : LoadText(IDS_UNTITLED);
+}
+
+int ViewPages::Begin(CDC& dc, std::string& problem) {
+  dc.SetPrinting(true);
+  const bool hasRoom =
+      dc.GetDeviceCaps(DeviceCap::HorzRes) > 0 && dc.GetDeviceCaps(DeviceCap::VertRes) > 0 &&
+      dc.GetDeviceCaps(DeviceCap::HorzSize) > 0 && dc.GetDeviceCaps(DeviceCap::VertSize) > 0;
+  if (!hasRoom) {
+    problem = LoadText(IDS_PRINT_NO_ROOM);
+    return 0;
+  }
+  view.OnBeginPrinting(dc, info);
+  if (info.GetMaxPage() <= kMaxPages) return info.GetMaxPage();
+  problem = LoadText(IDS_PRINT_TOO_LARGE);
+  return 0;
+}
+
+void ViewPages::Paint(CDC& dc, int page) {
+  dc.SetPrinting(true);
+  info.curPage = page;
+  view.OnPrint(dc, info);
+}
+
+std::string ViewPages::PrintOn(PrintJob& job) {
+  std::string problem;
+  const int count = Begin(job.DC(), problem);
+  if (!problem.empty()) return problem;
+  const int first = std::max(info.fromPage, 1);
+  const int last = std::min(info.toPage, count);
+  if (first > last) return LoadText(IDS_PRINT_NO_SUCH_PAGE);
+  for (int page = first; page <= last && job.StartPage(last - first + 1); ++page) {
+    Paint(job.DC(), page);
+  }
+  view.OnEndPrinting(job.DC(), info);
+  return job.End();
+}
+
+std::string ViewPages::PrintAll() {
+  const std::unique_ptr<PrintJob> job = Service<Printing>::Get().StartJob(Title());
+  return job != nullptr ? PrintOn(*job) : LoadText(IDS_PRINT_FAILED);
+}
+
+void ViewPages::RunPrint(bool direct) {
+  info = {};
+  info.direct = direct;
+  if (!view.OnPreparePrinting(info)) return;
+  const std::string problem = PrintAll();
+  if (!problem.empty()) ShowMessage(problem, MB_ICONHAND);
+}
+
+void ViewPages::RunPreview() {
+  info = {};
+  info.preview = true;
+  if (view.OnPreparePrinting(info)) Service<Printing>::Get().ShowPreview(*this);
+}
+
+void ViewPages::Print() { ViewPages(view).RunPrint(false); }
+
+void ViewPages::SetUp() { view.OnFilePrintSetup(); }

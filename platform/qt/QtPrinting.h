@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Printing.h"
+#include "platform/qt/QtText.h"
+
+class QPrinter;
+
+/// The desktop's printers by Qt, and documents in PDF files.
+class QtPrinting : public Printing {
+ public:
+  /// Pixels to the inch of the paper. At (1200 / 254)^2 pixels to the millimetre, 567 to the inch,
+  /// the number of pages that a chart counts is just what it takes; a little below it there is room
+  /// for whole millimetres, so that no part of a chart is left out.
+  static constexpr int kResolution = 560;
+
+  QtPrinting();
+  ~QtPrinting() override;
+
+  bool AskPrinter(CPrintInfo& info, const std::string& title) override;
+  void SetUpPrinter() override;
+  std::unique_ptr<PrintJob> StartJob(const std::string& title) override;
+  void ShowPreview(PrintedPages& pages) override;
+
+  /// The printer as it is set up now. It is made when it is first asked for: to look for one is
+  /// slow.
+  QPrinter& Printer();
+
+ private:
+  std::unique_ptr<QPrinter> printer;
+  QtFontCache fonts;
+};

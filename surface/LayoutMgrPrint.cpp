@@ -1,0 +1,72 @@
+#include "dialogs/PrinterSetup.h"
+#include "platform/CDC.h"
+#include "platform/CPrintInfo.h"
+#include "surface/LayoutMgr.h"
+
+// The chart on paper: the same drawing as on the screen, under a mapping of 120 logical units to
+// the inch, cut into pages row by row.
+
+namespace {
+
+constexpr std::int64_t kUnitsPerInch = 120;
+constexpr std::int64_t kMillimetresPerInchTimesTen = 254;
+
+/// A length of the paper in logical units.
+std::int32_t ToPaperUnits(int millimetres) {
+  return Saturate(std::int64_t{millimetres} * kUnitsPerInch * 10 / kMillimetresPerInchTimesTen);
+}
+
+/// How many pages hold `extent`: it counts as device pixels that turn into logical units, and those
+/// as millimetres of the page. Both divisions truncate.
+int CountPages(std::int32_t extent, std::int32_t windowExt, int pixels, int millimetres) {
+  if (pixels <= 0 || millimetres <= 0) return 1;
+  const std::int64_t logical = std::int64_t{extent} * windowExt / pixels;
+  return Saturate(logical / millimetres + 1);
+}
+
+}  // namespace
+
+bool LayoutMgr::OnPreparePrinting(CPrintInfo& info) { return DoPreparePrinting(info); }
+
+void LayoutMgr::SetPrintMapping(CDC& dc) const {
+  dc.SetMapMode(MapMode::Isotropic);
+  dc.SetWindowExt(printWindowExt);
+  dc.SetViewportExt(printViewportExt);
+}
+
+void LayoutMgr::OnBeginPrinting(CDC& dc, CPrintInfo& info) {
+  const SIZE paper{dc.GetDeviceCaps(DeviceCap::HorzSize), dc.GetDeviceCaps(DeviceCap::VertSize)};
+  printWindowExt = {ToPaperUnits(paper.cx), ToPaperUnits(paper.cy)};
+  printViewportExt = {dc.GetDeviceCaps(DeviceCap::HorzRes), dc.GetDeviceCaps(DeviceCap::VertRes)};
+
+  std::int32_t right = 0;
+  std::int32_t bottom = 0;
+  GetChartExtent(right, bottom);
+  const SIZE extent{ToLogical(right), ToLogical(bottom)};
+  if (printToFit != 0 && extent.cx != 0 && extent.cy != 0) {
+    printWindowExt = extent;
+    pagesAcross = 1;
+    pagesDown = 1;
+  } else {
+    pagesAcross = CountPages(extent.cx, printWindowExt.cx, printViewportExt.cx, paper.cx);
+    pagesDown = CountPages(extent.cy, printWindowExt.cy, printViewportExt.cy, paper.cy);
+  }
+  SetPrintMapping(dc);
+  info.SetMaxPage(MulSat(pagesAcross, pagesDown));
+}
+
+void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
+  SetPrintMapping(dc);
+  const int row = (info.curPage - 1) / pagesAcross;
+  const int column = (info.curPage - 1) % pagesAcross;
+  dc.SetViewportOrg({MulSat(-printViewportExt.cx, column), MulSat(-printViewportExt.cy, row)});
+  OnDraw(dc);
+}
+
+void LayoutMgr::OnEndPrinting(CDC& /*dc*/, CPrintInfo& /*info*/) {}
+
+void LayoutMgr::OnFilePrintSetup() {
+  PrinterSetup dialog;
+  dialog.printToFit = printToFit;
+  if (dialog.DoModal()) printToFit = dialog.printToFit;
+}

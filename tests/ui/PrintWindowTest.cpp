@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QProcess>
+#include <QTimer>
+#include <QToolBar>
+
+#include "dialogs/PrinterSetup.h"
+#include "persistence/ModelFile.h"
+#include "platform/Files.h"
+#include "platform/qt/QtPictures.h"
+#include "platform/qt/QtPrintPreview.h"
+#include "platform/qt/QtPrinting.h"
+#include "resources/CommandIds.h"
+#include "surface/LayoutMgr.h"
+#include "tests/support/Charts.h"
+#include "tests/support/Scripted.h"
+#include "tests/support/TempFolder.h"
+
+namespace {
+
+constexpr int kDotsPerInch = 60;
+
+/// The desktop's printing with documents in PDF files.
+class PrintWindow : public testing::Test {
+ protected:
+  PrintWindow() : former(Service<Printing>::Set(&printing)) {
+    SetPath(folder.Path("chart.pdf"));
+    printing.Printer().setPageSize(QPageSize(QPageSize::A4));
+    printing.Printer().setPageMargins({10, 10, 10, 10}, QPageLayout::Millimeter);
+  }
+  ~PrintWindow() override { Service<Printing>::Set(former); }
+
+  void SetPath(const std::string& path) {
+    printing.Printer().setOutputFormat(QPrinter::PdfFormat);
+    printing.Printer().setOutputFileName(QString::fromStdString(path));
+  }
+  static std::unique_ptr<LayoutMgr> Example() {
+    auto chart = std::make_unique<LayoutMgr>();
+    EXPECT_EQ(ModelFile::Load(MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv", *chart), "");
+    chart->PlaceWithoutWindow(true);
+    return chart;
+  }
+  /// The pages of the document, as another program shows them.
+  std::vector<QImage> Pages() {
+    const QString pdf = QString::fromStdString(folder.Path("chart.pdf"));
+    if (!QFile::exists(pdf)) return {};
+    QProcess::execute("pdftoppm", {"-r", QString::number(kDotsPerInch), "-png", pdf, pdf});
+    std::vector<QImage> pages;
+    for (int page = 1;; ++page) {
+      const QImage image(QStringLiteral("%1-%2.png").arg(pdf).arg(page));
+      if (image.isNull()) return pages;
+      pages.push_back(image.convertToFormat(QImage::Format_RGB32));
+    }
+  }
+  /// Does something in the window that opens next.
+  template <class Window, class Act>
+  static void InNext(Act act) {
+    QTimer::singleShot(0, [act] {
+      auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
+      ASSERT_NE(window, nullptr);
+      QApplication::processEvents();
+      act(*window);
+      window->close();
+    });
+  }
+  static QAction* Button(QtPrintPreview& preview, const QString& text) {
+    for (QAction* action : preview.findChild<QToolBar*>()->actions()) {
+      if (action->text() == text) return action;
+    }
+    ADD_FAILURE() << text.toStdString();
+    return nullptr;
+  }
+  static std::string Position(QtPrintPreview& preview) {
+    return preview.findChild<QLabel*>()->text().toStdString();
+  }
+
+  TempFolder folder;
+  QtPrinting printing;
+  Printing* former;
+  ScriptedMessageBoxes boxes;
+};
+
+/// The box of all that is not white.
+QRect InkOf(const QImage& image) {
+  QRect ink;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, y) != qRgb(255, 255, 255)) ink |= QRect(x, y, 1, 1);
+    }
+  }
+  return ink;
+}
+
+TEST_F(PrintWindow, PagesMeetAtTheEdgesOfThePrintableArea) {
+  // One state from the first page to the second: twenty model units to the inch.
+  const auto chart = LoadChart(ChartText(StateRecord(1, {20, 20, 250, 100})));
+  EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_DIRECT));
+  const std::vector<QImage> pages = Pages();
+  ASSERT_EQ(pages.size(), 2U);
+  const double millimetre = kDotsPerInch / 25.4;
+  const double unit = kDotsPerInch / 20.0;
+  const QRect first = InkOf(pages[0]);
+  EXPECT_NEAR(first.left(), 10 * millimetre + 20 * unit, 2);
+  EXPECT_NEAR(first.top(), 10 * millimetre + 20 * unit, 2);
+  EXPECT_NEAR(first.right(), 200 * millimetre, 2) << "nothing shows in the margin";
+  const QRect second = InkOf(pages[1]);
+  EXPECT_NEAR(second.left(), 10 * millimetre, 2);
+  EXPECT_NEAR(first.width() + second.width(), 230 * unit, 4) << "nothing is lost or shown twice";
+  EXPECT_NEAR(second.height(), 80 * unit, 3);
+}
+
+TEST_F(PrintWindow, PrintToFitFillsThePage) {
+  ScriptedDialogHost host;
+  host.Expect("Print Setup", [](CDialog& dialog) {
+    ScriptedDialogHost::Toggle(dialog, PrinterSetup::IDC_PRINT_TO_FIT);
+    ScriptedDialogHost::Press(dialog, IDOK);
+  });
+  const auto chart = Example();
+  chart->OnCommand(ID_FILE_PRINT_SETUP);
+  chart->OnCommand(ID_FILE_PRINT_DIRECT);
+  const std::vector<QImage> pages = Pages();
+  ASSERT_EQ(pages.size(), 1U);
+  EXPECT_NEAR(InkOf(pages[0]).right(), 200 / 25.4 * kDotsPerInch, 2);
+}
+
+TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
+  const auto chart = LoadChart(ChartText(StateRecord(1, {20, 20, 250, 100})));
+  bool wasOpen = false;
+  InNext<QtPrintPreview>([&](QtPrintPreview& preview) {
+    wasOpen = true;
+    auto* view = preview.findChild<QPrintPreviewWidget*>();
+    EXPECT_EQ(view->pageCount(), 2);
+    EXPECT_EQ(Position(preview), "Page 1 of 2");
+    EXPECT_FALSE(Button(preview, "Previous Page")->isEnabled());
+    Button(preview, "Next Page")->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(Position(preview), "Page 2 of 2");
+    EXPECT_FALSE(Button(preview, "Next Page")->isEnabled());
+    const double before = view->zoomFactor();
+    Button(preview, "Zoom In")->trigger();
+    EXPECT_GT(view->zoomFactor(), before);
+    for (int i = 0; i < 40; ++i) Button(preview, "Zoom Out")->trigger();
+    EXPECT_GT(view->zoomFactor(), 0.05);
+    Button(preview, "All Pages")->trigger();
+    EXPECT_EQ(view->viewMode(), QPrintPreviewWidget::AllPagesView);
+
+    InNext<QPrintDialog>([](QPrintDialog& dialog) { dialog.accept(); });
+    Button(preview, "Print...")->trigger();
+    EXPECT_EQ(Pages().size(), 2U);
+    EXPECT_TRUE(preview.isVisible());
+  });
+  EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_PREVIEW));
+  EXPECT_TRUE(wasOpen);
+}
+
+TEST_F(PrintWindow, PreviewSaysWhyThereIsNothingToShow) {
+  const auto far = LoadChart(ChartText(StateRecord(1, {0, 0, 2000000000, 2000000000})));
+  InNext<QtPrintPreview>([](QtPrintPreview& preview) {
+    EXPECT_NE(Position(preview).find("too large"), std::string::npos);
+    EXPECT_FALSE(Button(preview, "Print...")->isEnabled());
+  });
+  far->OnCommand(ID_FILE_PRINT_PREVIEW);
+}
+
+TEST_F(PrintWindow, AFileThatCannotBeWrittenIsSaid) {
+  const auto chart = Example();
+  SetPath("/dev/full");
+  boxes.Expect("No space left on device");
+  chart->OnCommand(ID_FILE_PRINT_DIRECT);
+  EXPECT_EQ(boxes.LastFlags(), MB_ICONHAND);
+  SetPath(folder.Path("none/chart.pdf"));
+  boxes.Expect("none/chart.pdf");
+  chart->OnCommand(ID_FILE_PRINT_DIRECT);
+}
+
+TEST_F(PrintWindow, CancelPrintsNothing) {
+  const auto chart = Example();
+  InNext<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+  chart->OnCommand(ID_FILE_PRINT);
+  EXPECT_TRUE(Pages().empty());
+}
+
+}  // namespace
