@@ -115,15 +115,19 @@ TEST(TextCodec, TakesWhatIsNoUtf8AsWindows1252) {
 TEST(CSvgDC, WritesTextAsTextAndJoinsLines) {
   CNullDC reference;
   CSvgDC dc(reference, {60, 40});
-  dc.SelectPen({PenStyle::Dot, 0, 0x0000FF});
-  dc.MoveTo({1, 2});
-  dc.LineTo({10, 2});
-  dc.LineTo({10, 20});
+  for (const PenStyle style : {PenStyle::Solid, PenStyle::Dot}) {
+    dc.SelectPen({style, 0, 0x0000FF});
+    dc.MoveTo({1, 2});
+    dc.LineTo({10, 2});
+    dc.LineTo({10, 20});
+  }
   const RECT clip{0, 0, 10, 10};
   dc.TextOut({2, 3}, "a<b & \"c\"\x01", &clip);
   const std::string svg = dc.Close();
   EXPECT_NE(svg.find("<path d=\"M1.5,2.5L10.5,2.5L10.5,20.5\""), std::string::npos) << svg;
-  EXPECT_NE(svg.find("stroke=\"#ff0000\" stroke-dasharray"), std::string::npos);
+  EXPECT_NE(svg.find("M1.5,2.5L10.5,2.5M10.5,2.5L10.5,20.5"), std::string::npos)
+      << "each line begins its dashes anew, as on the screen";
+  EXPECT_NE(svg.find("stroke=\"#ff0000\" stroke-dasharray=\"3,3\""), std::string::npos);
   EXPECT_NE(svg.find(">a&lt;b &amp; &quot;c&quot; </text>"), std::string::npos);
   EXPECT_NE(svg.find("clip-path=\"url(#c1)\""), std::string::npos);
   EXPECT_NE(svg.find("<clipPath id=\"c1\"><rect x=\"0\" y=\"0\" width=\"10\" height=\"10\"/>"),
