@@ -16,7 +16,9 @@
 
 namespace {
 
-constexpr const char* kEmfFormats[] = {"image/x-emf", "image/emf"};
+/// What programs know a metafile by; office programs have a name of their own for it.
+constexpr const char* kEmfFormats[] = {
+    "image/x-emf", "image/emf", "application/x-openoffice-emf;windows_formatname=\"Image EMF\""};
 constexpr const char* kSvgFormat = "image/svg+xml";
 constexpr const char* kPngFormat = "image/png";
 
