@@ -4,6 +4,19 @@ namespace {
 
 constexpr int kMostActions = 12;
 
+/// A text as a box holds it, with the line breaks that it has.
+std::string Typed(ByteSource& source, const char* lineBreak) {
+  std::string typed;
+  for (const char letter : source.Text()) {
+    if (letter == '\r' || letter == '\n') {
+      typed += lineBreak;
+    } else {
+      typed += letter;
+    }
+  }
+  return typed;
+}
+
 }  // namespace
 
 AnyUser::AnyUser(ByteSource& source)
@@ -34,8 +47,8 @@ void AnyUser::Use(CDialog& dialog, DialogControl& control) {
   using Kind = DialogControl::Kind;
   if (!control.enabled) return;
   switch (control.kind) {
-    case Kind::Edit:
-    case Kind::MultiEdit: control.text = source.Text(); return;
+    case Kind::Edit: control.text = Typed(source, ""); return;
+    case Kind::MultiEdit: control.text = Typed(source, "\r\n"); return;
     case Kind::CheckBox: control.checked = !control.checked; break;
     case Kind::Combo: control.selection = source.Below(control.itemCount); break;
     case Kind::List:

@@ -12,7 +12,11 @@ class ByteSource {
   bool IsEmpty() const { return next == end; }
   std::uint8_t Byte() { return IsEmpty() ? std::uint8_t{0} : *next++; }
   /// From 0 to below `limit`; 0 for a limit of 0.
-  int Below(int limit) { return limit > 0 ? Word() % limit : 0; }
+  int Below(int limit) {
+    constexpr int values = 0x100;
+    if (limit <= 0) return 0;
+    return (limit <= values ? Byte() : Word()) % limit;
+  }
   bool Flag() { return (Byte() & 1U) != 0; }
   /// A text of up to 15 bytes.
   std::string Text() {
