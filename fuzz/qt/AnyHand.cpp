@@ -5,7 +5,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QMdiArea>
+#include <QMenuBar>
 #include <QMouseEvent>
 
 #include "fuzz/FuzzTarget.h"
@@ -24,8 +24,9 @@
 
 namespace {
 
-/// A chart grows no further by pasting, so that no input takes long.
+/// A chart grows no further by pasting and no more charts are opened, so that no input takes long.
 constexpr std::size_t kMostText = 40000;
+constexpr std::size_t kMostCharts = 4;
 /// A byte reaches over the window in steps of so many pixels.
 constexpr int kStep = 3;
 constexpr int kTextChecks = 16;
@@ -263,6 +264,7 @@ void AnyHand::RunCommand() {
   const unsigned id =
       commands[static_cast<std::size_t>(source.Below(static_cast<int>(commands.size())))];
   const CChildFrame* child = Child();
+  if (id == ID_FILE_NEW && frame->Manager().Documents().size() >= kMostCharts) return;
   if (child != nullptr && (id == ID_EDIT_PASTE || id == ID_EDIT_COPY)) {
     auto* chart = dynamic_cast<LayoutMgr*>(child->View());
     if (chart->ModelText().size() > kMostText) return;
@@ -298,7 +300,7 @@ void AnyHand::ChangeWindow() {
     case 6:
       if (child != nullptr) child->showMaximized();
       break;
-    default: frame->RunCommand(ID_FILE_NEW);
+    default: frame->menuBar()->setFocus();
   }
 }
 

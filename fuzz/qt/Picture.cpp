@@ -17,6 +17,8 @@
 namespace {
 
 constexpr QSize kWindow(500, 400);
+/// A larger picture takes its time whatever the chart is.
+constexpr std::int64_t kMostPixels = std::int64_t{1} << 24;
 
 bool Read(LayoutMgr& chart, const std::string& text) {
   std::istringstream in(text);
@@ -53,8 +55,9 @@ void MakePictures(const std::string& text) {
   chart.PlaceWithoutWindow(true);
   Pictures& pictures = Service<Pictures>::Get();
   const Pictures::Paint paint = [&chart](CDC& dc) { chart.DrawPicture(dc); };
-  pictures.MakePng(chart.PictureSize(), paint);
-  pictures.MakePdf(chart.PictureSize(), paint);
+  const SIZE size = chart.PictureSize();
+  if (std::int64_t{size.cx} * size.cy <= kMostPixels) pictures.MakePng(size, paint);
+  pictures.MakePdf(size, paint);
   Require(!chart.MakeEmf().empty() && !chart.MakeSvg().empty(), "a picture is empty");
 }
 

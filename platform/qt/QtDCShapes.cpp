@@ -337,7 +337,11 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
     painter.drawGlyphRun(baseline, *glyphs);
   } else {
     painter.setFont(font.Font());
-    painter.drawText(baseline, QtFont::Printable(utf8));
+    while (!utf8.empty()) {
+      const std::string_view piece = QtFont::TakePiece(utf8);
+      painter.drawText(baseline, QtFont::Printable(piece));
+      baseline.rx() += font.Advance(piece);
+    }
   }
   if (factor != 1) painter.resetTransform();
 }
