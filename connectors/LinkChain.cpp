@@ -25,6 +25,11 @@ bool RunsFromHeadToTail(std::span<const ChainRecord> records) {
   return false;
 }
 
+bool Slants(const Link* link) {
+  if (!link->IsSegment()) return false;
+  return link->kind == LINK_H ? link->start.y != link->end.y : link->start.x != link->end.x;
+}
+
 /// Lets the chain in front of a segment end in a corner from which the segment can start.
 void LeadTo(SegmentLink* segment, POINT corner) {
   Link* before = segment->prev;
@@ -94,11 +99,12 @@ void LinkChain::Clear() {
 
 /// The tail starts out at the end of the chain and then goes to its place: so the last segment
 /// meets it by the same rules as in a drag. Where that takes the segment away and there was a gap
-/// in front of it, the next one has to meet the tail.
+/// or a slant in front of it, the next one has to meet the tail.
 void LinkChain::JoinTail(POINT stub, POINT anchor) {
   do {
     tail->start = tail->prev->end;
     tail->MoveEnds(stub, anchor);
+    while (Slants(tail->prev)) static_cast<SegmentLink*>(tail->prev)->MoveTo(stub);
   } while (tail->prev->end != tail->start);
 }
 

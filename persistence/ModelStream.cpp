@@ -156,14 +156,16 @@ void ReadTextBlock(std::istream& in, std::string& text, const std::string& begin
   std::string line;
   std::getline(in, line);
   if (line != beginTag) throw LoadText(IDS_CORRUPT_FILE);
+  constexpr std::string_view lineBreak = "\r\n";
   text.clear();
   for (;;) {
     std::getline(in, line);
-    if (line == endTag && !in.fail()) break;
-    if (!HasMore(in)) throw LoadText(IDS_CORRUPT_FILE);
+    // A line that reads like the end tag can stand in the text: the length tells them apart.
+    const std::size_t size = text.empty() ? 0 : text.size() - lineBreak.size();
+    if (line == endTag && !in.fail() && size == length) break;
+    if (!HasMore(in) || size > length) throw LoadText(IDS_CORRUPT_FILE);
     text += line;
-    text += "\r\n";
+    text += lineBreak;
   }
-  if (!text.empty()) text.resize(text.size() - 2);
-  if (text.size() != length) throw LoadText(IDS_CORRUPT_FILE);
+  if (!text.empty()) text.resize(text.size() - lineBreak.size());
 }

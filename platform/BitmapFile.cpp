@@ -76,8 +76,9 @@ std::optional<BitmapFile> ReadBitmapFile(std::istream& file) {
   const auto height = static_cast<std::int32_t>(DoubleWord(info, kHeightAt));
   bitmap.topDown = height < 0;
   bitmap.height = bitmap.topDown ? SubSat(0, height) : height;
-  // Whoever draws it makes a picture of that size.
-  if (std::int64_t{bitmap.width} * bitmap.height > kMaxBytes) return std::nullopt;
+  if (bitmap.width <= 0 || bitmap.height == 0) return std::nullopt;
+  // Whoever draws it makes a picture of that size, with four bytes for a pixel.
+  if (std::int64_t{bitmap.width} * bitmap.height > kMaxBytes / kColorBytes) return std::nullopt;
   bitmap.isPlain = DoubleWord(info, kCompressionAt) == 0;
   bitmap.bitCount = Word(info, kBitCountAt);
 

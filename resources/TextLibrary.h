@@ -14,8 +14,9 @@
 class TextLibrary : public TextSource {
  public:
   /// Takes the texts in place of those that were there. False for bytes that are no library; then
-  /// nothing changes. A line without a tab is passed over, and so is a text with other places to
-  /// fill than the English text of its number.
+  /// nothing changes. A line without a tab is passed over, and so is a text that can't stand for
+  /// the English text of its number: an empty one, one with other places to fill, or several lines
+  /// for one.
   bool Read(std::string_view bytes);
 
   std::optional<std::string> Text(unsigned id) const override;

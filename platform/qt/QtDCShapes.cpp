@@ -336,7 +336,11 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
     PaintLaidOut(painter, baseline, font.Font(), QtFont::Printable(utf8));
   } else {
     painter.setFont(font.Font());
-    painter.drawText(baseline, QtFont::Printable(utf8));
+    while (!utf8.empty()) {
+      const std::string_view piece = QtFont::TakePiece(utf8);
+      painter.drawText(baseline, QtFont::Printable(piece));
+      baseline.rx() += font.Advance(piece);
+    }
   }
   if (factor != 1) painter.resetTransform();
 }

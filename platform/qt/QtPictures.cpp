@@ -1,5 +1,7 @@
 #include "platform/qt/QtPictures.h"
 
+#include <algorithm>
+#include <span>
 #include <unordered_set>
 
 #include <QBuffer>
@@ -31,6 +33,16 @@ class ReferenceContext : public QtDC {
   std::unique_ptr<QImage> image;
 };
 
+std::span<const QRgb> RowOf(const QImage& image, int y) {
+  return {reinterpret_cast<const QRgb*>(image.constScanLine(y)),
+          static_cast<std::size_t>(image.width())};
+}
+
+/// Most rows of a chart are like the one above them, which is seen at a glance.
+bool IsLikeFormer(const QImage& image, int y) {
+  return y > 0 && std::ranges::equal(RowOf(image, y), RowOf(image, y - 1));
+}
+
 /// The colours of a picture in the order of their first pixel; empty if there are too many for a
 /// palette.
 QList<QRgb> PaletteOf(const QImage& image) {
@@ -38,12 +50,13 @@ QList<QRgb> PaletteOf(const QImage& image) {
   std::unordered_set<QRgb> seen;
   QRgb last = 0;
   for (int y = 0; y < image.height(); ++y) {
-    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-    for (int x = 0; x < image.width(); ++x) {
-      if (line[x] == last || !seen.insert(line[x]).second) continue;
-      last = line[x];
+    if (IsLikeFormer(image, y)) continue;
+    for (const QRgb color : RowOf(image, y)) {
+      if (color == last) continue;
+      last = color;
+      if (!seen.insert(color).second) continue;
       if (seen.size() > kPaletteSize) return {};
-      colors << line[x];
+      colors << color;
     }
   }
   return colors;
@@ -58,11 +71,14 @@ QImage ToPalette(const QImage& image, const QList<QRgb>& colors) {
   QRgb last = colors.first();
   uchar index = 0;
   for (int y = 0; y < image.height(); ++y) {
-    const auto* from = reinterpret_cast<const QRgb*>(image.constScanLine(y));
     uchar* to = result.scanLine(y);
-    for (int x = 0; x < image.width(); ++x) {
-      if (from[x] != last) index = indices.value(last = from[x]);
-      to[x] = index;
+    if (IsLikeFormer(image, y)) {
+      std::copy_n(result.constScanLine(y - 1), image.width(), to);
+      continue;
+    }
+    for (const QRgb color : RowOf(image, y)) {
+      if (color != last) index = indices.value(last = color);
+      *to++ = index;
     }
   }
   return result;

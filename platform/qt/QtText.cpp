@@ -14,8 +14,7 @@ namespace {
 constexpr int kMaxPixelSize = 4000;
 constexpr double kSmallestSpacing = 1.0 / 64;
 constexpr const char* kStandInFace = "DejaVu Sans";
-/// Longer texts are measured in pieces, so that no piece is laid out at a cost beyond its length.
-constexpr std::size_t kMeasuredPiece = 4096;
+constexpr std::size_t kLongestPiece = 1024;
 /// Texts up to this length are worth remembering.
 constexpr std::size_t kRememberedLength = 256;
 
@@ -114,15 +113,17 @@ double QtFont::Advance(std::string_view utf8) const {
   return sum;
 }
 
+std::string_view QtFont::TakePiece(std::string_view& utf8) {
+  std::string_view piece = Utf8Prefix(utf8, kLongestPiece);
+  if (piece.empty()) piece = utf8;
+  utf8.remove_prefix(piece.size());
+  return piece;
+}
+
 double QtFont::MeasureLong(std::string_view utf8) const {
   if (utf8.size() > kRememberedLength) {
     double sum = 0;
-    while (!utf8.empty()) {
-      std::string_view piece = Utf8Prefix(utf8, kMeasuredPiece);
-      if (piece.empty()) piece = utf8;
-      sum += metrics.horizontalAdvance(Printable(piece));
-      utf8.remove_prefix(piece.size());
-    }
+    while (!utf8.empty()) sum += metrics.horizontalAdvance(Printable(TakePiece(utf8)));
     return sum;
   }
   const auto key = QByteArray::fromRawData(utf8.data(), static_cast<qsizetype>(utf8.size()));

@@ -35,6 +35,9 @@ class QtFont {
   TextMetrics Metrics() const;
   /// The width of one line in logical units.
   double Advance(std::string_view utf8) const;
+  /// Takes the part off a line that is measured and painted by itself: all of one that isn't very
+  /// long, so that no part is laid out at a cost beyond its length.
+  static std::string_view TakePiece(std::string_view& utf8);
   /// The letters of a line of ASCII, each at its own width, with the baseline's start as origin.
   /// Null if the text holds others or the font lacks one; valid until the next call.
   const QGlyphRun* Glyphs(std::string_view utf8) const;

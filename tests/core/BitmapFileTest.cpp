@@ -118,7 +118,13 @@ INSTANTIATE_TEST_SUITE_P(
         Field("PixelsFollow", kOffset, 0, true), Field("PixelsFarAway", kOffset, 0xFFFFFFFF, false),
         Field("TooManyColours", kColors, 0xFFFFFFFF, false),
         Field("AllColoursOfItsDepth", kColors, 0, false), Field("Huge", kWidth, 0x7FFFFFFF, false),
-        Field("NegativeWidth", kWidth, 0x80000000, false),
+        Field("NegativeWidth", kWidth, 0x80000000, false), Field("NoHeight", kHeight, 0, false),
+        FileCase{"NegativeWidthOfKnownSize",
+                 [](std::string& bytes) {
+                   Put(bytes, kWidth, 0x80000000);
+                   Put(bytes, kImageSize, 8);
+                 },
+                 false},
         Field("NegativeHeightOfUnknownSize", kHeight, 0xFFFFFFFE, false),
         Field("LowestHeight", kHeight, 0x80000000, false),
         Field("DeepPixels", kBits, 0xFFFF, false, 2),

@@ -202,7 +202,8 @@ TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
   TextLibrary library;
   ASSERT_TRUE(
       library.Read("Morvane texts\txx\r\n#5\tcomment\n\nno tab\n&Open...\t&Auf...\r\n"
-                   "7\tone\\ntwo\\\\three\\tfour\n32952\t\n33008\tlost\nbad\\"));
+                   "7\tone\\ntwo\\\\three\\tfour\n32952\t\n33008\tlost\n32955\ttwo\\nlines\n"
+                   "bad\\"));
   EXPECT_EQ(library.Locale(), "xx");
   EXPECT_EQ(library.Text(7), "one\ntwo\\three\tfour");
   EXPECT_FALSE(library.Text(5));
@@ -210,8 +211,9 @@ TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
   TextSource* const former = Service<TextSource>::Set(&library);
   EXPECT_EQ(Translate("&Open...\tCtrl+O"), "&Auf...\tCtrl+O");
   EXPECT_EQ(Translate("Unheard of\tF9"), "Unheard of\tF9");
-  EXPECT_EQ(LoadText(IDS_STATE_NAME), "-MISSING-");
-  EXPECT_EQ(LoadText(IDS_UNTITLED), "");
+  for (const unsigned id : {IDS_UNTITLED, IDS_STATE_NAME}) {
+    EXPECT_EQ(LoadText(id), "-MISSING-") << "a name is one line with something on it";
+  }
   Service<TextSource>::Set(former);
   EXPECT_EQ(LoadText(IDS_STATE_NAME), "State");
 }

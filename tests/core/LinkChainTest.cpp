@@ -121,6 +121,9 @@ TEST(LinkChain, BuildsWhatAFileHolds) {
       {"unknown kinds, no length", {unknown, head, point, down, point, tail}, "0,0 0,1 0,9 0,10"},
       {"stubs of no length", bare, Corners(bare)},
       {"gaps and slants stay", gapped, Corners(gapped)},
+      {"the one before a last link that vanishes",
+       {head, down, {LINK_H, {2, 5}, {9, 5}}, {LINK_TAIL, {2, 4}, {2, 3}}},
+       "0,0 0,1 2,1 2,4 2,3"},
       {"the last link moves to the tail", {head, down, aside}, "0,0 0,1 6,1 6,9 6,10"},
       {"nothing between", {head, aside}, "0,0 0,1 6,1 6,9 6,10"},
       {"no head", {down, tail}, ""},
@@ -202,6 +205,9 @@ TEST(LinkChain, HoldsItsInvariantsThroughAnything) {
     records.push_back({LINK_TAIL, dice.Point(), dice.Point()});
     ASSERT_TRUE(chain.Build(records));
     ASSERT_EQ(chain.Tail()->prev->end, chain.Tail()->start) << "round " << round;
+    LinkChain again(nullptr);
+    ASSERT_TRUE(again.Build(chain.Records()));
+    ASSERT_EQ(Corners(again.Records()), Corners(chain.Records())) << "round " << round;
     chain.Straighten();
     ASSERT_EQ(Fault(chain), "") << "round " << round;
     bool crossed = HasTwins(chain);

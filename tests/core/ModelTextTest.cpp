@@ -140,7 +140,9 @@ TEST(ModelText, TextsKeepEveryByte) {
                                "\x1A control \x7F",
                                "latin \xE4\xF6, utf-8 \xC3\xA4, broken \xC3",
                                std::string(1000, 'x') + "\r\n" + std::string(254, 'y'),
-                               "TEXTBEGIN\r\nBEGIN DATA"};
+                               "TEXTBEGIN\r\nBEGIN DATA",
+                               "TEXTEND",
+                               "a\r\nTEXTEND\r\n"};
   for (const std::string& text : texts) {
     const std::string chart = ChartText(NoteRecord(104, {40, 10, 52, 16}, Block(text)));
     const auto loaded = LoadChart(chart);

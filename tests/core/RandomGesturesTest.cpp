@@ -1,368 +1,38 @@
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
-#include <vector>
 
-#include "connectors/HeadLink.h"
-#include "connectors/Line.h"
-#include "connectors/LinkChain.h"
-#include "connectors/Mesg.h"
-#include "connectors/TailLink.h"
-#include "connectors/Transition.h"
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
-#include "platform/MessageBox.h"
-#include "resources/CommandIds.h"
-#include "shell/CObjectTree.h"
-#include "states/EndableState.h"
-#include "states/StartableState.h"
-#include "surface/HiddenWindow.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/FakeWindow.h"
+#include "tests/support/AgreeingMessageBoxes.h"
+#include "tests/support/ChartHand.h"
 
 namespace {
-
-/// Answers every question with Yes and keeps the texts.
-class AgreeingMessageBoxes : public MessageBoxes {
- public:
-  AgreeingMessageBoxes() : former(Service<MessageBoxes>::Set(this)) {}
-  ~AgreeingMessageBoxes() override { Service<MessageBoxes>::Set(former); }
-  MessageAnswer Show(const std::string&, unsigned flags) override {
-    return (flags & kButtonSetMask) == MB_OK ? MessageAnswer::Ok : MessageAnswer::Yes;
-  }
-
- private:
-  MessageBoxes* former;
-};
 
 int GestureCount() {
   const char* wanted = std::getenv("MORVANE_GESTURES");
   return wanted != nullptr ? std::max(std::atoi(wanted), 1) : 4000;
 }
 
-template <class List, class Member>
-std::ptrdiff_t CountOf(const List& list, const Member& member) {
-  return std::count(list.begin(), list.end(), member);
-}
-
-/// A hand that does anything at all with a chart, the same for the same seed.
-class Hand {
- public:
-  explicit Hand(unsigned seed) : random(seed) {
-    chart.SetObjectTree(&tree);
-    chart.OnInitialUpdate();
-    chart.ApplyZoom();
-  }
-
-  void DoAnything() {
-    switch (Below(22)) {
-      case 0:
-      case 1: PlaceTool(); break;
-      case 2:
-      case 3:
-      case 4: DragFromAnchor(); break;
-      case 5:
-      case 6:
-      case 7: DragObject(); break;
-      case 8:
-      case 9: DragLinkHandle(); break;
-      case 10: DragCorner(); break;
-      case 11: Drag(AnyPoint(), AnyPoint(), MK_CONTROL); break;
-      case 12: Click(AnyPoint(), Below(3) == 0 ? MK_SHIFT : 0U); break;
-      case 13: ObjectCommand(); break;
-      case 14: Command(Below(2) == 0 ? ID_EDIT_UNDO : ID_EDIT_REDO); break;
-      case 15: CopyAndPaste(); break;
-      case 16: Command(std::array{ID_ZOOM_IN, ID_ZOOM_OUT, ID_ZOOM_NORMAL}[Below(3)]); break;
-      case 17: chart.OnScrollBy({Below(400) - 200, Below(400) - 200}); break;
-      case 18: Command(Below(2) == 0 ? ID_BRING_TO_FRONT : ID_SEND_TO_BACK); break;
-      case 19: CancelledDrag(); break;
-      case 20:
-        window.Key(VirtualKey::Escape);
-        Click(AnyPoint(), 0);
-        break;
-      default:
-        if (Below(4) == 0) chart.OnKeyDown(VirtualKey::Delete, 0);
-    }
-  }
-
-  void Check(const std::string& where) {
-    for (Shape* shape : chart.GetModel().Objects()) {
-      if (auto* transition = dynamic_cast<Transition*>(shape)) CheckTransition(*transition, where);
-      if (auto* line = dynamic_cast<Line*>(shape)) CheckLine(*line, where);
-      if (auto* mesg = dynamic_cast<Mesg*>(shape)) {
-        ASSERT_NE(mesg->GetTransition(), nullptr) << where;
-        ASSERT_EQ(mesg->GetTransition()->GetMesg(), mesg) << where;
-      }
-      if (auto* state = dynamic_cast<StartableState*>(shape)) {
-        for (Transition* t : state->GetOutgoing()) ASSERT_EQ(t->GetSource(), state) << where;
-      }
-      if (auto* state = dynamic_cast<EndableState*>(shape)) {
-        for (Transition* t : state->GetIncoming()) ASSERT_EQ(t->GetTarget(), state) << where;
-      }
-    }
-    for (Collectable* member : chart.GetSelection().Members()) {
-      ASSERT_EQ(CountOf(chart.GetModel().Objects(), dynamic_cast<Shape*>(member)), 1) << where;
-    }
-    ASSERT_TRUE(window.IsDrained()) << where;
-  }
-
-  /// The browser has a node for each object, in its place, and no others.
-  void CheckTree(const std::string& where) {
-    std::size_t nodes = 1;
-    for (Shape* shape : chart.GetModel().Objects()) {
-      if (auto* transition = dynamic_cast<Transition*>(shape)) {
-        const auto found = tree.FindItems(shape);
-        ASSERT_EQ(found.size(), 1U) << where;
-        ASSERT_NO_FATAL_FAILURE(CheckNode(*transition, *found.front(), where));
-        nodes += 1U + static_cast<std::size_t>(found.front()->ChildCount());
-      }
-      if (dynamic_cast<State*>(shape) == nullptr) continue;
-      ASSERT_NE(tree.FirstWithData(shape), nullptr) << where;
-      ASSERT_EQ(tree.FirstWithData(shape)->Parent(), tree.FirstItem()) << where;
-      ++nodes;
-    }
-    ASSERT_EQ(tree.Count(), nodes) << where;
-  }
-
-  void CheckText(const std::string& where) {
-    const std::string text = chart.ModelText();
-    ASSERT_EQ(LoadChart(text)->ModelText(), text) << where;
-  }
-
-  /// Undo all the way and redo all the way show the same texts, byte for byte.
-  void CheckHistory(const std::string& where) {
-    chart.TakeSnapshot();
-    std::vector<std::string> texts{chart.ModelText()};
-    while (chart.OnCommand(ID_EDIT_UNDO)) texts.push_back(chart.ModelText());
-    for (auto text = texts.rbegin() + 1; text != texts.rend(); ++text) {
-      ASSERT_TRUE(chart.OnCommand(ID_EDIT_REDO)) << where;
-      ASSERT_EQ(chart.ModelText(), *text) << where;
-    }
-  }
-
-  std::size_t Feedback() const { return window.Feedback(); }
-  void LeaveWindow() { chart.OnMouseLeave(); }
-  std::size_t ObjectCount() const { return chart.GetModel().Objects().size(); }
-
- private:
-  int Below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
-  POINT AnyPoint() { return {Below(900), Below(700)}; }
-
-  Shape* AnyObject() {
-    const auto& objects = chart.GetModel().Objects();
-    return objects.empty() ? nullptr : objects[random() % objects.size()];
-  }
-
-  template <class Wanted>
-  Wanted* Any() {
-    for (int attempt = 0; attempt < 8; ++attempt) {
-      if (auto* found = dynamic_cast<Wanted*>(AnyObject())) return found;
-    }
-    return nullptr;
-  }
-
-  void Hover(POINT p) {
-    window.cursorPos = p;
-    chart.OnMouseMove(0, p);
-    chart.OnSetCursor();
-  }
-
-  void Drag(POINT from, POINT to, unsigned flags) {
-    Hover(from);
-    const POINT middle{(from.x + to.x) / 2 + Below(9), (from.y + to.y) / 2 - Below(9)};
-    window.Move(middle);
-    window.Move(to);
-    window.Release(to);
-    chart.OnLButtonDown(flags | MK_LBUTTON, from);
-    while (!window.IsDrained()) window.NextMessage();
-    chart.OnLButtonUp(flags, to);
-    Hover(to);
-  }
-
-  void Click(POINT p, unsigned flags) {
-    Hover(p);
-    window.Release(p);
-    chart.OnLButtonDown(flags | MK_LBUTTON, p);
-    while (!window.IsDrained()) window.NextMessage();
-    chart.OnLButtonUp(flags, p);
-  }
-
-  void PlaceTool() {
-    const POINT p = AnyPoint();
-    if (ObjectCount() > 40) return;
-    Command(ID_TOOL_STATE + static_cast<unsigned>(Below(6)));
-    Command(ID_TOOL_DRAG_STARTED);
-    window.cursorPos = p;
-    chart.OnMouseMove(0, p);
-    chart.OnLButtonUp(0, p);
-    chart.OnKeyDown(VirtualKey::Escape, 0);
-  }
-
-  POINT AnchorOf(const Connectable& shape) {
-    auto anchor = shape.GetAnchors().begin();
-    std::advance(anchor, Below(static_cast<int>(shape.GetAnchors().size())));
-    return chart.ToClient(anchor->second);
-  }
-
-  void DragFromAnchor() {
-    auto* from = Any<State>();
-    auto* to = Any<Connectable>();
-    if (from == nullptr || to == nullptr) return;
-    if (Below(2) == 0) chart.GetModel().DeselectAll();
-    // One pixel inside, where the press hits the state itself.
-    const POINT anchor = AnchorOf(*from);
-    const POINT press{std::min(anchor.x, chart.ToClient(from->GetBounds()).right - 1),
-                      std::min(anchor.y, chart.ToClient(from->GetBounds()).bottom - 1)};
-    Drag(press, Below(4) == 0 ? AnyPoint() : AnchorOf(*to), 0);
-  }
-
-  void DragObject() {
-    auto* shape = AnyObject();
-    if (shape == nullptr) return;
-    const RECT box = chart.ToClient(shape->GetBounds());
-    const POINT inside = CentreOf(box) + POINT{Below(5), Below(5)};
-    const unsigned flags = Below(4) == 0 ? MK_SHIFT : 0U;
-    Drag(inside, inside + POINT{Below(200) - 100, Below(200) - 100}, flags);
-  }
-
-  void DragLinkHandle() {
-    auto* transition = Any<Transition>();
-    if (transition == nullptr) return;
-    std::vector<const Link*> links;
-    for (const Link* link = transition->GetChain().Head(); link != nullptr; link = link->next) {
-      links.push_back(link);
-    }
-    const POINT handle = CentreOf(links[random() % links.size()]->GetHandleRect());
-    auto* state = Any<State>();
-    const bool toState = state != nullptr && Below(2) == 0;
-    Drag(handle, toState ? AnchorOf(*state) : handle + POINT{Below(300) - 150, Below(300) - 150},
-         0);
-  }
-
-  void DragCorner() {
-    auto* shape = Any<RectShape>();
-    if (shape == nullptr) return;
-    chart.GetModel().SelectOnly(shape);
-    const RECT box = chart.ToClient(shape->GetBounds());
-    Drag({box.right - 2, box.bottom - 2}, {box.right + Below(90) - 60, box.bottom + Below(90) - 60},
-         0);
-  }
-
-  void ObjectCommand() {
-    auto* shape = AnyObject();
-    if (shape == nullptr) return;
-    constexpr std::array commands{ID_TRANSITION_ADD_MESG,   ID_TRANSITION_ADD_MESG,
-                                  ID_TRANSITION_ALIGN_MESG, ID_TRANSITION_DELETE_MESG,
-                                  ID_TRANSITION_DELETE,     ID_MESG_ALIGN,
-                                  ID_MESG_DELETE,           ID_STATE_DELETE,
-                                  ID_NOTE_DELETE,           ID_LINE_DELETE,
-                                  ID_SHOW_ANCHORS};
-    HiddenWindow menu(&chart);
-    menu.SetTarget(shape);
-    menu.OnCommand(commands[static_cast<std::size_t>(Below(commands.size()))]);
-  }
-
-  void CopyAndPaste() {
-    if (ObjectCount() > 40) return;
-    if (Below(2) == 0) Command(ID_EDIT_SELECT_ALL);
-    Command(Below(3) == 0 ? ID_EDIT_CUT : ID_EDIT_COPY);
-    Command(ID_EDIT_PASTE);
-  }
-
-  void CancelledDrag() {
-    const POINT from = AnyPoint();
-    const std::string before = chart.ModelText();
-    Hover(from);
-    window.Move(AnyPoint());
-    window.Move(AnyPoint());
-    if (Below(2) == 0) window.Key(VirtualKey::Escape);
-    chart.OnLButtonDown(MK_LBUTTON, from);
-    while (!window.IsDrained()) window.NextMessage();
-    Hover(from);
-    // A press can raise a transition within its layer; nothing moves and nothing comes or goes.
-    EXPECT_EQ(chart.ModelText().size(), before.size());
-  }
-
-  void Command(unsigned id) { chart.OnCommand(id); }
-
-  static void CheckTransition(const Transition& transition, const std::string& where) {
-    const LinkChain& chain = transition.GetChain();
-    ASSERT_EQ(chain.Head()->prev, nullptr) << where;
-    ASSERT_EQ(chain.Tail()->next, nullptr) << where;
-    for (const Link* link = chain.Head(); link->next != nullptr; link = link->next) {
-      ASSERT_EQ(link->end, link->next->start) << where;
-      ASSERT_EQ(link->next->prev, link) << where;
-      if (link->kind == LINK_H) {
-        ASSERT_EQ(link->start.y, link->end.y) << where;
-      }
-      if (link->kind == LINK_V) {
-        ASSERT_EQ(link->start.x, link->end.x) << where;
-      }
-      if (link->IsSegment()) {
-        ASSERT_FALSE(link->start == link->end) << where;
-      }
-    }
-    if (const StartableState* source = transition.GetSource()) {
-      ASSERT_EQ(CountOf(source->GetOutgoing(), &transition), 1) << where;
-    }
-    if (const EndableState* target = transition.GetTarget()) {
-      ASSERT_EQ(CountOf(target->GetIncoming(), &transition), 1) << where;
-    }
-  }
-
-  static void CheckLine(Line& line, const std::string& where) {
-    ASSERT_FALSE(line.GetStart() == line.GetEnd()) << where;
-    for (const Connectable* shape : {line.GetStartShape(), line.GetEndShape()}) {
-      if (shape == nullptr) continue;
-      const auto wanted = line.GetStartShape() == line.GetEndShape() ? 2 : 1;
-      ASSERT_EQ(CountOf(shape->GetConnectors(), &line), wanted) << where;
-    }
-  }
-
-  void CheckNode(const Transition& transition, const TreeItem& node, const std::string& where) {
-    const Shape* source = transition.GetSource();
-    const Shape* target = transition.GetTarget();
-    const Shape* mesg = target != nullptr ? transition.GetMesg() : nullptr;
-    const void* above = source != nullptr ? static_cast<const void*>(source) : &chart;
-    ASSERT_EQ(node.Parent()->Data(), above) << where;
-    std::vector<const void*> expected;
-    if (target != nullptr && target != source) expected.push_back(target);
-    if (mesg != nullptr) expected.push_back(mesg);
-    std::vector<const void*> shown;
-    for (const TreeItem* item = node.FirstChild(); item != nullptr; item = item->Next()) {
-      shown.push_back(item->Data());
-    }
-    ASSERT_EQ(shown, expected) << where;
-  }
-
-  std::mt19937 random;
-  CObjectTree tree;
-  LayoutMgr chart;
-  FakeWindow window{chart};
-};
-
 TEST(RandomGestures, KeepEveryChartSound) {
   AgreeingMessageBoxes boxes;
   constexpr int seeds = 8;
   const int count = GestureCount() / seeds;
   for (unsigned seed = 1; seed <= seeds; ++seed) {
-    Hand hand(seed);
+    std::mt19937 random(seed);
+    ChartHand hand(
+        [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); });
     std::size_t most = 0;
     for (int gesture = 0; gesture < count; ++gesture) {
       const std::string where =
           "seed " + std::to_string(seed) + ", gesture " + std::to_string(gesture);
       hand.DoAnything();
-      ASSERT_NO_FATAL_FAILURE(hand.Check(where));
-      ASSERT_NO_FATAL_FAILURE(hand.CheckTree(where));
+      ASSERT_EQ(hand.Fault(), "") << where;
       if (gesture % 10 == 0) {
-        ASSERT_NO_FATAL_FAILURE(hand.CheckText(where));
+        ASSERT_EQ(hand.TextFault(), "") << where;
       }
       if (gesture % 100 == 0) {
-        ASSERT_NO_FATAL_FAILURE(hand.CheckHistory(where));
+        ASSERT_EQ(hand.HistoryFault(), "") << where;
       }
       hand.LeaveWindow();
       ASSERT_EQ(hand.Feedback(), 0U) << where;

@@ -432,6 +432,20 @@ TEST(QtDCTest, TextIsCutOffAtItsClip) {
   EXPECT_EQ(canvas.Painted().right(), 44);
 }
 
+TEST(QtDCTest, ALongLineEndsWhereItIsMeasured) {
+  // Of letters that are laid out in pieces, with blanks in front of the last one.
+  std::string text;
+  for (int i = 0; i < 2000; ++i) text += "\xC3\xA4";
+  text += "     \xC3\xA4";
+  Canvas canvas;
+  {
+    const auto dc = canvas.DC();
+    dc->TextOut({80 - dc->GetTextExtent(text).cx, 8}, text, nullptr);
+  }
+  EXPECT_NEAR(canvas.Painted().right(), 78, 2);
+  EXPECT_LT(canvas.Painted().left(), 8) << "the letters before the blanks";
+}
+
 TEST(QtDCTest, MaskHasOneDevicePixelToTheBit) {
   Canvas canvas(40, 40, 2);
   {

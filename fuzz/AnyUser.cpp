@@ -1,0 +1,110 @@
+#include "fuzz/AnyUser.h"
+
+namespace {
+
+constexpr int kMostActions = 12;
+
+/// A text as a box holds it, with the line breaks that it has.
+std::string Typed(ByteSource& source, const char* lineBreak) {
+  std::string typed;
+  for (const char letter : source.Text()) {
+    if (letter == '\r' || letter == '\n') {
+      typed += lineBreak;
+    } else {
+      typed += letter;
+    }
+  }
+  return typed;
+}
+
+}  // namespace
+
+AnyUser::AnyUser(ByteSource& source)
+    : source(source),
+      formerHost(Service<DialogHost>::Set(this)),
+      formerDialogs(Service<Dialogs>::Set(this)),
+      formerBoxes(Service<MessageBoxes>::Set(this)),
+      formerMenus(Service<PopupMenus>::Set(this)) {}
+
+AnyUser::~AnyUser() {
+  Service<PopupMenus>::Set(formerMenus);
+  Service<MessageBoxes>::Set(formerBoxes);
+  Service<Dialogs>::Set(formerDialogs);
+  Service<DialogHost>::Set(formerHost);
+}
+
+void AnyUser::Run(CDialog& dialog) {
+  const int count = static_cast<int>(dialog.Controls().size());
+  for (int actions = source.Below(kMostActions); actions > 0 && dialog.IsOpen(); --actions) {
+    Use(dialog,
+        dialog.Control(dialog.Controls()[static_cast<std::size_t>(source.Below(count))].id));
+  }
+  if (dialog.IsOpen() && source.Flag()) dialog.Click(IDOK);
+  if (dialog.IsOpen()) dialog.Click(IDCANCEL);
+}
+
+void AnyUser::Use(CDialog& dialog, DialogControl& control) {
+  using Kind = DialogControl::Kind;
+  if (!control.enabled) return;
+  switch (control.kind) {
+    case Kind::Edit: control.text = Typed(source, ""); return;
+    case Kind::MultiEdit: control.text = Typed(source, "\r\n"); return;
+    case Kind::CheckBox: control.checked = !control.checked; break;
+    case Kind::Combo: control.selection = source.Below(control.itemCount); break;
+    case Kind::List:
+      control.selectedRows.clear();
+      for (int row = 0; row < static_cast<int>(control.rows.size()); ++row) {
+        if (source.Flag()) control.selectedRows.push_back(row);
+      }
+      break;
+    case Kind::Button: break;
+    default: return;
+  }
+  dialog.Click(control.id);
+}
+
+std::optional<std::string> AnyUser::AskOpenPath(const FileFilter&) {
+  return source.Flag() ? path : std::nullopt;
+}
+
+std::optional<std::string> AnyUser::AskSavePath(const FileFilter&, const std::string&) {
+  return source.Flag() ? path : std::nullopt;
+}
+
+std::optional<Dialogs::ExportAnswer> AnyUser::AskExport(const ExportRequest& request) {
+  if (!path || source.Flag()) return std::nullopt;
+  const auto kind = static_cast<std::size_t>(source.Below(static_cast<int>(request.kinds.size())));
+  ExportAnswer answer;
+  answer.path = *path + request.kinds[kind].extension;
+  answer.selectionOnly = request.hasSelection && source.Flag();
+  return answer;
+}
+
+std::optional<COLORREF> AnyUser::AskColor(COLORREF start) {
+  if (source.Flag()) return std::nullopt;
+  return start ^ source.Byte();
+}
+
+std::optional<Dialogs::FontChoice> AnyUser::AskFont(const FontChoice& start) {
+  if (source.Flag()) return std::nullopt;
+  return FontChoice{source.Text(), start.tenths + source.Byte() - 100, start.color};
+}
+
+MessageAnswer AnyUser::Show(const std::string&, unsigned flags) {
+  switch (flags & kButtonSetMask) {
+    case MB_OK: return MessageAnswer::Ok;
+    case MB_OKCANCEL: return source.Flag() ? MessageAnswer::Ok : MessageAnswer::Cancel;
+    case MB_YESNO: return source.Flag() ? MessageAnswer::Yes : MessageAnswer::No;
+    default: {
+      const bool isCancelled = source.Below(8) == 0;
+      if (isCancelled) return MessageAnswer::Cancel;
+      return source.Flag() ? MessageAnswer::Yes : MessageAnswer::No;
+    }
+  }
+}
+
+unsigned AnyUser::Track(const std::vector<Item>& items, POINT) {
+  if (items.empty() || source.Below(8) == 0) return 0;
+  const Item& item = items[static_cast<std::size_t>(source.Below(static_cast<int>(items.size())))];
+  return item.state.enabled ? item.id : 0;
+}

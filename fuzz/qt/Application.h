@@ -1,0 +1,4 @@
+#pragma once
+
+/// Starts the toolkit without a screen, once, for as long as the process lives.
+void StartToolkit();

@@ -1,0 +1,71 @@
+#include <QMainWindow>
+#include <QToolBar>
+
+#include "dialogs/CDefaultSettingDlg.h"
+#include "fuzz/FuzzTarget.h"
+#include "fuzz/qt/Application.h"
+#include "platform/Files.h"
+#include "platform/RecentFiles.h"
+#include "platform/qt/QtProfile.h"
+#include "resources/Language.h"
+#include "resources/TextSource.h"
+#include "shell/qt/FrameState.h"
+#include "tests/support/AgreeingMessageBoxes.h"
+#include "tests/support/TempFolder.h"
+
+// The bytes of the settings file, as the toolkit reads them: the program starts with whatever
+// stands there, and what it then writes is what it reads.
+
+namespace {
+
+const TempFolder& Folder() {
+  static const TempFolder folder;
+  return folder;
+}
+
+void RestoreFrame() {
+  QMainWindow frame;
+  for (const char* name : {"toolBar", "drawingBar"}) {
+    frame.addToolBar(name)->setObjectName(name);
+  }
+  FrameState::Restore(frame);
+  FrameState::Save(frame);
+  Require(FrameState::Restore(frame), "what was saved of the frame is not restored");
+}
+
+void RequireSame(Profile& profile, const char* key) {
+  const std::string value = profile.GetString("Settings", key, "");
+  profile.WriteString("Settings", key, value);
+  Require(profile.GetString("Settings", key, "-") == value, "a setting changes when it is written");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  StartToolkit();
+  const AgreeingMessageBoxes boxes;
+  const std::string path = Folder().Path("Morvane.ini");
+  Require(WriteWholeFile(path, TextOf(data, size)).Ok(), "the settings cannot be written");
+  {
+    QtProfile profile(path);
+    Profile* former = Service<Profile>::Set(&profile);
+    LoadLanguage("");
+    CDefaultSettingDlg::Instance().LoadSettings();
+    RecentFiles recent;
+    recent.Load();
+    recent.Add("chart.mrv");
+    RestoreFrame();
+    for (const char* key : {"StateName", "Entry", "FontName", "FontSize"}) {
+      RequireSame(profile, key);
+    }
+    Service<Profile>::Set(former);
+  }
+  const std::string entry = CDefaultSettingDlg::Instance().Entry;
+  QtProfile again(path);
+  Profile* former = Service<Profile>::Set(&again);
+  CDefaultSettingDlg::Instance().LoadSettings();
+  Service<Profile>::Set(former);
+  Require(CDefaultSettingDlg::Instance().Entry == entry, "a setting changes in the file");
+  Service<TextSource>::Set(nullptr);
+  return 0;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+class CObjectTree;
+class LayoutMgr;
+
+// What has to hold of every chart, whatever a hand or a file did with it. Each gives what is wrong,
+// and an empty text if nothing is.
+
+/// Chains without a gap, no line without length, and ties that both sides know, in a chart that was
+/// drawn by gestures; a file can store worse.
+std::string ChartFault(const LayoutMgr& chart);
+/// The browser has a node for each object, in its place, and no others.
+std::string TreeFault(const LayoutMgr& chart, const CObjectTree& tree);
+/// The text of the chart reads back to itself.
+std::string TextFault(const LayoutMgr& chart);
+/// Undo all the way and redo all the way show the same texts, byte for byte.
+std::string HistoryFault(LayoutMgr& chart);

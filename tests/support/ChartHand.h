@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "model/Shape.h"
+#include "shell/CObjectTree.h"
+#include "surface/LayoutMgr.h"
+#include "tests/support/FakeWindow.h"
+
+/// A hand that does anything at all with a chart without a screen, and never lets it grow far.
+/// Every choice comes from one function, so that the same choices make the same chart.
+class ChartHand {
+ public:
+  /// Gives a number from 0 to below `limit`.
+  using Choose = std::function<int(int limit)>;
+
+  explicit ChartHand(Choose choose);
+
+  void DoAnything();
+  /// What is wrong with the chart, or was with a gesture; empty if nothing is.
+  std::string Fault() const;
+  std::string TextFault() const;
+  std::string HistoryFault();
+
+  std::size_t Feedback() const { return window.Feedback(); }
+  void LeaveWindow() { chart.OnMouseLeave(); }
+  std::size_t ObjectCount() const;
+
+ private:
+  int Below(int limit) { return choose(limit); }
+  POINT AnyPoint();
+  Shape* AnyObject();
+  template <class Wanted>
+  Wanted* Any() {
+    constexpr int attempts = 8;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+      if (auto* found = dynamic_cast<Wanted*>(AnyObject())) return found;
+    }
+    return nullptr;
+  }
+  POINT AnchorOf(const Connectable& shape);
+
+  void Hover(POINT p);
+  void Drag(POINT from, POINT to, unsigned flags);
+  void Click(POINT p, unsigned flags);
+  void PlaceTool();
+  void DragFromAnchor();
+  void DragObject();
+  void DragLinkHandle();
+  void DragCorner();
+  void ObjectCommand();
+  void CopyAndPaste();
+  void CancelledDrag();
+  void Command(unsigned id) { chart.OnCommand(id); }
+
+  Choose choose;
+  std::string fault;
+  CObjectTree tree;
+  LayoutMgr chart;
+  FakeWindow window{chart};
+};
