@@ -135,6 +135,8 @@ class LayoutMgr : public CScrollView {
   int ScrollStep() const override { return zoom; }
 
  private:
+  /// Nothing may change or go from under a gesture, nor may the chart scroll away from its points.
+  bool IsGestureRunning() const { return HasCapture() && !toolDragging; }
   POINT ScrollInModel() const { return ToModel(GetScrollPosition()); }
   void MakeFonts();
   void DrawGrid(CDC& dc) const;

@@ -175,8 +175,7 @@ void LayoutMgr::ScrollHome() {
 }
 
 bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
-  // Nothing may go from under a gesture, nor may the chart scroll away from its points.
-  if (HasCapture() && !toolDragging) return false;
+  if (IsGestureRunning()) return false;
   switch (key) {
     case VirtualKey::Escape:
       EndToolDrag();

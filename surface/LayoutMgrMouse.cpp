@@ -34,10 +34,12 @@ void LayoutMgr::TrackAnchorTarget(POINT& client, void* context) {
 }
 
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
+  if (IsGestureRunning()) return;
   if (model->OnLButtonDown(flags, p.x, p.y)) TakeSnapshot();
 }
 
 void LayoutMgr::OnLButtonDblClk(unsigned flags, POINT p) {
+  if (IsGestureRunning()) return;
   model->OnLButtonDblClk(flags, p.x, p.y);
 }
 

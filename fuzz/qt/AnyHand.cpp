@@ -125,6 +125,7 @@ void AnyHand::DoEverything() {
   EndWaiting();
   Settle();
   CheckCharts();
+  CheckPictures();
   CheckHistories();
 }
 
@@ -321,5 +322,21 @@ void AnyHand::CheckHistories() {
     Require(TextFault(*chart));
     Require(HistoryFault(*chart));
     Require(ChartFault(*chart));
+  }
+}
+
+/// What follows the pointer is gone, and all else on the screen is as a repaint shows it.
+void AnyHand::CheckPictures() {
+  for (CChildFrame* child : frame->findChildren<CChildFrame*>()) {
+    if (child->Document() == nullptr || !child->Window()->isVisible()) continue;
+    auto* chart = dynamic_cast<LayoutMgr*>(child->View());
+    chart->OnKeyDown(VirtualKey::Escape, 0);
+    chart->OnMouseLeave();
+    Settle();
+    chart->UpdateWindow();
+    const QImage shown = child->Window()->Picture().copy();
+    chart->Invalidate();
+    chart->UpdateWindow();
+    Require(shown == child->Window()->Picture(), "something is left on the screen");
   }
 }

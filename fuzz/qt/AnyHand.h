@@ -54,6 +54,7 @@ class AnyHand {
   Qt::KeyboardModifiers AnyModifiers();
 
   void CheckCharts();
+  void CheckPictures();
   void CheckHistories();
 
   ByteSource& source;

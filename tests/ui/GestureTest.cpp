@@ -4,6 +4,7 @@
 #include <QApplication>
 
 #include "connectors/Transition.h"
+#include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
@@ -207,6 +208,18 @@ TEST_F(GestureTest, KeysLeaveAGestureAlone) {
   Press({100, 100});
   EXPECT_EQ(chart->ModelText(), before);
   EXPECT_EQ(chart->GetScrollPosition(), (POINT{0, 0}));
+}
+
+TEST_F(GestureTest, AnotherPressLeavesAGestureAlone) {
+  const std::string before = chart->ModelText();
+  for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
+    Post(type, {600, 500});
+    Post(type, {300, 440});
+  }
+  Post(QEvent::MouseButtonRelease, {100, 100});
+  Press({100, 100});
+  EXPECT_EQ(chart->ModelText(), before);
+  EXPECT_TRUE(chart->GetSelection().Contains(FindShape(*chart, 1)));
 }
 
 TEST_F(GestureTest, APressOnAnAnchorOfASelectedStateMovesIt) {
