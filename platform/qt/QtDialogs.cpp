@@ -47,7 +47,7 @@ std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
                      ToQPath(lastFolder));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters(FiltersFor(filter));
-  const auto path = Run(dialog);
+  auto path = Run(dialog);
   if (path) lastFolder = FolderOf(*path);
   return path;
 }
@@ -68,7 +68,7 @@ std::optional<std::string> QtDialogs::RunSave(QFileDialog& dialog, const std::st
     dialog.setDirectory(ToQPath(folder.empty() ? lastFolder : folder));
   }
   dialog.selectFile(ToQPath(FileNameOf(suggestion)));
-  const auto path = Run(dialog);
+  auto path = Run(dialog);
   if (path) lastFolder = FolderOf(*path);
   return path;
 }
