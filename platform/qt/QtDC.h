@@ -71,6 +71,7 @@ class QtDC : public CDC {
   void FillBox(const QRectF& box, QColor color);
   void PaintRuns(const PixelRuns& runs, QColor color);
   void StrokeLines(QPolygonF points, bool closed);
+  void StrokeDashes(const QLineF& line, double from, double to, double before);
   void StrokeFarLines(const QPolygonF& points, bool closed);
   void PaintPath(const QPainterPath& path, bool filled, Qt::PenCapStyle cap = Qt::FlatCap);
   void PaintFarPath(const QPainterPath& path, bool filled);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 
 #include <QPainterPath>
 #include <QTextLayout>
@@ -128,7 +129,8 @@ void QtDC::StrokeLines(QPolygonF points, bool closed) {
   }
   SetMode(!Inverts());
   Touch(box.adjusted(-width, -width, width + 1, width + 1));
-  if (!IsNear(box)) {
+  const bool dashed = !page && IsPenThin() && GetPen().style != PenStyle::Solid;
+  if (dashed || !IsNear(box)) {
     StrokeFarLines(points, closed);
     return;
   }
@@ -138,6 +140,29 @@ void QtDC::StrokeLines(QPolygonF points, bool closed) {
     painter.drawPolygon(points);
   } else {
     painter.drawPolyline(points);
+  }
+}
+
+/// Paints the dashes of a line between two distances from its start, each as a line of its own: the
+/// toolkit's dashes would depend on what is clipped away. `before` is the length of the lines in
+/// front, over which the dashes run on.
+void QtDC::StrokeDashes(const QLineF& line, double from, double to, double before) {
+  const std::vector<int> lengths = DashLengths();
+  const double total = std::accumulate(lengths.begin(), lengths.end(), 0.0);
+  const QPointF direction = (line.p2() - line.p1()) / line.length();
+  QPen pen(ToColor(GetPen().color), PenWidth());
+  pen.setCapStyle(Qt::FlatCap);
+  painter.setPen(pen);
+  double at = std::floor((before + from) / total) * total - before;
+  while (at < to) {
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+      const double start = std::max(at, from);
+      const double end = std::min(at + lengths[i], to);
+      if (i % 2 == 0 && start < end) {
+        painter.drawLine(QLineF(line.p1() + direction * start, line.p1() + direction * end));
+      }
+      at += lengths[i];
+    }
   }
 }
 
@@ -153,10 +178,10 @@ void QtDC::StrokeFarLines(const QPolygonF& points, bool closed) {
     const QPointF a = points[i];
     const QPointF d = points[(i + 1) % points.size()] - a;
     const double length = std::hypot(d.x(), d.y());
-    if (const auto part = ClipLine(a, a + d, box)) {
-      if (total > 0) {
-        pen.setDashOffset(std::fmod(done + length * part->from, total) / pen.widthF());
-      }
+    const auto part = ClipLine(a, a + d, box);
+    if (part && total > 0) {
+      StrokeDashes(QLineF(a, a + d), part->from * length, part->to * length, done);
+    } else if (part) {
       painter.setPen(pen);
       painter.drawLine(QLineF(a + d * part->from, a + d * part->to));
     }

@@ -1,0 +1,70 @@
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <malloc.h>
+#include <random>
+#include <vector>
+
+#include <QPixmapCache>
+
+#include "fuzz/FuzzTarget.h"
+#include "platform/Files.h"
+
+// Long use in one process: windows open, a hand does anything on them, and they close, round after
+// round: soak [ROUNDS [SEED]]. In the end there may be no more memory, files and threads in use
+// than after the first rounds, in which the toolkit fills its caches.
+
+namespace {
+
+constexpr int kRounds = 90;
+constexpr std::size_t kMovesOfARound = 1000;  // bytes; a move takes about four of them
+constexpr double kGrowthMegabytes = 1;
+
+constexpr const char* kLastInput = "soak-input";
+
+struct Usage {
+  double megabytes = 0;
+  std::ptrdiff_t files = 0;
+  std::ptrdiff_t threads = 0;
+};
+
+std::ptrdiff_t Count(const char* folder) {
+  const std::filesystem::directory_iterator entries(folder);
+  return std::distance(begin(entries), end(entries));
+}
+
+Usage Measure() {
+  constexpr double bytesPerMegabyte = 1024 * 1024;
+  QPixmapCache::clear();  // it fills up to a limit of its own
+  const struct mallinfo2 info = mallinfo2();
+  return {static_cast<double>(info.uordblks + info.hblkhd) / bytesPerMegabyte,
+          Count("/proc/self/fd"), Count("/proc/self/task")};
+}
+
+void Print(int round, const Usage& usage) {
+  std::cout << "round " << round << ": " << usage.megabytes << " MB, " << usage.files << " files, "
+            << usage.threads << " threads" << std::endl;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const int rounds = argc > 1 ? std::atoi(argv[1]) : kRounds;
+  std::mt19937 random(argc > 2 ? static_cast<unsigned>(std::atoi(argv[2])) : 1U);
+  Usage first;
+  for (int round = 1; round <= rounds; ++round) {
+    std::vector<std::uint8_t> moves(argc > 3 ? std::atoi(argv[3]) : kMovesOfARound);
+    for (std::uint8_t& move : moves) move = static_cast<std::uint8_t>(random());
+    // An input that ends the process stays for the replay.
+    WriteWholeFile(kLastInput, std::string(moves.begin(), moves.end()));
+    LLVMFuzzerTestOneInput(moves.data(), moves.size());
+    if (round % 15 == 0) Print(round, Measure());
+    if (round == rounds / 3) first = Measure();
+  }
+  const Usage last = Measure();
+  Print(rounds, last);
+  Require(last.megabytes <= first.megabytes + kGrowthMegabytes, "memory stays in use");
+  Require(last.files <= first.files, "files stay open");
+  Require(last.threads <= first.threads, "threads go on");
+  return 0;
+}
