@@ -50,12 +50,14 @@ std::vector<std::string_view> Places(std::string_view text) {
 bool HasLineBreak(std::string_view text) { return text.find('\n') != std::string_view::npos; }
 
 /// False for a text whose places differ from those of the English one: filling it would go wrong.
-/// An empty text says nothing, and one line may become a name, which has to stay one.
+/// An empty text says nothing, nor does what stands behind a NUL, and one line may become a name,
+/// which has to stay one.
 bool CanStandFor(unsigned id, std::string_view text) {
   const auto english = EnglishTexts();
   const auto found = std::ranges::find(english, id, &EnglishText::id);
   if (found == english.end()) return true;
-  return !text.empty() && (HasLineBreak(found->text) || !HasLineBreak(text)) &&
+  const bool isText = !text.empty() && text.find('\0') == std::string_view::npos;
+  return isText && (HasLineBreak(found->text) || !HasLineBreak(text)) &&
          Places(found->text) == Places(text);
 }
 
