@@ -91,6 +91,7 @@ class Transition : public ComplexShape {
 
  protected:
   Layer GetClassLayer() const override { return LAYER_TRANSITION; }
+  CRgn RegionAt(const Conversion& convert) const override;
   void BuildRegion() override;
 
  private:
