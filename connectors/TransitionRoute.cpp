@@ -127,6 +127,12 @@ void Transition::NoteBounds() {
   labelAtOrigin = IsRectEmpty(chain.Middle()->GetHandleRect());
 }
 
+RECT Transition::GetBounds() const {
+  if (region == nullptr || !labelAtOrigin) return ComplexShape::GetBounds();
+  const CRgn route = RegionAt([this](POINT p) { return ToClient(p); });
+  return view->AddScroll(view->ToModel(route.GetBox()));
+}
+
 RECT Transition::GetPaintBounds() const {
   if (!labelAtOrigin) return bounds;
   return UnionRect(bounds, view->AddScroll(InflateRect(RECT{}, kBoundsMargin)));
