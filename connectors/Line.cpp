@@ -22,6 +22,8 @@ constexpr double kBandHalfWidth = 4.0;
 /// The band and the handles in model units at the least zoom.
 constexpr std::int32_t kBoundsMargin = 4 / LayoutMgr::kMinZoom + 1;
 
+RECT HandleAround(POINT lineEnd) { return InflateRect(RectAt(lineEnd), kHandleReach); }
+
 }  // namespace
 
 Line::Line() = default;
@@ -113,11 +115,17 @@ void Line::Draw(CDC* dc) {
   window->FillSolidRect(GetEndHandle(), DrawResources::Instance().handleColor);
 }
 
+CRgn Line::RegionAt(const Conversion& convert) const {
+  const POINT first = convert(start);
+  const POINT last = convert(end);
+  CRgn area = MakeSegmentRegion(first, last, kBandHalfWidth);
+  area.Add(CRgn::FromRect(HandleAround(first)));
+  area.Add(CRgn::FromRect(HandleAround(last)));
+  return area;
+}
+
 void Line::BuildRegion() {
-  region = std::make_unique<CRgn>(
-      MakeSegmentRegion(view->ToClient(start), view->ToClient(end), kBandHalfWidth));
-  region->Add(CRgn::FromRect(GetStartHandle()));
-  region->Add(CRgn::FromRect(GetEndHandle()));
+  region = std::make_unique<CRgn>(RegionAt([this](POINT p) { return view->ToClient(p); }));
   NoteView();
 }
 
@@ -130,11 +138,9 @@ bool Line::HitTest(const POINT& client) const {
          ComplexShape::HitTest(client);
 }
 
-RECT Line::GetStartHandle() const {
-  return InflateRect(RectAt(view->ToClient(start)), kHandleReach);
-}
+RECT Line::GetStartHandle() const { return HandleAround(view->ToClient(start)); }
 
-RECT Line::GetEndHandle() const { return InflateRect(RectAt(view->ToClient(end)), kHandleReach); }
+RECT Line::GetEndHandle() const { return HandleAround(view->ToClient(end)); }
 
 void Line::InvalidateHandles() {
   view->InvalidateRect(GetStartHandle());

@@ -48,6 +48,7 @@ class Line : public ComplexShape, public Connector {
 
  protected:
   Layer GetClassLayer() const override { return LAYER_NOTE; }
+  CRgn RegionAt(const Conversion& convert) const override;
   void BuildRegion() override;
 
  private:

@@ -33,6 +33,8 @@ class Transition : public ComplexShape {
   void Read(ModelStream& stream) override;
   void Draw(CDC* dc) override;
   bool HitTest(const POINT& client) const override;
+  /// Without a label that has no place on the route.
+  RECT GetBounds() const override;
   RECT GetPaintBounds() const override;
   RECT GetPaperBounds() const override { return bounds; }
   const std::string& GetTypeName() const override;
@@ -91,6 +93,7 @@ class Transition : public ComplexShape {
 
  protected:
   Layer GetClassLayer() const override { return LAYER_TRANSITION; }
+  CRgn RegionAt(const Conversion& convert) const override;
   void BuildRegion() override;
 
  private:

@@ -97,15 +97,20 @@ void Transition::InvalidateLabel() {
   if (view != nullptr) view->InvalidateRect(GetLabelRect());
 }
 
+CRgn Transition::RegionAt(const Conversion& convert) const {
+  CRgn area;
+  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
+    area.Add(MakeRectRegion(convert(link->start), convert(link->end), kLinkReach));
+  }
+  const POINT stub = convert(chain.Tail()->start);
+  const POINT tip = convert(chain.Tail()->end);
+  area.Add(MakeArrowRegion(RoutePainter::ArrowBase(stub, tip), tip, kArrowReach));
+  return area;
+}
+
 void Transition::BuildRegion() {
   labelCentre = LabelPoint();
-  region = std::make_unique<CRgn>();
-  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
-    region->Add(MakeRectRegion(ToClient(link->start), ToClient(link->end), kLinkReach));
-  }
-  const POINT stub = ToClient(chain.Tail()->start);
-  const POINT tip = ToClient(chain.Tail()->end);
-  region->Add(MakeArrowRegion(RoutePainter::ArrowBase(stub, tip), tip, kArrowReach));
+  region = std::make_unique<CRgn>(RegionAt([this](POINT p) { return ToClient(p); }));
   region->Add(CRgn::FromRect(GetLabelRect()));
   NoteBounds();
   NoteView();
@@ -120,6 +125,12 @@ void Transition::NoteBounds() {
   bounds =
       InflateRect(Surround(bounds, RoutePainter::ArrowBase(tail.start, tail.end)), kBoundsMargin);
   labelAtOrigin = IsRectEmpty(chain.Middle()->GetHandleRect());
+}
+
+RECT Transition::GetBounds() const {
+  if (region == nullptr || !labelAtOrigin) return ComplexShape::GetBounds();
+  const CRgn route = RegionAt([this](POINT p) { return ToClient(p); });
+  return view->AddScroll(view->ToModel(route.GetBox()));
 }
 
 RECT Transition::GetPaintBounds() const {

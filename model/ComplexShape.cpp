@@ -1,11 +1,17 @@
 #include "model/ComplexShape.h"
 
+#include "model/ShapeGeometry.h"
 #include "surface/LayoutMgr.h"
 
 void ComplexShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
-  const RECT bounds = GetBounds();
-  right = CurrentRegion() != nullptr ? bounds.right : 0;
-  bottom = CurrentRegion() != nullptr ? bounds.bottom : 0;
+  right = 0;
+  bottom = 0;
+  if (region == nullptr) return;
+  // At normal size a logical unit is a pixel.
+  const RECT box = RegionAt([this](POINT p) { return view->ToLogical(p); }).GetBox();
+  const double unit = view->ToLogical(1);
+  right = RoundHalfAway(box.right / unit);
+  bottom = RoundHalfAway(box.bottom / unit);
 }
 
 bool ComplexShape::HitTest(const POINT& client) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "model/Shape.h"
@@ -12,6 +13,7 @@ class ComplexShape : public Shape {
   ComplexShape() = default;
   ComplexShape(std::int32_t id, LayoutMgr* view, Layer layer) : Shape(id, view, layer) {}
 
+  /// That of the region at normal size, so that a chart on paper is the same at every zoom.
   void GetExtent(std::int32_t& right, std::int32_t& bottom) const override;
   bool HitTest(const POINT& client) const override;
   /// A point in absolute model units is turned into device pixels and tested against the region.
@@ -26,6 +28,11 @@ class ComplexShape : public Shape {
   virtual void OnDragMove(POINT& client);
 
  protected:
+  /// Model units into the units of a region.
+  using Conversion = std::function<POINT(POINT)>;
+
+  /// The area of what is painted, with the room for a click, in the units of the conversion.
+  virtual CRgn RegionAt(const Conversion& convert) const = 0;
   /// Makes `region` afresh for the present scroll position and zoom.
   virtual void BuildRegion() = 0;
   /// The region, made anew if the view has scrolled or zoomed since; null before the first build.

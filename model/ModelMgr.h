@@ -101,7 +101,7 @@ class ModelMgr : public ShapeRegistry {
   POINT ModelPointOfDrop(POINT& client) const;
   ObjectBrowser* Browser() const;
   bool TrackRubberBand(std::int32_t x, std::int32_t y);
-  /// The connection gesture; true if the press was used up.
+  /// The connection gesture of a press on an anchor; true if the press was used up.
   bool BeginConnection(std::int32_t x, std::int32_t y);
   std::string SelectionText() const;
   /// Reads records into `pasteList`.

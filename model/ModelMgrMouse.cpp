@@ -27,15 +27,20 @@ bool ModelMgr::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
     DeselectAll();
     return false;
   }
+  const bool connects = view->IsOverAnchor() && !selection.Contains(hit);
   if (!selection.Contains(hit)) {
-    if (BeginConnection(x, y)) return true;
+    if (connects && BeginConnection(x, y)) return true;
     if (!withShift) DeselectAll();
   } else if (withShift) {
     selection.Remove(hit);
     hit->OnBroadcast(BROADCAST_DESELECTED, nullptr);
     return true;
   }
+  // A connection that came to nothing has used up the release of the button. While the view holds
+  // the mouse no drag starts that would wait for it.
+  if (connects) view->SetCapture();
   hit->OnLButtonDown(flags, x, y);
+  if (connects) view->ReleaseCapture();
   return true;
 }
 
@@ -77,7 +82,6 @@ bool ModelMgr::TrackRubberBand(std::int32_t x, std::int32_t y) {
 }
 
 bool ModelMgr::BeginConnection(std::int32_t x, std::int32_t y) {
-  if (!view->IsOverAnchor()) return false;
   const POINT press{x, y};
   PointTracker tracker(view, LayoutMgr::TrackAnchorTarget, true);
   tracker.fixedPoint = press;

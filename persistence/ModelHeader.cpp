@@ -1,9 +1,9 @@
 #include "persistence/ModelHeader.h"
 
-#include <array>
-#include <cstdio>
+#include <string_view>
 
 #include "persistence/ModelStream.h"
+#include "platform/Decimal.h"
 #include "resources/Texts.h"
 
 namespace {
@@ -13,15 +13,13 @@ constexpr std::int32_t kMajor = 4;
 constexpr std::int32_t kMinor = 1;
 
 std::string VersionText(double version) {
-  std::array<char, 256> text{};
-  const std::string format = LoadText(IDS_VERSION_FORMAT);
-  // The format comes from the program's own texts and takes two floating-point numbers.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-  std::snprintf(text.data(), text.size(), format.c_str(),
-                static_cast<double>(ModelStream::kSupportedVersion), version);
-#pragma GCC diagnostic pop
-  return text.data();
+  constexpr std::string_view place = "%2.1f";
+  std::string text = LoadText(IDS_VERSION_FORMAT);
+  for (const double number : {double{ModelStream::kSupportedVersion}, version}) {
+    const std::size_t at = text.find(place);
+    if (at != std::string::npos) text.replace(at, place.size(), Decimal(number, 1));
+  }
+  return text;
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <limits>
 #include <utility>
 
+#include "platform/Decimal.h"
+
 namespace {
 
 std::string Number(std::int64_t v) { return std::to_string(v); }
@@ -14,11 +16,7 @@ std::string Number(std::int64_t v) { return std::to_string(v); }
 /// A line one pixel wide runs through the middle of its pixels.
 std::string Half(std::int64_t v) { return std::to_string(v) + ".5"; }
 
-std::string Decimal(double v) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%.2f", v);
-  return text.data();
-}
+std::string Hundredths(double v) { return Decimal(v, 2); }
 
 /// Negative whole numbers need care: half a pixel right of -3 is -2.5.
 std::string CentreOf(std::int32_t v) {
@@ -103,8 +101,8 @@ std::string CSvgDC::OutlineBox(const RECT& r) const {
   const std::int64_t pen = PenWidth();
   if (pen > 1) {
     const double half = static_cast<double>(pen) / 2;
-    return "x=\"" + Decimal(box.left + half) + "\" y=\"" + Decimal(box.top + half) + "\" width=\"" +
-           Number(std::max<std::int64_t>(Width(box) - pen, 0)) + "\" height=\"" +
+    return "x=\"" + Hundredths(box.left + half) + "\" y=\"" + Hundredths(box.top + half) +
+           "\" width=\"" + Number(std::max<std::int64_t>(Width(box) - pen, 0)) + "\" height=\"" +
            Number(std::max<std::int64_t>(Height(box) - pen, 0)) + "\"";
   }
   return "x=\"" + CentreOf(box.left) + "\" y=\"" + CentreOf(box.top) + "\" width=\"" +
@@ -176,7 +174,7 @@ void CSvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
   // The box's corners are those of a thick outline's outer edge.
   const double inset = PenWidth() > 1 ? static_cast<double>(PenWidth()) / 2 : 0;
   const auto radius = [inset](std::int32_t axis) {
-    return Decimal(std::max(axis / 2.0 - inset, 0.0));
+    return Hundredths(std::max(axis / 2.0 - inset, 0.0));
   };
   FlushPath();
   body += "<rect " + OutlineBox(r) + " rx=\"" + radius(cornerEllipse.cx) + "\" ry=\"" +
@@ -187,10 +185,11 @@ void CSvgDC::Ellipse(const RECT& logical) {
   const RECT r = Placed(logical);
   const std::int64_t pen = PenWidth();
   FlushPath();
-  body += "<ellipse cx=\"" + Decimal((static_cast<double>(r.left) + r.right) / 2) + "\" cy=\"" +
-          Decimal((static_cast<double>(r.top) + r.bottom) / 2) + "\" rx=\"" +
-          Decimal(static_cast<double>(std::max<std::int64_t>(Width(r) - pen, 0)) / 2) + "\" ry=\"" +
-          Decimal(static_cast<double>(std::max<std::int64_t>(Height(r) - pen, 0)) / 2) + "\"" +
+  body += "<ellipse cx=\"" + Hundredths((static_cast<double>(r.left) + r.right) / 2) + "\" cy=\"" +
+          Hundredths((static_cast<double>(r.top) + r.bottom) / 2) + "\" rx=\"" +
+          Hundredths(static_cast<double>(std::max<std::int64_t>(Width(r) - pen, 0)) / 2) +
+          "\" ry=\"" +
+          Hundredths(static_cast<double>(std::max<std::int64_t>(Height(r) - pen, 0)) / 2) + "\"" +
           PaintAttributes() + "/>\n";
 }
 
@@ -216,11 +215,11 @@ void CSvgDC::Arc(const RECT& logical, POINT start, POINT end) {
   const double ringX = std::max(rx - inset, 0.0);
   const double ringY = std::max(ry - inset, 0.0);
   const auto point = [&](double angle) {
-    return Decimal(cx + ringX * std::cos(angle) + shift) + "," +
-           Decimal(cy - ringY * std::sin(angle) + shift);
+    return Hundredths(cx + ringX * std::cos(angle) + shift) + "," +
+           Hundredths(cy - ringY * std::sin(angle) + shift);
   };
   FlushPath();
-  body += "<path d=\"M" + point(from) + "A" + Decimal(ringX) + "," + Decimal(ringY) + " 0 " +
+  body += "<path d=\"M" + point(from) + "A" + Hundredths(ringX) + "," + Hundredths(ringY) + " 0 " +
           (large ? "1" : "0") + " 0 " + point(to) + "\" fill=\"none\"" + StrokeAttributes() +
           (thick ? " stroke-linecap=\"square\"" : "") + "/>\n";
 }

@@ -5,6 +5,7 @@
 #include "surface/LayoutMgr.h"
 
 bool BaseTracker::Track(LayoutMgr* view) {
+  if (view->HasCapture()) return false;
   view->SetCapture();
   view->UpdateWindow();
   while (true) {

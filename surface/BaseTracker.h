@@ -19,7 +19,7 @@ class BaseTracker {
   BaseTracker& operator=(const BaseTracker&) = delete;
 
   /// True when the drag ended with the button and with a result; false when it was cancelled or the
-  /// mouse was lost.
+  /// mouse was lost, and at once while something else, as a tool that is placed, holds the mouse.
   bool Track(LayoutMgr* view);
 
   /// The button came up: takes the feedback away and gives the result of `Track`.

@@ -110,6 +110,25 @@ TEST_F(Print, NeitherZoomNorSelectionNorGridChangesThePaper) {
   }
 }
 
+TEST_F(Print, NeitherZoomNorPositionChangesThePages) {
+  // A line and a short arrow, whose label stands where the window is.
+  const auto chart = LoadChart(ChartText(
+      LineRecord(1, 0, 0, "1 1 1 1") +
+      TransitionRecord(2, 0, 0, "3 1 1 1", "2 20 62 20 63 \n0 20 63 20 64 \n3 20 64 20 65 \n")));
+  PrintToFit(*chart);
+  chart->ApplyZoom();
+  chart->OnCommand(ID_FILE_PRINT);
+  const SIZE fitted = Pages()[0].mapping.WindowExt();
+  EXPECT_EQ(fitted, (SIZE{61 * 6, 66 * 6}));
+  for (const unsigned zoom : {ID_ZOOM_OUT, ID_ZOOM_IN}) {
+    while (chart->OnCommand(zoom)) continue;
+    chart->SetScrollPos(ScrollBar::Horizontal, 4000);
+    chart->SetScrollPos(ScrollBar::Vertical, 4000);
+    chart->OnCommand(ID_FILE_PRINT);
+    EXPECT_EQ(Pages()[0].mapping.WindowExt(), fitted) << chart->GetZoom();
+  }
+}
+
 TEST_F(Print, WhatTheUserChoosesIsPrinted) {
   const auto chart = ChartTo({1500, 20});  // nine pages
   const struct {

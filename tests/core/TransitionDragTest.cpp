@@ -3,6 +3,7 @@
 #include "connectors/Transition.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
+#include "resources/CommandIds.h"
 #include "states/GenericState.h"
 #include "states/InitialState.h"
 #include "surface/LayoutMgr.h"
@@ -121,6 +122,45 @@ TEST_F(TransitionDrag, ALineIsNotDraggedWithoutShiftNorByAClick) {
   EXPECT_TRUE(arrow->IsInSelection());
   Drag({237, 100}, {}, MK_SHIFT);
   EXPECT_EQ(chart->ModelText(), before);
+}
+
+/// Pressed and dropped on an initial state, which takes no end: the button is up by then, and what
+/// the pointer does afterwards drags nothing.
+TEST_F(TransitionDrag, AConnectionThatComesToNothingOnlySelects) {
+  const struct {
+    const char* name;
+    POINT press, drop;
+  } cases[] = {{"a click on the anchor", {372, 241}, {372, 241}},
+               {"from anchor to anchor", {372, 241}, {362, 252}}};
+  for (const auto& c : cases) {
+    Open();
+    chart->OnMouseMove(0, c.press);
+    window->Move(c.drop);
+    window->Release(c.drop);
+    window->Move({500, 500});
+    window->Release({500, 500});
+    chart->OnLButtonDown(MK_LBUTTON, c.press);
+    EXPECT_EQ(window->NextMessage().point, (POINT{500, 500})) << c.name;
+    window->NextMessage();
+    chart->OnMouseLeave();
+    EXPECT_EQ(chart->ModelText(), before) << c.name;
+    EXPECT_TRUE(Find<Shape>(*chart, 106)->IsInSelection()) << c.name;
+  }
+}
+
+/// A tool that is placed by a click is placed on whatever lies there.
+TEST_F(TransitionDrag, AToolIsPlacedOnAHandleToo) {
+  for (const POINT place : {POINT{60, 60}, POINT{240, 180}, POINT{240, 300}}) {
+    Open();
+    chart->OnCommand(ID_TOOL_NOTE);
+    window->Release({500, 500});
+    chart->OnLButtonDown(MK_LBUTTON, place);
+    EXPECT_TRUE(arrow->IsInSelection());
+    EXPECT_EQ(window->NextMessage().kind, Message::Kind::LButtonUp) << "no tracker takes it";
+    chart->OnLButtonUp(0, place);
+    EXPECT_EQ(TopLeft(chart->GetModel().Objects().back()->GetBounds()), chart->ToModel(place));
+    EXPECT_EQ(chart->GetTool(), 0U);
+  }
 }
 
 TEST_F(TransitionDrag, TheCursorTellsWhatAPressWouldDo) {

@@ -204,6 +204,28 @@ TEST(View, CopiedObjectsComeBackWithNewIds) {
   EXPECT_EQ(Order(*other), std::vector<int>{7});
 }
 
+TEST(View, PastedObjectsLandInTheCornerThatIsShown) {
+  // The route is too short for a label, which stands in the window's corner then.
+  const auto chart =
+      Shown(ChartText(StateRecord(1, {20, 10, 30, 20}) + StateRecord(2, {20, 23, 30, 33}) +
+                      TransitionRecord(3, 1, 2, "3 2 1 2",
+                                       "2 25 20 25 21 \n0 25 21 25 22 \n"
+                                       "3 25 22 25 23 \n")));
+  chart->SetScrollPos(ScrollBar::Horizontal, 600);
+  chart->SetScrollPos(ScrollBar::Vertical, 1200);
+  for (const auto& selection : {std::initializer_list<int>{1, 2, 3}, {3}}) {
+    Select(*chart, selection);
+    chart->OnCommand(ID_EDIT_COPY);
+    chart->OnCommand(ID_EDIT_PASTE);
+    POINT corner{9999, 9999};
+    for (const Collectable* member : chart->GetSelection().Members()) {
+      const RECT bounds = dynamic_cast<const Shape*>(member)->GetBounds();
+      corner = {std::min(corner.x, bounds.left), std::min(corner.y, bounds.top)};
+    }
+    EXPECT_EQ(corner, (POINT{101, 201})) << selection.size();
+  }
+}
+
 TEST(View, PasteDropsWhatCantStandAlone) {
   const std::string links = "2 22 14 22 15 \n0 22 15 22 23 \n3 22 23 22 24 \n";
   const auto chart = Shown(ChartText(
