@@ -23,8 +23,8 @@ void ModelData::DeleteAll() {
 }
 
 void ModelData::Append(std::unique_ptr<Shape> shape) {
-  objects.push_back(shape.get());
-  static_cast<void>(shape.release());
+  objects.push_back(nullptr);  // may fail, and then the shape still has its owner
+  objects.back() = shape.release();
 }
 
 void ModelData::Release(const Shape* shape) {

@@ -23,7 +23,8 @@ std::string Decimal(double v) {
 /// Negative whole numbers need care: half a pixel right of -3 is -2.5.
 std::string CentreOf(std::int32_t v) {
   if (v >= 0) return Half(v);
-  return v == -1 ? "-0.5" : "-" + Half(-(std::int64_t{v} + 1));
+  if (v == -1) return "-0.5";
+  return "-" + Half(-(std::int64_t{v} + 1));
 }
 
 std::string ColourText(COLORREF c) {

@@ -48,7 +48,7 @@ GeneratorWindow::GeneratorWindow(CGenerateCppDlg& dialog, QWidget* parent)
   layout->addWidget(MakeButtons());
   resize(minimumSizeHint() + growth);
   generate->setFocus();
-  Refresh();
+  GeneratorWindow::Refresh();
   dialog.SetWindow(this);
   dialog.SetOutputBox(this);
 }
