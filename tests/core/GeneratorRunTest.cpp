@@ -4,6 +4,7 @@
 
 #include "codegen/CRedirect.h"
 #include "codegen/ToolInbox.h"
+#include "platform/UseService.h"
 #include "tests/support/Tools.h"
 #include "tests/support/UiQueue.h"
 
@@ -136,9 +137,6 @@ TEST_F(GeneratorRunTest, ASecondRunEndsTheFirstAndDropsItsLateOutput) {
 /// A process that never ends. It writes down in which order it is stopped.
 class FakeProcesses : public Processes {
  public:
-  FakeProcesses() : former(Service<Processes>::Set(this)) {}
-  ~FakeProcesses() override { Service<Processes>::Set(former); }
-
   std::unique_ptr<Process> Start(const std::string&, bool) override {
     return std::make_unique<Fake>(*this);
   }
@@ -175,7 +173,7 @@ class FakeProcesses : public Processes {
     const std::thread::id main = std::this_thread::get_id();
   };
 
-  Processes* former;
+  const UseService<Processes> use{*this};
 };
 
 TEST(GeneratorStopTest, KeepsItsOrderAndItsTimes) {

@@ -5,6 +5,7 @@
 #include <QStatusBar>
 
 #include "platform/Profile.h"
+#include "platform/UseService.h"
 #include "resources/CommandIds.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/FrameState.h"
@@ -15,9 +16,6 @@ namespace {
 /// Two runs of the program, one after the other, on a profile of the test's own.
 class FrameStateTest : public testing::Test {
  protected:
-  FrameStateTest() : former(Service<Profile>::Set(&profile)) {}
-  ~FrameStateTest() override { Service<Profile>::Set(former); }
-
   static std::unique_ptr<CMainFrame> MakeFrame() {
     return std::make_unique<CMainFrame>(
         CMainFrame::Factories{[] { return std::make_unique<FakeDocument>(); },
@@ -26,7 +24,7 @@ class FrameStateTest : public testing::Test {
   static bool IsShown(CMainFrame& frame, unsigned bar) { return frame.StateOf(bar).checked; }
 
   MemoryProfile profile;
-  Profile* former;
+  const UseService<Profile> use{profile};
 };
 
 TEST_F(FrameStateTest, TheFirstRunHasNothingToRestore) {
