@@ -130,20 +130,6 @@ TEST_F(GeneratorDialogTest, TheBoxKeepsTheNewestOfAFlood) {
   });
 }
 
-TEST_F(GeneratorDialogTest, WhatComesAfterTheWindowIsDropped) {
-  const LeftoverCheck leftovers;
-  Show(GeneratorKind::C, "/lift.mrv", [&](CGenerateCppDlg& dialog) {
-    ASSERT_TRUE(Generate(dialog, "lines 0", "\n"));
-    dialog.Click(IDCANCEL);
-    const std::string before = Output(dialog);
-    ASSERT_TRUE(WaitUntil([&] { return ui.Count() != 0; }));
-    ui.RunAll();
-    EXPECT_EQ(Output(dialog), before);
-  });
-  ui.RunAll();
-  EXPECT_EQ(leftovers.Leftovers(), "");
-}
-
 /// The commands on charts that are saved or not.
 class GeneratorCommandTest : public GeneratorDialogTest {
  protected:

@@ -75,13 +75,6 @@ TEST_F(GeneratorRunTest, NothingIsLostWhenTheToolEndsAtOnce) {
   Close();
 }
 
-TEST_F(GeneratorRunTest, WhatCannotBeStartedIsReported) {
-  EXPECT_FALSE(tool->LaunchTool("/no/such/tool.exe -d x", false));
-  EXPECT_EQ(tool->output, "Unable to start /no/such/tool.exe -d x\n");
-  EXPECT_FALSE(CRedirect::IsRunning());
-  Close();
-}
-
 TEST_F(GeneratorRunTest, AFloodThatNobodyTakesIsReadToItsEnd) {
   constexpr long count = 10'000'000;
   ASSERT_TRUE(Launch("lines " + std::to_string(count)));

@@ -94,11 +94,6 @@ class ObjectTree : public testing::Test {
 const Rows kAToB = {"+[0]Untitled",     "  [1]A", "    [2]Go", "      [1]B",
                     "      [5]onGo []", "  [1]B", "  [1]C"};
 
-TEST_F(ObjectTree, ShowsAnOpenedChart) {
-  OpenStates();
-  EXPECT_EQ(Shown(), kAToB);
-}
-
 TEST_F(ObjectTree, NewChartOpensItsRootWithTheFirstObject) {
   chart.OnInitialUpdate();
   EXPECT_EQ(Shown(), Rows{"[0]Untitled"});
@@ -169,8 +164,9 @@ TEST_F(ObjectTree, FollowsNamesAndMessages) {
   EXPECT_EQ(Shown().front(), "+[0]Lift");
 }
 
-TEST_F(ObjectTree, UndoFillsItAnew) {
+TEST_F(ObjectTree, ShowsAnOpenedChartAndIsFilledAnewByUndo) {
   OpenStates();
+  EXPECT_EQ(Shown(), kAToB);
   tree.Collapse(*tree.FirstItem());
   chart.GetProperties().ModelName = "Other";
   tree.SetRootText("Other");

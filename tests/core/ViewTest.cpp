@@ -282,24 +282,6 @@ TEST(View, PaintsByLayers) {
                                              "[Exit]", "onEvent(e)", "note"}));
 }
 
-TEST(View, AStateIsPaintedByItsMeasures) {
-  const auto chart = Shown(ChartText(StateRecord(1, {10, 10, 20, 18}, "Name")));
-  CNullDC reference;
-  CMetaFileDC dc(reference);
-  ChartPicture(*chart).Paint(dc);
-  const Metafile recorded = dc.Close();
-  ASSERT_GE(recorded.records.size(), 3U);
-  const Metafile::Record& body = recorded.records[0];
-  EXPECT_EQ(body.kind, Metafile::Kind::RoundRect);
-  EXPECT_EQ(body.rect, (RECT{60, 60, 118, 106}));
-  EXPECT_EQ(body.corner, (SIZE{30, 30}));
-  EXPECT_EQ(body.brush, CBrush::Solid(0xBFFFFF));
-  EXPECT_EQ(recorded.records[1].rect, (RECT{63, 63, 115, 103}));
-  const int lineHeight = 13;  // of an 11 pixel font here
-  EXPECT_EQ(recorded.records[2].points,
-            (std::vector<POINT>{{60, 60 + lineHeight + 3}, {118, 60 + lineHeight + 3}}));
-}
-
 TEST(View, AnchorsStandAroundTheirShape) {
   const auto chart =
       Shown(ChartText(StateRecord(1, {10, 10, 21, 19}) + InitialRecord(2, {-3, 4, 2, 9})));

@@ -27,12 +27,6 @@ class FrameStateTest : public testing::Test {
   const UseService<Profile> use{profile};
 };
 
-TEST_F(FrameStateTest, TheFirstRunHasNothingToRestore) {
-  const auto frame = MakeFrame();
-  EXPECT_FALSE(FrameState::Restore(*frame));
-  EXPECT_FALSE(frame->isVisible());
-}
-
 TEST_F(FrameStateTest, BarsAndPlacementLast) {
   constexpr QRect placement(60, 50, 900, 620);
   {
@@ -54,12 +48,13 @@ TEST_F(FrameStateTest, BarsAndPlacementLast) {
   EXPECT_TRUE(IsShown(*frame, ID_VIEW_TOOLBAR));
 }
 
-TEST_F(FrameStateTest, ADamagedProfileIsNoState) {
-  for (const char* damaged : {"not base64 at all %%%", "AAAA", "QUJDREVGR0g="}) {
+TEST_F(FrameStateTest, AnEmptyOrDamagedProfileIsNoState) {
+  for (const char* damaged : {"", "not base64 at all %%%", "AAAA", "QUJDREVGR0g="}) {
     profile.WriteString("Frame", "Placement", damaged);
     profile.WriteString("Frame", "Bars", damaged);
     const auto frame = MakeFrame();
     EXPECT_FALSE(FrameState::Restore(*frame)) << damaged;
+    EXPECT_FALSE(frame->isVisible());
     EXPECT_TRUE(IsShown(*frame, ID_DRAWING_BAR));
   }
 }

@@ -123,25 +123,6 @@ TEST(QtDCTest, ShapesLeaveRightAndBottomEdgeOut) {
   }
 }
 
-TEST(QtDCTest, BrushFillsInsideAndHollowBrushLeavesItAlone) {
-  static constexpr std::array<POINT, 3> corners{POINT{10, 10}, {45, 10}, {10, 70}};
-  const Draw shapes[] = {
-      [](CDC& dc) { dc.Rectangle(kBox); }, [](CDC& dc) { dc.RoundRect(kBox, kRounding); },
-      [](CDC& dc) { dc.Ellipse(kBox); }, [](CDC& dc) { dc.FillRect(kBox, dc.GetBrush()); },
-      [](CDC& dc) { dc.Polygon(corners); }};
-  for (const bool hollow : {false, true}) {
-    for (const Draw& draw : shapes) {
-      Canvas canvas;
-      canvas.Image().fill(QColor(10, 200, 30));
-      canvas.Draw([&](CDC& dc) {
-        dc.SelectBrush(hollow ? CBrush::Null() : CBrush::Solid(RGB(200, 10, 30)));
-        draw(dc);
-      });
-      EXPECT_EQ(canvas.Image().pixel(20, 20), hollow ? qRgb(10, 200, 30) : qRgb(200, 10, 30));
-    }
-  }
-}
-
 TEST(QtDCTest, SecondDrawingUndoesTheFirst) {
   for (const double scale : kScales) {
     for (const PenStyle style : {PenStyle::Solid, PenStyle::Dot}) {
@@ -355,14 +336,6 @@ TEST(QtDCTest, FontHeightIsTheHeightOfTheLettersAndBoldIsWider) {
   EXPECT_NEAR(dc->GetTextExtent("WidthWidth").cx, regular * 2, 1);
   dc->SelectFont({"DejaVu Sans", -20, CFont::kBoldWeight});
   EXPECT_GT(dc->GetTextExtent("Width").cx, regular);
-}
-
-TEST(QtDCTest, TextIsCutOffAtItsClip) {
-  Canvas canvas;
-  constexpr RECT clip{20, 10, 45, 16};
-  canvas.Draw([&](CDC& dc) { dc.TextOut({15, 8}, "A text that is too long", &clip); });
-  EXPECT_TRUE(QRect(20, 10, 25, 6).contains(canvas.Painted()));
-  EXPECT_EQ(canvas.Painted().right(), 44);
 }
 
 TEST(QtDCTest, MaskHasOneDevicePixelToTheBit) {
