@@ -1,6 +1,5 @@
 #include "model/ModelData.h"
 
-#include <string>
 #include <utility>
 
 #include "model/Factory.h"

@@ -4,8 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <limits>
-#include <utility>
 
 namespace {
 

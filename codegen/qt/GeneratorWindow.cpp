@@ -1,7 +1,5 @@
 #include "codegen/qt/GeneratorWindow.h"
 
-#include <algorithm>
-
 #include <QApplication>
 #include <QCheckBox>
 #include <QFontDatabase>

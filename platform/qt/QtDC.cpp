@@ -1,12 +1,10 @@
 #include "platform/qt/QtDC.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include <QPaintDevice>
 
-#include "platform/qt/PixelRuns.h"
 #include "platform/qt/QtText.h"
 
 namespace {

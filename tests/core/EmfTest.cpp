@@ -3,7 +3,6 @@
 #include "platform/CMetaFileDC.h"
 #include "platform/CNullDC.h"
 #include "platform/EmfWriter.h"
-#include "platform/Utf16.h"
 #include "resources/CommandIds.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"

@@ -27,7 +27,6 @@
 #include "platform/Profile.h"
 #include "platform/TextCodec.h"
 #include "platform/UseService.h"
-#include "resources/CommandIds.h"
 #include "resources/Language.h"
 #include "resources/TextLibrary.h"
 #include "resources/Texts.h"

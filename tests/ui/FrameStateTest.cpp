@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDockWidget>
-#include <QStatusBar>
 
 #include "platform/Profile.h"
 #include "platform/UseService.h"

@@ -6,9 +6,7 @@
 #include <QToolBar>
 
 #include "persistence/ModelFile.h"
-#include "platform/Files.h"
 #include "platform/UseService.h"
-#include "platform/qt/QtPictures.h"
 #include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtPrinting.h"
 #include "resources/CommandIds.h"

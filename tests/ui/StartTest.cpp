@@ -1,4 +1,3 @@
-#include <QMdiArea>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
