@@ -1,26 +1,16 @@
 #pragma once
 
-#include <string>
-
-#include "platform/CPropertySheet.h"
+#include "codegen/CCodegenPackage.h"
 
 /// The page of the texts that the C# generator reads.
-class CCodegenCSharp : public CPropertyPage {
+class CCodegenCSharp : public CCodegenPackage {
  public:
+  static constexpr int kFirstId = 500;
   enum ControlId : int {
-    IDC_CONTEXT = 500,
-    IDC_CLASS_NAME,
-    IDC_PACKAGE,
-    IDC_INFO,
-    IDC_DECLARATIONS
+    IDC_CLASS_NAME = kFirstId + kClassName,
+    IDC_PACKAGE = kFirstId + kPackage,
+    IDC_DECLARATIONS = kFirstId + kDeclarations
   };
 
-  CCodegenCSharp() : CPropertyPage("C# (.Net)") {}
-
-  void AddControls(CDialog& sheet, int page) override;
-  void DoDataExchange(DataExchange& exchange) override;
-
-  std::string className;
-  std::string package;
-  std::string declarations;
+  CCodegenCSharp() : CCodegenPackage("C# (.Net)", "Additional Declaration (Optional)", kFirstId) {}
 };

@@ -1,26 +1,16 @@
 #pragma once
 
-#include <string>
-
-#include "platform/CPropertySheet.h"
+#include "codegen/CCodegenPackage.h"
 
 /// The page of the texts that the Java generator reads.
-class CCodegenJava : public CPropertyPage {
+class CCodegenJava : public CCodegenPackage {
  public:
+  static constexpr int kFirstId = 400;
   enum ControlId : int {
-    IDC_CONTEXT = 400,
-    IDC_CLASS_NAME,
-    IDC_PACKAGE,
-    IDC_INFO,
-    IDC_DECLARATIONS
+    IDC_CLASS_NAME = kFirstId + kClassName,
+    IDC_PACKAGE = kFirstId + kPackage,
+    IDC_DECLARATIONS = kFirstId + kDeclarations
   };
 
-  CCodegenJava() : CPropertyPage("Java") {}
-
-  void AddControls(CDialog& sheet, int page) override;
-  void DoDataExchange(DataExchange& exchange) override;
-
-  std::string className;
-  std::string package;
-  std::string declarations;
+  CCodegenJava() : CCodegenPackage("Java", "Additional Info (Optional)", kFirstId) {}
 };

@@ -159,7 +159,7 @@ void CRedirect::Stop(Pauses pauses) {
     ended->errorReader.WaitAndForget(longestWait);
   }
   rest(kPause);
-  if (ended == nullptr || ended->process->WaitForEnd(0ms)) return;
+  if (ended == nullptr || ended->process->WaitForEnd(std::chrono::milliseconds::zero())) return;
   ended->process->Terminate();
   ended->process->WaitForEnd(longestWait);
 }

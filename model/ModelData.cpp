@@ -1,6 +1,5 @@
 #include "model/ModelData.h"
 
-#include <string>
 #include <utility>
 
 #include "model/Factory.h"
@@ -23,8 +22,8 @@ void ModelData::DeleteAll() {
 }
 
 void ModelData::Append(std::unique_ptr<Shape> shape) {
-  objects.push_back(shape.get());
-  static_cast<void>(shape.release());
+  objects.push_back(nullptr);  // may fail, and then the shape still has its owner
+  objects.back() = shape.release();
 }
 
 void ModelData::Release(const Shape* shape) {

@@ -4,8 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <limits>
-#include <utility>
 
 #include "platform/Decimal.h"
 
@@ -21,7 +19,8 @@ std::string Hundredths(double v) { return Decimal(v, 2); }
 /// Negative whole numbers need care: half a pixel right of -3 is -2.5.
 std::string CentreOf(std::int32_t v) {
   if (v >= 0) return Half(v);
-  return v == -1 ? "-0.5" : "-" + Half(-(std::int64_t{v} + 1));
+  if (v == -1) return "-0.5";
+  return "-" + Half(-(std::int64_t{v} + 1));
 }
 
 std::string ColourText(COLORREF c) {

@@ -1,7 +1,5 @@
 #include "codegen/qt/GeneratorWindow.h"
 
-#include <algorithm>
-
 #include <QApplication>
 #include <QCheckBox>
 #include <QFontDatabase>
@@ -48,7 +46,7 @@ GeneratorWindow::GeneratorWindow(CGenerateCppDlg& dialog, QWidget* parent)
   layout->addWidget(MakeButtons());
   resize(minimumSizeHint() + growth);
   generate->setFocus();
-  Refresh();
+  GeneratorWindow::Refresh();
   dialog.SetWindow(this);
   dialog.SetOutputBox(this);
 }

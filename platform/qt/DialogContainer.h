@@ -22,6 +22,8 @@ class DialogContainer {
   DialogContainer(const DialogControl& control, QWidget* parent);
   /// The whole of a dialog, as a column.
   explicit DialogContainer(QWidget* window);
+  DialogContainer(const DialogContainer&) = delete;
+  DialogContainer& operator=(const DialogContainer&) = delete;
 
   QWidget* Widget() const { return widget; }
   /// Adds a child with its label. `focus` is the widget that the label leads to; null if none.

@@ -1,12 +1,10 @@
 #include "platform/qt/QtDC.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include <QPaintDevice>
 
-#include "platform/qt/PixelRuns.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -25,18 +23,21 @@ constexpr std::size_t kMaxLineBytes = 32768;
 QtDC::QtDC(QImage& image, double scale, QtFontCache& fonts, const QRegion* clip)
     : alias(image.bits(), image.width(), image.height(), image.bytesPerLine(), image.format()),
       fonts(fonts),
-      scale(scale) {
-  size = {static_cast<std::int32_t>(std::ceil(image.width() / scale)),
-          static_cast<std::int32_t>(std::ceil(image.height() / scale))};
-  clipBox = alias.rect();
+      scale(scale),
+      size{static_cast<std::int32_t>(std::ceil(image.width() / scale)),
+           static_cast<std::int32_t>(std::ceil(image.height() / scale))},
+      clipBox(alias.rect()) {
   painter.begin(&alias);
   Begin(clip);
 }
 
 QtDC::QtDC(QPaintDevice& device, double scale, SIZE size, QtFontCache& fonts)
-    : fonts(fonts), scale(scale), size(size), page(true) {
-  clipBox = QRect(0, 0, static_cast<int>(std::ceil(size.cx * scale)),
-                  static_cast<int>(std::ceil(size.cy * scale)));
+    : fonts(fonts),
+      scale(scale),
+      size(size),
+      page(true),
+      clipBox(0, 0, static_cast<int>(std::ceil(size.cx * scale)),
+              static_cast<int>(std::ceil(size.cy * scale))) {
   painter.begin(&device);
   Begin(nullptr);
 }

@@ -65,8 +65,8 @@ QtDialogWindow::QtDialogWindow(CDialog& dialog, QWidget* parent) : QDialog(paren
   SetTabOrder();
   FitToScreen();
   dialog.SetWindow(this);
-  Refresh();
-  if (!widgets.empty()) FocusOn(widgets.front().id);
+  QtDialogWindow::Refresh();
+  if (!widgets.empty()) QtDialogWindow::FocusOn(widgets.front().id);
 }
 
 QtDialogWindow::~QtDialogWindow() { dialog.SetWindow(nullptr); }

@@ -93,7 +93,8 @@ bool QtProfile::StoreInFile(const QString& name, const QVariant& value) {
   const QString copy = folder.filePath("settings.ini");
   QDir().mkpath(QFileInfo(path).path());
   QLockFile lock(path + ".lock");
-  lock.tryLock(kLockMilliseconds);
+  // Where no lock can be had, as in a folder that takes no new files, the file may still take this.
+  static_cast<void>(lock.tryLock(kLockMilliseconds));
   QFile::copy(path, copy);
   QVariantMap wanted;
   {

@@ -52,7 +52,7 @@ QtTreeCtrl::QtTreeCtrl(CTreeCtrl& tree, int firstWidth, QWidget* parent)
   connect(this, &QTreeView::collapsed, this,
           [this](const QModelIndex& index) { OnToggled(index, false); });
   tree.SetPeer(this);
-  OnTreeChanging();
+  QtTreeCtrl::OnTreeChanging();
 }
 
 QtTreeCtrl::~QtTreeCtrl() { tree.SetPeer(nullptr); }

@@ -114,7 +114,7 @@ QtView::~QtView() { Detach(); }
 
 void QtView::Detach() {
   if (view == nullptr) return;
-  ReleaseCapture();
+  QtView::ReleaseCapture();
   view->SetPeer(nullptr);
   view = nullptr;
   queue.clear();

@@ -73,6 +73,8 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   class ClientDC;
 
   void TakeMouse(Message::Kind kind, QMouseEvent& event);
+  /// A press of a button; `left` is what it is of the left one.
+  void TakePress(Message::Kind left, QMouseEvent& event);
   bool Take(const Message& message);
   bool Handle(const Message& message);
   void HandleLeftovers();

@@ -128,16 +128,18 @@ void QtView::TakeMouse(Message::Kind kind, QMouseEvent& event) {
   event.accept();
 }
 
-void QtView::mousePressEvent(QMouseEvent* event) {
+void QtView::TakePress(Message::Kind left, QMouseEvent& event) {
   const QPointer<QtView> self(this);
   pressedHere = true;
-  if (event->button() == Qt::LeftButton) {
-    TakeMouse(Message::Kind::LButtonDown, *event);
-  } else if (event->button() == Qt::RightButton) {
-    TakeMouse(Message::Kind::RButtonDown, *event);
+  if (event.button() == Qt::LeftButton) {
+    TakeMouse(left, event);
+  } else if (event.button() == Qt::RightButton) {
+    TakeMouse(Message::Kind::RButtonDown, event);
   }
   if (self != nullptr) FollowButtons(QGuiApplication::mouseButtons());
 }
+
+void QtView::mousePressEvent(QMouseEvent* event) { TakePress(Message::Kind::LButtonDown, *event); }
 
 void QtView::mouseReleaseEvent(QMouseEvent* event) {
   FollowButtons(event->buttons());
@@ -149,14 +151,7 @@ void QtView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void QtView::mouseDoubleClickEvent(QMouseEvent* event) {
-  const QPointer<QtView> self(this);
-  pressedHere = true;
-  if (event->button() == Qt::LeftButton) {
-    TakeMouse(Message::Kind::LButtonDblClk, *event);
-  } else if (event->button() == Qt::RightButton) {
-    TakeMouse(Message::Kind::RButtonDown, *event);
-  }
-  if (self != nullptr) FollowButtons(QGuiApplication::mouseButtons());
+  TakePress(Message::Kind::LButtonDblClk, *event);
 }
 
 /// A menu or a dialog that a press opened has taken the release for itself.

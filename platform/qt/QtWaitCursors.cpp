@@ -1,5 +1,6 @@
 #include "platform/qt/QtWaitCursors.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 
 void QtWaitCursors::Begin() {

@@ -30,7 +30,7 @@ CChildFrame::CChildFrame(CDocument& document, CDocManager& manager)
   inner->addDockWidget(Qt::LeftDockWidgetArea, objectBrowser);
   setWidget(inner);
   setFocusProxy(viewWidget);
-  resize(sizeHint());
+  resize(kNormalSize);
 }
 
 CChildFrame::~CChildFrame() { Detach(); }

@@ -1,7 +1,5 @@
 #include "shell/qt/CommandMenu.h"
 
-#include <algorithm>
-
 #include "platform/Files.h"
 #include "platform/qt/QtText.h"
 #include "resources/CommandIds.h"

@@ -13,9 +13,9 @@ constexpr int kIconSize = 22;
 
 }  // namespace
 
-ToolImage::ToolImage() : former(Service<DragImages>::Set(this)) {}
+ToolImage::ToolImage() = default;
 
-ToolImage::~ToolImage() { Service<DragImages>::Set(former); }
+ToolImage::~ToolImage() = default;
 
 void ToolImage::Show(unsigned command, POINT topLeft) {
   if (window == nullptr) {

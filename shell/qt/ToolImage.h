@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "platform/DragImages.h"
+#include "platform/UseService.h"
 
 class QLabel;
 
@@ -18,5 +19,5 @@ class ToolImage : public DragImages {
  private:
   std::unique_ptr<QLabel> window;
   unsigned shown = 0;
-  DragImages* former;
+  const UseService<DragImages> use{*this};
 };

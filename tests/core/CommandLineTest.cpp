@@ -6,6 +6,7 @@
 #include "platform/CNullDC.h"
 #include "platform/Files.h"
 #include "platform/Pictures.h"
+#include "platform/UseService.h"
 #include "shell/CommandLine.h"
 #include "tests/support/Charts.h"
 #include "tests/support/TempFolder.h"
@@ -27,10 +28,7 @@ class FakePictures : public Pictures {
 
 class CommandLineTest : public ::testing::Test {
  protected:
-  CommandLineTest() : former(Service<Pictures>::Set(&pictures)) {
-    WriteWholeFile(Chart(), ModelFile::ToDisk(SmallChart()));
-  }
-  ~CommandLineTest() override { Service<Pictures>::Set(former); }
+  CommandLineTest() { WriteWholeFile(Chart(), ModelFile::ToDisk(SmallChart())); }
 
   std::string Chart() const { return folder.Path("Small.mrv"); }
   int Run(const std::vector<std::string>& arguments) {
@@ -46,7 +44,7 @@ class CommandLineTest : public ::testing::Test {
 
   TempFolder folder;
   FakePictures pictures;
-  Pictures* former;
+  const UseService<Pictures> use{pictures};
   std::ostringstream out;
   std::ostringstream err;
 };

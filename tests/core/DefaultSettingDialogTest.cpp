@@ -119,13 +119,4 @@ TEST_F(DefaultSettingDialog, FontDialogStartsWithWholePoints) {
   EXPECT_EQ(dialogs.LastFont().color, 0x000080U);
 }
 
-TEST_F(DefaultSettingDialog, ReadsTheProfileAtEachOpening) {
-  store.StateName = "Stale";
-  profile.MemoryProfile::WriteString("Settings", "StateName", "Fresh");
-  Open([](CDialog& dialog) {
-    EXPECT_EQ(dialog.Control(Dlg::IDC_STATE_NAME).text, "Fresh");
-    Host::Press(dialog, IDCANCEL);
-  });
-}
-
 }  // namespace

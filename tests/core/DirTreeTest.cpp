@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/Folders.h"
+#include "platform/UseService.h"
 #include "shell/CDirTreeCtrl.h"
 #include "shell/CSortStringArray.h"
 #include "tests/support/TempFolder.h"
@@ -16,9 +17,7 @@ using Rows = std::vector<std::string>;
 /// The real file system below one or more drives of a test's own.
 class TestDrives : public Folders {
  public:
-  explicit TestDrives(std::vector<std::string> drives)
-      : drives(std::move(drives)), former(Service<Folders>::Set(this)) {}
-  ~TestDrives() override { Service<Folders>::Set(former); }
+  explicit TestDrives(std::vector<std::string> drives) : drives(std::move(drives)) {}
 
   std::vector<std::string> Drives() override { return drives; }
   void Visit(const std::string& folder, const Visitor& visitor) override {
@@ -31,7 +30,7 @@ class TestDrives : public Folders {
   int visits = 0;
 
  private:
-  Folders* former;
+  const UseService<Folders> use{*this};
 };
 
 class DirTree : public testing::Test {

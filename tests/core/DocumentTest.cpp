@@ -7,6 +7,7 @@
 #include "platform/CDocManager.h"
 #include "platform/Files.h"
 #include "platform/Profile.h"
+#include "platform/UseService.h"
 #include "resources/CommandIds.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
@@ -34,10 +35,7 @@ class FakeFrames : public FrameHost {
 
 class DocumentTest : public ::testing::Test {
  protected:
-  DocumentTest() : former(Service<Profile>::Set(&profile)) {
-    WriteWholeFile(SmallPath(), ModelFile::ToDisk(SmallChart()));
-  }
-  ~DocumentTest() override { Service<Profile>::Set(former); }
+  DocumentTest() { WriteWholeFile(SmallPath(), ModelFile::ToDisk(SmallChart())); }
 
   static CDocTemplate Template() {
     return {"Morvane_Diagram",
@@ -58,7 +56,7 @@ class DocumentTest : public ::testing::Test {
 
   TempFolder folder;
   MemoryProfile profile;
-  Profile* former;
+  const UseService<Profile> use{profile};
   ScriptedMessageBoxes boxes;
   ScriptedDialogs dialogs;
   FakeFrames frames;

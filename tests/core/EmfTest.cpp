@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
-#include <limits>
 
 #include "platform/CMetaFileDC.h"
 #include "platform/CNullDC.h"
 #include "platform/EmfWriter.h"
-#include "platform/Utf16.h"
 #include "resources/CommandIds.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
@@ -26,13 +24,6 @@ TEST(Emf, AChartBecomesAValidMetafile) {
   EXPECT_EQ(bounds.right, 52 * 6 - 1) << "the note; the edge is inside";
   const RECT frame = reader.RectAtOffset(24);
   EXPECT_EQ(frame.left, 17 * 6 * 2540 / 96);
-}
-
-TEST(Emf, AnEmptyChartHasNoContent) {
-  const auto chart = LoadChart(ChartText(""));
-  const EmfReader reader(ChartPicture(*chart).MakeEmf());
-  reader.CheckFrame();
-  EXPECT_EQ(reader.CountOf(EmfReader::kExtTextOut) + reader.CountOf(EmfReader::kRectangle), 0U);
 }
 
 TEST(Emf, TextsKeepTheirLettersClipAndAdvances) {
@@ -63,13 +54,6 @@ TEST(Emf, TextsKeepTheirLettersClipAndAdvances) {
     EXPECT_EQ(reader.Get<std::int32_t>(at + advances + 8), 0);
   }
   EXPECT_EQ(reader.CountOf(EmfReader::kExtTextOut), 1U);
-}
-
-TEST(Emf, ExtremeCoordinates) {
-  const int low = std::numeric_limits<int>::min();
-  const int high = std::numeric_limits<int>::max();
-  const auto chart = LoadChart(ChartText(StateRecord(1, {low, low, high, high})));
-  EmfReader(ChartPicture(*chart).MakeEmf()).CheckFrame();
 }
 
 TEST(CopyAsMetafile, PutsThePictureInSeveralFormats) {

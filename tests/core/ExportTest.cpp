@@ -12,6 +12,7 @@
 #include "platform/Files.h"
 #include "platform/Pictures.h"
 #include "platform/Profile.h"
+#include "platform/UseService.h"
 #include "resources/CommandIds.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
@@ -32,8 +33,6 @@ std::string Text(SIZE size) { return std::to_string(size.cx) + "x" + std::to_str
 /// Makes pictures that tell their size, up to a limit.
 class SmallPictures : public Pictures {
  public:
-  SmallPictures() : former(Service<Pictures>::Set(this)) {}
-  ~SmallPictures() override { Service<Pictures>::Set(former); }
   std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<CNullDC>(); }
   std::optional<std::string> MakePng(SIZE size, const Paint&) override { return Make(size); }
   std::optional<std::string> MakePdf(SIZE size, const Paint&) override { return Make(size); }
@@ -44,14 +43,13 @@ class SmallPictures : public Pictures {
     if (size.cx > limit || size.cy > limit) return std::nullopt;
     return Text(size);
   }
-  Pictures* former;
+  const UseService<Pictures> use{*this};
 };
 
 /// A chart in a document with a path, as it is after opening.
 class ExportTest : public ::testing::Test {
  protected:
-  ExportTest() : former(Service<Profile>::Set(&profile)) { Open(SmallChart()); }
-  ~ExportTest() override { Service<Profile>::Set(former); }
+  ExportTest() { Open(SmallChart()); }
 
   void Open(const std::string& text) {
     WriteWholeFile(folder.Path("Lift.v2.mrv"), text);
@@ -86,7 +84,7 @@ class ExportTest : public ::testing::Test {
 
   TempFolder folder;
   MemoryProfile profile;
-  Profile* former;
+  const UseService<Profile> use{profile};
   SmallPictures pictures;
   ScriptedMessageBoxes boxes;
   ScriptedDialogs dialogs;

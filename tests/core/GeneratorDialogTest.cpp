@@ -5,6 +5,7 @@
 #include "platform/CDocManager.h"
 #include "platform/Files.h"
 #include "platform/Profile.h"
+#include "platform/UseService.h"
 #include "resources/CommandIds.h"
 #include "resources/InstallFolder.h"
 #include "surface/LayoutMgr.h"
@@ -18,9 +19,6 @@ namespace {
 /// Does with each dialog what the test says, and closes it.
 class ScriptedGeneratorHost : public GeneratorHost, public OutputBox {
  public:
-  ScriptedGeneratorHost() : former(Service<GeneratorHost>::Set(this)) {}
-  ~ScriptedGeneratorHost() override { Service<GeneratorHost>::Set(former); }
-
   void Run(CGenerateCppDlg& dialog) override {
     dialog.SetOutputBox(this);
     if (script) script(dialog);
@@ -34,7 +32,7 @@ class ScriptedGeneratorHost : public GeneratorHost, public OutputBox {
   std::string shown;
 
  private:
-  GeneratorHost* former;
+  const UseService<GeneratorHost> use{*this};
 };
 
 class NoFrames : public FrameHost {
@@ -132,29 +130,14 @@ TEST_F(GeneratorDialogTest, TheBoxKeepsTheNewestOfAFlood) {
   });
 }
 
-TEST_F(GeneratorDialogTest, WhatComesAfterTheWindowIsDropped) {
-  const LeftoverCheck leftovers;
-  Show(GeneratorKind::C, "/lift.mrv", [&](CGenerateCppDlg& dialog) {
-    ASSERT_TRUE(Generate(dialog, "lines 0", "\n"));
-    dialog.Click(IDCANCEL);
-    const std::string before = Output(dialog);
-    ASSERT_TRUE(WaitUntil([&] { return ui.Count() != 0; }));
-    ui.RunAll();
-    EXPECT_EQ(Output(dialog), before);
-  });
-  ui.RunAll();
-  EXPECT_EQ(leftovers.Leftovers(), "");
-}
-
 /// The commands on charts that are saved or not.
 class GeneratorCommandTest : public GeneratorDialogTest {
  protected:
-  GeneratorCommandTest() : formerProfile(Service<Profile>::Set(&profile)) {
+  GeneratorCommandTest() {
     host.script = [this](CGenerateCppDlg& dialog) {
       shown = dialog.Caption() + ": " + dialog.Control(CGenerateCppDlg::IDC_DESIGN_FILE).text;
     };
   }
-  ~GeneratorCommandTest() override { Service<Profile>::Set(formerProfile); }
 
   LayoutMgr& View() { return dynamic_cast<LayoutMgr&>(*document->GetView()); }
   void Change() { View().GetProperties().Author += "!"; }
@@ -168,7 +151,7 @@ class GeneratorCommandTest : public GeneratorDialogTest {
 
   TempFolder folder;
   MemoryProfile profile;
-  Profile* formerProfile;
+  const UseService<Profile> use{profile};
   ScriptedMessageBoxes boxes;
   ScriptedDialogs dialogs;
   NoFrames frames;

@@ -4,6 +4,7 @@
 
 #include "codegen/CRedirect.h"
 #include "codegen/ToolInbox.h"
+#include "platform/UseService.h"
 #include "tests/support/Tools.h"
 #include "tests/support/UiQueue.h"
 
@@ -74,13 +75,6 @@ TEST_F(GeneratorRunTest, NothingIsLostWhenTheToolEndsAtOnce) {
   Close();
 }
 
-TEST_F(GeneratorRunTest, WhatCannotBeStartedIsReported) {
-  EXPECT_FALSE(tool->LaunchTool("/no/such/tool.exe -d x", false));
-  EXPECT_EQ(tool->output, "Unable to start /no/such/tool.exe -d x\n");
-  EXPECT_FALSE(CRedirect::IsRunning());
-  Close();
-}
-
 TEST_F(GeneratorRunTest, AFloodThatNobodyTakesIsReadToItsEnd) {
   constexpr long count = 10'000'000;
   ASSERT_TRUE(Launch("lines " + std::to_string(count)));
@@ -136,9 +130,6 @@ TEST_F(GeneratorRunTest, ASecondRunEndsTheFirstAndDropsItsLateOutput) {
 /// A process that never ends. It writes down in which order it is stopped.
 class FakeProcesses : public Processes {
  public:
-  FakeProcesses() : former(Service<Processes>::Set(this)) {}
-  ~FakeProcesses() override { Service<Processes>::Set(former); }
-
   std::unique_ptr<Process> Start(const std::string&, bool) override {
     return std::make_unique<Fake>(*this);
   }
@@ -175,7 +166,7 @@ class FakeProcesses : public Processes {
     const std::thread::id main = std::this_thread::get_id();
   };
 
-  Processes* former;
+  const UseService<Processes> use{*this};
 };
 
 TEST(GeneratorStopTest, KeepsItsOrderAndItsTimes) {

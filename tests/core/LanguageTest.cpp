@@ -26,7 +26,7 @@
 #include "platform/Files.h"
 #include "platform/Profile.h"
 #include "platform/TextCodec.h"
-#include "resources/CommandIds.h"
+#include "platform/UseService.h"
 #include "resources/Language.h"
 #include "resources/TextLibrary.h"
 #include "resources/Texts.h"
@@ -184,7 +184,7 @@ TEST_P(LanguageLibrary, HasEveryTextOfDialogs) {
 }
 
 TEST_P(LanguageLibrary, HasNoMnemonicTwiceInAMenu) {
-  TextSource* const former = Service<TextSource>::Set(&library);
+  const UseService<TextSource> use(library);
   for (const Texts& menu : AllMenus()) {
     std::set<char> letters;
     for (const std::string& text : menu) {
@@ -193,7 +193,6 @@ TEST_P(LanguageLibrary, HasNoMnemonicTwiceInAMenu) {
           << letter << " twice in the menu of " << menu.front() << ": " << Translate(text);
     }
   }
-  Service<TextSource>::Set(former);
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, testing::Values("fra", "ger", "esp"));
@@ -208,14 +207,12 @@ TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
   EXPECT_EQ(library.Text(7), "one\ntwo\\three\tfour");
   EXPECT_FALSE(library.Text(5));
   EXPECT_FALSE(library.Text(33008)) << "it lacks the place for the name";
-  TextSource* const former = Service<TextSource>::Set(&library);
+  const UseService<TextSource> use(library);
   EXPECT_EQ(Translate("&Open...\tCtrl+O"), "&Auf...\tCtrl+O");
   EXPECT_EQ(Translate("Unheard of\tF9"), "Unheard of\tF9");
   for (const unsigned id : {IDS_UNTITLED, IDS_STATE_NAME}) {
     EXPECT_EQ(LoadText(id), "-MISSING-") << "a name is one line with something on it";
   }
-  Service<TextSource>::Set(former);
-  EXPECT_EQ(LoadText(IDS_STATE_NAME), "State");
 }
 
 TEST(TextLibrary, RefusesWhatIsNoLibraryAndStaysAsItWas) {
@@ -235,18 +232,15 @@ struct LanguageCase {
 
 class LoadLanguageTest : public testing::TestWithParam<LanguageCase> {
  protected:
-  LoadLanguageTest() : formerProfile(Service<Profile>::Set(&profile)) {
+  LoadLanguageTest() {
     std::ofstream(folder.Path("langfra.dll")) << "Morvane texts\tfr\n32952\tSans titre\n";
     std::ofstream(folder.Path("langger.dll")) << "no library";
   }
-  ~LoadLanguageTest() override {
-    Service<Profile>::Set(formerProfile);
-    Service<TextSource>::Set(nullptr);
-  }
+  ~LoadLanguageTest() override { Service<TextSource>::Set(nullptr); }
   TempFolder folder;
   MemoryProfile profile;
   ScriptedMessageBoxes boxes;
-  Profile* formerProfile;
+  const UseService<Profile> use{profile};
 };
 
 constexpr const char* kUnreadable =

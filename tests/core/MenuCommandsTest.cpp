@@ -7,6 +7,7 @@
 #include "model/ModelMgr.h"
 #include "platform/PopupMenus.h"
 #include "platform/ShellOpen.h"
+#include "platform/UseService.h"
 #include "resources/CommandIds.h"
 #include "shell/HelpCommands.h"
 #include "states/GenericState.h"
@@ -20,8 +21,6 @@ namespace {
 /// Chooses a command in every menu that opens, and keeps what the menu showed.
 class ChosenMenus : public PopupMenus {
  public:
-  ChosenMenus() : former(Service<PopupMenus>::Set(this)) {}
-  ~ChosenMenus() override { Service<PopupMenus>::Set(former); }
   unsigned Track(const std::vector<Item>& items, POINT) override {
     shown = items;
     return choice;
@@ -37,7 +36,7 @@ class ChosenMenus : public PopupMenus {
   std::vector<Item> shown;
 
  private:
-  PopupMenus* former;
+  const UseService<PopupMenus> use{*this};
 };
 
 class ContextMenu : public testing::Test {
@@ -111,8 +110,6 @@ TEST_F(ContextMenu, OpensWhereThePointerIsAndRunsItsCommand) {
 /// A desktop that answers every wish to open something in one way.
 class FakeDesktop : public ShellOpen {
  public:
-  FakeDesktop() : former(Service<ShellOpen>::Set(this)) {}
-  ~FakeDesktop() override { Service<ShellOpen>::Set(former); }
   OpenResult OpenFile(const std::string& path) override { return opened = path, result; }
   OpenResult OpenWeb(const std::string& address) override { return opened = address, result; }
 
@@ -120,7 +117,7 @@ class FakeDesktop : public ShellOpen {
   std::string opened;
 
  private:
-  ShellOpen* former;
+  const UseService<ShellOpen> use{*this};
 };
 
 TEST(HelpCommands, SayWhatCannotBeOpened) {

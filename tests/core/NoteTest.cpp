@@ -24,21 +24,6 @@ Metafile Paint(const LayoutMgr& chart) {
   return dc.Close();
 }
 
-TEST(Note, IsASheetWithAFoldedCorner) {
-  for (const bool transparent : {false, true}) {
-    const Metafile drawn = Paint(*Chart("n", transparent ? "1 1" : "0 0"));
-    ASSERT_EQ(drawn.records.size(), 4U);
-    EXPECT_EQ(
-        drawn.records[0].points,
-        (std::vector<POINT>{{240, 60}, {240, 95}, {311, 95}, {311, 72}, {299, 60}, {240, 60}}));
-    EXPECT_EQ(drawn.records[0].brush.hollow, transparent);
-    EXPECT_EQ(drawn.records[0].pen, (CPen{PenStyle::Solid, 0, 0x000080}));
-    EXPECT_EQ(drawn.records[1].points, (std::vector<POINT>{{311, 72}, {299, 72}}));
-    EXPECT_EQ(drawn.records[2].points, (std::vector<POINT>{{299, 72}, {299, 60}}));
-    EXPECT_EQ(drawn.records[3].rect, (RECT{243, 63, 299, 92}));
-  }
-}
-
 TEST(Note, HidesItsMarksButKeepsThem) {
   const auto chart = Chart("a<M>b<<M>M>c<M");
   const Metafile drawn = Paint(*chart);

@@ -8,6 +8,7 @@
 #include "model/ModelMgr.h"
 #include "persistence/ModelStream.h"
 #include "platform/PopupMenus.h"
+#include "platform/UseService.h"
 #include "resources/CommandIds.h"
 #include "shell/CObjectTree.h"
 #include "states/GenericState.h"
@@ -32,8 +33,6 @@ const std::string kLinks = "2 20 14 21 14 \n1 21 14 59 14 \n3 59 14 60 14 \n";
 /// Chooses one command in every menu that opens.
 class OneChoice : public PopupMenus {
  public:
-  OneChoice() : former(Service<PopupMenus>::Set(this)) {}
-  ~OneChoice() override { Service<PopupMenus>::Set(former); }
   unsigned Track(const std::vector<Item>& items, POINT at) override {
     first = items.front().text;
     screen = at;
@@ -44,7 +43,7 @@ class OneChoice : public PopupMenus {
   POINT screen;
 
  private:
-  PopupMenus* former;
+  const UseService<PopupMenus> use{*this};
 };
 
 class ObjectTree : public testing::Test {
@@ -94,11 +93,6 @@ class ObjectTree : public testing::Test {
 
 const Rows kAToB = {"+[0]Untitled",     "  [1]A", "    [2]Go", "      [1]B",
                     "      [5]onGo []", "  [1]B", "  [1]C"};
-
-TEST_F(ObjectTree, ShowsAnOpenedChart) {
-  OpenStates();
-  EXPECT_EQ(Shown(), kAToB);
-}
 
 TEST_F(ObjectTree, NewChartOpensItsRootWithTheFirstObject) {
   chart.OnInitialUpdate();
@@ -170,8 +164,9 @@ TEST_F(ObjectTree, FollowsNamesAndMessages) {
   EXPECT_EQ(Shown().front(), "+[0]Lift");
 }
 
-TEST_F(ObjectTree, UndoFillsItAnew) {
+TEST_F(ObjectTree, ShowsAnOpenedChartAndIsFilledAnewByUndo) {
   OpenStates();
+  EXPECT_EQ(Shown(), kAToB);
   tree.Collapse(*tree.FirstItem());
   chart.GetProperties().ModelName = "Other";
   tree.SetRootText("Other");

@@ -13,8 +13,8 @@
 #include "platform/RecentFiles.h"
 #include "platform/TextCodec.h"
 #include "platform/TextLayout.h"
+#include "platform/UseService.h"
 #include "resources/InstallFolder.h"
-#include "resources/Texts.h"
 #include "tests/support/TempFolder.h"
 
 namespace {
@@ -146,13 +146,6 @@ TEST(InstallFolder, CutsBeforeTheFirstBin) {
   for (const auto& c : cases) EXPECT_EQ(InstallFolderOf(c.program), c.folder);
 }
 
-TEST(Texts, AreFoundByNumber) {
-  EXPECT_EQ(LoadText(IDS_INVALID_FILE), "Invalid File");
-  EXPECT_EQ(LoadText(IDS_APP_TITLE), "Morvane");
-  EXPECT_EQ(LoadText(IDS_PICTURE_KIND).substr(0, 8), "Pictures");
-  EXPECT_EQ(LoadText(1), "-MISSING-");
-}
-
 class FilesTest : public ::testing::Test {
  protected:
   std::string Path(const char* name) const { return folder.Path(name); }
@@ -193,12 +186,11 @@ TEST_F(FilesTest, PathsWithoutRegardToCaseAndSeparator) {
 
 TEST(RecentFiles, KeepsTheLastSixNewestFirst) {
   MemoryProfile profile;
-  Profile* former = Service<Profile>::Set(&profile);
+  const UseService<Profile> use(profile);
   RecentFiles recent;
   for (const char* path : {"a", "b", "c", "d", "e", "f", "g", "c"}) recent.Add(path);
   RecentFiles again;
   again.Load();
-  Service<Profile>::Set(former);
   EXPECT_EQ(again.Paths(), (std::vector<std::string>{"c", "g", "f", "e", "d", "b"}));
 }
 

@@ -67,29 +67,24 @@ TEST_F(TextDialog, EventEditorGivesThreeTexts) {
 }
 
 TEST_F(TextDialog, EventMustNotBeEmpty) {
-  Message().SetTexts("", "", "");
-  host.Expect("Edit Event", [this](CDialog& dialog) {
-    EXPECT_EQ(dialog.Control(CEventEditor::IDC_EVENT).text, "-Edit-");
-    Host::Type(dialog, CEventEditor::IDC_EVENT, "");
-    Host::Type(dialog, CEventEditor::IDC_GUARD, "kept");
-    boxes.Expect("Event Cannot Be Empty");
-    Host::Press(dialog, IDOK);
-    EXPECT_EQ(boxes.LastFlags(), static_cast<unsigned>(MB_ICONHAND));
-    ASSERT_TRUE(dialog.IsOpen());
-    EXPECT_EQ(dialog.Control(CEventEditor::IDC_GUARD).text, "kept");
-    Host::Type(dialog, CEventEditor::IDC_EVENT, " ");
-    Host::Press(dialog, IDOK);
-  });
-  EXPECT_TRUE(Message().EditText("ignored"));
-  EXPECT_EQ(Message().GetEvent(), " ");
-  EXPECT_EQ(Message().GetGuard(), "kept");
-}
-
-TEST_F(TextDialog, UpdateAtOnceStoresTheProposedEvent) {
-  Message().SetTexts("", "", "");
-  host.Expect("Edit Event", [](CDialog& dialog) { Host::Press(dialog, IDOK); });
-  EXPECT_TRUE(Message().EditText(""));
-  EXPECT_EQ(Message().GetEvent(), "-Edit-");
+  for (const bool updatedAtOnce : {true, false}) {
+    Message().SetTexts("", "", "");
+    host.Expect("Edit Event", [&](CDialog& dialog) {
+      EXPECT_EQ(dialog.Control(CEventEditor::IDC_EVENT).text, "-Edit-");
+      if (updatedAtOnce) return Host::Press(dialog, IDOK);
+      Host::Type(dialog, CEventEditor::IDC_EVENT, "");
+      Host::Type(dialog, CEventEditor::IDC_GUARD, "kept");
+      boxes.Expect("Event Cannot Be Empty");
+      Host::Press(dialog, IDOK);
+      EXPECT_EQ(boxes.LastFlags(), static_cast<unsigned>(MB_ICONHAND));
+      EXPECT_EQ(dialog.Control(CEventEditor::IDC_GUARD).text, "kept");
+      Host::Type(dialog, CEventEditor::IDC_EVENT, " ");
+      Host::Press(dialog, IDOK);
+    });
+    EXPECT_TRUE(Message().EditText("ignored"));
+    EXPECT_EQ(Message().GetEvent(), updatedAtOnce ? "-Edit-" : " ");
+    EXPECT_EQ(Message().GetGuard(), updatedAtOnce ? "" : "kept");
+  }
 }
 
 TEST_F(TextDialog, CancelKeepsTheMessage) {

@@ -154,18 +154,4 @@ TEST(TransitionPaint, TheWindowShowsHandlesOfASelectedOne) {
                  true}));
 }
 
-TEST(TransitionPaint, TheGhostComesMovesAndGoes) {
-  const auto chart = Chart();
-  auto& arrow = *Find<Transition>(*chart, kArrow);
-  FakeWindow window(*chart);
-  POINT offset{3, 4};
-  arrow.OnBroadcast(BROADCAST_SHOW_GHOST, &offset);
-  EXPECT_EQ(window.Feedback(), 5U);
-  offset = {5, 5};
-  arrow.OnBroadcast(BROADCAST_SHOW_GHOST, &offset);
-  EXPECT_EQ(window.Feedback(), 5U);
-  arrow.OnBroadcast(BROADCAST_END_GHOST, nullptr);
-  EXPECT_EQ(window.Feedback(), 0U);
-}
-
 }  // namespace

@@ -87,31 +87,9 @@ TEST(Transition, StaysWhereAKeyNamesNoAnchor) {
   EXPECT_EQ(Arrow(*chart).GetSource(), Find<GenericState>(*chart, kSource));
 }
 
-TEST(Transition, AReferenceToNoStateIsAFreeEnd) {
-  const auto chart =
-      LoadChart(ChartText(InitialRecord(kSource, {8, 6, 12, 10}) +
-                          TransitionRecord(kArrow, 99, kSource, kDownKeys, kDownLinks)));
-  EXPECT_EQ(Arrow(*chart).GetSource(), nullptr);
-  // An initial state takes no end.
-  EXPECT_EQ(Arrow(*chart).GetTarget(), nullptr);
-  EXPECT_NE(chart->ModelText().find("\n0 0\n" + kDownKeys + "\n" + kDownLinks), std::string::npos);
-}
-
 TEST(Transition, ADamagedChainIsTheFreeArrowOfItsPoints) {
   const auto chart = TwoStates("", kDownKeys, "0 10 11 40 49 \n3 40 49 40 50 \n");
   EXPECT_EQ(Corners(Arrow(*chart).Route()), "22,10 22,11 22,17 22,18");
-}
-
-TEST(Transition, AChainWithoutATailIsRefused) {
-  for (const char* links : {"2 10 10 10 11 \n", "2 10 10 10 11 \n3 40 49 x 50 \n",
-                            "2 10 10 10 11 \n99999 1 1 1 1 \n3 1 1 1 1 \n"}) {
-    try {
-      TwoStates("", kDownKeys, links);
-      FAIL() << "was read: " << links;
-    } catch (const std::string& reason) {
-      EXPECT_EQ(reason, LoadText(IDS_INVALID_FILE));
-    }
-  }
 }
 
 TEST(Transition, MovesWithItsStatesOrLetsGoOfThem) {
@@ -185,23 +163,6 @@ TEST(Transition, TheMessageOnTheLabelFollows) {
     MoveState(*chart, kSource, {0, 4});
     EXPECT_EQ(mesg->GetCentre(), before + c.by) << c.name;
   }
-}
-
-TEST(Transition, CommandsMakeAlignAndDeleteTheMessage) {
-  const auto chart = TwoStates();
-  Transition& arrow = Arrow(*chart);
-  arrow.OnCommand(ID_TRANSITION_ADD_MESG);
-  Mesg* mesg = arrow.GetMesg();
-  ASSERT_NE(mesg, nullptr);
-  EXPECT_EQ(mesg->GetCentre(), (POINT{40, 30}));
-  arrow.OnCommand(ID_TRANSITION_ADD_MESG);
-  EXPECT_EQ(arrow.GetMesg(), mesg);
-  mesg->MoveTo({1, 1, 11, 7});
-  arrow.OnCommand(ID_TRANSITION_ALIGN_MESG);
-  EXPECT_TRUE(mesg->IsAligned());
-  arrow.OnCommand(ID_TRANSITION_DELETE_MESG);
-  EXPECT_EQ(arrow.GetMesg(), nullptr);
-  EXPECT_EQ(chart->GetModel().Objects().size(), 3U);
 }
 
 TEST(Transition, OfSeveralMessagesOneIsItsOwnAndAllDieWithIt) {

@@ -11,7 +11,6 @@
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
-#include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
 #include "tests/faults/Faults.h"
 #include "tests/support/Charts.h"

@@ -19,6 +19,11 @@ class Canvas {
   }
 
   std::unique_ptr<QtDC> DC() { return std::make_unique<QtDC>(image, scale, fonts); }
+  /// Draws with a context that is gone afterwards.
+  template <class Drawing>
+  void Draw(const Drawing& drawing) {
+    drawing(*DC());
+  }
   QImage& Image() { return image; }
   QtFontCache& Fonts() { return fonts; }
   double Scale() const { return scale; }

@@ -7,6 +7,7 @@
 #include "model/ModelMgr.h"
 #include "persistence/CMorvaneDoc.h"
 #include "platform/Profile.h"
+#include "platform/UseService.h"
 #include "resources/CommandIds.h"
 #include "shell/qt/CMainFrame.h"
 #include "surface/LayoutMgr.h"
@@ -18,7 +19,7 @@ using Commands = std::set<unsigned>;
 /// The real main window over real charts: which commands can be given in which state.
 class CommandModesTest : public testing::Test {
  protected:
-  CommandModesTest() : former(Service<Profile>::Set(&profile)) {
+  CommandModesTest() {
     frame = std::make_unique<CMainFrame>(
         CMainFrame::Factories{[] { return std::make_unique<CMorvaneDoc>(); },
                               [] { return std::make_unique<LayoutMgr>(); }});
@@ -29,7 +30,6 @@ class CommandModesTest : public testing::Test {
     frame->Manager().CloseAllDocuments();
     frame.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    Service<Profile>::Set(former);
   }
 
   LayoutMgr& NewChart() {
@@ -63,7 +63,7 @@ class CommandModesTest : public testing::Test {
                          ID_USER_GUIDE,   ID_TUTORIAL,    ID_WEB_PAGE,      ID_APP_ABOUT};
 
   MemoryProfile profile;
-  Profile* former;
+  const UseService<Profile> use{profile};
   std::unique_ptr<CMainFrame> frame;
 };
 
@@ -107,18 +107,6 @@ TEST_F(CommandModesTest, FollowWhatThereIsToDo) {
 
   frame->Manager().CloseAllDocuments();
   Expect("closed again", kAlways);
-}
-
-TEST_F(CommandModesTest, CheckMarksShowTheBars) {
-  NewChart();
-  for (const unsigned bar :
-       {ID_VIEW_TOOLBAR, ID_DRAWING_BAR, ID_CHART_BROWSER, ID_VIEW_STATUS_BAR, ID_OBJECT_BROWSER}) {
-    EXPECT_TRUE(frame->StateOf(bar).checked) << bar;
-    frame->RunCommand(bar);
-    EXPECT_FALSE(frame->StateOf(bar).checked) << bar;
-    frame->RunCommand(bar);
-    EXPECT_TRUE(frame->StateOf(bar).checked) << bar;
-  }
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <functional>
 #include <gtest/gtest.h>
 
 #include <QComboBox>
@@ -41,17 +42,17 @@ struct AllDialogs {
   LayoutMgrPropDlg model;
   CCodegenSheet sheet;
   FindReplaceDlg find{chart.GetModel()};
-  std::vector<CDialog*> list{&state,
-                             &mesg,
-                             &line,
-                             &printer,
-                             &event,
-                             &texts,
-                             &note,
-                             &model,
-                             &sheet,
-                             &find,
-                             &CDefaultSettingDlg::Instance()};
+  CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
+  std::vector<CDialog*> list{&state, &mesg,  &line,  &printer, &event,   &texts,
+                             &note,  &model, &sheet, &find,    &settings};
+
+  /// Runs each dialog and `act` in its window.
+  void Run(const std::function<void(CDialog&, QtDialogWindow&)>& act) {
+    OpenDialog open;
+    for (CDialog* dialog : list) {
+      open.Run(*dialog, [&](QtDialogWindow& window) { act(*dialog, window); });
+    }
+  }
 };
 
 QColor ColorOf(COLORREF color) {
@@ -60,47 +61,40 @@ QColor ColorOf(COLORREF color) {
 }
 
 TEST(DialogWindow, EveryControlHasANameAndRoom) {
-  AllDialogs all;
-  OpenDialog open;
-  for (CDialog* dialog : all.list) {
-    open.Run(*dialog, [dialog](QtDialogWindow& window) {
-      EXPECT_EQ(window.windowTitle().toStdString(), dialog->Caption());
-      EXPECT_TRUE(window.isModal());
-      for (QWidget* child : window.findChildren<QWidget*>()) {
-        const std::string name = dialog->Caption() + ": " + child->objectName().toStdString();
-        if (child->objectName().startsWith("control")) {
-          EXPECT_FALSE(child->accessibleName().isEmpty()) << name;
-        }
-        const bool ours = child->isVisible() && (child->objectName().startsWith("control") ||
-                                                 qobject_cast<QLabel*>(child) != nullptr);
-        if (!ours) continue;
-        EXPECT_GE(child->width(), child->minimumSizeHint().width()) << name;
-        EXPECT_GE(child->height(), child->minimumSizeHint().height()) << name;
+  AllDialogs().Run([](CDialog& dialog, QtDialogWindow& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), dialog.Caption());
+    EXPECT_TRUE(window.isModal());
+    for (QWidget* child : window.findChildren<QWidget*>()) {
+      const std::string name = dialog.Caption() + ": " + child->objectName().toStdString();
+      if (child->objectName().startsWith("control")) {
+        EXPECT_FALSE(child->accessibleName().isEmpty()) << name;
       }
-    });
-  }
+      const bool ours = child->isVisible() && (child->objectName().startsWith("control") ||
+                                               qobject_cast<QLabel*>(child) != nullptr);
+      if (!ours) continue;
+      EXPECT_GE(child->width(), child->minimumSizeHint().width()) << name;
+      EXPECT_GE(child->height(), child->minimumSizeHint().height()) << name;
+    }
+  });
 }
 
 TEST(DialogWindow, TabGoesThroughTheControlsInOrder) {
   AllDialogs all;
-  OpenDialog open;
-  for (CDialog* dialog : all.list) {
-    if (dialog == &all.sheet) continue;  // pages that don't show are left out
-    open.Run(*dialog, [dialog](QtDialogWindow& window) {
-      const int first = OpenDialog::FocusId();
-      std::vector<int> visited;
-      do {
-        visited.push_back(OpenDialog::FocusId());
-        OpenDialog::Key(Qt::Key_Tab, "\t");
-      } while (OpenDialog::FocusId() != first && visited.size() < 50);
-      std::vector<int> expected;
-      for (const DialogControl& control : dialog->Controls()) {
-        const auto* widget = OpenDialog::Find<QWidget>(window, control.id);
-        if (widget != nullptr && control.enabled) expected.push_back(control.id);
-      }
-      EXPECT_EQ(visited, expected) << dialog->Caption();
-    });
-  }
+  all.Run([&all](CDialog& dialog, QtDialogWindow& window) {
+    if (&dialog == &all.sheet) return;  // pages that don't show are left out
+    const int first = OpenDialog::FocusId();
+    std::vector<int> visited;
+    do {
+      visited.push_back(OpenDialog::FocusId());
+      OpenDialog::Key(Qt::Key_Tab, "\t");
+    } while (OpenDialog::FocusId() != first && visited.size() < 50);
+    std::vector<int> expected;
+    for (const DialogControl& control : dialog.Controls()) {
+      const auto* widget = OpenDialog::Find<QWidget>(window, control.id);
+      if (widget != nullptr && control.enabled) expected.push_back(control.id);
+    }
+    EXPECT_EQ(visited, expected) << dialog.Caption();
+  });
 }
 
 TEST(DialogWindow, KeysAndTitleBarClose) {
@@ -260,23 +254,14 @@ TEST(DialogWindow, FollowsADarkPalette) {
     dark.setColor(role, QColor(230, 230, 230));
   }
   QApplication::setPalette(dark);
-  AllDialogs all;
-  OpenDialog open;
-  for (CDialog* dialog : all.list) {
-    open.Run(*dialog, [dialog](QtDialogWindow& window) {
-      const QImage picture = window.grab().toImage();
-      EXPECT_EQ(picture.pixelColor(1, 1), QColor(30, 30, 30)) << dialog->Caption();
-      if (!qEnvironmentVariableIsEmpty("MORVANE_PICTURES")) {
-        picture.save(qEnvironmentVariable("MORVANE_PICTURES") + "/" +
-                     window.windowTitle().remove('/') + ".png");
-      }
-      for (const QWidget* child : window.findChildren<QWidget*>()) {
-        EXPECT_TRUE(child->styleSheet().isEmpty());
-        EXPECT_EQ(child->palette().color(QPalette::Active, QPalette::WindowText),
-                  QColor(230, 230, 230));
-      }
-    });
-  }
+  AllDialogs().Run([](CDialog& dialog, QtDialogWindow& window) {
+    EXPECT_EQ(window.grab().toImage().pixelColor(1, 1), QColor(30, 30, 30)) << dialog.Caption();
+    for (const QWidget* child : window.findChildren<QWidget*>()) {
+      EXPECT_TRUE(child->styleSheet().isEmpty());
+      EXPECT_EQ(child->palette().color(QPalette::Active, QPalette::WindowText),
+                QColor(230, 230, 230));
+    }
+  });
   QApplication::setPalette(former);
 }
 

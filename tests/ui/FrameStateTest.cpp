@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDockWidget>
-#include <QStatusBar>
 
 #include "platform/Profile.h"
+#include "platform/UseService.h"
 #include "resources/CommandIds.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/FrameState.h"
@@ -15,9 +14,6 @@ namespace {
 /// Two runs of the program, one after the other, on a profile of the test's own.
 class FrameStateTest : public testing::Test {
  protected:
-  FrameStateTest() : former(Service<Profile>::Set(&profile)) {}
-  ~FrameStateTest() override { Service<Profile>::Set(former); }
-
   static std::unique_ptr<CMainFrame> MakeFrame() {
     return std::make_unique<CMainFrame>(
         CMainFrame::Factories{[] { return std::make_unique<FakeDocument>(); },
@@ -26,14 +22,8 @@ class FrameStateTest : public testing::Test {
   static bool IsShown(CMainFrame& frame, unsigned bar) { return frame.StateOf(bar).checked; }
 
   MemoryProfile profile;
-  Profile* former;
+  const UseService<Profile> use{profile};
 };
-
-TEST_F(FrameStateTest, TheFirstRunHasNothingToRestore) {
-  const auto frame = MakeFrame();
-  EXPECT_FALSE(FrameState::Restore(*frame));
-  EXPECT_FALSE(frame->isVisible());
-}
 
 TEST_F(FrameStateTest, BarsAndPlacementLast) {
   constexpr QRect placement(60, 50, 900, 620);
@@ -56,12 +46,13 @@ TEST_F(FrameStateTest, BarsAndPlacementLast) {
   EXPECT_TRUE(IsShown(*frame, ID_VIEW_TOOLBAR));
 }
 
-TEST_F(FrameStateTest, ADamagedProfileIsNoState) {
-  for (const char* damaged : {"not base64 at all %%%", "AAAA", "QUJDREVGR0g="}) {
+TEST_F(FrameStateTest, AnEmptyOrDamagedProfileIsNoState) {
+  for (const char* damaged : {"", "not base64 at all %%%", "AAAA", "QUJDREVGR0g="}) {
     profile.WriteString("Frame", "Placement", damaged);
     profile.WriteString("Frame", "Bars", damaged);
     const auto frame = MakeFrame();
     EXPECT_FALSE(FrameState::Restore(*frame)) << damaged;
+    EXPECT_FALSE(frame->isVisible());
     EXPECT_TRUE(IsShown(*frame, ID_DRAWING_BAR));
   }
 }

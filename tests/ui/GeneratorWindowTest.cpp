@@ -6,10 +6,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QTextBlock>
 #include <QTimer>
 
 #include "codegen/qt/GeneratorWindow.h"
+#include "platform/UseService.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtUiThread.h"
 #include "tests/support/Tools.h"
@@ -19,9 +19,6 @@ namespace {
 /// Runs the dialog in its window; the test's steps run inside its loop.
 class GeneratorWindowTest : public testing::Test {
  protected:
-  GeneratorWindowTest() : formerThread(Service<UiThread>::Set(&uiThread)) {}
-  ~GeneratorWindowTest() override { Service<UiThread>::Set(formerThread); }
-
   void Run(GeneratorKind kind, const std::function<void(GeneratorWindow&)>& steps) {
     CGenerateCppDlg dialog(kind);
     dialog.SetDesignFile("/home/caf\xE9/lift.mrv");
@@ -48,7 +45,7 @@ class GeneratorWindowTest : public testing::Test {
   }
 
   QtUiThread uiThread;
-  UiThread* formerThread;
+  const UseService<UiThread> use{uiThread};
   QtGeneratorHost host;
   TestProcesses processes;
   QPlainTextEdit* output = nullptr;

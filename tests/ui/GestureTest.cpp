@@ -113,8 +113,11 @@ const Gesture kGestures[] = {
 
 class EachGesture : public GestureTest, public testing::WithParamInterface<Gesture> {
  protected:
-  /// Posts the way of the pointer, with a repaint under the feedback half way.
-  void PostWay(const Gesture& gesture) {
+  /// The way of the pointer waits for the press, with a repaint under the feedback half way.
+  EachGesture() {
+    SelectObjects(gesture.selection);
+    before = chart->ModelText();
+    Hover(gesture.press);
     Post(QEvent::MouseMove, (gesture.press + gesture.release) / 2, gesture.keys);
     PostStep([this] { Repainted(); });
     Post(QEvent::MouseMove, gesture.release, gesture.keys);
@@ -124,19 +127,17 @@ class EachGesture : public GestureTest, public testing::WithParamInterface<Gestu
     chart->OnMouseLeave();
     QApplication::processEvents();
     const QImage now = Now();
-    EXPECT_EQ(now, Repainted()) << GetParam().name;
+    EXPECT_EQ(now, Repainted()) << gesture.name;
   }
+
+  const Gesture& gesture = GetParam();
+  std::string before;
 };
 
 /// What GoogleTest prints of a gesture.
 void PrintTo(const Gesture& gesture, std::ostream* out) { *out << gesture.name; }
 
 TEST_P(EachGesture, FinishedIsOneStepAndLeavesNoTrace) {
-  const Gesture& gesture = GetParam();
-  SelectObjects(gesture.selection);
-  const std::string before = chart->ModelText();
-  Hover(gesture.press);
-  PostWay(gesture);
   Post(QEvent::MouseButtonRelease, gesture.release, gesture.keys);
   Press(gesture.press, gesture.keys);
   EXPECT_EQ(chart->ModelText() != before, gesture.changes) << chart->ModelText();
@@ -149,11 +150,6 @@ TEST_P(EachGesture, FinishedIsOneStepAndLeavesNoTrace) {
 }
 
 TEST_P(EachGesture, CancelledChangesNothingAndLeavesNoTrace) {
-  const Gesture& gesture = GetParam();
-  SelectObjects(gesture.selection);
-  const std::string before = chart->ModelText();
-  Hover(gesture.press);
-  PostWay(gesture);
   PostEscape();
   Press(gesture.press, gesture.keys);
   EXPECT_EQ(chart->ModelText(), before);
@@ -164,11 +160,6 @@ TEST_P(EachGesture, CancelledChangesNothingAndLeavesNoTrace) {
 }
 
 TEST_P(EachGesture, WithTheMouseLostChangesNothingAndLeavesNoTrace) {
-  const Gesture& gesture = GetParam();
-  SelectObjects(gesture.selection);
-  const std::string before = chart->ModelText();
-  Hover(gesture.press);
-  PostWay(gesture);
   PostStep([this] { widget->ReleaseCapture(); });
   Post(QEvent::MouseMove, gesture.press, gesture.keys);
   Press(gesture.press, gesture.keys);
@@ -259,15 +250,6 @@ TEST_F(GestureTest, AToolDroppedOutsideInsertsNothing) {
   EXPECT_EQ(chart->GetModel().Objects().size(), 6U);
   EXPECT_EQ(chart->GetTool(), 0U);
   EXPECT_FALSE(widget->HasCapture());
-}
-
-TEST_F(GestureTest, AMessageFollowsItsRouteWhileItStandsOnTheLabel) {
-  FindShape(*chart, 4)->OnCommand(ID_MESG_ALIGN);
-  Post(QEvent::MouseMove, {430, 340});
-  Post(QEvent::MouseButtonRelease, {430, 340});
-  Press({400, 280});  // moves the target state by (5, 10) units
-  const RECT box = FindShape(*chart, 4)->GetBounds();
-  EXPECT_EQ(box, (RECT{40, 37, 50, 43}));
 }
 
 }  // namespace

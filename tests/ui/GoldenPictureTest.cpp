@@ -11,6 +11,7 @@
 #include "platform/CMetaFileDC.h"
 #include "platform/CSvgDC.h"
 #include "platform/EmfWriter.h"
+#include "platform/UseService.h"
 #include "platform/qt/QtPictures.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
@@ -120,16 +121,13 @@ QImage Decode(const std::string& png) { return QImage::fromData(QByteArray::from
 
 class GoldenPicture : public testing::TestWithParam<Sample> {
  protected:
-  GoldenPicture() : former(Service<Pictures>::Set(&pictures)), formerFace(Settings().FontName) {
+  GoldenPicture() : formerFace(Settings().FontName) {
     // The same face everywhere, whatever stands in for the default one.
     Settings().FontName = kFace;
     forms = MakeForms(pictures, GetParam());
     output.mkpath(".");
   }
-  ~GoldenPicture() override {
-    Settings().FontName = formerFace;
-    Service<Pictures>::Set(former);
-  }
+  ~GoldenPicture() override { Settings().FontName = formerFace; }
 
   static CDefaultSettingDlg& Settings() { return CDefaultSettingDlg::Instance(); }
   static QString GoldenPath() {
@@ -166,7 +164,7 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
   }
 
   QtPictures pictures;
-  Pictures* former;
+  const UseService<Pictures> use{pictures};
   std::string formerFace;
   Forms forms;
   QDir output{MORVANE_GOLDEN_OUTPUT};

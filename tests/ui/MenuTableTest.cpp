@@ -11,46 +11,22 @@
 #include "shell/MenuTable.h"
 #include "shell/qt/CommandIcons.h"
 
-TEST(MenuTableTest, EachCommandStandsOnceInAMenu) {
+TEST(MenuTableTest, EachCommandStandsOnceInAMenuAndHasAPrompt) {
   for (const auto menu : {StartMenu(), ChartMenu()}) {
     std::set<unsigned> seen;
     for (const MenuPopup& popup : menu) {
       EXPECT_NE(popup.entries.front().id, 0U) << popup.title;
       EXPECT_NE(popup.entries.back().id, 0U) << popup.title;
       for (const MenuEntry& entry : popup.entries) {
-        if (entry.id != 0) {
-          EXPECT_TRUE(seen.insert(entry.id).second) << entry.text;
-        }
+        if (entry.id == 0) continue;
+        EXPECT_TRUE(seen.insert(entry.id).second) << entry.text;
+        EXPECT_FALSE(CommandPrompt(entry.id).empty()) << entry.text;
       }
     }
   }
 }
 
-TEST(MenuTableTest, StartMenuIsPartOfTheChartMenu) {
-  std::set<unsigned> chart;
-  std::size_t count = 0;
-  for (const MenuPopup& popup : ChartMenu()) {
-    for (const MenuEntry& entry : popup.entries) {
-      chart.insert(entry.id);
-      count += entry.id != 0 ? 1 : 0;
-    }
-  }
-  EXPECT_EQ(count, 52U);
-  for (const MenuPopup& popup : StartMenu()) {
-    for (const MenuEntry& entry : popup.entries) EXPECT_EQ(chart.count(entry.id), 1U);
-  }
-}
-
-TEST(MenuTableTest, EveryCommandHasAPromptAndEveryButtonATipAndAnIcon) {
-  for (const auto menu : {StartMenu(), ChartMenu()}) {
-    for (const MenuPopup& popup : menu) {
-      for (const MenuEntry& entry : popup.entries) {
-        if (entry.id != 0) {
-          EXPECT_FALSE(CommandPrompt(entry.id).empty()) << entry.text;
-        }
-      }
-    }
-  }
+TEST(MenuTableTest, EveryButtonHasATipAndAnIcon) {
   for (const auto bar : {ToolBarButtons(), DrawingBarButtons()}) {
     for (const unsigned id : bar) {
       if (id == 0) continue;
@@ -58,15 +34,9 @@ TEST(MenuTableTest, EveryCommandHasAPromptAndEveryButtonATipAndAnIcon) {
       EXPECT_FALSE(MakeCommandIcon(id, QPalette()).isNull()) << id;
     }
   }
-  EXPECT_EQ(CommandPrompt(ID_ZOOM_IN), "Zoom In");
-  EXPECT_EQ(CommandToolTip(ID_ZOOM_IN), "Zoom In");
   EXPECT_EQ(CommandPrompt(ID_DELETE), "Delete selected objects from the chart");
   EXPECT_EQ(CommandToolTip(ID_DELETE), "Delete");
-  EXPECT_EQ(CommandToolTip(ID_WEB_PAGE), kWebAddress);
-  EXPECT_NE(CommandPrompt(ID_WEB_PAGE).find(kWebAddress), std::string_view::npos);
-  EXPECT_TRUE(CommandToolTip(ID_VIEW_TOOLBAR).empty());
   EXPECT_EQ(CommandPrompt(ID_FILE_RECENT + 5), CommandPrompt(ID_FILE_RECENT));
-  EXPECT_TRUE(CommandPrompt(12345).empty());
 }
 
 TEST(MenuTableTest, KeysAreKnownUniqueAndThoseOfTheMenus) {
@@ -79,7 +49,6 @@ TEST(MenuTableTest, KeysAreKnownUniqueAndThoseOfTheMenus) {
     EXPECT_TRUE(seen.insert(keys).second) << accelerator.key;
     byKey[accelerator.key] = accelerator.id;
   }
-  EXPECT_EQ(seen.size(), 24U);
   for (const MenuPopup& popup : ChartMenu()) {
     for (const MenuEntry& entry : popup.entries) {
       const std::size_t tab = entry.text.find('\t');

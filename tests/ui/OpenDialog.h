@@ -6,17 +6,13 @@
 #include <QKeyEvent>
 #include <QTimer>
 
+#include "platform/UseService.h"
 #include "platform/qt/QtDialogHost.h"
 #include "platform/qt/QtDialogWindow.h"
 
 /// Runs dialogs in their real windows for the length of a test.
 class OpenDialog {
  public:
-  OpenDialog() : former(Service<DialogHost>::Set(&host)) {}
-  ~OpenDialog() { Service<DialogHost>::Set(former); }
-  OpenDialog(const OpenDialog&) = delete;
-  OpenDialog& operator=(const OpenDialog&) = delete;
-
   /// Runs a dialog and `act` in it; what `act` leaves open is cancelled. True if OK closed it.
   bool Run(CDialog& dialog, const std::function<void(QtDialogWindow&)>& act) {
     QTimer::singleShot(0, [&] {
@@ -47,5 +43,5 @@ class OpenDialog {
 
  private:
   QtDialogHost host;
-  DialogHost* former;
+  const UseService<DialogHost> use{host};
 };

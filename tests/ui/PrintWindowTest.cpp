@@ -5,10 +5,8 @@
 #include <QProcess>
 #include <QToolBar>
 
-#include "dialogs/PrinterSetup.h"
 #include "persistence/ModelFile.h"
-#include "platform/Files.h"
-#include "platform/qt/QtPictures.h"
+#include "platform/UseService.h"
 #include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtPrinting.h"
 #include "resources/CommandIds.h"
@@ -25,12 +23,11 @@ constexpr int kDotsPerInch = 60;
 /// The desktop's printing with documents in PDF files.
 class PrintWindow : public testing::Test {
  protected:
-  PrintWindow() : former(Service<Printing>::Set(&printing)) {
+  PrintWindow() {
     SetPath(folder.Path("chart.pdf"));
     printing.Printer().setPageSize(QPageSize(QPageSize::A4));
     printing.Printer().setPageMargins({10, 10, 10, 10}, QPageLayout::Millimeter);
   }
-  ~PrintWindow() override { Service<Printing>::Set(former); }
 
   void SetPath(const std::string& path) {
     printing.Printer().setOutputFormat(QPrinter::PdfFormat);
@@ -67,7 +64,7 @@ class PrintWindow : public testing::Test {
 
   TempFolder folder;
   QtPrinting printing;
-  Printing* former;
+  const UseService<Printing> use{printing};
   ScriptedMessageBoxes boxes;
 };
 
@@ -98,20 +95,6 @@ TEST_F(PrintWindow, PagesMeetAtTheEdgesOfThePrintableArea) {
   EXPECT_NEAR(second.left(), 10 * millimetre, 2);
   EXPECT_NEAR(first.width() + second.width(), 230 * unit, 4) << "nothing is lost or shown twice";
   EXPECT_NEAR(second.height(), 80 * unit, 3);
-}
-
-TEST_F(PrintWindow, PrintToFitFillsThePage) {
-  ScriptedDialogHost host;
-  host.Expect("Print Setup", [](CDialog& dialog) {
-    ScriptedDialogHost::Toggle(dialog, PrinterSetup::IDC_PRINT_TO_FIT);
-    ScriptedDialogHost::Press(dialog, IDOK);
-  });
-  const auto chart = Example();
-  chart->OnCommand(ID_FILE_PRINT_SETUP);
-  chart->OnCommand(ID_FILE_PRINT_DIRECT);
-  const std::vector<QImage> pages = Pages();
-  ASSERT_EQ(pages.size(), 1U);
-  EXPECT_NEAR(InkOf(pages[0]).right(), 200 / 25.4 * kDotsPerInch, 2);
 }
 
 TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {

@@ -60,17 +60,22 @@ class QtViewTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(QtViewTest, PaintsOnceWhenTheQueueIsEmpty) {
-  view.InvalidateRect({0, 0, 10, 10});
-  view.InvalidateRect({20, 20, 30, 30});
-  view.InvalidateRect({0, 0, 10, 10});
-  EXPECT_EQ(view.paints, 0);
+TEST_F(QtViewTest, PaintsOnceWhenTheQueueIsEmptyUnlessRedrawIsOff) {
+  for (const bool redraw : {true, false}) {
+    view.SetRedraw(redraw);
+    view.paints = 0;
+    for (const int left : {0, 20, 0}) view.InvalidateRect({left, left, left + 10, left + 10});
+    if (!redraw) view.UpdateWindow();
+    EXPECT_EQ(view.paints, 0);
+    QApplication::processEvents();
+    EXPECT_EQ(view.paints, redraw ? 1 : 0);
+  }
+  view.SetRedraw(true);
   QApplication::processEvents();
   EXPECT_EQ(view.paints, 1);
 }
 
 TEST_F(QtViewTest, PaintsOnlyWhatIsInvalid) {
-  EXPECT_EQ(At(5, 5), qRgb(255, 0, 0));
   view.color = 0x00FF00;
   view.InvalidateRect({10, 20, 30, 40});
   const std::array<POINT, 3> corners{POINT{60, 10}, {100, 10}, {60, 50}};
@@ -100,36 +105,16 @@ TEST_F(QtViewTest, InvalidRegionsOfAnySizeAreSafe) {
   EXPECT_EQ(view.paints, 1);
 }
 
-TEST_F(QtViewTest, ContextOutsideAPaintShowsAtOnce) {
-  view.GetDC()->FillSolidRect({5, 5, 10, 10}, 0);
-  EXPECT_EQ(At(5, 5), qRgb(0, 0, 0));
+TEST_F(QtViewTest, AContextShowsAtOnceAndInsideAPaintIsLimitedToIt) {
+  view.GetDC()->FillSolidRect({5, 5, 10, 10}, RGB(1, 2, 3));
+  EXPECT_EQ(At(5, 5), qRgb(1, 2, 3));
   EXPECT_EQ(view.paints, 0);
-}
-
-TEST_F(QtViewTest, ContextInsideAPaintIsLimitedToThePaint) {
+  EXPECT_EQ(widget->viewport()->grab().toImage().pixel(5, 5), qRgb(1, 2, 3));
   view.onDraw = [this](CDC&) { view.GetDC()->FillSolidRect({0, 0, 200, 150}, 0); };
   view.InvalidateRect({10, 10, 20, 20});
   view.UpdateWindow();
   EXPECT_EQ(At(15, 15), qRgb(0, 0, 0));
   EXPECT_EQ(At(25, 15), qRgb(255, 0, 0));
-}
-
-TEST_F(QtViewTest, NothingIsPaintedWhileRedrawIsOff) {
-  view.SetRedraw(false);
-  view.Invalidate();
-  view.UpdateWindow();
-  QApplication::processEvents();
-  EXPECT_EQ(view.paints, 0);
-  view.SetRedraw(true);
-  QApplication::processEvents();
-  EXPECT_EQ(view.paints, 1);
-}
-
-TEST_F(QtViewTest, ScreenShowsThePicture) {
-  view.GetDC()->FillSolidRect({5, 5, 10, 10}, RGB(1, 2, 3));
-  const QImage shown = widget->viewport()->grab().toImage();
-  EXPECT_EQ(shown.pixel(5, 5), qRgb(1, 2, 3));
-  EXPECT_EQ(shown.pixel(10, 10), qRgb(255, 0, 0));
 }
 
 TEST_F(QtViewTest, ResizeKeepsThePictureAndPaintsTheRest) {
@@ -236,29 +221,27 @@ TEST_F(QtViewTest, CaptureIsLostToAnotherGrab) {
   other.releaseMouse();
 }
 
-TEST_F(QtViewTest, LoopEndsWhenTheWindowGoes) {
+TEST_F(QtViewTest, ALoopEndsWhenItsWindowGoes) {
   Message::Kind kind = Message::Kind::Other;
   view.onPress = [&] { kind = view.NextMessage().kind; };
-  QTimer::singleShot(0, widget.get(), [this] {
-    EXPECT_TRUE(widget->IsWaiting());
-    widget->EndLoop();
-  });
-  Send(QEvent::MouseButtonPress, {10, 10});
-  EXPECT_EQ(kind, Message::Kind::Quit);
-  EXPECT_FALSE(widget->IsWaiting());
-  view.onPress = [&] { kind = view.NextMessage().kind; };
-  kind = Message::Kind::Other;
-  QTimer::singleShot(0, widget.get(), [this] { widget->Detach(); });
-  Send(QEvent::MouseButtonPress, {10, 10});
-  EXPECT_EQ(kind, Message::Kind::Quit);
+  for (const auto end : {&QtView::EndLoop, &QtView::Detach}) {
+    kind = Message::Kind::Other;
+    QTimer::singleShot(0, widget.get(), [&] {
+      EXPECT_TRUE(widget->IsWaiting());
+      (widget.get()->*end)();
+    });
+    Send(QEvent::MouseButtonPress, {10, 10});
+    EXPECT_EQ(kind, Message::Kind::Quit);
+    EXPECT_FALSE(widget->IsWaiting());
+  }
 }
 
-TEST_F(QtViewTest, LoopEndsWhenTheWidgetIsDeletedUnderIt) {
-  Message::Kind kind = Message::Kind::Other;
+TEST_F(QtViewTest, TheViewOutlivesItsWindow) {
   QTimer::singleShot(0, qApp, [this] { widget.reset(); });
-  kind = view.NextMessage().kind;
-  EXPECT_EQ(kind, Message::Kind::Quit);
+  EXPECT_EQ(view.NextMessage().kind, Message::Kind::Quit) << "the loop ends with the window";
   EXPECT_FALSE(view.HasWindow());
+  view.Invalidate();
+  EXPECT_EQ(view.NextMessage().kind, Message::Kind::Quit);
 }
 
 TEST_F(QtViewTest, KeysAreNoCommandsDuringALoop) {
@@ -272,13 +255,6 @@ TEST_F(QtViewTest, KeysAreNoCommandsDuringALoop) {
   shortcut.ignore();
   QCoreApplication::sendEvent(widget.get(), &shortcut);
   EXPECT_FALSE(shortcut.isAccepted());
-}
-
-TEST_F(QtViewTest, ViewOutlivesItsWindow) {
-  widget.reset();
-  EXPECT_FALSE(view.HasWindow());
-  view.Invalidate();
-  EXPECT_EQ(view.NextMessage().kind, Message::Kind::Quit);
 }
 
 TEST_F(QtViewTest, WheelScrollsByLinesAndZooms) {

@@ -2,10 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <QBuffer>
-#include <QFile>
 #include <QGuiApplication>
-#include <QImageReader>
 #include <QRegularExpression>
 
 #include "platform/CDC.h"

@@ -1,9 +1,9 @@
-#include <QMdiArea>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 
 #include "platform/Profile.h"
+#include "platform/UseService.h"
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPopupMenus.h"
 #include "resources/TextSource.h"
@@ -26,7 +26,7 @@ TEST(Start, OpensTheNamedChartOrANewOne) {
   const std::string lift = MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv";
   MemoryProfile profile;
   profile.WriteString("", "Language", "fra");
-  Profile* former = Service<Profile>::Set(&profile);
+  const UseService<Profile> use(profile);
   ScriptedMessageBoxes boxes;
   const struct {
     std::string file;
@@ -43,7 +43,6 @@ TEST(Start, OpensTheNamedChartOrANewOne) {
     EXPECT_EQ(Service<TextSource>::Get().Locale(), "fr");
   }
   Service<TextSource>::Set(nullptr);
-  Service<Profile>::Set(former);
 }
 
 TEST(Start, TheAboutBoxShowsThePictureAndGoesWithAKey) {

@@ -7,6 +7,7 @@
 #include "persistence/CMorvaneDoc.h"
 #include "platform/CTreeCtrl.h"
 #include "platform/Profile.h"
+#include "platform/UseService.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "resources/CommandIds.h"
 #include "shell/qt/CChildFrame.h"
@@ -159,13 +160,9 @@ TEST_F(TreeWindow, KeysMoveTheSelection) {
 /// The panes in a main window over real charts.
 class BrowserPanes : public testing::Test {
  protected:
-  BrowserPanes() : former(Service<Profile>::Set(&profile)) {
+  BrowserPanes() {
     profile.WriteString("ToolBars", "BrowseDir", folder.Root().string());
     Start();
-  }
-  ~BrowserPanes() override {
-    frame.reset();
-    Service<Profile>::Set(former);
   }
   void Start() {
     frame = std::make_unique<CMainFrame>(
@@ -179,7 +176,7 @@ class BrowserPanes : public testing::Test {
 
   TempFolder folder;
   MemoryProfile profile;
-  Profile* former;
+  const UseService<Profile> use{profile};
   ScriptedMessageBoxes boxes;
   std::unique_ptr<CMainFrame> frame;
 };

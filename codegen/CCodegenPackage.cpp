@@ -1,0 +1,23 @@
+#include "codegen/CCodegenPackage.h"
+
+#include <utility>
+
+#include "codegen/CodegenControls.h"
+#include "platform/DataExchange.h"
+
+CCodegenPackage::CCodegenPackage(std::string title, std::string infoTitle, int firstId)
+    : CPropertyPage(std::move(title)), infoTitle(std::move(infoTitle)), firstId(firstId) {}
+
+void CCodegenPackage::AddControls(CDialog& sheet, int page) {
+  sheet.Add(DialogControl::Kind::Group, firstId + kContext, "Context Class Info", page);
+  AddNameBox(sheet, firstId + kClassName, "Class Name :", firstId + kContext);
+  AddNameBox(sheet, firstId + kPackage, "Package :", firstId + kContext);
+  sheet.Add(DialogControl::Kind::Group, firstId + kInfo, infoTitle, page);
+  AddCodeBox(sheet, firstId + kDeclarations, "", firstId + kInfo);
+}
+
+void CCodegenPackage::DoDataExchange(DataExchange& exchange) {
+  exchange.Text(firstId + kClassName, className);
+  exchange.Text(firstId + kPackage, package);
+  exchange.Text(firstId + kDeclarations, declarations);
+}
