@@ -74,6 +74,7 @@ class MainFrameTest : public testing::Test {
   }
 
   ScriptedMessageBoxes boxes;
+  ScriptedDialogs dialogs;
   MemoryProfile profile;
   const UseService<Profile> use{profile};
   std::unique_ptr<CMainFrame> frame;
@@ -210,6 +211,14 @@ TEST_F(MainFrameTest, ClosingTheProgramAsksForEachChartAndCancelKeepsAll) {
   boxes.Expect("Three.mrv", MessageAnswer::Yes);
   EXPECT_TRUE(frame->close());
   EXPECT_EQ(OpenCharts(), 0U);
+}
+
+TEST_F(MainFrameTest, SavingANewChartAsksForItsPlace) {
+  frame->RunCommand(ID_FILE_NEW);
+  EXPECT_EQ(frame->windowTitle(), "Morvane_Diagram1 - Morvane");
+  dialogs.ExpectSave("/x/Saved.mrv");
+  frame->RunCommand(ID_FILE_SAVE);
+  EXPECT_EQ(frame->windowTitle(), "Saved.mrv - Morvane");
 }
 
 TEST_F(MainFrameTest, GestureEndsBeforeItsChartCloses) {
