@@ -247,14 +247,16 @@ std::optional<RouteCrossing> SlowSearch(const std::vector<RouteSegment>& route) 
 }
 
 TEST(LinkChain, TheEndLinksNeverShrinkToAPoint) {
-  HeadLink head(nullptr);
-  TailLink tail(&head, nullptr);
-  for (Link* link : std::initializer_list<Link*>{&head, &tail}) {
-    link->SetEnds({10, 10}, {11, 10});
-    link->SetEnds({5, 5}, {5, 5});
-    EXPECT_EQ(link->start, (POINT{10, 10}));
-    EXPECT_EQ(link->end, (POINT{11, 10}));
-  }
+  LinkChain chain(nullptr);
+  ASSERT_TRUE(chain.Build(Chain(kStairs)));
+  chain.Head()->SetEnds({20, 10}, {20, 11});
+  chain.Tail()->SetEnds({30, 50}, {30, 51});
+  chain.Head()->SetEnds({5, 5}, {5, 5});
+  chain.Tail()->SetEnds({5, 5}, {5, 5});
+  EXPECT_EQ(chain.Head()->start, (POINT{20, 10}));
+  EXPECT_EQ(chain.Head()->end, (POINT{20, 11}));
+  EXPECT_EQ(chain.Tail()->start, (POINT{30, 50}));
+  EXPECT_EQ(chain.Tail()->end, (POINT{30, 51}));
 }
 
 TEST(LinkCrossing, LongRoutesGiveWhatComparingEachWithEachGives) {
