@@ -15,7 +15,7 @@ QClipboard* SystemClipboard() {
 }  // namespace
 
 QString QtClipboard::MimeTypeOf(const std::string& format) {
-  const QString name = QString::fromStdString(format);
+  QString name = QString::fromStdString(format);
   if (name.contains('/')) return name;
   return QStringLiteral("application/x-qt-windows-mime;value=\"%1\"").arg(name);
 }
