@@ -193,31 +193,22 @@ bool CDefaultSettingDlg::OnOk() {
 }
 
 void CDefaultSettingDlg::SaveSettings() const {
-  Profile& profile = Service<Profile>::Get();
-  const auto text = [&](const char* key, const std::string& value) {
-    profile.WriteString(kSection, key, value);
-  };
-  const auto number = [&](const char* key, std::int32_t value) {
-    profile.WriteInt(kSection, key, value);
-  };
-  const auto colour = [&](const char* key, COLORREF value) {
-    profile.WriteInt(kSection, key, static_cast<std::int32_t>(value));
-  };
-  text("StateName", StateName);
-  number("StateAnchor", StateAnchor);
-  text("Entry", Entry);
-  text("Exit", Exit);
-  number("StateBgTransparent", StateBgTransparent);
-  number("MesgAnchor", MesgAnchor);
-  number("MesgBorder", MesgBorder);
-  number("MesgBgTransparent", MesgBgTransparent);
-  number("ShowGrid", ShowGrid);
-  colour("StateBgColor", StateBgColor);
-  colour("MesgBorderColor", MesgBorderColor);
-  colour("MesgBgColor", MesgBgColor);
-  number("LineColor", LineColor);
-  number("LineStyle", LineStyle);
-  text("FontName", FontName);
-  number("FontSize", FontSize);
-  colour("FontColor", FontColor);
+  const auto text = [](auto number) { return std::to_string(number); };
+  Service<Profile>::Get().Write(kSection, {{"StateName", StateName},
+                                           {"StateAnchor", text(StateAnchor)},
+                                           {"Entry", Entry},
+                                           {"Exit", Exit},
+                                           {"StateBgTransparent", text(StateBgTransparent)},
+                                           {"MesgAnchor", text(MesgAnchor)},
+                                           {"MesgBorder", text(MesgBorder)},
+                                           {"MesgBgTransparent", text(MesgBgTransparent)},
+                                           {"ShowGrid", text(ShowGrid)},
+                                           {"StateBgColor", text(StateBgColor)},
+                                           {"MesgBorderColor", text(MesgBorderColor)},
+                                           {"MesgBgColor", text(MesgBgColor)},
+                                           {"LineColor", text(LineColor)},
+                                           {"LineStyle", text(LineStyle)},
+                                           {"FontName", FontName},
+                                           {"FontSize", text(FontSize)},
+                                           {"FontColor", text(FontColor)}});
 }

@@ -15,10 +15,12 @@ class PrintedPages {
   virtual ~PrintedPages() = default;
   virtual std::string Title() const = 0;
   /// Divides the chart into pages of the context and gives their number. With no page to paint it
-  /// says why in `problem`.
+  /// says why in `problem`, and there is nothing to end.
   virtual int Begin(CDC& dc, std::string& problem) = 0;
   /// Paints a page, counting from 1.
   virtual void Paint(CDC& dc, int page) = 0;
+  /// Ends what `Begin` began.
+  virtual void End(CDC& dc) = 0;
   /// Prints, with the print dialog first.
   virtual void Print() = 0;
   /// Lets the user choose how the chart is put on paper.

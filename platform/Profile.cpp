@@ -2,14 +2,8 @@
 
 #include <charconv>
 
-std::string MemoryProfile::GetString(const std::string& section, const std::string& key,
-                                     const std::string& fallback) {
-  const auto found = values.find({section, key});
-  return found == values.end() ? fallback : found->second;
-}
-
-std::int32_t MemoryProfile::GetInt(const std::string& section, const std::string& key,
-                                   std::int32_t fallback) {
+std::int32_t Profile::GetInt(const std::string& section, const std::string& key,
+                             std::int32_t fallback) {
   const std::string text = GetString(section, key, "");
   std::int32_t value = 0;
   const char* end = text.data() + text.size();
@@ -17,12 +11,17 @@ std::int32_t MemoryProfile::GetInt(const std::string& section, const std::string
   return error == std::errc() && stop == end ? value : fallback;
 }
 
-void MemoryProfile::WriteString(const std::string& section, const std::string& key,
-                                const std::string& value) {
-  values[{section, key}] = value;
+void Profile::WriteString(const std::string& section, const std::string& key,
+                          const std::string& value) {
+  Write(section, {{key, value}});
 }
 
-void MemoryProfile::WriteInt(const std::string& section, const std::string& key,
-                             std::int32_t value) {
-  values[{section, key}] = std::to_string(value);
+std::string MemoryProfile::GetString(const std::string& section, const std::string& key,
+                                     const std::string& fallback) {
+  const auto found = values.find({section, key});
+  return found == values.end() ? fallback : found->second;
+}
+
+void MemoryProfile::Write(const std::string& section, const std::vector<Setting>& settings) {
+  for (const auto& [key, value] : settings) values[{section, key}] = value;
 }

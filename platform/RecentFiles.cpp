@@ -32,7 +32,9 @@ void RecentFiles::Remove(const std::string& path) {
 }
 
 void RecentFiles::Save() const {
+  std::vector<Profile::Setting> entries;
   for (std::size_t i = 0; i < kMaxEntries; ++i) {
-    Service<Profile>::Get().WriteString(kSection, KeyOf(i), i < paths.size() ? paths[i] : "");
+    entries.emplace_back(KeyOf(i), i < paths.size() ? paths[i] : "");
   }
+  Service<Profile>::Get().Write(kSection, entries);
 }

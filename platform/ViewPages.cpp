@@ -24,6 +24,7 @@ int ViewPages::Begin(CDC& dc, std::string& problem) {
   }
   view.OnBeginPrinting(dc, info);
   if (info.GetMaxPage() <= kMaxPages) return info.GetMaxPage();
+  End(dc);
   problem = LoadText(IDS_PRINT_TOO_LARGE);
   return 0;
 }
@@ -34,18 +35,19 @@ void ViewPages::Paint(CDC& dc, int page) {
   view.OnPrint(dc, info);
 }
 
+void ViewPages::End(CDC& dc) { view.OnEndPrinting(dc, info); }
+
 std::string ViewPages::PrintOn(PrintJob& job) {
   std::string problem;
   const int count = Begin(job.DC(), problem);
   if (!problem.empty()) return problem;
   const int first = std::max(info.fromPage, 1);
   const int last = std::min(info.toPage, count);
-  if (first > last) return LoadText(IDS_PRINT_NO_SUCH_PAGE);
   for (int page = first; page <= last && job.StartPage(last - first + 1); ++page) {
     Paint(job.DC(), page);
   }
-  view.OnEndPrinting(job.DC(), info);
-  return job.End();
+  End(job.DC());
+  return first <= last ? job.End() : LoadText(IDS_PRINT_NO_SUCH_PAGE);
 }
 
 std::string ViewPages::PrintAll() {

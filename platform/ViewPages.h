@@ -22,6 +22,7 @@ class ViewPages : public PrintedPages {
   std::string Title() const override;
   int Begin(CDC& dc, std::string& problem) override;
   void Paint(CDC& dc, int page) override;
+  void End(CDC& dc) override;
   void Print() override;
   void SetUp() override;
 

@@ -92,11 +92,13 @@ void QtPrintPreview::PaintPages(QPrinter* device) {
   std::string reason;
   const int count = pages.Begin(dc, reason);
   problem = ToQString(reason);
+  if (!reason.empty()) return;
   for (int page = 1; page <= count; ++page) {
     if (page > 1) device->newPage();
     dc.Painter().setClipRect(0, 0, area.cx, area.cy);
     pages.Paint(dc, page);
   }
+  pages.End(dc);
 }
 
 void QtPrintPreview::Refresh() {

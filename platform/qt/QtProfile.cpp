@@ -1,6 +1,5 @@
 #include "platform/qt/QtProfile.h"
 
-#include <charconv>
 #include <optional>
 
 #include <QDir>
@@ -32,6 +31,11 @@ std::optional<std::string> TextOf(const QVariant& value) {
   }
 }
 
+/// Bytes that are no UTF-8, as a path may have, go to the file as they are.
+QVariant ValueOf(const std::string& text) {
+  return IsValidUtf8(text) ? QVariant(FromUtf8(text)) : QVariant(QByteArray::fromStdString(text));
+}
+
 QString UserPath() {
   return QSettings(QSettings::IniFormat, QSettings::UserScope, kOrganisation, kApplication)
       .fileName();
@@ -59,34 +63,16 @@ std::string QtProfile::GetString(const std::string& section, const std::string& 
   return TextOf(values.value(NameOf(section, key))).value_or(fallback);
 }
 
-std::int32_t QtProfile::GetInt(const std::string& section, const std::string& key,
-                               std::int32_t fallback) {
-  const std::string text = TextOf(values.value(NameOf(section, key))).value_or("");
-  std::int32_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, failure] = std::from_chars(text.data(), end, number);
-  return failure == std::errc() && stop == end ? number : fallback;
-}
-
-void QtProfile::WriteString(const std::string& section, const std::string& key,
-                            const std::string& value) {
-  // Bytes that are no UTF-8, as a path may have, go to the file as they are.
-  Store(NameOf(section, key), IsValidUtf8(value) ? QVariant(FromUtf8(value))
-                                                 : QVariant(QByteArray::fromStdString(value)));
-}
-
-void QtProfile::WriteInt(const std::string& section, const std::string& key, std::int32_t value) {
-  Store(NameOf(section, key), QString::number(value));
-}
-
-void QtProfile::Store(const QString& name, const QVariant& value) {
-  values.insert(name, value);
-  if (StoreInFile(name, value) || failureShown) return;
+void QtProfile::Write(const std::string& section, const std::vector<Setting>& settings) {
+  QVariantMap changed;
+  for (const auto& [key, value] : settings) changed.insert(NameOf(section, key), ValueOf(value));
+  values.insert(changed);
+  if (StoreInFile(changed) || failureShown) return;
   failureShown = true;
   ShowMessage(LoadText(IDS_SETTINGS_UNSAVED) + "\n\n" + FromQPath(path), MB_ICONEXCLAMATION);
 }
 
-bool QtProfile::StoreInFile(const QString& name, const QVariant& value) {
+bool QtProfile::StoreInFile(const QVariantMap& changed) {
   // QSettings takes a file that it could write but half for a whole one, as on a full disk. So it
   // writes a copy, which is read back before it takes the place of the file.
   const QTemporaryDir folder;
@@ -99,7 +85,7 @@ bool QtProfile::StoreInFile(const QString& name, const QVariant& value) {
   QVariantMap wanted;
   {
     QSettings settings(copy, QSettings::IniFormat);
-    settings.setValue(name, value);
+    for (auto i = changed.begin(); i != changed.end(); ++i) settings.setValue(i.key(), i.value());
     wanted = ValuesOf(settings);
   }
   std::string bytes;

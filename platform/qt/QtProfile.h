@@ -15,16 +15,11 @@ class QtProfile : public Profile {
 
   std::string GetString(const std::string& section, const std::string& key,
                         const std::string& fallback) override;
-  std::int32_t GetInt(const std::string& section, const std::string& key,
-                      std::int32_t fallback) override;
-  void WriteString(const std::string& section, const std::string& key,
-                   const std::string& value) override;
-  void WriteInt(const std::string& section, const std::string& key, std::int32_t value) override;
+  void Write(const std::string& section, const std::vector<Setting>& settings) override;
 
  private:
   static QString NameOf(const std::string& section, const std::string& key);
-  void Store(const QString& name, const QVariant& value);
-  bool StoreInFile(const QString& name, const QVariant& value);
+  bool StoreInFile(const QVariantMap& changed);
 
   QString path;
   QVariantMap values;

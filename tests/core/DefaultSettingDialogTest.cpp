@@ -12,14 +12,9 @@ using Host = ScriptedDialogHost;
 /// Settings in memory that note in which order they are written.
 class NotingProfile : public MemoryProfile {
  public:
-  void WriteString(const std::string& section, const std::string& key,
-                   const std::string& value) override {
-    written.push_back(section + "/" + key + "=" + value);
-    MemoryProfile::WriteString(section, key, value);
-  }
-  void WriteInt(const std::string& section, const std::string& key, std::int32_t value) override {
-    written.push_back(section + "/" + key + "=" + std::to_string(value));
-    MemoryProfile::WriteInt(section, key, value);
+  void Write(const std::string& section, const std::vector<Setting>& settings) override {
+    for (const auto& [key, value] : settings) written.push_back(section + "/" + key + "=" + value);
+    MemoryProfile::Write(section, settings);
   }
   std::vector<std::string> written;
 };
@@ -69,7 +64,7 @@ TEST_F(DefaultSettingDialog, SavesSeventeenKeysInOrder) {
 }
 
 TEST_F(DefaultSettingDialog, ColoursReachTheStoreAtOnceAndCancelBringsTheProfileBack) {
-  profile.MemoryProfile::WriteInt("Settings", "StateBgColor", 0x112233);
+  profile.MemoryProfile::Write("Settings", {{"StateBgColor", "1122867"}});
   Open([this](CDialog& dialog) {
     dialogs.ExpectColor(0x112233, 0x445566);
     Host::Press(dialog, Dlg::IDC_STATE_BG_COLOR);
@@ -107,7 +102,7 @@ TEST_F(DefaultSettingDialog, EachBoxRulesItsColour) {
 }
 
 TEST_F(DefaultSettingDialog, FontDialogStartsWithWholePoints) {
-  profile.MemoryProfile::WriteInt("Settings", "FontSize", 85);
+  profile.MemoryProfile::Write("Settings", {{"FontSize", "85"}});
   Open([this](CDialog& dialog) {
     dialogs.ExpectFont(std::nullopt);
     Host::Press(dialog, Dlg::IDC_TEXT_STYLE);

@@ -76,4 +76,5 @@ std::unique_ptr<PrintJob> ScriptedPrinting::StartJob(const std::string& title) {
 void ScriptedPrinting::ShowPreview(PrintedPages& pages) {
   PaperDC paper(millimetres, pixels);
   previewPages = pages.Begin(paper, previewProblem);
+  if (previewPages != 0) pages.End(paper);
 }

@@ -75,8 +75,7 @@ TEST(QtProfileTest, ComesBackFromTheFile) {
   const std::string notUtf8 = "/home/caf\xE9, a;b=\"c\" %41";
   {
     QtProfile profile(path);
-    profile.WriteInt("Settings", "FontSize", -2147483647 - 1);
-    profile.WriteString("Settings", "FontName", "Verdana, \xC3\xA4");
+    profile.Write("Settings", {{"FontSize", "-2147483648"}, {"FontName", "Verdana, \xC3\xA4"}});
     profile.WriteString("Recent File List", "File1", notUtf8);
     profile.WriteString("", "Language", "eng");
   }
