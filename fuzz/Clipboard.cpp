@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
@@ -11,7 +12,6 @@
 #include "shell/CObjectTree.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/AgreeingMessageBoxes.h"
-#include "tests/support/ChartFaults.h"
 #include "tests/support/Charts.h"
 #include "tests/support/FakeWindow.h"
 

@@ -1,9 +1,9 @@
+#include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "resources/TextLibrary.h"
 #include "resources/Texts.h"
 #include "shell/MenuTable.h"
 #include "surface/LayoutMgr.h"
-#include "tests/support/ChartFaults.h"
 #include "tests/support/Charts.h"
 
 // A language library: whatever its texts are, those that the program fills have the places for it,

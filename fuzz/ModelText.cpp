@@ -1,5 +1,6 @@
 #include <sstream>
 
+#include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
@@ -12,7 +13,6 @@
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/AgreeingMessageBoxes.h"
-#include "tests/support/ChartFaults.h"
 #include "tests/support/FakeWindow.h"
 
 // A chart file: it is refused with a reason or it opens, and then it can be painted, copied,

@@ -4,6 +4,7 @@
 
 #include "dialogs/CDefaultSettingDlg.h"
 #include "fuzz/AnyUser.h"
+#include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "platform/CNullDC.h"
 #include "platform/RecentFiles.h"
@@ -12,7 +13,6 @@
 #include "resources/TextSource.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
-#include "tests/support/ChartFaults.h"
 #include "tests/support/FakeWindow.h"
 
 // The values of the user's settings, whatever somebody wrote there: lines of "section/key=value",

@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 
+#include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "persistence/CMorvaneDoc.h"
 #include "platform/Files.h"
@@ -21,7 +22,6 @@
 #include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "surface/LayoutMgr.h"
-#include "tests/support/ChartFaults.h"
 
 namespace {
 

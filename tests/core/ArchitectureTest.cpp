@@ -1,10 +1,8 @@
 #include <cctype>
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
-#include <string>
 #include <string_view>
-#include <vector>
+
+#include "tests/support/ChartTest.h"
 
 namespace fs = std::filesystem;
 

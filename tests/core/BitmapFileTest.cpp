@@ -1,11 +1,8 @@
 #include <cstdint>
 #include <fstream>
-#include <functional>
-#include <gtest/gtest.h>
-#include <sstream>
-#include <string>
 
 #include "platform/BitmapFile.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

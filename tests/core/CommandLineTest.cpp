@@ -1,15 +1,6 @@
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <sstream>
-
-#include "persistence/ModelFile.h"
-#include "platform/CNullDC.h"
-#include "platform/Files.h"
 #include "platform/Pictures.h"
-#include "platform/UseService.h"
 #include "shell/CommandLine.h"
-#include "tests/support/Charts.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

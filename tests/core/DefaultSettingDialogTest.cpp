@@ -1,8 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "dialogs/CDefaultSettingDlg.h"
-#include "platform/Profile.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,11 +1,9 @@
 #include <fstream>
-#include <gtest/gtest.h>
 
 #include "platform/Folders.h"
-#include "platform/UseService.h"
 #include "shell/CDirTreeCtrl.h"
 #include "shell/CSortStringArray.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/TreeRows.h"
 
 namespace fs = std::filesystem;

@@ -1,18 +1,5 @@
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <set>
-
-#include "persistence/CMorvaneDoc.h"
-#include "persistence/ModelFile.h"
 #include "platform/CDocManager.h"
-#include "platform/Files.h"
-#include "platform/Profile.h"
-#include "platform/UseService.h"
-#include "resources/CommandIds.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/Scripted.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

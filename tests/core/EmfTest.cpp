@@ -1,15 +1,7 @@
-#include <gtest/gtest.h>
-
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
 #include "platform/EmfWriter.h"
-#include "resources/CommandIds.h"
-#include "surface/ChartPicture.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/EmfReader.h"
 #include "tests/support/FakeClipboard.h"
-#include "tests/support/Scripted.h"
 
 namespace {
 

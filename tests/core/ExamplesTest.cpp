@@ -1,19 +1,7 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
 #include "connectors/ChainRecord.h"
-#include "connectors/Line.h"
-#include "connectors/Mesg.h"
-#include "connectors/Note.h"
-#include "connectors/Transition.h"
-#include "model/ModelMgr.h"
-#include "persistence/ModelFile.h"
-#include "platform/Files.h"
 #include "states/EndableState.h"
 #include "states/StartableState.h"
-#include "surface/LayoutMgr.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,25 +1,10 @@
 #include <csignal>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <limits>
 #include <sys/resource.h>
 
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
-#include "persistence/CMorvaneDoc.h"
 #include "persistence/UndoHistory.h"
-#include "platform/CNullDC.h"
-#include "platform/Files.h"
 #include "platform/Pictures.h"
-#include "platform/Profile.h"
-#include "platform/UseService.h"
-#include "resources/CommandIds.h"
-#include "surface/ChartPicture.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/EmfReader.h"
-#include "tests/support/Scripted.h"
-#include "tests/support/TempFolder.h"
 
 namespace {
 

@@ -1,13 +1,6 @@
-#include <gtest/gtest.h>
-
-#include "connectors/Mesg.h"
 #include "dialogs/EntryExitEditor.h"
 #include "dialogs/FindReplaceDlg.h"
-#include "resources/CommandIds.h"
-#include "states/GenericState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,16 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "codegen/CGenerateCppDlg.h"
-#include "persistence/CMorvaneDoc.h"
 #include "platform/CDocManager.h"
-#include "platform/Files.h"
-#include "platform/Profile.h"
-#include "platform/UseService.h"
-#include "resources/CommandIds.h"
 #include "resources/InstallFolder.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Scripted.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/Tools.h"
 #include "tests/support/UiQueue.h"
 

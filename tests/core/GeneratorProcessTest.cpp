@@ -1,9 +1,5 @@
-#include <filesystem>
-#include <gtest/gtest.h>
-
-#include "platform/Files.h"
 #include "platform/PosixProcess.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 
@@ -60,7 +56,7 @@ TEST_F(GeneratorProgramTest, IsTheShortestPrefixThatCanBeRun) {
   EXPECT_EQ(Split("none -d x"), Found("", {}));
   Add("my.exe");
   EXPECT_EQ(Split("my tools/bin/run it.exe"), Found("my.exe", {"tools/bin/run", "it.exe"}));
-  const CommandParts quoted = SplitCommandLine("\"" + folder.Path("my tools/bin/run it") + "\" a");
+  const CommandParts quoted = SplitCommandLine('"' + folder.Path("my tools/bin/run it") + "\" a");
   EXPECT_EQ(quoted.program, folder.Path("my tools/bin/run it.exe"));
   EXPECT_EQ(quoted.arguments, Words{"a"});
   for (const char* line : {"", " ", "\"", "\"\"", "\"open"}) {

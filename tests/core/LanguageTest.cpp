@@ -1,18 +1,9 @@
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <memory>
-#include <set>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "codegen/CCodegenSheet.h"
 #include "codegen/CGenerateCppDlg.h"
-#include "connectors/Line.h"
-#include "connectors/Mesg.h"
-#include "connectors/Note.h"
-#include "connectors/Transition.h"
 #include "dialogs/CDefaultSettingDlg.h"
 #include "dialogs/CEventEditor.h"
 #include "dialogs/CLineProperty.h"
@@ -23,23 +14,13 @@
 #include "dialogs/MesgPropDlg.h"
 #include "dialogs/PrinterSetup.h"
 #include "dialogs/StatePropDlg.h"
-#include "platform/Files.h"
-#include "platform/Profile.h"
 #include "platform/TextCodec.h"
-#include "platform/UseService.h"
 #include "resources/Language.h"
 #include "resources/TextLibrary.h"
-#include "resources/Texts.h"
 #include "shell/MenuTable.h"
 #include "states/FinalState.h"
-#include "states/GenericState.h"
-#include "states/InitialState.h"
-#include "surface/ChartPicture.h"
-#include "surface/LayoutMgr.h"
 #include "surface/ObjectMenus.h"
-#include "tests/support/Charts.h"
-#include "tests/support/Scripted.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ChartTest.h"
 
 namespace fs = std::filesystem;
 

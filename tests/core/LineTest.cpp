@@ -1,16 +1,5 @@
-#include <gtest/gtest.h>
-
-#include "connectors/Line.h"
-#include "connectors/Note.h"
 #include "dialogs/LinePens.h"
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
-#include "states/GenericState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/FakeWindow.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,20 +1,8 @@
-#include <gtest/gtest.h>
-
-#include "connectors/Mesg.h"
-#include "connectors/Transition.h"
-#include "model/Collection.h"
 #include "model/ConnectableRectShape.h"
-#include "model/ModelMgr.h"
 #include "platform/PopupMenus.h"
 #include "platform/ShellOpen.h"
-#include "platform/UseService.h"
-#include "resources/CommandIds.h"
 #include "shell/HelpCommands.h"
-#include "states/GenericState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/FakeWindow.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

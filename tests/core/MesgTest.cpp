@@ -1,16 +1,5 @@
-#include <gtest/gtest.h>
-#include <sstream>
-
-#include "connectors/Mesg.h"
-#include "connectors/Transition.h"
-#include "model/Collection.h"
 #include "persistence/ModelStream.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
-#include "resources/CommandIds.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/FakeWindow.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,13 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "codegen/CCodegenSheet.h"
 #include "dialogs/LayoutMgrPropDlg.h"
 #include "dialogs/PrinterSetup.h"
-#include "resources/CommandIds.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/NotingBrowser.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/ScriptedPrinting.h"
 
 // The dialogs of the texts of a whole chart.

@@ -1,17 +1,5 @@
-#include <gtest/gtest.h>
-#include <sstream>
-
-#include "connectors/Line.h"
-#include "connectors/Mesg.h"
-#include "connectors/Note.h"
-#include "connectors/Transition.h"
-#include "model/ModelMgr.h"
-#include "persistence/ModelFile.h"
 #include "persistence/ModelStream.h"
-#include "states/GenericState.h"
-#include "states/InitialState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,10 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "connectors/Note.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,15 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "dialogs/CDefaultSettingDlg.h"
 #include "dialogs/CLineProperty.h"
 #include "dialogs/MesgPropDlg.h"
 #include "dialogs/StatePropDlg.h"
-#include "resources/CommandIds.h"
-#include "surface/HiddenWindow.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/NotingBrowser.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ChartTest.h"
 
 // The properties of the objects, from the command of the context menu to the model text.
 

@@ -1,21 +1,8 @@
-#include <gtest/gtest.h>
-#include <sstream>
-
-#include "connectors/Mesg.h"
-#include "connectors/Transition.h"
 #include "dialogs/StatePropDlg.h"
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
 #include "persistence/ModelStream.h"
 #include "platform/PopupMenus.h"
-#include "platform/UseService.h"
-#include "resources/CommandIds.h"
 #include "shell/CObjectTree.h"
-#include "states/GenericState.h"
-#include "surface/HiddenWindow.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/TreeRows.h"
 
 namespace {

@@ -1,21 +1,13 @@
 #include <array>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <limits>
 
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
 #include "platform/CRgn.h"
 #include "platform/CSvgDC.h"
-#include "platform/Files.h"
 #include "platform/Mapping.h"
-#include "platform/Profile.h"
 #include "platform/RecentFiles.h"
 #include "platform/TextCodec.h"
 #include "platform/TextLayout.h"
-#include "platform/UseService.h"
 #include "resources/InstallFolder.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,12 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "dialogs/PrinterSetup.h"
-#include "model/ModelMgr.h"
 #include "platform/ViewPages.h"
-#include "resources/CommandIds.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/ScriptedPrinting.h"
 
 namespace {

@@ -1,11 +1,5 @@
-#include <gtest/gtest.h>
-
-#include "model/Collection.h"
 #include "platform/CRectTracker.h"
-#include "states/GenericState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/FakeWindow.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

@@ -1,18 +1,7 @@
-#include <gtest/gtest.h>
-
-#include "connectors/Mesg.h"
-#include "connectors/Note.h"
-#include "connectors/Transition.h"
 #include "dialogs/CEventEditor.h"
 #include "dialogs/EditMesgDlg.h"
 #include "dialogs/EntryExitEditor.h"
-#include "resources/CommandIds.h"
-#include "states/GenericState.h"
-#include "surface/HiddenWindow.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/NotingBrowser.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ChartTest.h"
 
 // The editors of the texts, reached as a user reaches them.
 

@@ -1,14 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "connectors/Transition.h"
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
-#include "resources/CommandIds.h"
-#include "states/GenericState.h"
-#include "states/InitialState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/FakeWindow.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
 namespace {

@@ -1,15 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "connectors/RoutePainter.h"
-#include "connectors/Transition.h"
-#include "model/Collection.h"
 #include "model/DrawResources.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
-#include "states/GenericState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/FakeWindow.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
 namespace {

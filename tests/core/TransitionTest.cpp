@@ -1,17 +1,6 @@
-#include <gtest/gtest.h>
-
-#include "connectors/Mesg.h"
-#include "connectors/Transition.h"
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
 #include "platform/MessageBox.h"
-#include "resources/CommandIds.h"
-#include "resources/Texts.h"
-#include "states/GenericState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
-#include "tests/support/Scripted.h"
 
 namespace {
 

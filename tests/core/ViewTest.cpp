@@ -1,24 +1,7 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "connectors/Mesg.h"
-#include "connectors/Transition.h"
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
 #include "persistence/ModelClipboard.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
 #include "platform/Clipboard.h"
-#include "resources/CommandIds.h"
-#include "states/GenericState.h"
-#include "surface/ChartPicture.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
+#include "tests/support/ChartTest.h"
 #include "tests/support/FakeClipboard.h"
-#include "tests/support/FakeWindow.h"
-#include "tests/support/Scripted.h"
 
 namespace {
 

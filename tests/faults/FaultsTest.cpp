@@ -1,21 +1,13 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <filesystem>
-#include <gtest/gtest.h>
 #include <map>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "persistence/CMorvaneDoc.h"
-#include "persistence/ModelFile.h"
-#include "platform/Files.h"
-#include "surface/LayoutMgr.h"
 #include "tests/faults/Faults.h"
-#include "tests/support/Charts.h"
-#include "tests/support/Scripted.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ChartTest.h"
 
 namespace {
 

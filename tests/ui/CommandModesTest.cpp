@@ -1,16 +1,5 @@
-#include <gtest/gtest.h>
-#include <set>
-
-#include <QApplication>
-
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
-#include "persistence/CMorvaneDoc.h"
-#include "platform/Profile.h"
-#include "platform/UseService.h"
-#include "resources/CommandIds.h"
 #include "shell/qt/CMainFrame.h"
-#include "surface/LayoutMgr.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

@@ -1,13 +1,3 @@
-#include <functional>
-#include <gtest/gtest.h>
-
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTreeWidget>
-
 #include "codegen/CCodegenSheet.h"
 #include "dialogs/CColorComboEx.h"
 #include "dialogs/CDefaultSettingDlg.h"
@@ -23,9 +13,9 @@
 #include "dialogs/PrinterSetup.h"
 #include "dialogs/StatePropDlg.h"
 #include "platform/qt/QtFontDialog.h"
-#include "surface/LayoutMgr.h"
 #include "tests/ui/Canvas.h"
 #include "tests/ui/OpenDialog.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

@@ -1,16 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QTimer>
-
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtText.h"
-#include "tests/support/TempFolder.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

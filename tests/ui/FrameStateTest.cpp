@@ -1,13 +1,7 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-
-#include "platform/Profile.h"
-#include "platform/UseService.h"
-#include "resources/CommandIds.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/FrameState.h"
 #include "tests/ui/FakeChart.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

@@ -1,18 +1,8 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTimer>
-
 #include "codegen/qt/GeneratorWindow.h"
-#include "platform/UseService.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtUiThread.h"
 #include "tests/support/Tools.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

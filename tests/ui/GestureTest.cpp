@@ -1,16 +1,5 @@
-#include <functional>
-#include <gtest/gtest.h>
-
-#include <QApplication>
-
-#include "connectors/Transition.h"
-#include "model/Collection.h"
-#include "model/ModelMgr.h"
 #include "platform/qt/QtView.h"
-#include "resources/CommandIds.h"
-#include "states/GenericState.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

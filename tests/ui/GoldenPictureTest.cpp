@@ -1,22 +1,12 @@
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QPainter>
-#include <QProcess>
 #include <QSvgRenderer>
 
 #include "dialogs/CDefaultSettingDlg.h"
-#include "persistence/ModelFile.h"
-#include "platform/CMetaFileDC.h"
 #include "platform/CSvgDC.h"
 #include "platform/EmfWriter.h"
-#include "platform/UseService.h"
 #include "platform/qt/QtPictures.h"
-#include "surface/ChartPicture.h"
-#include "surface/LayoutMgr.h"
 #include "tests/support/EmfReader.h"
 #include "tests/ui/PictureCompare.h"
+#include "tests/ui/WindowTest.h"
 
 // Pictures of whole charts against those that were found good, tests/golden/*.png. With the
 // environment variable MORVANE_UPDATE_GOLDEN set, the tests write those files anew instead.

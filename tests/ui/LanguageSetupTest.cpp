@@ -1,11 +1,7 @@
 #include <cstdlib>
-#include <gtest/gtest.h>
-#include <string>
-
-#include <QSettings>
 
 #include "platform/qt/QtProfile.h"
-#include "tests/support/TempFolder.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

@@ -1,23 +1,11 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QMdiArea>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMimeData>
-#include <QStatusBar>
-#include <QToolBar>
-
-#include "platform/Profile.h"
-#include "platform/UseService.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
 #include "shell/qt/CChildFrame.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/CommandMenu.h"
 #include "shell/qt/ObjectBrowserPane.h"
-#include "tests/support/Scripted.h"
 #include "tests/ui/FakeChart.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

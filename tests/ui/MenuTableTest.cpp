@@ -1,15 +1,9 @@
-#include <gtest/gtest.h>
 #include <map>
-#include <set>
-#include <string>
-
-#include <QKeySequence>
-#include <QPalette>
 
 #include "platform/qt/QtText.h"
-#include "resources/CommandIds.h"
 #include "shell/MenuTable.h"
 #include "shell/qt/CommandIcons.h"
+#include "tests/ui/WindowTest.h"
 
 TEST(MenuTableTest, EachCommandStandsOnceInAMenuAndHasAPrompt) {
   for (const auto menu : {StartMenu(), ChartMenu()}) {

@@ -1,20 +1,8 @@
-#include <QLabel>
-#include <QPrintDialog>
-#include <QPrintPreviewWidget>
-#include <QPrinter>
-#include <QProcess>
-#include <QToolBar>
+#include <QtPrintSupport>
 
-#include "persistence/ModelFile.h"
-#include "platform/UseService.h"
 #include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtPrinting.h"
-#include "resources/CommandIds.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Charts.h"
-#include "tests/support/Scripted.h"
-#include "tests/support/TempFolder.h"
-#include "tests/ui/NextWindow.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

@@ -1,11 +1,7 @@
 #include <array>
-#include <functional>
-#include <gtest/gtest.h>
-#include <limits>
-#include <vector>
 
-#include "platform/CMetaFileDC.h"
 #include "tests/ui/Canvas.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

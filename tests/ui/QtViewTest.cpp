@@ -1,12 +1,9 @@
 #include <array>
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QScrollBar>
 
 #include "platform/CRgn.h"
 #include "platform/qt/QtView.h"
 #include "tests/ui/FakeChart.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

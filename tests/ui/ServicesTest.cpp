@@ -1,18 +1,12 @@
 #include <csignal>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <QGuiApplication>
-#include <QRegularExpression>
-
 #include "platform/CDC.h"
-#include "platform/Files.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtProfile.h"
 #include "platform/qt/QtServices.h"
-#include "tests/support/Scripted.h"
-#include "tests/support/TempFolder.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

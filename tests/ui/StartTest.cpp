@@ -1,17 +1,10 @@
-#include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
-
-#include "platform/Profile.h"
-#include "platform/UseService.h"
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPopupMenus.h"
 #include "resources/TextSource.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/CMorvaneApp.h"
 #include "shell/qt/CSplashDlg.h"
-#include "tests/support/Scripted.h"
-#include "tests/ui/NextWindow.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

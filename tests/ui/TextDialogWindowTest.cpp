@@ -1,12 +1,7 @@
-#include <gtest/gtest.h>
-
-#include <QClipboard>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-
 #include "dialogs/CEventEditor.h"
 #include "dialogs/EntryExitEditor.h"
 #include "tests/ui/OpenDialog.h"
+#include "tests/ui/WindowTest.h"
 
 // Texts on their way through a real window.
 

@@ -1,23 +1,11 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QScrollBar>
-
-#include "model/ModelMgr.h"
-#include "persistence/CMorvaneDoc.h"
 #include "platform/CTreeCtrl.h"
-#include "platform/Profile.h"
-#include "platform/UseService.h"
 #include "platform/qt/QtTreeCtrl.h"
-#include "resources/CommandIds.h"
 #include "shell/qt/CChildFrame.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/ObjectBrowserPane.h"
-#include "surface/LayoutMgr.h"
-#include "tests/support/Scripted.h"
-#include "tests/support/TempFolder.h"
 #include "tests/support/TreeRows.h"
+#include "tests/ui/WindowTest.h"
 
 namespace {
 

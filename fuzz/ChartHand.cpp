@@ -1,4 +1,4 @@
-#include "tests/support/ChartHand.h"
+#include "fuzz/ChartHand.h"
 
 #include <algorithm>
 #include <array>
@@ -7,12 +7,12 @@
 #include "connectors/HeadLink.h"
 #include "connectors/LinkChain.h"
 #include "connectors/Transition.h"
+#include "fuzz/ChartFaults.h"
 #include "model/ConnectableRectShape.h"
 #include "model/ModelMgr.h"
 #include "resources/CommandIds.h"
 #include "states/State.h"
 #include "surface/HiddenWindow.h"
-#include "tests/support/ChartFaults.h"
 
 ChartHand::ChartHand(Choose choose) : choose(std::move(choose)) {
   chart.SetObjectTree(&tree);

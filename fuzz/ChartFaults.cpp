@@ -1,4 +1,4 @@
-#include "tests/support/ChartFaults.h"
+#include "fuzz/ChartFaults.h"
 
 #include <algorithm>
 #include <vector>
