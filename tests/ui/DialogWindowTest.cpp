@@ -1,76 +1,53 @@
-#include "codegen/CCodegenSheet.h"
 #include "dialogs/CColorComboEx.h"
-#include "dialogs/CDefaultSettingDlg.h"
-#include "dialogs/CEventEditor.h"
-#include "dialogs/CLineProperty.h"
-#include "dialogs/EditMesgDlg.h"
-#include "dialogs/EntryExitEditor.h"
-#include "dialogs/FindReplaceDlg.h"
-#include "dialogs/LayoutMgrPropDlg.h"
 #include "dialogs/LinePens.h"
-#include "dialogs/MesgPropDlg.h"
 #include "dialogs/PenPicker.h"
-#include "dialogs/PrinterSetup.h"
-#include "dialogs/StatePropDlg.h"
 #include "platform/qt/QtFontDialog.h"
+#include "tests/support/AllDialogs.h"
 #include "tests/ui/Canvas.h"
 #include "tests/ui/OpenDialog.h"
-#include "tests/ui/WindowTest.h"
 
 namespace {
 
-/// One of each dialog.
-struct AllDialogs {
-  LayoutMgr chart;
-  StatePropDlg state;
-  MesgPropDlg mesg;
-  CLineProperty line;
-  PrinterSetup printer;
-  CEventEditor event;
-  EntryExitEditor texts;
-  EditMesgDlg note;
-  LayoutMgrPropDlg model;
-  CCodegenSheet sheet;
-  FindReplaceDlg find{chart.GetModel()};
-  CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
-  std::vector<CDialog*> list{&state, &mesg,  &line,  &printer, &event,   &texts,
-                             &note,  &model, &sheet, &find,    &settings};
-
-  /// Runs each dialog and `act` in its window.
-  void Run(const std::function<void(CDialog&, QtDialogWindow&)>& act) {
-    OpenDialog open;
-    for (CDialog* dialog : list) {
+class DialogWindow : public testing::Test {
+ protected:
+  /// Runs each dialog that has a window of the common kind, and `act` in it.
+  void RunAll(const std::function<void(CDialog&, QtDialogWindow&)>& act) {
+    for (CDialog* dialog : all.list) {
+      if (dialog == &all.generator) continue;  // it has a window of its own
       open.Run(*dialog, [&](QtDialogWindow& window) { act(*dialog, window); });
     }
   }
+
+  OpenDialog open;
+  AllDialogs all;
 };
 
-QColor ColorOf(COLORREF color) {
-  return {static_cast<int>(GetRValue(color)), static_cast<int>(GetGValue(color)),
-          static_cast<int>(GetBValue(color))};
-}
-
-TEST(DialogWindow, EveryControlHasANameAndRoom) {
-  AllDialogs().Run([](CDialog& dialog, QtDialogWindow& window) {
+TEST_F(DialogWindow, EveryControlHasANameAndRoomInADarkThemeToo) {
+  const QColor paper(30, 30, 30);
+  const QColor ink(230, 230, 230);
+  const QPalette former = QApplication::palette();
+  QPalette dark(ink, QColor(50, 50, 50), ink, paper, paper, ink, ink, QColor(20, 20, 20), paper);
+  QApplication::setPalette(dark);
+  RunAll([&](CDialog& dialog, QtDialogWindow& window) {
     EXPECT_EQ(window.windowTitle().toStdString(), dialog.Caption());
     EXPECT_TRUE(window.isModal());
+    EXPECT_EQ(window.grab().toImage().pixelColor(1, 1), paper) << dialog.Caption();
     for (QWidget* child : window.findChildren<QWidget*>()) {
       const std::string name = dialog.Caption() + ": " + child->objectName().toStdString();
-      if (child->objectName().startsWith("control")) {
-        EXPECT_FALSE(child->accessibleName().isEmpty()) << name;
-      }
-      const bool ours = child->isVisible() && (child->objectName().startsWith("control") ||
-                                               qobject_cast<QLabel*>(child) != nullptr);
-      if (!ours) continue;
+      EXPECT_TRUE(child->styleSheet().isEmpty()) << name;
+      EXPECT_EQ(child->palette().color(QPalette::Active, QPalette::WindowText), ink) << name;
+      const bool isControl = child->objectName().startsWith("control");
+      EXPECT_TRUE(!isControl || !child->accessibleName().isEmpty()) << name;
+      if (!child->isVisible() || (!isControl && qobject_cast<QLabel*>(child) == nullptr)) continue;
       EXPECT_GE(child->width(), child->minimumSizeHint().width()) << name;
       EXPECT_GE(child->height(), child->minimumSizeHint().height()) << name;
     }
   });
+  QApplication::setPalette(former);
 }
 
-TEST(DialogWindow, TabGoesThroughTheControlsInOrder) {
-  AllDialogs all;
-  all.Run([&all](CDialog& dialog, QtDialogWindow& window) {
+TEST_F(DialogWindow, TabGoesThroughTheControlsInOrder) {
+  RunAll([this](CDialog& dialog, QtDialogWindow& window) {
     if (&dialog == &all.sheet) return;  // pages that don't show are left out
     const int first = OpenDialog::FocusId();
     std::vector<int> visited;
@@ -87,9 +64,8 @@ TEST(DialogWindow, TabGoesThroughTheControlsInOrder) {
   });
 }
 
-TEST(DialogWindow, KeysAndTitleBarClose) {
-  OpenDialog open;
-  StatePropDlg dialog;
+TEST_F(DialogWindow, ReturnAcceptsAndEscapeAndTitleBarCancel) {
+  StatePropDlg& dialog = all.state;
   EXPECT_TRUE(open.Run(dialog, [](QtDialogWindow&) { OpenDialog::Key(Qt::Key_Return, "\r"); }));
   EXPECT_FALSE(open.Run(dialog, [&](QtDialogWindow&) {
     OpenDialog::Key(Qt::Key_Escape);
@@ -101,30 +77,27 @@ TEST(DialogWindow, KeysAndTitleBarClose) {
   }));
 }
 
-TEST(DialogWindow, BoxesGrowWithTheWindow) {
-  OpenDialog open;
-  EntryExitEditor dialog;
-  open.Run(dialog, [](QtDialogWindow& window) {
+TEST_F(DialogWindow, BoxesGrowWithTheWindow) {
+  open.Run(all.texts, [](QtDialogWindow& window) {
     auto* box = OpenDialog::Find<QPlainTextEdit>(window, EntryExitEditor::IDC_EXIT);
     const QSize before = box->size();
     window.resize(window.size() + QSize(200, 200));
     QApplication::processEvents();
-    EXPECT_EQ(box->width(), before.width() + 200);
-    EXPECT_EQ(box->height(), before.height() + 100);
+    EXPECT_EQ(box->size(), before + QSize(200, 100));
     EXPECT_EQ(box->lineWrapMode(), QPlainTextEdit::NoWrap);
   });
 }
 
-TEST(DialogWindow, ClicksReachTheRules) {
-  OpenDialog open;
-  StatePropDlg dialog;
-  open.Run(dialog, [&](QtDialogWindow& window) {
+TEST_F(DialogWindow, ClicksReachTheRules) {
+  open.Run(all.state, [&](QtDialogWindow& window) {
     auto* name = OpenDialog::Find<QLineEdit>(window, StatePropDlg::IDC_NAME);
     name->setText("typed");
-    EXPECT_TRUE(OpenDialog::Find<QWidget>(window, StatePropDlg::IDC_BG_COLOR)->isEnabled());
-    OpenDialog::Find<QAbstractButton>(window, StatePropDlg::IDC_TRANSPARENT)->click();
-    EXPECT_FALSE(OpenDialog::Find<QWidget>(window, StatePropDlg::IDC_BG_COLOR)->isEnabled());
-    EXPECT_EQ(dialog.name, "typed");
+    for (const bool enabled : {true, false}) {
+      auto* color = OpenDialog::Find<QWidget>(window, StatePropDlg::IDC_BG_COLOR);
+      EXPECT_EQ(color->isEnabled(), enabled);
+      OpenDialog::Click(window, StatePropDlg::IDC_TRANSPARENT);
+    }
+    EXPECT_EQ(all.state.name, "typed");
     EXPECT_EQ(name->text(), "typed");
   });
 }
@@ -143,8 +116,7 @@ class ListDialog : public CDialog {
   void OnClicked(int id) override { told.push_back(Control(id).selectedRows); }
 };
 
-TEST(DialogWindow, ListTellsOfTheUsersSelectionsOnly) {
-  OpenDialog open;
+TEST_F(DialogWindow, ListTellsOfTheUsersSelectionsOnly) {
   ListDialog dialog;
   open.Run(dialog, [&](QtDialogWindow& window) {
     auto* list = OpenDialog::Find<QTreeWidget>(window, 100);
@@ -161,37 +133,40 @@ TEST(DialogWindow, ListTellsOfTheUsersSelectionsOnly) {
     EXPECT_EQ(dialog.told.size(), before);
     EXPECT_EQ(list->topLevelItemCount(), 1);
     // A click beside the rows selects nothing new and still counts.
-    const QPointF beside(5, list->viewport()->height() - 5);
-    QMouseEvent release(QEvent::MouseButtonRelease, beside, list->viewport()->mapToGlobal(beside),
-                        Qt::RightButton, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(list->viewport(), &release);
+    SendMouse(*list->viewport(), QEvent::MouseButtonRelease, {5, list->viewport()->height() - 5},
+              Qt::RightButton);
     QApplication::processEvents();
     EXPECT_EQ(dialog.told.size(), before + 1);
     EXPECT_TRUE(dialog.told.back().empty());
   });
 }
 
-TEST(DialogWindow, ColourItemsArePaintedByTheirSteps) {
+TEST_F(DialogWindow, ColourItemsArePaintedByTheirSteps) {
   for (const double scale : {1.0, 1.5, 2.0}) {
     for (int index = 0; index < 16; ++index) {
       Canvas canvas(60, 24, scale);
       CColorComboEx::PaintItem(*canvas.DC(), index, {2, 2, 58, 22}, false);
       const auto at = [&](int x, int y) {
-        return canvas.Image().pixelColor(static_cast<int>((x + 0.5) * scale),
-                                         static_cast<int>((y + 0.5) * scale));
+        const QColor color = canvas.Image().pixelColor(static_cast<int>((x + 0.5) * scale),
+                                                       static_cast<int>((y + 0.5) * scale));
+        return RGB(color.red(), color.green(), color.blue());
       };
-      const QColor color = ColorOf(kLineColours[static_cast<std::size_t>(index)]);
-      EXPECT_EQ(at(30, 12), color);
-      EXPECT_EQ(at(4, 4), color);
-      EXPECT_EQ(at(3, 12), QColor(Qt::white)) << "between the colour and the frame";
-      EXPECT_EQ(at(2, 12), QColor(Qt::black));
-      EXPECT_EQ(at(57, 21), QColor(Qt::black));
-      EXPECT_EQ(at(58, 12), QColor(Qt::white));
+      const COLORREF color = kLineColours[static_cast<std::size_t>(index)];
+      const struct {
+        QPoint p;
+        COLORREF color;
+      } cases[] = {{{30, 12}, color},
+                   {{4, 4}, color},
+                   {{3, 12}, RGB(255, 255, 255)},  // between the colour and the frame
+                   {{2, 12}, 0},
+                   {{57, 21}, 0},
+                   {{58, 12}, RGB(255, 255, 255)}};
+      for (const auto& c : cases) EXPECT_EQ(at(c.p.x(), c.p.y()), c.color) << c.p.x();
     }
   }
 }
 
-TEST(DialogWindow, PenItemsShowTheirStyle) {
+TEST_F(DialogWindow, PenItemsShowTheirStyle) {
   const auto row = [](int index, int y, bool selected) {
     Canvas canvas(100, 20);
     PenPicker::PaintItem(*canvas.DC(), index, {0, 0, 100, 20}, selected);
@@ -210,49 +185,22 @@ TEST(DialogWindow, PenItemsShowTheirStyle) {
     EXPECT_GT(row(index, 2, true).count('#'), 30) << "the focus";
   }
   EXPECT_EQ(kinds[4].count('#'), 80);
-  Canvas canvas(100, 20);
-  PenPicker::PaintItem(*canvas.DC(), 0, {0, 0, 100, 20}, false);
-  EXPECT_EQ(canvas.At(99, 5), 0xC4);
-  EXPECT_EQ(canvas.At(98, 5), 0xFF);
 }
 
-TEST(DialogWindow, ComboShowsAndTakesItsItem) {
-  OpenDialog open;
-  CLineProperty dialog;
-  dialog.colourIndex = 13;
-  dialog.styleIndex = 99;
-  EXPECT_TRUE(open.Run(dialog, [](QtDialogWindow& window) {
+TEST_F(DialogWindow, ComboShowsAndTakesItsItem) {
+  all.line.colourIndex = 13;
+  all.line.styleIndex = 99;
+  EXPECT_TRUE(open.Run(all.line, [](QtDialogWindow& window) {
     auto* colors = OpenDialog::Find<QComboBox>(window, CLineProperty::IDC_COLOR);
     const QImage shown = colors->grab().toImage();
     EXPECT_EQ(shown.pixelColor(shown.width() / 3, shown.height() / 2), QColor(0, 0, 255));
     EXPECT_EQ(OpenDialog::Find<QComboBox>(window, CLineProperty::IDC_STYLE)->currentIndex(), -1);
     colors->setFocus();
     OpenDialog::Key(Qt::Key_Up);
-    OpenDialog::Find<QAbstractButton>(window, IDOK)->click();
+    OpenDialog::Click(window, IDOK);
   }));
-  EXPECT_EQ(dialog.colourIndex, 12);
-  EXPECT_EQ(dialog.styleIndex, 99);
-}
-
-TEST(DialogWindow, FollowsADarkPalette) {
-  const QPalette former = QApplication::palette();
-  QPalette dark;
-  dark.setColor(QPalette::Window, QColor(30, 30, 30));
-  dark.setColor(QPalette::Base, QColor(20, 20, 20));
-  dark.setColor(QPalette::Button, QColor(50, 50, 50));
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    dark.setColor(role, QColor(230, 230, 230));
-  }
-  QApplication::setPalette(dark);
-  AllDialogs().Run([](CDialog& dialog, QtDialogWindow& window) {
-    EXPECT_EQ(window.grab().toImage().pixelColor(1, 1), QColor(30, 30, 30)) << dialog.Caption();
-    for (const QWidget* child : window.findChildren<QWidget*>()) {
-      EXPECT_TRUE(child->styleSheet().isEmpty());
-      EXPECT_EQ(child->palette().color(QPalette::Active, QPalette::WindowText),
-                QColor(230, 230, 230));
-    }
-  });
-  QApplication::setPalette(former);
+  EXPECT_EQ(all.line.colourIndex, 12);
+  EXPECT_EQ(all.line.styleIndex, 99);
 }
 
 TEST(FontDialog, KeepsAFaceThatTheMachineLacks) {

@@ -1,44 +1,21 @@
 #include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
-#include "shell/qt/CChildFrame.h"
-#include "shell/qt/CMainFrame.h"
 #include "shell/qt/CommandMenu.h"
+#include "shell/qt/FrameState.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "tests/ui/FakeChart.h"
-#include "tests/ui/WindowTest.h"
+#include "tests/ui/MainWindow.h"
 
 namespace {
 
-/// A shown main window over fake charts, with a profile of its own.
-class MainFrameTest : public testing::Test {
+class MainFrameTest : public MainWindow<FakeDocument, FakeView> {
  protected:
-  MainFrameTest() {
-    frame = std::make_unique<CMainFrame>(CMainFrame::Factories{
-        [] { return std::make_unique<FakeDocument>(); },
-        [] { return std::make_unique<FakeView>(); },
-    });
-    frame->show();
-    QApplication::setActiveWindow(frame.get());
-    QApplication::processEvents();
-  }
-  ~MainFrameTest() override {
-    frame.reset();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-
-  FakeDocument& Open(const std::string& path) {
-    auto* document = dynamic_cast<FakeDocument*>(frame->Manager().OpenDocumentFile(path));
-    QApplication::processEvents();
-    return *document;
-  }
-  FakeView& ViewOf(CDocument& document) { return dynamic_cast<FakeView&>(*document.GetView()); }
   std::size_t OpenCharts() { return frame->Manager().Documents().size(); }
   qsizetype Windows() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return frame->Area().subWindowList().size();
   }
-
-  /// The entries of the present menu by command.
+  /// The entry of the present menus for a command.
   QAction* Entry(unsigned id) {
     for (QAction* popup : frame->menuBar()->actions()) {
       auto* menu = dynamic_cast<CommandMenu*>(popup->menu());
@@ -60,31 +37,24 @@ class MainFrameTest : public testing::Test {
     // A key goes through the table of shortcuts before it reaches a widget.
     qApp->notify(focus != nullptr ? focus : frame.get(), &press);
   }
-
-  ScriptedMessageBoxes boxes;
-  ScriptedDialogs dialogs;
-  MemoryProfile profile;
-  const UseService<Profile> use{profile};
-  std::unique_ptr<CMainFrame> frame;
+  std::string Title() const { return frame->windowTitle().toStdString(); }
 };
 
-}  // namespace
-
 TEST_F(MainFrameTest, MenusFollowTheCharts) {
-  EXPECT_EQ(Titles(), (QStringList{"&File", "&Edit", "&View", "&Help"}));
-  EXPECT_EQ(frame->windowTitle(), "Morvane");
+  const QStringList start{"&File", "&Edit", "&View", "&Help"};
+  EXPECT_EQ(Titles(), start);
+  EXPECT_EQ(Title(), "Morvane");
   CDocument& document = Open("/x/One.mrv");
   EXPECT_EQ(Titles(),
             (QStringList{"&File", "&Edit", "Insert", "&View", "&CodeGen", "&Window", "&Help"}));
-  EXPECT_EQ(frame->windowTitle(), "One.mrv - Morvane");
   document.SetTitle("Two");
-  EXPECT_EQ(frame->windowTitle(), "Two - Morvane");
+  EXPECT_EQ(Title(), "Two - Morvane");
   frame->RunCommand(ID_FILE_CLOSE);
-  EXPECT_EQ(Titles(), (QStringList{"&File", "&Edit", "&View", "&Help"}));
-  EXPECT_EQ(frame->windowTitle(), "Morvane");
+  EXPECT_EQ(Titles(), start);
+  EXPECT_EQ(Title(), "Morvane");
 }
 
-TEST_F(MainFrameTest, EntriesAndKeysFollowTheirCommands) {
+TEST_F(MainFrameTest, EntriesKeysAndButtonsFollowTheirCommands) {
   EXPECT_FALSE(Entry(ID_FILE_RECENT)->isEnabled());
   FakeView& view = ViewOf(Open("/x/One.mrv"));
   for (const unsigned id : {ID_FILE_RECENT, ID_WINDOW_TILE, ID_ZOOM_IN}) {
@@ -96,35 +66,15 @@ TEST_F(MainFrameTest, EntriesAndKeysFollowTheirCommands) {
   PressKey(Qt::Key_F2, Qt::NoModifier);  // of the disabled command
   PressKey(Qt::Key_F5, Qt::NoModifier);
   PressKey(Qt::Key_Backspace, Qt::AltModifier);
-  PressKey(Qt::Key_P, Qt::ControlModifier);
   EXPECT_EQ(view.commands, (std::vector<unsigned>{ID_ZOOM_OUT, ID_REFRESH, ID_EDIT_UNDO}));
-}
-
-TEST_F(MainFrameTest, ButtonsFollowTheState) {
-  CDocument& document = Open("/x/One.mrv");
-  QAction* zoomIn = nullptr;
-  for (QAction* action : frame->findChild<QToolBar*>("toolBar")->actions()) {
-    if (action->data().toUInt() == ID_ZOOM_IN) zoomIn = action;
-  }
-  ASSERT_NE(zoomIn, nullptr);
-  ViewOf(document).disabled = {ID_ZOOM_IN};
-  while (zoomIn->isEnabled()) {
+  const auto buttons = frame->findChild<QToolBar*>("toolBar")->actions();
+  const auto zoomIn = std::find_if(buttons.begin(), buttons.end(), [](const QAction* action) {
+    return action->data().toUInt() == ID_ZOOM_IN;
+  });
+  ASSERT_NE(zoomIn, buttons.end());
+  while ((*zoomIn)->isEnabled()) {
     QCoreApplication::postEvent(frame.get(), new QEvent(QEvent::User));
     QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-}
-
-TEST_F(MainFrameTest, BarsAreShownAndHidden) {
-  for (const auto& [id, bar] : std::initializer_list<std::pair<unsigned, QWidget*>>{
-           {ID_VIEW_TOOLBAR, frame->findChild<QToolBar*>("toolBar")},
-           {ID_DRAWING_BAR, frame->findChild<QToolBar*>("drawingBar")},
-           {ID_VIEW_STATUS_BAR, frame->statusBar()}}) {
-    EXPECT_TRUE(Entry(id)->isChecked());
-    frame->RunCommand(id);
-    EXPECT_TRUE(bar->isHidden());
-    EXPECT_FALSE(Entry(id)->isChecked());
-    frame->RunCommand(id);
-    EXPECT_FALSE(bar->isHidden());
   }
 }
 
@@ -134,84 +84,76 @@ TEST_F(MainFrameTest, PromptShowsInTheStatusBar) {
   EXPECT_EQ(frame->statusBar()->currentMessage(), "Open an existing chart");
 }
 
-TEST_F(MainFrameTest, FailedOpenLeavesNoWindow) {
-  Open("/x/One.mrv");
-  EXPECT_EQ(frame->Manager().OpenDocumentFile("/x/bad.mrv"), nullptr);
-  EXPECT_EQ(Windows(), 1);
-  EXPECT_EQ(OpenCharts(), 1U);
-  EXPECT_EQ(frame->windowTitle(), "One.mrv - Morvane");
-}
-
-TEST_F(MainFrameTest, OpenChartIsBroughtForward) {
+TEST_F(MainFrameTest, AnOpenChartComesForwardAndAFailedOneLeavesNoWindow) {
   CDocument& one = Open("/x/One.mrv");
-  Open("/x/Two.mrv");
+  Open("/x/Two & Three.mrv");
+  EXPECT_EQ(Entry(ID_FILE_RECENT)->text(), "&1 /x/Two && Three.mrv");
+  EXPECT_EQ(Entry(ID_FILE_RECENT + 2), nullptr);
+  EXPECT_EQ(frame->Manager().OpenDocumentFile("/x/bad.mrv"), nullptr);
+  EXPECT_EQ(Windows(), 2);
+  EXPECT_EQ(OpenCharts(), 2U);
   EXPECT_EQ(&Open("/x/One.mrv"), &one);
   EXPECT_EQ(Windows(), 2);
   EXPECT_EQ(frame->ActiveChild()->Document(), &one);
-  EXPECT_EQ(frame->windowTitle(), "One.mrv - Morvane");
+  Entry(ID_FILE_RECENT)->trigger();
+  EXPECT_EQ(Title(), "Two & Three.mrv - Morvane");
 }
 
 TEST_F(MainFrameTest, NewWindowsAreMaximisedLikeTheActiveOne) {
-  Open("/x/One.mrv");
-  EXPECT_TRUE(frame->ActiveChild()->isMaximized());
-  Open("/x/Two.mrv");
-  EXPECT_TRUE(frame->ActiveChild()->isMaximized());
+  for (const char* path : {"/x/One.mrv", "/x/Two.mrv"}) {
+    Open(path);
+    EXPECT_TRUE(frame->ActiveChild()->isMaximized());
+  }
   frame->RunCommand(ID_WINDOW_CASCADE);
   EXPECT_FALSE(frame->ActiveChild()->isMaximized());
   EXPECT_EQ(frame->ActiveChild()->windowTitle(), "Two.mrv");
-  EXPECT_EQ(frame->windowTitle(), "Two.mrv - Morvane");
+  EXPECT_EQ(Title(), "Two.mrv - Morvane");
   Open("/x/Three.mrv");
   EXPECT_FALSE(frame->ActiveChild()->isMaximized());
+  frame->ActiveChild()->showMinimized();
+  frame->ActiveChild()->move(300, 20);
+  frame->RunCommand(ID_WINDOW_ARRANGE);
+  EXPECT_EQ(frame->ActiveChild()->x(), 0) << "icons stand in a row from the left";
 }
 
-TEST_F(MainFrameTest, RecentFilesAreInTheMenuAndOpen) {
-  Open("/x/One.mrv");
-  Open("/x/Two & Three.mrv");
-  EXPECT_EQ(Entry(ID_FILE_RECENT)->text(), "&1 /x/Two && Three.mrv");
-  EXPECT_EQ(Entry(ID_FILE_RECENT + 1)->text(), "&2 /x/One.mrv");
-  EXPECT_EQ(Entry(ID_FILE_RECENT + 2), nullptr);
-  Entry(ID_FILE_RECENT + 1)->trigger();
-  EXPECT_EQ(frame->windowTitle(), "One.mrv - Morvane");
-}
-
-TEST_F(MainFrameTest, ClosingAChartAsks) {
-  CDocument& document = Open("/x/One.mrv");
-  document.SetModifiedFlag(true);
-  boxes.Expect("One.mrv", MessageAnswer::Cancel);
-  frame->ActiveChild()->close();
-  EXPECT_EQ(OpenCharts(), 1U);
-  EXPECT_EQ(boxes.LastFlags(), static_cast<unsigned>(MB_YESNOCANCEL | MB_ICONEXCLAMATION));
-  boxes.Expect("One.mrv", MessageAnswer::No);
-  frame->RunCommand(ID_FILE_CLOSE);
-  EXPECT_EQ(OpenCharts(), 0U);
-  EXPECT_EQ(Windows(), 0);
-}
-
-TEST_F(MainFrameTest, ClosingTheProgramAsksForEachChartAndCancelKeepsAll) {
+TEST_F(MainFrameTest, ClosingAsksForEachModifiedChartAndCancelKeepsAll) {
   for (const char* path : {"/x/One.mrv", "/x/Two.mrv", "/x/Three.mrv"}) Open(path);
-  frame->Manager().Documents()[0]->SetModifiedFlag(true);
-  frame->Manager().Documents()[2]->SetModifiedFlag(true);
+  for (const std::size_t index : {0U, 2U}) {
+    frame->Manager().Documents()[index]->SetModifiedFlag(true);
+  }
+  boxes.Expect("Three.mrv", MessageAnswer::Cancel);
+  frame->ActiveChild()->close();
+  EXPECT_EQ(boxes.LastFlags(), static_cast<unsigned>(MB_YESNOCANCEL | MB_ICONEXCLAMATION));
   boxes.Expect("One.mrv", MessageAnswer::No);
   boxes.Expect("Three.mrv", MessageAnswer::Cancel);
   EXPECT_FALSE(frame->close());
+  boxes.Expect("One.mrv", MessageAnswer::Cancel);
+  frame->RunCommand(ID_CLOSE_ALL);
   EXPECT_EQ(OpenCharts(), 3U);
-  boxes.Expect("One.mrv", MessageAnswer::No);
-  boxes.Expect("Three.mrv", MessageAnswer::Yes);
-  EXPECT_TRUE(frame->close());
+  boxes.Expect("Three.mrv", MessageAnswer::No);
+  frame->RunCommand(ID_FILE_CLOSE);
+  EXPECT_EQ(Windows(), 2);
+  boxes.Expect("One.mrv", MessageAnswer::Yes);
+  frame->RunCommand(ID_CLOSE_ALL);
   EXPECT_EQ(OpenCharts(), 0U);
+  EXPECT_EQ(Windows(), 0);
+  EXPECT_TRUE(frame->close());
 }
 
 TEST_F(MainFrameTest, SavingANewChartAsksForItsPlace) {
   frame->RunCommand(ID_FILE_NEW);
-  EXPECT_EQ(frame->windowTitle(), "Morvane_Diagram1 - Morvane");
+  EXPECT_EQ(Title(), "Morvane_Diagram1 - Morvane");
   dialogs.ExpectSave("/x/Saved.mrv");
   frame->RunCommand(ID_FILE_SAVE);
-  EXPECT_EQ(frame->windowTitle(), "Saved.mrv - Morvane");
+  EXPECT_EQ(Title(), "Saved.mrv - Morvane");
+  dialogs.ExpectSave("/x/Copy.mrv");
+  frame->RunCommand(ID_FILE_SAVE_AS);
+  EXPECT_EQ(Title(), "Copy.mrv - Morvane");
+  EXPECT_EQ(dialogs.LastSuggestion(), "/x/Saved.mrv");
 }
 
 TEST_F(MainFrameTest, GestureEndsBeforeItsChartCloses) {
-  CDocument& document = Open("/x/One.mrv");
-  FakeView& view = ViewOf(document);
+  FakeView& view = ViewOf(Open("/x/One.mrv"));
   Message::Kind kind = Message::Kind::Other;
   bool ranDuringGesture = true;
   view.onPress = [&] {
@@ -220,13 +162,15 @@ TEST_F(MainFrameTest, GestureEndsBeforeItsChartCloses) {
     } while (kind != Message::Kind::Quit);
     EXPECT_EQ(OpenCharts(), 1U);
   };
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile("/x/Late.mrv")});
+  QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
   QTimer::singleShot(0, frame.get(), [&] {
     ranDuringGesture = frame->RunCommand(ID_EDIT_UNDO) || frame->RunCommand(ID_FILE_CLOSE);
+    QCoreApplication::sendEvent(frame.get(), &drop);
     frame->ActiveChild()->close();
   });
-  QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton,
-                    Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(frame->ActiveChild()->Window()->viewport(), &press);
+  SendMouse(*frame->ActiveChild()->Window()->viewport(), QEvent::MouseButtonPress, {5, 5});
   EXPECT_EQ(kind, Message::Kind::Quit);
   EXPECT_FALSE(ranDuringGesture);
   QApplication::processEvents();
@@ -237,10 +181,10 @@ TEST_F(MainFrameTest, DroppedFilesOpen) {
   QMimeData files;
   files.setUrls({QUrl::fromLocalFile("/x/One.mrv"), QUrl("https://example.org/no.mrv"),
                  QUrl::fromLocalFile("/x/Two.mrv")});
-  QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QDragEnterEvent enter({50, 50}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(frame.get(), &enter);
   EXPECT_TRUE(enter.isAccepted());
-  QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QDropEvent drop({50, 50}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(frame.get(), &drop);
   EXPECT_EQ(OpenCharts(), 2U);
 }
@@ -254,8 +198,48 @@ TEST_F(MainFrameTest, TheKeyboardGoesFromPaneToPane) {
   EXPECT_TRUE(child.ObjectBrowser().Window().hasFocus());
   frame->RunCommand(ID_PREV_PANE);
   EXPECT_TRUE(child.Window()->hasFocus());
-  frame->RunCommand(ID_OBJECT_BROWSER);
-  frame->RunCommand(ID_CHART_BROWSER);
-  frame->RunCommand(ID_NEXT_PANE);
+  for (const unsigned id : {ID_OBJECT_BROWSER, ID_CHART_BROWSER, ID_NEXT_PANE}) {
+    frame->RunCommand(id);
+  }
   EXPECT_TRUE(child.Window()->hasFocus()) << "it is the only pane";
 }
+
+TEST_F(MainFrameTest, BarsAreShownAndHiddenAndLastWithThePlacement) {
+  constexpr QRect placement(60, 50, 900, 620);
+  const struct {
+    unsigned id;
+    QWidget* bar;
+    bool hideAtLast;
+  } bars[] = {{ID_VIEW_TOOLBAR, frame->findChild<QToolBar*>("toolBar"), false},
+              {ID_DRAWING_BAR, frame->findChild<QToolBar*>("drawingBar"), true},
+              {ID_VIEW_STATUS_BAR, frame->statusBar(), false},
+              {ID_CHART_BROWSER, frame->findChild<QDockWidget*>(), true}};
+  for (const auto& [id, bar, hideAtLast] : bars) {
+    for (const bool hidden : {true, false}) {
+      EXPECT_EQ(Entry(id)->isChecked(), hidden);
+      frame->RunCommand(id);
+      EXPECT_EQ(bar->isHidden(), hidden) << id;
+    }
+    if (hideAtLast) frame->RunCommand(id);
+  }
+  frame->setGeometry(placement);
+  QApplication::processEvents();
+  frame->close();
+  frame = MakeFrame();
+  ASSERT_TRUE(FrameState::Restore(*frame));
+  EXPECT_TRUE(frame->isVisible());
+  EXPECT_EQ(frame->size(), placement.size());
+  for (const auto& bar : bars) EXPECT_EQ(IsChecked(bar.id), !bar.hideAtLast) << bar.id;
+}
+
+TEST_F(MainFrameTest, ADamagedPlacementIsNone) {
+  for (const char* damaged : {"", "not base64 at all %%%", "AAAA", "QUJDREVGR0g="}) {
+    profile.Write("Frame", {{"Placement", damaged}, {"Bars", damaged}});
+    frame = MakeFrame();
+    EXPECT_FALSE(FrameState::Restore(*frame)) << damaged;
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_TRUE(IsChecked(ID_DRAWING_BAR));
+  }
+}
+
+}  // namespace

@@ -2,15 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QTimer>
+#include <QtWidgets>
 
 /// Does something in the modal window that opens next, and then closes it.
 template <class Window, class Act>
 void InNextWindow(Act act) {
   QTimer::singleShot(0, [act] {
-    auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
+    auto* window = dynamic_cast<Window*>(QApplication::activeModalWidget());
     ASSERT_NE(window, nullptr);
+    QApplication::setActiveWindow(window);
     QApplication::processEvents();
     act(*window);
     window->close();

@@ -9,9 +9,11 @@ namespace {
 
 using Log = std::vector<std::string>;
 
+constexpr QRgb kRed = 0xFFFF0000;
+constexpr QRgb kGreen = 0xFF00FF00;
 constexpr QRgb kWhite = 0xFFFFFFFF;
 
-/// A shown view, painted once.
+/// A shown view, painted red once.
 class QtViewTest : public testing::Test {
  protected:
   QtViewTest() {
@@ -22,40 +24,18 @@ class QtViewTest : public testing::Test {
     view.paints = 0;
   }
 
+  QWidget& Area() { return *widget->viewport(); }
   QRgb At(int x, int y) const { return widget->Picture().pixel(x, y); }
-
-  void Post(QEvent::Type type, QPoint p, Qt::MouseButtons held = Qt::LeftButton,
-            Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QCoreApplication::postEvent(widget->viewport(), Mouse(type, p, held, modifiers));
-  }
-  void PostKey(Qt::Key key) {
-    QCoreApplication::postEvent(widget.get(), new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
-  }
-  void Send(QEvent::Type type, QPoint p, Qt::MouseButtons held = Qt::LeftButton,
-            Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    const std::unique_ptr<QEvent> event(Mouse(type, p, held, modifiers));
-    QCoreApplication::sendEvent(widget->viewport(), event.get());
-  }
-  void Wheel(QPoint angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QWheelEvent event(QPointF(10, 10), widget->viewport()->mapToGlobal(QPointF(10, 10)), QPoint(),
-                      angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(widget->viewport(), &event);
+  void Press() { SendMouse(Area(), QEvent::MouseButtonPress, {10, 10}); }
+  void Wheel(int angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWheelEvent event({10, 10}, Area().mapToGlobal(QPointF(10, 10)), {}, {0, angle}, Qt::NoButton,
+                      modifiers, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&Area(), &event);
   }
 
   FakeView view;
   std::unique_ptr<QtView> widget = std::make_unique<QtView>(view);
-
- private:
-  QEvent* Mouse(QEvent::Type type, QPoint p, Qt::MouseButtons held,
-                Qt::KeyboardModifiers modifiers) {
-    const bool move = type == QEvent::MouseMove;
-    return new QMouseEvent(type, p, widget->viewport()->mapToGlobal(p),
-                           move ? Qt::NoButton : Qt::LeftButton,
-                           type == QEvent::MouseButtonRelease ? Qt::NoButton : held, modifiers);
-  }
 };
-
-}  // namespace
 
 TEST_F(QtViewTest, PaintsOnceWhenTheQueueIsEmptyUnlessRedrawIsOff) {
   for (const bool redraw : {true, false}) {
@@ -72,98 +52,74 @@ TEST_F(QtViewTest, PaintsOnceWhenTheQueueIsEmptyUnlessRedrawIsOff) {
   EXPECT_EQ(view.paints, 1);
 }
 
-TEST_F(QtViewTest, PaintsOnlyWhatIsInvalid) {
+TEST_F(QtViewTest, PaintsOnlyWhatIsInvalidOnWhite) {
   view.color = 0x00FF00;
   view.InvalidateRect({10, 20, 30, 40});
   const std::array<POINT, 3> corners{POINT{60, 10}, {100, 10}, {60, 50}};
   view.InvalidateRgn(CRgn::FromPolygon(corners));
   view.UpdateWindow();
-  EXPECT_EQ(At(10, 20), qRgb(0, 255, 0));
-  EXPECT_EQ(At(29, 39), qRgb(0, 255, 0));
-  EXPECT_EQ(At(65, 15), qRgb(0, 255, 0));
+  for (const QPoint p : {QPoint(10, 20), {29, 39}, {65, 15}}) EXPECT_EQ(At(p.x(), p.y()), kGreen);
   for (const QPoint p : {QPoint(9, 20), {10, 19}, {30, 39}, {29, 40}, {95, 45}}) {
-    EXPECT_EQ(At(p.x(), p.y()), qRgb(255, 0, 0)) << p.x() << "," << p.y();
+    EXPECT_EQ(At(p.x(), p.y()), kRed) << p.x() << "," << p.y();
   }
-}
+  widget->resize(260, 180);
+  QApplication::processEvents();
+  EXPECT_EQ(At(5, 5), kRed) << "the picture stays";
+  EXPECT_EQ(At(250, 5), kGreen);
 
-TEST_F(QtViewTest, ErasesWithWhiteBeforeAPaint) {
+  constexpr std::int32_t far = 2147483647;
+  const std::array<POINT, 4> huge{POINT{-far, -far}, {far, -far + 100}, {far, far}, {-far, far}};
   view.onDraw = [](CDC&) {};
-  view.Invalidate();
+  view.InvalidateRgn(CRgn::FromPolygon(huge));
+  view.InvalidateRect({-far, -far, far, far});
   view.UpdateWindow();
   EXPECT_EQ(At(5, 5), kWhite);
 }
 
-TEST_F(QtViewTest, InvalidRegionsOfAnySizeAreSafe) {
-  constexpr std::int32_t far = 2147483647;
-  view.InvalidateRect({-far, -far, far, far});
-  const std::array<POINT, 4> corners{POINT{-far, -far}, {far, -far + 100}, {far, far}, {-far, far}};
-  view.InvalidateRgn(CRgn::FromPolygon(corners));
-  view.UpdateWindow();
-  EXPECT_EQ(view.paints, 1);
-}
-
 TEST_F(QtViewTest, AContextShowsAtOnceAndInsideAPaintIsLimitedToIt) {
   view.GetDC()->FillSolidRect({5, 5, 10, 10}, RGB(1, 2, 3));
-  EXPECT_EQ(At(5, 5), qRgb(1, 2, 3));
   EXPECT_EQ(view.paints, 0);
-  EXPECT_EQ(widget->viewport()->grab().toImage().pixel(5, 5), qRgb(1, 2, 3));
+  EXPECT_EQ(Area().grab().toImage().pixel(5, 5), qRgb(1, 2, 3));
   view.onDraw = [this](CDC&) { view.GetDC()->FillSolidRect({0, 0, 200, 150}, 0); };
   view.InvalidateRect({10, 10, 20, 20});
   view.UpdateWindow();
   EXPECT_EQ(At(15, 15), qRgb(0, 0, 0));
-  EXPECT_EQ(At(25, 15), qRgb(255, 0, 0));
-}
-
-TEST_F(QtViewTest, ResizeKeepsThePictureAndPaintsTheRest) {
-  view.color = 0x00FF00;
-  widget->resize(260, 180);
-  QApplication::processEvents();
-  EXPECT_EQ(At(5, 5), qRgb(255, 0, 0));
-  EXPECT_EQ(At(250, 5), qRgb(0, 255, 0));
-  EXPECT_EQ(view.GetClientRect(), (RECT{0, 0, 260, 180}));
+  EXPECT_EQ(At(25, 15), kRed);
 }
 
 TEST_F(QtViewTest, MouseAndKeysReachTheView) {
-  Send(QEvent::MouseMove, {3, 4}, Qt::NoButton);
-  Send(QEvent::MouseButtonPress, {5, 6}, Qt::LeftButton, Qt::ShiftModifier);
+  SendMouse(Area(), QEvent::MouseMove, {3, 4}, Qt::NoButton);
+  SendMouse(Area(), QEvent::MouseButtonPress, {5, 6}, Qt::LeftButton, Qt::ShiftModifier);
   EXPECT_TRUE(view.IsShiftDown());
   EXPECT_EQ(view.GetCursorPos(), (POINT{5, 6}));
-  Send(QEvent::MouseButtonRelease, {7, 8});
-  Send(QEvent::MouseButtonDblClick, {7, 8}, Qt::LeftButton, Qt::ControlModifier);
-  PostKey(Qt::Key_PageDown);
-  PostKey(Qt::Key_A);
+  SendMouse(Area(), QEvent::MouseButtonRelease, {7, 8});
+  SendMouse(Area(), QEvent::MouseButtonDblClick, {7, 8}, Qt::LeftButton, Qt::ControlModifier);
+  for (const Qt::Key key : {Qt::Key_PageDown, Qt::Key_A}) PostKey(*widget, key);
   QApplication::processEvents();
   QEvent leave(QEvent::Leave);
-  QCoreApplication::sendEvent(widget->viewport(), &leave);
+  QCoreApplication::sendEvent(&Area(), &leave);
+  QContextMenuEvent menu(QContextMenuEvent::Mouse, {12, 13}, Area().mapToGlobal(QPoint(12, 13)));
+  QCoreApplication::sendEvent(&Area(), &menu);
   EXPECT_EQ(view.log, (Log{"cursor", "move 3,4", "down 5,6 f5", "up 7,8", "double 7,8 f9", "key3",
-                           "key0", "leave"}));
-}
-
-TEST_F(QtViewTest, ContextMenuComesAtAScreenPoint) {
-  QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(12, 13),
-                          widget->viewport()->mapToGlobal(QPoint(12, 13)));
-  QCoreApplication::sendEvent(widget->viewport(), &event);
-  EXPECT_EQ(view.log, Log{"menu 12,13"});
+                           "key0", "leave", "menu 12,13"}));
 }
 
 TEST_F(QtViewTest, NestedLoopGetsItsMessagesInOrder) {
   std::vector<Message> got;
   view.onPress = [&] {
     view.SetCapture();
-    for (;;) {
+    while (view.HasCapture()) {
       const Message message = view.NextMessage();
-      if (message.kind == Message::Kind::Other) continue;
-      got.push_back(message);
+      if (message.kind != Message::Kind::Other) got.push_back(message);
       if (message.kind == Message::Kind::LButtonUp) view.ReleaseCapture();
-      if (!view.HasCapture()) return;
     }
   };
-  Post(QEvent::MouseMove, {20, 21});
-  PostKey(Qt::Key_Escape);
-  Post(QEvent::MouseMove, {30, 31}, Qt::LeftButton, Qt::ControlModifier);
-  Post(QEvent::MouseButtonRelease, {40, 41});
-  Post(QEvent::MouseMove, {50, 51}, Qt::NoButton);
-  Send(QEvent::MouseButtonPress, {10, 10});
+  PostMouse(Area(), QEvent::MouseMove, {20, 21});
+  PostKey(*widget, Qt::Key_Escape);
+  PostMouse(Area(), QEvent::MouseMove, {30, 31}, Qt::LeftButton, Qt::ControlModifier);
+  PostMouse(Area(), QEvent::MouseButtonRelease, {40, 41});
+  PostMouse(Area(), QEvent::MouseMove, {50, 51}, Qt::NoButton);
+  Press();
   ASSERT_EQ(got.size(), 4U);
   EXPECT_EQ(got[0].kind, Message::Kind::MouseMove);
   EXPECT_EQ(got[0].point, (POINT{20, 21}));
@@ -175,46 +131,42 @@ TEST_F(QtViewTest, NestedLoopGetsItsMessagesInOrder) {
   EXPECT_EQ(view.log, (Log{"down 10,10 f1", "cursor", "move 50,51"}));
 }
 
-TEST_F(QtViewTest, PaintsDuringALoopButDoesNotScroll) {
-  int painted = 0;
+TEST_F(QtViewTest, ALoopPaintsButNeitherScrollsNorTakesKeysForCommands) {
+  QKeyEvent shortcut(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
   view.SetScrollSizes({1000, 1000}, {10, 10});
   view.onPress = [&] {
     view.Invalidate();
     while (view.paints == 0) view.NextMessage();
-    painted = view.paints;
-    Post(QEvent::MouseMove, {1, 1});
-    QCoreApplication::postEvent(widget->viewport(),
-                                new QWheelEvent({1, 1}, {1, 1}, {}, {0, -120}, Qt::NoButton,
-                                                Qt::NoModifier, Qt::NoScrollPhase, false));
-    while (view.NextMessage().kind != Message::Kind::MouseMove) {
-    }
+    QTimer::singleShot(0, widget.get(), [&] {
+      Wheel(-120);
+      shortcut.ignore();
+      QCoreApplication::sendEvent(widget.get(), &shortcut);
+      PostMouse(Area(), QEvent::MouseMove, {1, 1});
+    });
+    while (view.NextMessage().kind != Message::Kind::MouseMove) continue;
   };
-  Send(QEvent::MouseButtonPress, {10, 10});
-  QApplication::processEvents();
-  EXPECT_EQ(painted, 1);
+  Press();
+  EXPECT_EQ(view.paints, 1);
   EXPECT_EQ(view.GetScrollPos(ScrollBar::Vertical), 0);
+  EXPECT_TRUE(shortcut.isAccepted());
+  shortcut.ignore();
+  QCoreApplication::sendEvent(widget.get(), &shortcut);
+  EXPECT_FALSE(shortcut.isAccepted());
 }
 
-TEST_F(QtViewTest, CaptureIsLostWithTheWindow) {
-  bool lost = false;
-  view.onPress = [&] {
-    view.SetCapture();
-    EXPECT_TRUE(view.HasCapture());
-    view.NextMessage();
-    lost = !view.HasCapture();
-  };
-  QCoreApplication::postEvent(widget.get(), new QEvent(QEvent::WindowDeactivate));
-  Send(QEvent::MouseButtonPress, {10, 10});
-  EXPECT_TRUE(lost);
-}
-
-TEST_F(QtViewTest, CaptureIsLostToAnotherGrab) {
+TEST_F(QtViewTest, CaptureIsLostWithTheWindowAndToAnotherGrab) {
   QWidget other;
-  view.onPress = [&] { view.SetCapture(); };
-  Send(QEvent::MouseButtonPress, {10, 10});
-  EXPECT_TRUE(view.HasCapture());
-  other.grabMouse();
-  EXPECT_FALSE(view.HasCapture());
+  for (const bool toAnother : {false, true}) {
+    view.onPress = [&] {
+      view.SetCapture();
+      if (!toAnother) view.NextMessage();
+    };
+    if (!toAnother) QCoreApplication::postEvent(widget.get(), new QEvent(QEvent::WindowDeactivate));
+    Press();
+    EXPECT_EQ(view.HasCapture(), toAnother);
+    if (toAnother) other.grabMouse();
+    EXPECT_FALSE(view.HasCapture());
+  }
   other.releaseMouse();
 }
 
@@ -227,46 +179,28 @@ TEST_F(QtViewTest, ALoopEndsWhenItsWindowGoes) {
       EXPECT_TRUE(widget->IsWaiting());
       (widget.get()->*end)();
     });
-    Send(QEvent::MouseButtonPress, {10, 10});
+    Press();
     EXPECT_EQ(kind, Message::Kind::Quit);
     EXPECT_FALSE(widget->IsWaiting());
   }
-}
-
-TEST_F(QtViewTest, TheViewOutlivesItsWindow) {
+  // The view outlives its window.
+  widget = std::make_unique<QtView>(view);
   QTimer::singleShot(0, qApp, [this] { widget.reset(); });
-  EXPECT_EQ(view.NextMessage().kind, Message::Kind::Quit) << "the loop ends with the window";
+  EXPECT_EQ(view.NextMessage().kind, Message::Kind::Quit);
   EXPECT_FALSE(view.HasWindow());
   view.Invalidate();
   EXPECT_EQ(view.NextMessage().kind, Message::Kind::Quit);
 }
 
-TEST_F(QtViewTest, KeysAreNoCommandsDuringALoop) {
-  QKeyEvent shortcut(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
-  shortcut.ignore();
-  view.onPress = [&] { view.NextMessage(); };
-  QTimer::singleShot(0, widget.get(),
-                     [&] { QCoreApplication::sendEvent(widget.get(), &shortcut); });
-  Send(QEvent::MouseButtonPress, {10, 10});
-  EXPECT_TRUE(shortcut.isAccepted());
-  shortcut.ignore();
-  QCoreApplication::sendEvent(widget.get(), &shortcut);
-  EXPECT_FALSE(shortcut.isAccepted());
-}
-
 TEST_F(QtViewTest, WheelScrollsByLinesAndZooms) {
   view.SetScrollSizes({1000, 1000}, {10, 10});
-  Wheel({0, -120});
-  EXPECT_EQ(view.log, (Log{"v1:0", "v1:0", "v1:0"}));
-  view.log.clear();
-  Wheel({0, 60}, Qt::ShiftModifier);
-  Wheel({0, 60}, Qt::ShiftModifier);
-  EXPECT_EQ(view.log, (Log{"h0:0", "h0:0", "h0:0"}));
-  view.log.clear();
-  Wheel({0, 120}, Qt::ControlModifier);
-  Wheel({0, -120}, Qt::ControlModifier);
+  Wheel(-120);
+  EXPECT_EQ(std::exchange(view.log, {}), (Log{"v1:0", "v1:0", "v1:0"}));
+  for (int half = 0; half < 2; ++half) Wheel(60, Qt::ShiftModifier);
+  EXPECT_EQ(std::exchange(view.log, {}), (Log{"h0:0", "h0:0", "h0:0"}));
+  for (const int angle : {120, -120}) Wheel(angle, Qt::ControlModifier);
   view.disabled = {ID_ZOOM_IN};
-  Wheel({0, 120}, Qt::ControlModifier);
+  Wheel(120, Qt::ControlModifier);
   EXPECT_EQ(view.commands, (std::vector<unsigned>{ID_ZOOM_IN, ID_ZOOM_OUT}));
   EXPECT_TRUE(view.log.empty());
 }
@@ -285,3 +219,5 @@ TEST_F(QtViewTest, ScrollBarsFollowTheViewAndTheViewThem) {
   EXPECT_EQ(view.log, Log{"h6:123"});
   EXPECT_EQ(view.GetScrollPos(ScrollBar::Horizontal), 123);
 }
+
+}  // namespace

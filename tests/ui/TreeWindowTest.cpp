@@ -1,13 +1,11 @@
 #include "platform/CTreeCtrl.h"
 #include "platform/qt/QtTreeCtrl.h"
-#include "shell/qt/CChildFrame.h"
-#include "shell/qt/CMainFrame.h"
-#include "shell/qt/ChartBrowserPane.h"
-#include "shell/qt/ObjectBrowserPane.h"
 #include "tests/support/TreeRows.h"
 #include "tests/ui/WindowTest.h"
 
 namespace {
+
+using Log = std::vector<std::string>;
 
 /// Notes what its window reports.
 class NotingTree : public CTreeCtrl {
@@ -19,7 +17,7 @@ class NotingTree : public CTreeCtrl {
     return hit != nullptr;
   }
   void OnLButtonDblClk() override { Note("double", Selected()); }
-  std::vector<std::string> log;
+  Log log;
 
  protected:
   void OnExpanded(TreeItem& item) override { Note("open", &item); }
@@ -36,8 +34,7 @@ class TreeWindow : public testing::Test {
   TreeWindow() : window(tree, 150) {
     window.resize(200, 150);
     for (const char* name : {"one", "two", "three"}) {
-      TreeItem* item = Add(nullptr, name);
-      Add(item, std::string("in ") + name);
+      Add(Add(nullptr, name), std::string("in ") + name);
     }
     window.show();
     QApplication::processEvents();
@@ -45,6 +42,12 @@ class TreeWindow : public testing::Test {
 
   TreeItem* Add(TreeItem* parent, const std::string& text) {
     return tree.InsertItem(parent, text, 0, 0);
+  }
+  /// An open item with numbers below it.
+  void AddMany(int count) {
+    TreeItem* many = Add(nullptr, "many");
+    for (int i = 0; i < count; ++i) Add(many, std::to_string(i));
+    tree.Expand(*many);
   }
   /// What the window shows, row by row.
   QStringList Shown() const {
@@ -60,31 +63,22 @@ class TreeWindow : public testing::Test {
     for (int i = 0; i < row; ++i) index = window.indexBelow(index);
     return window.visualRect(index);
   }
-  void Mouse(QEvent::Type type, QPoint p, Qt::MouseButton button = Qt::LeftButton) {
-    QMouseEvent event(type, p, window.viewport()->mapToGlobal(p), button, button, Qt::NoModifier);
-    QCoreApplication::sendEvent(window.viewport(), &event);
-    QMouseEvent release(QEvent::MouseButtonRelease, p, window.viewport()->mapToGlobal(p), button,
-                        Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window.viewport(), &release);
+  Log Click(QPoint p, Qt::MouseButton button = Qt::LeftButton,
+            QEvent::Type type = QEvent::MouseButtonPress) {
+    SendMouse(*window.viewport(), type, p, button);
+    SendMouse(*window.viewport(), QEvent::MouseButtonRelease, p, button);
     QApplication::processEvents();
+    return std::exchange(tree.log, {});
   }
-  void Press(QPoint p, Qt::MouseButton button = Qt::LeftButton) {
-    Mouse(QEvent::MouseButtonPress, p, button);
-  }
-  std::vector<std::string> TakeLog() { return std::exchange(tree.log, {}); }
 
   NotingTree tree;
   QtTreeCtrl window;
 };
 
-using Log = std::vector<std::string>;
-
 TEST_F(TreeWindow, LooksOnceAtManyChanges) {
   int looks = 0;
   QObject::connect(window.model(), &QAbstractItemModel::modelReset, [&] { ++looks; });
-  TreeItem* many = Add(nullptr, "many");
-  for (int i = 0; i < 1000; ++i) Add(many, std::to_string(i));
-  tree.Expand(*many);
+  AddMany(1000);
   tree.DeleteItem(*FindRow(tree, "two"));
   tree.SetText(*FindRow(tree, "one"), "a\nb");
   QApplication::processEvents();
@@ -94,12 +88,9 @@ TEST_F(TreeWindow, LooksOnceAtManyChanges) {
 }
 
 TEST_F(TreeWindow, KeepsItsPlaceWhenTheTreeChanges) {
-  TreeItem* many = Add(nullptr, "many");
-  for (int i = 0; i < 100; ++i) Add(many, std::to_string(i));
-  tree.Expand(*many);
+  AddMany(100);
   tree.Select(FindRow(tree, "50"));
   QApplication::processEvents();
-  EXPECT_EQ(window.currentIndex().data().toString(), "50");
   const QRect place = window.visualRect(window.currentIndex());
   EXPECT_TRUE(window.viewport()->rect().contains(place.center()));
   window.verticalScrollBar()->setValue(20);
@@ -107,110 +98,31 @@ TEST_F(TreeWindow, KeepsItsPlaceWhenTheTreeChanges) {
   QApplication::processEvents();
   EXPECT_EQ(window.verticalScrollBar()->value(), 20);
   EXPECT_EQ(window.currentIndex().data().toString(), "50");
-  EXPECT_EQ(tree.Selected()->Text(), "50");
   tree.DeleteItem(*tree.Selected());
   QApplication::processEvents();
   EXPECT_FALSE(window.currentIndex().isValid());
 }
 
-TEST_F(TreeWindow, ReportsWhatIsPressed) {
+TEST_F(TreeWindow, ReportsWhatIsPressedAndKeysMoveTheSelection) {
   const QPoint label = RowRect(1).topLeft() + QPoint(20, RowRect(1).height() / 2);
-  const QPoint beside(190, label.y());
-  const QPoint below(20, 140);
-  Press(label);
-  EXPECT_EQ(TakeLog(), Log{"press two"});
+  EXPECT_EQ(Click(label), Log{"press two"});
   EXPECT_EQ(tree.Selected()->Text(), "two");
-  Press(beside);
-  EXPECT_EQ(TakeLog(), Log{});
-  Press(below);
-  EXPECT_EQ(TakeLog(), Log{"press nothing"});
-  Press(label, Qt::RightButton);
-  EXPECT_EQ(TakeLog(), Log{"menu two"});
-  Press(QPoint(RowRect(0).left() - 8, RowRect(0).center().y()));
-  EXPECT_EQ(TakeLog(), (Log{"press nothing", "open one"}));
+  EXPECT_EQ(Click({190, label.y()}), Log{}) << "beside the label";
+  EXPECT_EQ(Click({20, 140}), Log{"press nothing"});
+  EXPECT_EQ(Click(label, Qt::RightButton), Log{"menu two"});
+  EXPECT_EQ(Click({RowRect(0).left() - 8, RowRect(0).center().y()}),
+            (Log{"press nothing", "open one"}));
   EXPECT_EQ(Shown(), (QStringList{"one", "in one", "two", "three"}));
   const QPoint second = label + QPoint(0, RowRect(0).height());
-  Press(second);
-  Mouse(QEvent::MouseButtonDblClick, second);
-  EXPECT_EQ(TakeLog(), (Log{"press two", "double two", "open two"}));
-}
-
-TEST_F(TreeWindow, KeysMoveTheSelection) {
-  for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Right, Qt::Key_Left}) {
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window, &press);
+  Click(second);
+  EXPECT_EQ(Click(second, Qt::LeftButton, QEvent::MouseButtonDblClick),
+            (Log{"double two", "open two"}));
+  for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Down, Qt::Key_Left}) {
+    SendKey(window, key);
     QApplication::processEvents();
   }
   EXPECT_EQ(tree.Selected()->Text(), "two");
-  EXPECT_EQ(TakeLog(), (Log{"open two", "close two"}));
-}
-
-/// The panes in a main window over real charts.
-class BrowserPanes : public testing::Test {
- protected:
-  BrowserPanes() {
-    profile.WriteString("ToolBars", "BrowseDir", folder.Root().string());
-    Start();
-  }
-  void Start() {
-    frame = std::make_unique<CMainFrame>(
-        CMainFrame::Factories{[] { return std::make_unique<CMorvaneDoc>(); },
-                              [] { return std::make_unique<LayoutMgr>(); }});
-    frame->show();
-    QApplication::processEvents();
-  }
-  CDirTreeCtrl& Folders() { return frame->findChild<ChartBrowserPane*>()->Tree(); }
-  std::string SelectedPath() { return Folders().PathOfItem(*Folders().Selected()); }
-
-  TempFolder folder;
-  MemoryProfile profile;
-  const UseService<Profile> use{profile};
-  ScriptedMessageBoxes boxes;
-  std::unique_ptr<CMainFrame> frame;
-};
-
-TEST_F(BrowserPanes, AreShownAndHidden) {
-  frame->Manager().NewDocument();
-  CChildFrame* first = frame->ActiveChild();
-  frame->Manager().NewDocument();
-  QWidget* second = &frame->ActiveChild()->ObjectBrowser();
-  frame->RunCommand(ID_OBJECT_BROWSER);
-  EXPECT_TRUE(second->isHidden());
-  EXPECT_FALSE(first->ObjectBrowser().isHidden());
-  EXPECT_FALSE(frame->StateOf(ID_OBJECT_BROWSER).checked);
-  frame->RunCommand(ID_OBJECT_BROWSER);
-  EXPECT_TRUE(frame->StateOf(ID_OBJECT_BROWSER).checked);
-  frame->RunCommand(ID_CHART_BROWSER);
-  EXPECT_TRUE(frame->findChild<ChartBrowserPane*>()->isHidden());
-  EXPECT_FALSE(frame->StateOf(ID_CHART_BROWSER).checked);
-  EXPECT_EQ(second->width(), 150);
-}
-
-TEST_F(BrowserPanes, FollowTheChartOfTheirWindow) {
-  frame->Manager().NewDocument();
-  auto& chart = dynamic_cast<LayoutMgr&>(*frame->ActiveChild()->View());
-  POINT place{50, 50};
-  chart.GetModel().InsertInitialState(place);
-  QApplication::processEvents();
-  const QAbstractItemModel& shown = *frame->ActiveChild()->ObjectBrowser().Window().model();
-  EXPECT_EQ(shown.index(0, 0, shown.index(0, 0)).data().toString(), "InitialState");
-  boxes.Expect("", MessageAnswer::No);
-  EXPECT_TRUE(frame->close());
-}
-
-TEST_F(BrowserPanes, ChartBrowserOpensChartsAndComesBackToItsFolder) {
-  EXPECT_EQ(SelectedPath(), folder.Root().string());
-  std::filesystem::create_directory(folder.Path("charts"));
-  std::filesystem::copy(MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv", folder.Path("charts"));
-  Folders().SelectPath(folder.Path("charts"));
-  Folders().Select(Folders().Selected()->FirstChild());
-  Folders().OnLButtonDblClk();
-  EXPECT_EQ(frame->windowTitle(), "Lift.mrv - Morvane");
-  Folders().Select(Folders().Selected()->Parent());
-  EXPECT_TRUE(frame->close());
-  frame.reset();
-  Start();
-  EXPECT_EQ(SelectedPath(), folder.Path("charts"));
+  EXPECT_EQ(tree.log, Log{"close two"});
 }
 
 }  // namespace

@@ -5,4 +5,5 @@
 #include <QtWidgets>
 
 #include "tests/support/ChartTest.h"
+#include "tests/ui/Events.h"
 #include "tests/ui/NextWindow.h"
