@@ -4,30 +4,22 @@
 
 namespace {
 
-void Press(QWidget* widget, int key) {
-  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-  QApplication::sendEvent(widget, &press);
-}
-
-/// The real dialog, with `act` carried out in it.
-std::optional<Dialogs::ExportAnswer> Ask(const Dialogs::ExportRequest& request,
-                                         const std::function<void(QFileDialog&)>& act) {
-  QtDialogs dialogs;
-  QTimer::singleShot(0, [&] {
-    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    act(*dialog);
-    if (dialog->isVisible()) dialog->reject();
-  });
-  return dialogs.AskExport(request);
-}
-
 class ExportDialogTest : public testing::Test {
  protected:
   ExportDialogTest() {
     request.kinds = {{"PNG (*.png)", ".png"}, {"SVG (*.svg)", ".svg"}, {"PDF (*.pdf)", ".pdf"}};
     request.suggestion = folder.Path("Lift.v2.png");
   }
+  /// The answer of the real dialog, with `act` carried out in it.
+  std::optional<Dialogs::ExportAnswer> Ask(const std::function<void(QFileDialog&)>& act) const {
+    QtDialogs dialogs;
+    InNextWindow<QFileDialog>(act);
+    return dialogs.AskExport(request);
+  }
+  static void Accept(QFileDialog& dialog) {
+    SendKey(*dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+  }
+
   TempFolder folder;
   Dialogs::ExportRequest request;
 };
@@ -43,15 +35,14 @@ TEST_F(ExportDialogTest, TheNameDecidesAndElseTheChosenKind) {
                {1, 0, "new.PNG", "new.PNG"},   {0, 0, "new.gif", "new.gif"}};
   for (const auto& c : cases) {
     request.kind = c.kind;
-    const auto answer = Ask(request, [&](QFileDialog& dialog) {
+    const auto answer = Ask([&](QFileDialog& dialog) {
       EXPECT_EQ(dialog.selectedNameFilter(), ToQString(request.kinds[c.kind].text));
       EXPECT_EQ(dialog.nameFilters().size(), 3);
       EXPECT_EQ(dialog.findChild<QCheckBox*>(), nullptr) << "nothing is selected";
       auto* kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
-      for (int i = 0; i < c.steps; ++i) Press(kinds, Qt::Key_Down);
-      auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-      if (c.typed != nullptr) name->setText(c.typed);
-      Press(name, Qt::Key_Return);
+      for (int i = 0; i < c.steps; ++i) SendKey(*kinds, Qt::Key_Down);
+      if (c.typed != nullptr) dialog.findChild<QLineEdit*>("fileNameEdit")->setText(c.typed);
+      Accept(dialog);
     });
     ASSERT_TRUE(answer) << c.file;
     EXPECT_EQ(answer->path, folder.Path(c.file));
@@ -62,18 +53,18 @@ TEST_F(ExportDialogTest, TheNameDecidesAndElseTheChosenKind) {
 TEST_F(ExportDialogTest, OffersTheSelectionWhereThereIsOne) {
   request.hasSelection = true;
   for (const bool only : {true, false}) {
-    const auto answer = Ask(request, [&](QFileDialog& dialog) {
+    const auto answer = Ask([&](QFileDialog& dialog) {
       auto* box = dialog.findChild<QCheckBox*>();
       ASSERT_NE(box, nullptr);
       EXPECT_TRUE(box->isVisible());
       EXPECT_FALSE(box->isChecked());
       if (only) box->click();
-      Press(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+      Accept(dialog);
     });
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->selectionOnly, only);
   }
-  EXPECT_FALSE(Ask(request, [](QFileDialog& dialog) { Press(&dialog, Qt::Key_Escape); }));
+  EXPECT_FALSE(Ask([](QFileDialog& dialog) { SendKey(dialog, Qt::Key_Escape); }));
 }
 
 }  // namespace

@@ -23,29 +23,16 @@ class GestureTest : public testing::Test {
     QApplication::processEvents();
   }
 
-  QMouseEvent* Mouse(QEvent::Type type, QPoint p, Qt::KeyboardModifiers keys) const {
-    const bool move = type == QEvent::MouseMove;
-    return new QMouseEvent(
-        type, p, widget->viewport()->mapToGlobal(p), move ? Qt::NoButton : Qt::LeftButton,
-        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, keys);
-  }
+  QWidget& Area() const { return *widget->viewport(); }
   void Post(QEvent::Type type, QPoint p, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-    QCoreApplication::postEvent(widget->viewport(), Mouse(type, p, keys));
+    PostMouse(Area(), type, p, Qt::LeftButton, keys);
   }
   void Press(QPoint p, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-    const std::unique_ptr<QEvent> event(Mouse(QEvent::MouseButtonPress, p, keys));
-    QCoreApplication::sendEvent(widget->viewport(), event.get());
+    SendMouse(Area(), QEvent::MouseButtonPress, p, Qt::LeftButton, keys);
     QApplication::processEvents();
   }
-  void Hover(QPoint p) {
-    QMouseEvent event(QEvent::MouseMove, p, widget->viewport()->mapToGlobal(p), Qt::NoButton,
-                      Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(widget->viewport(), &event);
-  }
-  void PostEscape() {
-    QCoreApplication::postEvent(widget.get(),
-                                new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
-  }
+  void Hover(QPoint p) { SendMouse(Area(), QEvent::MouseMove, p, Qt::NoButton); }
+  void PostEscape() { PostKey(*widget, Qt::Key_Escape); }
   /// Runs in the middle of a gesture, between the messages posted before and after it.
   void PostStep(std::function<void()> step) {
     QMetaObject::invokeMethod(widget.get(), std::move(step), Qt::QueuedConnection);
@@ -178,20 +165,12 @@ TEST_F(GestureTest, FeedbackShowsWhileAGestureRuns) {
   EXPECT_EQ(during, afterRepaint) << "a repaint takes no rubber line away";
 }
 
-TEST_F(GestureTest, KeysLeaveAGestureAlone) {
+TEST_F(GestureTest, KeysAndOtherPressesLeaveAGestureAlone) {
   const std::string before = chart->ModelText();
   Post(QEvent::MouseMove, {130, 130});
   for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Down, Qt::Key_PageDown}) {
-    QCoreApplication::postEvent(widget.get(), new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+    PostKey(*widget, key);
   }
-  PostEscape();
-  Press({100, 100});
-  EXPECT_EQ(chart->ModelText(), before);
-  EXPECT_EQ(chart->GetScrollPosition(), (POINT{0, 0}));
-}
-
-TEST_F(GestureTest, AnotherPressLeavesAGestureAlone) {
-  const std::string before = chart->ModelText();
   for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
     Post(type, {600, 500});
     Post(type, {300, 440});
@@ -200,6 +179,7 @@ TEST_F(GestureTest, AnotherPressLeavesAGestureAlone) {
   Press({100, 100});
   EXPECT_EQ(chart->ModelText(), before);
   EXPECT_TRUE(chart->GetSelection().Contains(FindShape(*chart, 1)));
+  EXPECT_EQ(chart->GetScrollPosition(), (POINT{0, 0}));
 }
 
 TEST_F(GestureTest, APressOnAnAnchorOfASelectedStateMovesIt) {
@@ -212,7 +192,7 @@ TEST_F(GestureTest, APressOnAnAnchorOfASelectedStateMovesIt) {
   EXPECT_EQ(FindShape(*chart, 1)->GetBounds(), (RECT{16, 10, 36, 30}));
 }
 
-TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscape) {
+TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscapeOrOutside) {
   const QPoint place(400, 100);
   chart->OnCommand(ID_TOOL_STATE);
   EXPECT_TRUE(chart->OnUpdateCommand(ID_TOOL_STATE).checked);
@@ -223,22 +203,15 @@ TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscape) {
   EXPECT_EQ(chart->GetModel().Objects().back()->GetBounds(), (RECT{67, 17, 77, 25}));
   EXPECT_EQ(chart->GetTool(), 0U);
   EXPECT_TRUE(CanUndo());
-
-  chart->OnCommand(ID_TOOL_NOTE);
-  chart->OnKeyDown(VirtualKey::Escape, 0);
-  Post(QEvent::MouseButtonRelease, place);
-  QApplication::processEvents();
-  EXPECT_EQ(chart->GetModel().Objects().size(), 7U);
-}
-
-TEST_F(GestureTest, AToolDroppedOutsideInsertsNothing) {
-  chart->OnCommand(ID_TOOL_STATE);
-  Hover({100, 400});
-  Post(QEvent::MouseButtonRelease, {-20, 400});
-  QApplication::processEvents();
-  EXPECT_EQ(chart->GetModel().Objects().size(), 6U);
-  EXPECT_EQ(chart->GetTool(), 0U);
-  EXPECT_FALSE(widget->HasCapture());
+  for (const QPoint drop : {place, QPoint(-20, 400)}) {
+    chart->OnCommand(ID_TOOL_NOTE);
+    if (drop == place) chart->OnKeyDown(VirtualKey::Escape, 0);
+    Post(QEvent::MouseButtonRelease, drop);
+    QApplication::processEvents();
+    EXPECT_EQ(chart->GetModel().Objects().size(), 7U);
+    EXPECT_EQ(chart->GetTool(), 0U);
+    EXPECT_FALSE(widget->HasCapture());
+  }
 }
 
 }  // namespace

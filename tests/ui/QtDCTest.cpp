@@ -284,19 +284,6 @@ TEST(QtDCTest, TextIsMeasuredAlikeAtEveryZoom) {
   EXPECT_EQ(widths, std::vector<std::int32_t>(4, widths[0]));
 }
 
-TEST(QtDCTest, FontHeightIsTheHeightOfTheLettersAndBoldIsWider) {
-  Canvas canvas;
-  const auto dc = canvas.DC();
-  dc->SelectFont({"DejaVu Sans", -20, CFont::kNormalWeight});
-  const TextMetrics metrics = dc->GetTextMetrics();
-  EXPECT_EQ(metrics.ascent, 19);
-  EXPECT_EQ(metrics.height, 24);
-  const std::int32_t regular = dc->GetTextExtent("Width").cx;
-  EXPECT_NEAR(dc->GetTextExtent("WidthWidth").cx, regular * 2, 1);
-  dc->SelectFont({"DejaVu Sans", -20, CFont::kBoldWeight});
-  EXPECT_GT(dc->GetTextExtent("Width").cx, regular);
-}
-
 TEST(QtDCTest, ALongLineEndsWhereItIsMeasured) {
   // Of letters that are laid out in pieces, with blanks in front of the last one.
   std::string text;

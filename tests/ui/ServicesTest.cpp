@@ -1,48 +1,10 @@
-#include <csignal>
-#include <sys/resource.h>
-
-#include "platform/CDC.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtProfile.h"
-#include "platform/qt/QtServices.h"
+#include "tests/support/FullDisk.h"
 #include "tests/ui/WindowTest.h"
 
 namespace {
-
-void DrawSample(CDC& dc) {
-  dc.SelectFont(CFont::FromTenthsOfPoint(80, "Verdana"));
-  dc.SelectBrush(CBrush::Solid(RGB(255, 255, 200)));
-  dc.RoundRect({10, 10, 90, 60}, {20, 20});
-  dc.TextOut({20, 20}, "Sample", nullptr);
-  dc.MoveTo({0, 70});
-  dc.LineTo({100, 95});
-}
-
-/// No file of this process can grow beyond a few bytes, as on a full disk.
-class FullDisk {
- public:
-  FullDisk() : handler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &former);
-    rlimit limit = former;
-    limit.rlim_cur = 100;
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &former);
-    std::signal(SIGXFSZ, handler);
-  }
-
- private:
-  void (*handler)(int);
-  rlimit former{};
-};
-
-QImage Decode(const std::string& bytes) {
-  return QImage::fromData(QByteArray::fromStdString(bytes), "png");
-}
-
-}  // namespace
 
 TEST(QtClipboardTest, KeepsAllBytesUnderAllFormats) {
   QtClipboard clipboard;
@@ -56,17 +18,23 @@ TEST(QtClipboardTest, KeepsAllBytesUnderAllFormats) {
   EXPECT_TRUE(clipboard.IsAvailable("MORVANE_FORMAT"));
   EXPECT_EQ(QtClipboard::MimeTypeOf("MORVANE_FORMAT"),
             "application/x-qt-windows-mime;value=\"MORVANE_FORMAT\"");
-
   EXPECT_EQ(clipboard.Put({{"text/plain", "other"}}), ClipboardError::None);
   EXPECT_FALSE(clipboard.IsAvailable("MORVANE_FORMAT"));
   EXPECT_EQ(clipboard.Get("MORVANE_FORMAT", error), std::nullopt);
   EXPECT_EQ(error, ClipboardError::None);
 }
 
-TEST(QtProfileTest, ComesBackFromTheFile) {
+class QtProfileTest : public testing::Test {
+ protected:
   const TempFolder folder;
   const std::string path = folder.Path("settings.ini");
+};
+
+TEST_F(QtProfileTest, ComesBackFromTheFileAndAWrongKindGivesTheFallback) {
   const std::string notUtf8 = "/home/caf\xE9, a;b=\"c\" %41";
+  WriteWholeFile(path,
+                 "[Settings]\nWord=abc\nEmpty=\nLong=99999999999\nFloat=1.5\nList=1, 2\nGood=12\n"
+                 "Point=@Point(1 2)\nBroken=@Variant(xyz)\n");
   {
     QtProfile profile(path);
     profile.Write("Settings", {{"FontSize", "-2147483648"}, {"FontName", "Verdana, \xC3\xA4"}});
@@ -78,117 +46,90 @@ TEST(QtProfileTest, ComesBackFromTheFile) {
   EXPECT_EQ(profile.GetString("Settings", "FontName", ""), "Verdana, \xC3\xA4");
   EXPECT_EQ(profile.GetString("Recent File List", "File1", ""), notUtf8);
   EXPECT_EQ(profile.GetString("", "Language", ""), "eng");
-  EXPECT_EQ(profile.GetString("Settings", "Nothing", "fallback"), "fallback");
-  std::string text;
-  ASSERT_TRUE(ReadWholeFile(path, text).Ok());
-  EXPECT_NE(text.find("FontSize=-2147483648"), std::string::npos);
-}
-
-TEST(QtProfileTest, AFullDiskIsSaidOnceAndLeavesTheOldSettings) {
-  const TempFolder folder;
-  const std::string path = folder.Path("settings.ini");
-  const std::string before = "[Settings]\nFontSize=80\n";
-  WriteWholeFile(path, before);
-  ScriptedMessageBoxes boxes;
-  const FullDisk full;
-  {
-    QtProfile profile(path);
-    boxes.Expect("The settings cannot be saved\n\n" + path);
-    profile.WriteString("Settings", "FontName", std::string(5000, 'x'));
-    profile.WriteString("Settings", "FontName", std::string(5000, 'y'));
-    EXPECT_EQ(profile.GetString("Settings", "FontName", "")[0], 'y') << "it holds for this run";
-  }
-  std::string after;
-  ReadWholeFile(path, after);
-  EXPECT_EQ(after, before);
-}
-
-TEST(QtProfileTest, ValueOfTheWrongKindGivesTheFallback) {
-  const TempFolder folder;
-  const std::string path = folder.Path("settings.ini");
-  WriteWholeFile(path,
-                 "[Settings]\nWord=abc\nEmpty=\nLong=99999999999\nFloat=1.5\nList=1, 2\nGood=12\n"
-                 "Point=@Point(1 2)\nBroken=@Variant(xyz)\n");
-  QtProfile profile(path);
   for (const char* key : {"Word", "Empty", "Long", "Float", "List", "Point", "Broken", "None"}) {
     EXPECT_EQ(profile.GetInt("Settings", key, 7), 7) << key;
   }
   EXPECT_EQ(profile.GetInt("Settings", "Good", 7), 12);
   EXPECT_EQ(profile.GetString("Settings", "List", "f"), "1, 2");
   EXPECT_EQ(profile.GetString("Settings", "Point", "f"), "f");
+  std::string text;
+  ASSERT_TRUE(ReadWholeFile(path, text).Ok());
+  EXPECT_NE(text.find("FontSize=-2147483648"), std::string::npos);
 }
 
-TEST(QtPicturesTest, PngHasTheSizeAndASmallPalette) {
-  QtPictures pictures;
-  const auto png = pictures.MakePng({120, 100}, DrawSample);
-  ASSERT_TRUE(png);
-  const QImage image = Decode(*png);
-  EXPECT_EQ(image.size(), QSize(120, 100));
-  EXPECT_EQ(image.format(), QImage::Format_Indexed8);
-  EXPECT_EQ(image.pixel(0, 0), qRgb(255, 255, 255));
-  EXPECT_EQ(image.pixel(40, 50), qRgb(255, 255, 200));
-  EXPECT_EQ(pictures.MakePng({120, 100}, DrawSample), png);
-  EXPECT_EQ(png->find("tIME"), std::string::npos);
+TEST_F(QtProfileTest, AFullDiskIsSaidOnceAndLeavesTheOldSettings) {
+  const std::string before = "[Settings]\nFontSize=80\n";
+  WriteWholeFile(path, before);
+  ScriptedMessageBoxes boxes;
+  const FullDisk full;
+  QtProfile profile(path);
+  boxes.Expect("The settings cannot be saved\n\n" + path);
+  for (const char letter : {'x', 'y'}) {
+    profile.WriteString("Settings", "FontName", std::string(5000, letter));
+  }
+  EXPECT_EQ(profile.GetString("Settings", "FontName", "")[0], 'y') << "it holds for this run";
+  std::string after;
+  ReadWholeFile(path, after);
+  EXPECT_EQ(after, before);
 }
 
-TEST(QtPicturesTest, PngOfManyColoursKeepsThemAll) {
+class QtPicturesTest : public testing::Test {
+ protected:
+  static void DrawSample(CDC& dc) {
+    dc.SelectFont(CFont::FromTenthsOfPoint(80, "Verdana"));
+    dc.SelectBrush(CBrush::Solid(RGB(255, 255, 200)));
+    dc.RoundRect({10, 10, 90, 60}, {20, 20});
+    dc.TextOut({20, 20}, "Sample", nullptr);
+  }
+  QImage Png(SIZE size, const Pictures::Paint& paint) {
+    const std::string png = pictures.MakePng(size, paint).value_or("");
+    EXPECT_EQ(pictures.MakePng(size, paint), png) << "the same bytes each time";
+    return QImage::fromData(QByteArray::fromStdString(png), "png");
+  }
   QtPictures pictures;
-  const auto png = pictures.MakePng({64, 64}, [](CDC& dc) {
-    for (int y = 0; y < 64; ++y) {
-      for (int x = 0; x < 64; ++x) dc.FillSolidRect({x, y, x + 1, y + 1}, RGB(x * 4, y * 4, x ^ y));
+};
+
+TEST_F(QtPicturesTest, PngHasASmallPaletteOrAllColours) {
+  const QImage sample = Png({120, 100}, DrawSample);
+  EXPECT_EQ(sample.size(), QSize(120, 100));
+  EXPECT_EQ(sample.format(), QImage::Format_Indexed8);
+  EXPECT_EQ(sample.pixel(0, 0), qRgb(255, 255, 255));
+  EXPECT_EQ(sample.pixel(40, 50), qRgb(255, 255, 200));
+  const QImage many = Png({64, 64}, [](CDC& dc) {
+    for (int i = 0; i < 64 * 64; ++i) {
+      const int x = i % 64;
+      const int y = i / 64;
+      dc.FillSolidRect({x, y, x + 1, y + 1}, RGB(x * 4, y * 4, x ^ y));
     }
   });
-  ASSERT_TRUE(png);
-  const QImage image = Decode(*png);
-  EXPECT_EQ(image.pixel(5, 9), qRgb(20, 36, 5 ^ 9));
-  EXPECT_EQ(image.pixel(63, 0), qRgb(252, 0, 63));
+  EXPECT_EQ(many.pixel(5, 9), qRgb(20, 36, 5 ^ 9));
+  EXPECT_EQ(many.pixel(63, 0), qRgb(252, 0, 63));
 }
 
-TEST(QtPicturesTest, TooLargeAPictureIsNotMade) {
-  QtPictures pictures;
+TEST_F(QtPicturesTest, TooLargeAPictureIsNotMade) {
   const auto fail = [](CDC&) { FAIL(); };
-  EXPECT_FALSE(pictures.MakePng({32768, 1}, fail));
-  EXPECT_FALSE(pictures.MakePng({30000, 30000}, fail));
-  EXPECT_FALSE(pictures.MakePng({0, 10}, fail));
-  EXPECT_FALSE(pictures.MakePdf({19201, 10}, fail));
-  EXPECT_FALSE(pictures.MakePdf({10, -1}, fail));
+  for (const SIZE size : {SIZE{32768, 1}, {30000, 30000}, {0, 10}}) {
+    EXPECT_FALSE(pictures.MakePng(size, fail)) << size.cx;
+  }
+  for (const SIZE size : {SIZE{19201, 10}, {10, -1}}) EXPECT_FALSE(pictures.MakePdf(size, fail));
 }
 
-TEST(QtPicturesTest, PdfIsOnePageOfItsSizeAndReproducible) {
-  QtPictures pictures;
-  const auto pdf = pictures.MakePdf({400, 200}, DrawSample);
-  ASSERT_TRUE(pdf);
-  EXPECT_EQ(pdf->substr(0, 5), "%PDF-");
-  const QString text = QString::fromLatin1(QByteArray::fromStdString(*pdf));
-  const auto box = QRegularExpression(R"(/MediaBox \[0 0 ([\d.]+) ([\d.]+)\])").match(text);
-  ASSERT_TRUE(box.hasMatch());
-  EXPECT_EQ(box.captured(1).toDouble(), 300);
-  EXPECT_EQ(box.captured(2).toDouble(), 150);
-  EXPECT_TRUE(text.contains("/Count 1"));
-  EXPECT_TRUE(text.contains("/FontFile2")) << "letters are kept as letters";
-  EXPECT_TRUE(text.contains("/CreationDate (D:20000101000000"));
-  EXPECT_EQ(pictures.MakePdf({400, 200}, DrawSample), pdf);
-}
-
-TEST(QtPicturesTest, ReferenceMeasuresAsAPictureDoes) {
-  QtPictures pictures;
+TEST_F(QtPicturesTest, PdfIsOnePageOfItsSizeThatMeasuresAsTheScreenDoes) {
   const auto reference = pictures.ReferenceDC();
   reference->SelectFont(CFont::FromTenthsOfPoint(80, "Verdana"));
-  const SIZE measured = reference->GetTextExtent("Some words");
-  EXPECT_EQ(reference->GetDeviceCaps(DeviceCap::LogPixelsX), 96);
-  pictures.MakePdf({100, 100}, [&](CDC& dc) {
-    dc.SelectFont(CFont::FromTenthsOfPoint(80, "Verdana"));
-    EXPECT_EQ(dc.GetTextExtent("Some words"), measured);
-  });
+  const auto paint = [&](CDC& dc) {
+    DrawSample(dc);
+    EXPECT_EQ(dc.GetTextExtent("Some words"), reference->GetTextExtent("Some words"));
+  };
+  const auto pdf = pictures.MakePdf({400, 200}, paint);
+  ASSERT_TRUE(pdf);
+  EXPECT_EQ(pictures.MakePdf({400, 200}, paint), pdf) << "the same bytes each time";
+  const QString text = QString::fromLatin1(QByteArray::fromStdString(*pdf));
+  EXPECT_TRUE(text.startsWith("%PDF-"));
+  for (const char* part :
+       {R"(/MediaBox \[0 0 300(\.0+)? 150(\.0+)?\])", "/Count 1", "/FontFile2"}) {
+    EXPECT_TRUE(QRegularExpression(part).match(text).hasMatch()) << part;
+  }
 }
 
-TEST(QtServicesTest, AreInUseWhileTheyLive) {
-  MessageBoxes& before = Service<MessageBoxes>::Get();
-  {
-    const QtServices job(QtServices::Use::Job);
-    EXPECT_EQ(&Service<MessageBoxes>::Get(), &before);
-    EXPECT_NE(dynamic_cast<MemoryProfile*>(&Service<Profile>::Get()), nullptr);
-    EXPECT_NE(dynamic_cast<QtPictures*>(&Service<Pictures>::Get()), nullptr);
-  }
-  EXPECT_EQ(&Service<Pictures>::Get(), &Pictures::Default());
-}
+}  // namespace

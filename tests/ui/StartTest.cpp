@@ -43,8 +43,7 @@ TEST(Start, TheAboutBoxShowsThePictureAndGoesWithAKey) {
   InNextWindow<CSplashDlg>([&](CSplashDlg& box) {
     const QImage picture = box.grab().toImage();
     EXPECT_NE(picture.pixel(10, 10), picture.pixel(picture.width() / 2, picture.height() / 2));
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
-    QApplication::sendEvent(&box, &key);
+    SendKey(box, Qt::Key_Space);
     wasShown = !box.isVisible();
   });
   CSplashDlg about(true);
@@ -78,10 +77,7 @@ TEST(MessageBoxWindow, ShowsTheTextAsItIsAndAnswersWithItsButtons) {
       box.button(c.button)->click();
     });
     EXPECT_EQ(boxes.Show("a <b>text</b> in \xE4", c.flags), c.pressed) << c.flags;
-    InNextWindow<QMessageBox>([](QMessageBox& box) {
-      QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-      QApplication::sendEvent(&box, &escape);
-    });
+    InNextWindow<QMessageBox>([](QMessageBox& box) { SendKey(box, Qt::Key_Escape); });
     EXPECT_EQ(boxes.Show("a <b>text</b> in \xE4", c.flags | MB_ICONHAND), c.escaped) << c.flags;
   }
 }
@@ -101,8 +97,7 @@ TEST(PopupMenuWindow, GivesTheChosenCommand) {
       EXPECT_FALSE(actions[2]->isEnabled());
       EXPECT_TRUE(actions[3]->isChecked());
       menu->setActiveAction(actions[3]);
-      QKeyEvent key(QEvent::KeyPress, escape ? Qt::Key_Escape : Qt::Key_Return, Qt::NoModifier);
-      QApplication::sendEvent(menu, &key);
+      SendKey(*menu, escape ? Qt::Key_Escape : Qt::Key_Return);
     });
     EXPECT_EQ(menus.Track(items, {10, 10}), escape ? 0U : 9U);
   }
