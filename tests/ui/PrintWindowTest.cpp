@@ -21,12 +21,6 @@ class PrintWindow : public testing::Test {
     printing.Printer().setOutputFormat(QPrinter::PdfFormat);
     printing.Printer().setOutputFileName(QString::fromStdString(path));
   }
-  static std::unique_ptr<LayoutMgr> Example() {
-    auto chart = std::make_unique<LayoutMgr>();
-    EXPECT_EQ(ModelFile::Load(MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv", *chart), "");
-    chart->PlaceWithoutWindow(true);
-    return chart;
-  }
   /// The pages of the document, as another program shows them.
   std::vector<QImage> Pages() {
     const QString pdf = QString::fromStdString(folder.Path("chart.pdf"));
@@ -115,17 +109,18 @@ TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
   EXPECT_TRUE(wasOpen);
 }
 
-TEST_F(PrintWindow, PreviewSaysWhyThereIsNothingToShow) {
+TEST_F(PrintWindow, WhatCannotBePrintedIsSaidAndCancelPrintsNothing) {
   const auto far = LoadChart(ChartText(StateRecord(1, {0, 0, 2000000000, 2000000000})));
   InNextWindow<QtPrintPreview>([](QtPrintPreview& preview) {
     EXPECT_NE(Position(preview).find("too large"), std::string::npos);
     EXPECT_FALSE(Button(preview, "Print...")->isEnabled());
   });
   far->OnCommand(ID_FILE_PRINT_PREVIEW);
-}
 
-TEST_F(PrintWindow, AFileThatCannotBeWrittenIsSaid) {
-  const auto chart = Example();
+  const auto chart = LoadChart(SmallChart());
+  InNextWindow<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+  chart->OnCommand(ID_FILE_PRINT);
+  EXPECT_TRUE(Pages().empty());
   SetPath("/dev/full");
   boxes.Expect("No space left on device");
   chart->OnCommand(ID_FILE_PRINT_DIRECT);
@@ -133,13 +128,6 @@ TEST_F(PrintWindow, AFileThatCannotBeWrittenIsSaid) {
   SetPath(folder.Path("none/chart.pdf"));
   boxes.Expect("none/chart.pdf");
   chart->OnCommand(ID_FILE_PRINT_DIRECT);
-}
-
-TEST_F(PrintWindow, CancelPrintsNothing) {
-  const auto chart = Example();
-  InNextWindow<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
-  chart->OnCommand(ID_FILE_PRINT);
-  EXPECT_TRUE(Pages().empty());
 }
 
 }  // namespace
