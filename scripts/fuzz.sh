@@ -25,7 +25,7 @@ export UBSAN_OPTIONS=print_stacktrace=1
 export LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0
 export ASAN_OPTIONS=quarantine_size_mb=64:malloc_context_size=10
 # The toolkit asks for as much as a damaged value says, and does without.
-ASAN_OPTIONS+=:allocator_may_return_null=1
+ASAN_OPTIONS+=:allocator_may_return_null=1:max_allocation_size_mb=2000
 # Some targets write a file for each input.
 [[ -w /dev/shm ]] && export TMPDIR=/dev/shm
 

@@ -272,6 +272,9 @@ void AnyHand::UseWheel(QWidget& target) {
 void AnyHand::PressKey() {
   const Key& key = kKeys[static_cast<std::size_t>(source.Below(static_cast<int>(kKeys.size())))];
   QWidget* target = QApplication::focusWidget();
+  // A desktop keeps keys from the windows behind a dialog, also before the dialog has the focus.
+  QWidget* modal = QApplication::activeModalWidget();
+  if (modal != nullptr && (target == nullptr || target->window() != modal)) target = modal;
   if (target == nullptr) target = frame.get();
   const Qt::KeyboardModifiers modifiers = AnyModifiers();
   QKeyEvent press(QEvent::KeyPress, key.key, modifiers, key.text);
