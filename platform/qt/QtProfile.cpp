@@ -26,7 +26,8 @@ std::optional<std::string> TextOf(const QVariant& value) {
   switch (value.typeId()) {
     case QMetaType::QString: return ToBytes(value.toString());
     case QMetaType::QByteArray: return value.toByteArray().toStdString();
-    case QMetaType::QStringList: return ToBytes(value.toStringList().join(", "));
+    case QMetaType::QStringList:
+    case QMetaType::QVariantList: return ToBytes(value.toStringList().join(", "));
     default: return std::nullopt;
   }
 }
@@ -41,10 +42,10 @@ QString UserPath() {
       .fileName();
 }
 
-QVariantMap ValuesOf(const QSettings& settings) {
-  QVariantMap values;
-  for (const QString& key : settings.allKeys()) values.insert(key, settings.value(key));
-  return values;
+QtProfile::Texts TextsOf(const QSettings& settings) {
+  QtProfile::Texts texts;
+  for (const QString& key : settings.allKeys()) texts[key] = TextOf(settings.value(key));
+  return texts;
 }
 
 }  // namespace
@@ -52,7 +53,7 @@ QVariantMap ValuesOf(const QSettings& settings) {
 QtProfile::QtProfile() : QtProfile(FromQPath(UserPath())) {}
 
 QtProfile::QtProfile(const std::string& file)
-    : path(ToQPath(file)), values(ValuesOf(QSettings(path, QSettings::IniFormat))) {}
+    : path(ToQPath(file)), values(TextsOf(QSettings(path, QSettings::IniFormat))) {}
 
 QString QtProfile::NameOf(const std::string& section, const std::string& key) {
   return section.empty() ? ToQString(key) : ToQString(section) + '/' + ToQString(key);
@@ -60,19 +61,22 @@ QString QtProfile::NameOf(const std::string& section, const std::string& key) {
 
 std::string QtProfile::GetString(const std::string& section, const std::string& key,
                                  const std::string& fallback) {
-  return TextOf(values.value(NameOf(section, key))).value_or(fallback);
+  const auto found = values.find(NameOf(section, key));
+  return found != values.end() ? found->second.value_or(fallback) : fallback;
 }
 
 void QtProfile::Write(const std::string& section, const std::vector<Setting>& settings) {
-  QVariantMap changed;
-  for (const auto& [key, value] : settings) changed.insert(NameOf(section, key), ValueOf(value));
-  values.insert(changed);
-  if (StoreInFile(changed) || failureShown) return;
+  for (const auto& [key, value] : settings) {
+    const QString name = NameOf(section, key);
+    values[name] = value;
+    unsaved.insert(name, ValueOf(value));
+  }
+  if (StoreInFile() || failureShown) return;
   failureShown = true;
   ShowMessage(LoadText(IDS_SETTINGS_UNSAVED) + "\n\n" + FromQPath(path), MB_ICONEXCLAMATION);
 }
 
-bool QtProfile::StoreInFile(const QVariantMap& changed) {
+bool QtProfile::StoreInFile() {
   // QSettings takes a file that it could write but half for a whole one, as on a full disk. So it
   // writes a copy, which is read back before it takes the place of the file.
   const QTemporaryDir folder;
@@ -82,17 +86,19 @@ bool QtProfile::StoreInFile(const QVariantMap& changed) {
   // Where no lock can be had, as in a folder that takes no new files, the file may still take this.
   static_cast<void>(lock.tryLock(kLockMilliseconds));
   QFile::copy(path, copy);
-  QVariantMap wanted;
+  Texts wanted;
   {
     QSettings settings(copy, QSettings::IniFormat);
-    for (auto i = changed.begin(); i != changed.end(); ++i) settings.setValue(i.key(), i.value());
-    wanted = ValuesOf(settings);
+    for (auto i = unsaved.begin(); i != unsaved.end(); ++i) settings.setValue(i.key(), i.value());
+    wanted = TextsOf(settings);
   }
   std::string bytes;
   if (!ReadWholeFile(FromQPath(copy), bytes).Ok()) return false;
   const QString again = folder.filePath("again.ini");
   QFile::copy(copy, again);
-  if (ValuesOf(QSettings(again, QSettings::IniFormat)) != wanted) return false;
-  values.insert(wanted);
-  return ReplaceWholeFile(FromQPath(path), bytes).Ok();
+  if (TextsOf(QSettings(again, QSettings::IniFormat)) != wanted) return false;
+  if (!ReplaceWholeFile(FromQPath(path), bytes).Ok()) return false;
+  unsaved.clear();
+  values = wanted;
+  return true;
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <map>
+#include <optional>
+
 #include <QVariantMap>
 
 #include "platform/Profile.h"
@@ -8,6 +11,9 @@
 /// other running copies of the program store in it stays.
 class QtProfile : public Profile {
  public:
+  /// The texts of all values by their names; nothing for a value that is no text at all.
+  using Texts = std::map<QString, std::optional<std::string>>;
+
   /// The user's own file.
   QtProfile();
   /// Another file.
@@ -19,9 +25,10 @@ class QtProfile : public Profile {
 
  private:
   static QString NameOf(const std::string& section, const std::string& key);
-  bool StoreInFile(const QVariantMap& changed);
+  bool StoreInFile();
 
   QString path;
-  QVariantMap values;
+  Texts values;
+  QVariantMap unsaved;        ///< what the file did not take yet
   bool failureShown = false;  ///< the user knows: a run says it once
 };

@@ -61,16 +61,21 @@ TEST_F(QtProfileTest, AFullDiskIsSaidOnceAndLeavesTheOldSettings) {
   const std::string before = "[Settings]\nFontSize=80\n";
   WriteWholeFile(path, before);
   ScriptedMessageBoxes boxes;
-  const FullDisk full;
   QtProfile profile(path);
-  boxes.Expect("The settings cannot be saved\n\n" + path);
-  for (const char letter : {'x', 'y'}) {
-    profile.WriteString("Settings", "FontName", std::string(5000, letter));
+  {
+    const FullDisk full;
+    boxes.Expect("The settings cannot be saved\n\n" + path);
+    for (const char letter : {'x', 'y'}) {
+      profile.WriteString("Settings", "FontName", std::string(5000, letter));
+    }
+    EXPECT_EQ(profile.GetString("Settings", "FontName", "")[0], 'y') << "it holds for this run";
+    std::string after;
+    ReadWholeFile(path, after);
+    EXPECT_EQ(after, before);
   }
-  EXPECT_EQ(profile.GetString("Settings", "FontName", "")[0], 'y') << "it holds for this run";
-  std::string after;
-  ReadWholeFile(path, after);
-  EXPECT_EQ(after, before);
+  profile.WriteString("Settings", "FontSize", "90");
+  EXPECT_EQ(profile.GetString("Settings", "FontName", "")[0], 'y');
+  EXPECT_EQ(QtProfile(path).GetString("Settings", "FontName", "")[0], 'y') << "now there is room";
 }
 
 class QtPicturesTest : public testing::Test {
