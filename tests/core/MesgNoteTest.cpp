@@ -1,46 +1,30 @@
 #include "persistence/ModelStream.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/Routes.h"
 
 namespace {
 
+using Texts = std::vector<std::string>;
+
 constexpr int kArrow = 103;
 constexpr int kMesg = 104;
-/// Upright; its label is at (22,19), which is (132,114) in pixels.
-const std::string kLinks = "2 22 14 22 15 \n0 22 15 22 23 \n3 22 23 22 24 \n";
 
+/// The transition is upright; its label is at (22,19), which is (132,114) in pixels.
 std::unique_ptr<LayoutMgr> Chart(const RECT& rect, int transition = kArrow) {
-  return LoadChart(ChartText(TransitionRecord(kArrow, 0, 0, "3 1 1 1", kLinks) +
+  const std::string links = LinkLines("22,14 22,15 22,23 22,24");
+  return LoadChart(ChartText(TransitionRecord(kArrow, 0, 0, "3 1 1 1", links) +
                              MesgRecord(kMesg, transition, rect, "Open")));
 }
 
 Mesg& TheMesg(const LayoutMgr& chart) { return *Find<Mesg>(chart, kMesg); }
 
-Metafile Paint(Shape& shape) {
-  CNullDC reference;
-  CMetaFileDC dc(reference);
-  dc.SetPrinting(true);
-  shape.Draw(&dc);
-  return dc.Close();
-}
-
-std::vector<std::string> Texts(const Metafile& drawn) {
-  std::vector<std::string> texts;
-  for (const Metafile::Record& record : drawn.records) {
-    if (record.kind == Metafile::Kind::TextOut) texts.push_back(record.text);
-  }
-  return texts;
-}
-
 TEST(Mesg, ShowsItsThreeTexts) {
-  using Lines = std::vector<std::string>;
   const auto chart = Chart({10, 10, 60, 40});
   Mesg& mesg = TheMesg(*chart);
-  mesg.GetText().SetTexts("Open", "x > 1", "Run();");
-  EXPECT_EQ(Texts(Paint(mesg)), (Lines{"onEvent(Open)", "[x > 1]", "/Run();"}));
-  mesg.GetText().SetTexts("Open", "", "a\r\nb");
-  EXPECT_EQ(Texts(Paint(mesg)), (Lines{"onEvent(Open)", "/a", "b"}));
+  mesg.GetText().SetTexts("Open", "x > 1", "a\r\nb");
+  EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), (Texts{"onEvent(Open)", "[x > 1]", "/a", "b"}));
   mesg.GetText().SetTexts("", "", "");
-  EXPECT_EQ(Texts(Paint(mesg)), Lines{"onEvent()"});
+  EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), Texts{"onEvent()"});
 }
 
 TEST(Mesg, OldTextsHoldTheEffectAlone) {
@@ -52,11 +36,6 @@ TEST(Mesg, OldTextsHoldTheEffectAlone) {
   mesg.Read(stream);
   EXPECT_EQ(mesg.GetText().GetEvent(), "");
   EXPECT_EQ(mesg.GetText().GetEffect(), "Run();");
-  // A paste that leaves the transition behind drops the message.
-  Shape::IdMap map{{7, 70}};
-  EXPECT_FALSE(mesg.RemapIds(map));
-  map[3] = 30;
-  EXPECT_TRUE(mesg.RemapIds(map));
 }
 
 TEST(Mesg, StaysOnTheLabelWhenItIsResizedThere) {
@@ -77,8 +56,7 @@ TEST(Mesg, WithoutATransitionItIsALooseBoxThatKeepsItsReference) {
   Mesg& mesg = TheMesg(*chart);
   FakeWindow window(*chart);
   chart->GetSelection().Add(&mesg);
-  EXPECT_EQ(mesg.GetTransition(), nullptr);
-  EXPECT_EQ(Texts(Paint(mesg)), std::vector<std::string>{"onEvent(Open)"});
+  EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), Texts{"onEvent(Open)"});
   mesg.Align();
   mesg.ShowHandles(true);
   mesg.ResizeTo({17, 16, 37, 22});
@@ -89,25 +67,32 @@ TEST(Mesg, WithoutATransitionItIsALooseBoxThatKeepsItsReference) {
 
 TEST(Mesg, ItsHandleSticksItToTheLabel) {
   // The box's middle is at (40,40), which is (240,240) in pixels.
-  const struct {
-    const char* name;
-    POINT drop;
-    bool aligned;
-  } cases[] = {{"on the label", {131, 113}, true},
-               {"near it", {144, 126}, true},
-               {"too far", {150, 126}, false}};
-  for (const auto& c : cases) {
+  const std::pair<POINT, bool> cases[] = {
+      {{131, 113}, true}, {{144, 126}, true}, {{150, 126}, false}};
+  for (const auto& [drop, aligned] : cases) {
     const auto chart = Chart({35, 37, 45, 43});
     FakeWindow window(*chart);
     Mesg& mesg = TheMesg(*chart);
     chart->GetSelection().Add(&mesg);
-    window.Move(c.drop);
-    window.Release(c.drop);
+    window.Move(drop);
+    window.Release(drop);
     mesg.OnLButtonDown(0, 243, 238);
-    EXPECT_EQ(mesg.IsAligned(), c.aligned) << c.name;
-    EXPECT_EQ(mesg.GetBounds() == (RECT{35, 37, 45, 43}), !c.aligned) << c.name;
-    EXPECT_EQ(window.Feedback(), 0U) << c.name;
+    EXPECT_EQ(mesg.IsAligned(), aligned) << drop.x;
+    EXPECT_EQ(mesg.GetBounds() == (RECT{35, 37, 45, 43}), !aligned) << drop.x;
+    EXPECT_EQ(window.Feedback(), 0U) << drop.x;
   }
+}
+
+TEST(Note, HidesItsMarksButKeepsThemAndHasNoAnchorAtTheFold) {
+  const auto chart = LoadChart(ChartText(NoteRecord(1, {40, 10, 52, 16}, Block("a<M>b<<M>M>c<M"))));
+  Note& note = *Find<Note>(*chart, 1);
+  EXPECT_EQ(PaintedTexts(PaintOnPaper(note)), Texts{"abc<M"});
+  EXPECT_TRUE(note.GetText().Contains("a<M>b<<M>M>c"));
+  EXPECT_NE(chart->ModelText().find("\na<M>b<<M>M>c<M\n"), std::string::npos);
+  EXPECT_EQ(note.GetAnchors().size(), 7U);
+  EXPECT_EQ(*note.AnchorAt({3, SIDE_BOTTOM}), (POINT{40, 16}));
+  AnchorKey key;
+  EXPECT_FALSE(note.FindAnchorNear({52 * 6, 10 * 6}, key));
 }
 
 }  // namespace
