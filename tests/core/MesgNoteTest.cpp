@@ -1,4 +1,3 @@
-#include "persistence/ModelStream.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
@@ -25,17 +24,6 @@ TEST(Mesg, ShowsItsThreeTexts) {
   EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), (Texts{"onEvent(Open)", "[x > 1]", "/a", "b"}));
   mesg.GetText().SetTexts("", "", "");
   EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), Texts{"onEvent()"});
-}
-
-TEST(Mesg, OldTextsHoldTheEffectAlone) {
-  std::istringstream in("7 20\n1 1 9 9\n1\n1 1 5 6\n3\n" + Block("Run();"));
-  ModelStream stream(in);
-  stream.fileVersion = 2.9F;
-  Mesg mesg;
-  mesg.GetText().SetTexts("stale", "", "");
-  mesg.Read(stream);
-  EXPECT_EQ(mesg.GetText().GetEvent(), "");
-  EXPECT_EQ(mesg.GetText().GetEffect(), "Run();");
 }
 
 TEST(Mesg, StaysOnTheLabelWhenItIsResizedThere) {
