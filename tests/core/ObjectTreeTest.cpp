@@ -88,20 +88,6 @@ TEST_F(ObjectTree, NewChartOpensItsRootWithTheFirstObject) {
   EXPECT_EQ(TreeRows(tree), (Rows{"[0]Untitled", "  [6]InitialState", "  [7]FinalState", "  [4]"}));
 }
 
-TEST_F(ObjectTree, ConnectionsStandBelowTheRootNodeOfTheirSource) {
-  Open();
-  auto& b = Get<GenericState>(kB);
-  auto& c = Get<GenericState>(kC);
-  const AnchorKey left{2, SIDE_LEFT};
-  const AnchorKey top{2, SIDE_TOP};
-  const POINT drop{600, 600};
-  chart.GetModel().ConnectAnchors(&b, &c, &left, &top, nullptr);
-  chart.GetModel().ConnectAnchors(&b, &b, &left, &top, nullptr);
-  chart.GetModel().ConnectAnchors(&c, nullptr, &left, &top, &drop);
-  EXPECT_EQ(Shown(), (Rows{"  [1]A", "    [2]Go", "      [1]B", "      [5]onGo []", "  [1]B",
-                           "    [2]", "      [1]C", "    [3]", "  [1]C", "    [4]"}));
-}
-
 TEST_F(ObjectTree, FollowsTheEndsOfATransition) {
   Open();
   auto& arrow = Get<Transition>(kArrow);
