@@ -23,7 +23,7 @@ Change Move(int link, POINT to) {
   return [=](LinkChain& chain) { LinkAt(chain, link)->MoveTo(to); };
 }
 
-/// The ends of a head or tail that points down.
+/// A head or tail that points down.
 Change MoveHead(POINT to) {
   return [=](LinkChain& chain) { chain.Head()->MoveEnds(to, to + POINT{0, 1}); };
 }
@@ -44,6 +44,7 @@ TEST(LinkChain, ChangesByTheLocalRules) {
     cut(chain);
     LinkAt(chain, 2)->MoveTo({0, 7});
   };
+  const Change offset = [](LinkChain& chain) { chain.Head()->Offset({5, -3}); };
   const Change shrinkEnds = [](LinkChain& chain) {
     chain.Head()->SetEnds({5, 5}, {5, 5});
     chain.Tail()->SetEnds({5, 5}, {5, 5});
@@ -66,14 +67,11 @@ TEST(LinkChain, ChangesByTheLocalRules) {
       {"a bend for the head", straight, MoveHead({30, 0}), farHead},
       {"and none", farHead, MoveHead({10, 10}), straight},
       {"a link for the tail", straight, MoveTail({10, 30}), "10,10 10,11 10,30 10,31"},
-      {"nothing is left of the first link, and the next one doesn't reach the new end",
-       "0,0 0,1 0,9 10,9 10,1 20,1 21,1", MoveHead({10, 3}), "10,3 10,4 10,1 20,1 21,1"},
+      {"nothing left of the first link", "0,0 0,1 0,9 10,9 10,1 20,1 21,1", MoveHead({10, 3}),
+       "10,3 10,4 10,1 20,1 21,1"},
       {"the ends never shrink to a point", kStairs, shrinkEnds, kStairs},
       {"the whole keeps its shape at the limit",
-       "2147483638,0 2147483638,1 2147483645,1 2147483645,5 2147483645,6",
-       [](LinkChain& chain) {
-         chain.Head()->Offset({5, -3});
-       },
+       "2147483638,0 2147483638,1 2147483645,1 2147483645,5 2147483645,6", offset,
        "2147483640,-3 2147483640,-2 2147483647,-2 2147483647,2 2147483647,3"},
       {"a loop is cut out", "0,0 0,1 0,9 9,9 9,5 -5,5 -5,20 3,20 3,21", cut,
        "0,0 0,1 0,5 -5,5 -5,20 3,20 3,21"},
@@ -97,6 +95,8 @@ TEST(LinkChain, BuildsWhatAFileHolds) {
   const ChainRecord point{LINK_H, {0, 9}, {0, 9}};
   const ChainRecord unknown{7, {1, 2}, {3, 4}};
   const ChainRecord slant{LINK_H, {5, 5}, {9, 6}};
+  const ChainRecord over{LINK_H, {2, 5}, {9, 5}};
+  const ChainRecord up{LINK_TAIL, {2, 4}, {2, 3}};
   const Records bare{{LINK_HEAD, {0, 1}, {0, 1}}, down, {LINK_TAIL, {0, 9}, {0, 9}}};
   const Records gapped{head, slant, {LINK_V, {6, 6}, {6, 9}}, aside};
   const struct {
@@ -107,9 +107,7 @@ TEST(LinkChain, BuildsWhatAFileHolds) {
       {"unknown kinds, no length", {unknown, head, point, down, point, tail}, "0,0 0,1 0,9 0,10"},
       {"stubs of no length", bare, Corners(bare)},
       {"gaps and slants stay", gapped, Corners(gapped)},
-      {"the one before a last link that vanishes",
-       {head, down, {LINK_H, {2, 5}, {9, 5}}, {LINK_TAIL, {2, 4}, {2, 3}}},
-       "0,0 0,1 2,1 2,4 2,3"},
+      {"the one before a last link that vanishes", {head, down, over, up}, "0,0 0,1 2,1 2,4 2,3"},
       {"the last link moves to the tail", {head, down, aside}, "0,0 0,1 6,1 6,9 6,10"},
       {"nothing between", {head, aside}, "0,0 0,1 6,1 6,9 6,10"},
       {"two heads", {head, down, head, tail}, ""},
@@ -119,13 +117,10 @@ TEST(LinkChain, BuildsWhatAFileHolds) {
     EXPECT_EQ(chain.Build(c.records), !c.built.empty()) << c.name;
     EXPECT_EQ(Corners(chain.Records()), c.built) << c.name;
   }
-  chain.Build(Records{head,
-                      slant,
-                      {LINK_H, {9, 8}, {12, 8}},
-                      {LINK_V, {20, 6}, {20, 9}},
-                      {LINK_TAIL, {20, 9}, {20, 10}}});
+  const ChainRecord level{LINK_H, {9, 8}, {12, 8}};
+  chain.Build(Records{head, slant, level, {LINK_V, {6, 6}, {6, 9}}, aside});
   chain.Straighten();
-  EXPECT_EQ(Corners(chain.Records()), "0,0 0,1 0,5 9,5 9,8 20,8 20,9 20,10");
+  EXPECT_EQ(Corners(chain.Records()), "0,0 0,1 0,5 9,5 9,8 6,8 6,9 6,10");
 }
 
 /// What is wrong with a chain; empty if nothing is.
@@ -168,9 +163,7 @@ TEST(LinkChain, HoldsItsInvariantsThroughAnything) {
     }
     records.push_back({LINK_TAIL, dice.Point(), dice.Point()});
     LinkChain chain(nullptr);
-    LinkChain again(nullptr);
-    ASSERT_TRUE(chain.Build(records) && again.Build(chain.Records()));
-    ASSERT_EQ(Corners(again.Records()), Corners(chain.Records()));
+    ASSERT_TRUE(chain.Build(records));
     chain.Straighten();
     ASSERT_EQ(Fault(chain, true), "");
     bool crossed = Fault(chain, false) == "twins";

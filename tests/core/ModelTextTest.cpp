@@ -142,6 +142,7 @@ TEST(ModelText, DamagedReferencesLeaveFreeEnds) {
   EXPECT_EQ(Find<Transition>(*chart, 2)->GetSource(), nullptr);
   EXPECT_EQ(Find<Transition>(*chart, 3)->GetTarget(), nullptr);
   EXPECT_EQ(Find<Line>(*chart, 4)->GetStartShape(), nullptr);
+  EXPECT_EQ(Find<Line>(*chart, 4)->GetEndShape(), nullptr);
   EXPECT_EQ(Find<Mesg>(*chart, 5)->GetTransition(), nullptr);
 }
 
