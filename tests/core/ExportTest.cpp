@@ -105,6 +105,7 @@ TEST_F(ExportTest, ASelectionIsCutOutAloneAndTheChartStaysAsItWas) {
   Select({104});
   Chart().OnScroll(ScrollBar::Vertical, ScrollCode::LineForward);
   const POINT scroll = Chart().AddScroll(POINT{});
+  ExportAllKinds();
   ExportAllKinds(true);
   EXPECT_TRUE(dialogs.LastExport().hasSelection);
   EXPECT_EQ(Chart().GetSelection().Members().size(), 1U);

@@ -94,8 +94,10 @@ TEST_F(Print, NeitherZoomNorPositionNorSelectionChangesThePaper) {
   const std::string plain = shapes();
   chart->OnCommand(ID_ZOOM_IN);
   chart->OnCommand(ID_EDIT_SELECT_ALL);
+  const std::string before = chart->ModelText();
   EXPECT_TRUE(chart->IsGridShown());
   EXPECT_EQ(shapes(), plain);
+  EXPECT_EQ(chart->ModelText(), before);
 
   // A line and a short arrow, whose label stands where the window is.
   const auto fitted = LoadChart(
