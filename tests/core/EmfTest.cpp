@@ -5,50 +5,34 @@
 
 namespace {
 
-TEST(Emf, AChartBecomesAValidMetafile) {
-  const auto chart = LoadChart(SmallChart());
-  const EmfReader reader(ChartPicture(*chart).MakeEmf());
-  reader.CheckFrame();
-  EXPECT_EQ(reader.CountOf(EmfReader::kExtTextOut), 5U)
-      << "name, two headings, two lines of the note";
-  const RECT bounds = reader.RectAtOffset(8);
-  EXPECT_EQ(bounds.left, 17 * 6) << "the state, at six units to the model unit";
-  EXPECT_EQ(bounds.right, 52 * 6 - 1) << "the note; the edge is inside";
-  const RECT frame = reader.RectAtOffset(24);
-  EXPECT_EQ(frame.left, 17 * 6 * 2540 / 96);
-}
-
 TEST(Emf, TextsKeepTheirLettersClipAndAdvances) {
   CNullDC reference;
   CMetaFileDC dc(reference);
   CFont font;
   font.height = -10;
   dc.SelectFont(font);
-  dc.SetTextColor(0x123456);
   const RECT clip{0, 0, 12, 8};
   dc.TextOut({3, 4}, "a\xF0\x9F\x98\x80", &clip);
   const EmfReader reader(EmfWriter::Encode(dc.Close(), reference, "Program"));
   reader.CheckFrame();
-  for (std::size_t i = 0; i < reader.offsets.size(); ++i) {
-    if (reader.TypeOf(i) != EmfReader::kExtTextOut) continue;
-    const std::size_t at = reader.offsets[i];
-    EXPECT_EQ(reader.RectAtOffset(at + 8), (RECT{3, 4, 11, 7}));
-    EXPECT_EQ(reader.Get<std::uint32_t>(at + 44), 3U) << "UTF-16 units";
-    const auto text = reader.Get<std::uint32_t>(at + 48);
-    EXPECT_EQ(reader.Get<std::uint32_t>(at + 52), 4U) << "clipped";
-    EXPECT_EQ(reader.RectAtOffset(at + 56), clip);
-    EXPECT_EQ(reader.Get<char16_t>(at + text), u'a');
-    EXPECT_EQ(reader.Get<char16_t>(at + text + 2), 0xD83D);
-    EXPECT_EQ(reader.Get<char16_t>(at + text + 4), 0xDE00);
-    const auto advances = reader.Get<std::uint32_t>(at + 72);
-    EXPECT_EQ(reader.Get<std::int32_t>(at + advances), 5);
-    EXPECT_EQ(reader.Get<std::int32_t>(at + advances + 4), 5);
-    EXPECT_EQ(reader.Get<std::int32_t>(at + advances + 8), 0);
+  ASSERT_EQ(reader.CountOf(EmfReader::kExtTextOut), 1U);
+  std::size_t record = 0;
+  while (reader.TypeOf(record) != EmfReader::kExtTextOut) ++record;
+  const std::size_t at = reader.offsets[record];
+  const auto number = [&](std::size_t place) { return reader.Get<std::uint32_t>(at + place); };
+  EXPECT_EQ(reader.RectAtOffset(at + 8), (RECT{3, 4, 11, 7}));
+  EXPECT_EQ(number(44), 3U) << "UTF-16 units";
+  EXPECT_EQ(number(52), 4U) << "clipped";
+  EXPECT_EQ(reader.RectAtOffset(at + 56), clip);
+  const char16_t units[] = {u'a', 0xD83D, 0xDE00};
+  const std::uint32_t advances[] = {5, 5, 0};
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(reader.Get<char16_t>(at + number(48) + 2 * i), units[i]);
+    EXPECT_EQ(number(number(72) + 4 * i), advances[i]);
   }
-  EXPECT_EQ(reader.CountOf(EmfReader::kExtTextOut), 1U);
 }
 
-TEST(CopyAsMetafile, PutsThePictureInSeveralFormats) {
+TEST(CopyAsMetafile, PutsThePictureInSeveralFormatsOrSaysWhatFails) {
   FakeClipboard clipboard;
   ScriptedMessageBoxes boxes;
   const auto chart = LoadChart(SmallChart());
@@ -57,24 +41,23 @@ TEST(CopyAsMetafile, PutsThePictureInSeveralFormats) {
   EXPECT_EQ(boxes.LastFlags(), 0U);
   ASSERT_GE(clipboard.items.size(), 4U);
   EXPECT_EQ(clipboard.items[0].format, "image/x-emf");
-  EmfReader(clipboard.items[0].bytes).CheckFrame();
   EXPECT_EQ(clipboard.items[3].format, "image/svg+xml");
-}
+  const EmfReader reader(clipboard.items[0].bytes);
+  reader.CheckFrame();
+  EXPECT_EQ(reader.CountOf(EmfReader::kExtTextOut), 5U)
+      << "name, two headings, two lines of the note";
+  const RECT bounds = reader.RectAtOffset(8);
+  EXPECT_EQ(bounds.left, 17 * 6) << "the state, at six units to the model unit";
+  EXPECT_EQ(bounds.right, 52 * 6 - 1) << "the note; the edge is inside";
+  EXPECT_EQ(reader.RectAtOffset(24).left, 17 * 6 * 2540 / 96) << "the frame";
 
-TEST(CopyAsMetafile, EachFailingStepHasItsMessage) {
-  const struct {
-    ClipboardError step;
-    unsigned flags;
-  } cases[] = {
-      {ClipboardError::Open, 0x10}, {ClipboardError::Empty, 0x10}, {ClipboardError::Set, 0}};
-  FakeClipboard clipboard;
-  ScriptedMessageBoxes boxes;
-  const auto chart = LoadChart(SmallChart());
-  for (const auto& c : cases) {
-    clipboard.failure = c.step;
+  for (const auto& [step, flags] : {std::pair{ClipboardError::Open, 0x10U},
+                                    {ClipboardError::Empty, 0x10U},
+                                    {ClipboardError::Set, 0U}}) {
+    clipboard.failure = step;
     boxes.Expect("Error accessing clipboard");
     chart->OnCommand(ID_COPY_METAFILE);
-    EXPECT_EQ(boxes.LastFlags(), c.flags);
+    EXPECT_EQ(boxes.LastFlags(), flags);
   }
 }
 

@@ -6,25 +6,25 @@ namespace {
 /// Two states at zoom 6; the first one is (20,20)-(40,40), 120 to 240 in pixels.
 class RectDrag : public testing::Test {
  protected:
-  RectDrag()
-      : chart(LoadChart(
-            ChartText(StateRecord(101, {20, 20, 40, 40}) + StateRecord(102, {60, 20, 70, 30})))),
-        window(*chart) {}
   void TearDown() override {
     EXPECT_EQ(window.Feedback(), 0U) << "a stray frame stayed on the screen";
     EXPECT_FALSE(window.HasCapture());
   }
-  /// Drags the first state; the first press selects it.
-  RECT Drag(POINT from, const std::vector<POINT>& way) {
+  void Queue(const std::vector<POINT>& way, POINT from) {
     for (const POINT p : way) window.Move(p);
     window.Release(way.empty() ? from : way.back());
+  }
+  /// Drags the first state; the first press selects it.
+  RECT Drag(POINT from, const std::vector<POINT>& way) {
+    Queue(way, from);
     State().OnLButtonDown(0, from.x, from.y);
     return State().GetBounds();
   }
   GenericState& State(int id = 101) { return *Find<GenericState>(*chart, id); }
 
-  std::unique_ptr<LayoutMgr> chart;
-  FakeWindow window;
+  std::unique_ptr<LayoutMgr> chart =
+      LoadChart(ChartText(StateRecord(101, {20, 20, 40, 40}) + StateRecord(102, {60, 20, 70, 30})));
+  FakeWindow window{*chart};
 };
 
 TEST_F(RectDrag, MovesResizesAndStaysOnTheChart) {
@@ -45,23 +45,24 @@ TEST_F(RectDrag, MovesResizesAndStaysOnTheChart) {
   EXPECT_EQ(window.MostFeedback(), 4U);
 }
 
-TEST_F(RectDrag, GivesUpOnEscapeRightButtonAndLostMouse) {
-  window.Move({200, 200});
-  window.Key(VirtualKey::Escape);
-  State().OnLButtonDown(0, 181, 181);
-  window.Move({200, 200});
-  window.Post(Message::Kind::RButtonDown, {200, 200});
-  State().OnLButtonDown(0, 181, 181);
-  // A key that the drag doesn't take may not delete the shape under its hands.
-  window.Move({200, 200});
-  window.Key(VirtualKey::Delete);
-  State().OnLButtonDown(0, 181, 181);
-  EXPECT_EQ(State().GetBounds(), (RECT{20, 20, 40, 40}));
-  // A window that holds the mouse already starts no drag.
+/// A key that the drag doesn't take may not delete the shape under its hands.
+TEST_F(RectDrag, GivesUpOnAnyKeyRightButtonAndLostMouse) {
   window.SetCapture();
   State().OnLButtonDown(0, 181, 181);
-  EXPECT_TRUE(window.HasCapture());
+  EXPECT_TRUE(window.HasCapture()) << "a window that holds the mouse already starts no drag";
   window.ReleaseCapture();
+  const std::function<void()> ends[] = {[&] { window.Key(VirtualKey::Escape); },
+                                        [&] { window.Key(VirtualKey::Delete); },
+                                        [&] {
+                                          window.Post(Message::Kind::RButtonDown, {200, 200});
+                                        },
+                                        [] {}};
+  for (const auto& end : ends) {
+    window.Move({200, 200});
+    end();
+    State().OnLButtonDown(0, 181, 181);
+    EXPECT_EQ(State().GetBounds(), (RECT{20, 20, 40, 40}));
+  }
 }
 
 TEST_F(RectDrag, TheOtherSelectedShapesGoAlongInAMoveAlone) {
@@ -70,26 +71,20 @@ TEST_F(RectDrag, TheOtherSelectedShapesGoAlongInAMoveAlone) {
   EXPECT_EQ(State(102).GetBounds(), (RECT{63, 21, 73, 31}));
   EXPECT_EQ(window.MostFeedback(), 8U);
   // By its top left handle, a resize.
-  Drag({140, 128}, {{140, 110}});
-  EXPECT_EQ(State().GetBounds(), (RECT{23, 18, 43, 41}));
+  EXPECT_EQ(Drag({140, 128}, {{140, 110}}), (RECT{23, 18, 43, 41}));
   EXPECT_EQ(State(102).GetBounds(), (RECT{63, 21, 73, 31}));
 }
 
 TEST_F(RectDrag, ARubberBandGrowsInAnyDirection) {
-  const struct {
-    std::vector<POINT> way;
-    bool made;
-    RECT band;
-  } cases[] = {{{{150, 160}}, true, {100, 100, 150, 160}},
-               {{{40, 60}}, true, {40, 60, 100, 100}},
-               {{{150, 160}, {130, 100}}, false, {}},
-               {{}, false, {}}};
-  for (const auto& c : cases) {
-    for (const POINT p : c.way) window.Move(p);
-    window.Release(c.way.empty() ? POINT{100, 100} : c.way.back());
+  const std::pair<std::vector<POINT>, RECT> cases[] = {{{{150, 160}}, {100, 100, 150, 160}},
+                                                       {{{40, 60}}, {40, 60, 100, 100}},
+                                                       {{{150, 160}, {130, 100}}, {}},
+                                                       {{}, {}}};
+  for (const auto& [way, rect] : cases) {
+    Queue(way, {100, 100});
     CRectTracker band(0);
-    EXPECT_EQ(band.TrackRubberBand(*chart, {100, 100}), c.made);
-    EXPECT_EQ(c.made ? band.GetTrueRect() : RECT{}, c.band);
+    const bool made = band.TrackRubberBand(*chart, {100, 100});
+    EXPECT_EQ(made ? band.GetTrueRect() : RECT{}, rect);
   }
 }
 

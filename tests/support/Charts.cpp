@@ -4,6 +4,8 @@
 
 #include "model/ModelMgr.h"
 #include "persistence/ModelStream.h"
+#include "platform/CMetaFileDC.h"
+#include "platform/CNullDC.h"
 #include "surface/LayoutMgr.h"
 
 namespace {
@@ -88,3 +90,19 @@ std::unique_ptr<LayoutMgr> LoadChart(const std::string& text) {
 }
 
 Shape* FindShape(const LayoutMgr& chart, int id) { return chart.GetModel().Find(id); }
+
+Metafile PaintOnPaper(Shape& shape) {
+  CNullDC reference;
+  CMetaFileDC dc(reference);
+  dc.SetPrinting(true);
+  shape.Draw(&dc);
+  return dc.Close();
+}
+
+std::vector<std::string> PaintedTexts(const Metafile& drawn) {
+  std::vector<std::string> texts;
+  for (const Metafile::Record& record : drawn.records) {
+    if (record.kind == Metafile::Kind::TextOut) texts.push_back(record.text);
+  }
+  return texts;
+}

@@ -2,8 +2,10 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/Geometry.h"
+#include "platform/Metafile.h"
 
 class LayoutMgr;
 class Shape;
@@ -38,3 +40,8 @@ template <class Made>
 Made* Find(const LayoutMgr& chart, int id) {
   return dynamic_cast<Made*>(FindShape(chart, id));
 }
+
+/// What a shape paints on paper.
+Metafile PaintOnPaper(Shape& shape);
+/// The texts in what is painted, in their order.
+std::vector<std::string> PaintedTexts(const Metafile& drawn);

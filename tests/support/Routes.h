@@ -35,6 +35,15 @@ inline std::vector<ChainRecord> Chain(const std::string& corners) {
   return records;
 }
 
+/// The same as the lines of a chart's text.
+inline std::string LinkLines(const std::string& corners) {
+  std::ostringstream lines;
+  for (const auto& [kind, start, end] : Chain(corners)) {
+    lines << kind << ' ' << start.x << ' ' << start.y << ' ' << end.x << ' ' << end.y << " \n";
+  }
+  return lines.str();
+}
+
 /// The corners of a sound route; else its links one by one, each as "kind:start end".
 inline std::string Corners(const std::vector<ChainRecord>& records) {
   std::vector<POINT> points;
