@@ -13,24 +13,9 @@ else
   program="$root/build/release/bin/morvane"
 fi
 
-work=$(mktemp -d)
-jobs=()
-cleanup() {
-  for job in "${jobs[@]}"; do kill "$job" 2>/dev/null || true; done
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-mkfifo "$work/display"
+source "$root/scripts/display.sh"
 screen_size="1240 820"
-Xvfb -displayfd 3 -screen 0 "${screen_size/ /x}x24" 3>"$work/display" 2>/dev/null &
-jobs+=($!)
-read -r number <"$work/display"
-export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
-unset WAYLAND_DISPLAY
-openbox >/dev/null 2>&1 &
-jobs+=($!)
-"$root/scripts/language.sh"
+start_display "${screen_size/ /x}"
 printf '\n[ToolBars]\nBrowseDir=%s\n' "${program%/bin/*}/Examples/Lift" \
   >>"$XDG_CONFIG_HOME/Halvern/Morvane.ini"
 mkdir -p "$images"
@@ -38,13 +23,7 @@ mkdir -p "$images"
 # open CHART: starts the program on a copy of a chart, in a window of a known place and size
 open() {
   cp "$1" "$work"
-  "$program" "$work/${1##*/}" &
-  app=$!
-  jobs+=("$app")
-  window=$(timeout 30 xdotool search --sync --onlyvisible --pid "$app" --name "${1##*/}" | tail -n 1)
-  sleep 2 # the splash goes
-  xdotool windowmove "$window" 0 0 windowsize "$window" $screen_size
-  settle 1
+  open_chart "$work/${1##*/}" $screen_size
 }
 
 # Where the paper begins on the screen when the window fills it

@@ -1,0 +1,38 @@
+# Sourced by the scripts that take pictures: the program on a display and with settings of its own.
+
+work=$(mktemp -d -t morvane.XXXX)
+jobs=()
+cleanup() {
+  for job in "${jobs[@]}"; do kill "$job" 2>/dev/null || true; done
+  rm -rf "$work"
+}
+trap cleanup EXIT
+
+# start_display SIZE: a display with a window manager, until the script ends; what belongs to it is
+# in the folder $work.
+start_display() {
+  local number
+  mkfifo "$work/display"
+  Xvfb -displayfd 3 -screen 0 "$1x24" 3>"$work/display" 2>/dev/null &
+  jobs+=($!)
+  read -r number <"$work/display"
+  export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
+  unset WAYLAND_DISPLAY
+  openbox >/dev/null 2>&1 &
+  jobs+=($!)
+  "$root/scripts/language.sh"
+}
+
+# open_chart FILE WIDTH HEIGHT: starts $program on a chart, in a window of that size in the corner of
+# the screen: $app, $window. The chart browser, which shows the folders of this machine, is closed.
+open_chart() {
+  "$program" "$1" &
+  app=$!
+  jobs=("$app" "${jobs[@]}")
+  sleep 2 # until the splash has gone: windows that come and go end a search
+  window=$(timeout 30 xdotool search --sync --onlyvisible --pid "$app" --name "${1##*/}" | tail -n 1)
+  xdotool windowmove "$window" 0 0 windowsize "$window" "$2" "$3"
+  sleep 1
+  xdotool mousemove "$(($2 - 8))" 80 click 1
+  sleep 1
+}
