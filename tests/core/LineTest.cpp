@@ -66,36 +66,6 @@ TEST(Line, WithoutLengthItIsAPointAndWithoutAPenOfTheTablesItHasTheFirst) {
   EXPECT_TRUE(TheLine(*chart).HitTest({40, 40}));
 }
 
-TEST(Line, DragsItsEndsAndItself) {
-  const struct {
-    const char* name;
-    POINT from;
-    std::vector<POINT> way;
-    POINT start, end;
-    int startShape, endShape;
-  } cases[] = {
-      // The right side's mark stands two pixels further in.
-      {"to an anchor", {361, 361}, {{300, 200}, {271, 211}}, {40, 40}, {45, 35}, kState, kState},
-      {"an end into the open", {360, 360}, {{500, 200}}, {40, 40}, {83, 33}, kState, 0},
-      {"an end onto the other", {240, 240}, {{362, 361}}, {40, 40}, {60, 60}, kState, kNote},
-      {"the whole", {300, 300}, {{312, 318}}, {42, 43}, {62, 63}, 0, 0},
-      {"a click on an end", {241, 241}, {}, {40, 40}, {60, 60}, kState, kNote}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    const auto chart = Chart();
-    FakeWindow window(*chart);
-    Line& line = TheLine(*chart);
-    for (const POINT p : c.way) window.Move(p);
-    window.Release(c.way.empty() ? c.from : c.way.back());
-    line.OnLButtonDown(0, c.from.x, c.from.y);
-    EXPECT_EQ(line.GetStart(), c.start);
-    EXPECT_EQ(line.GetEnd(), c.end);
-    EXPECT_EQ(line.GetStartShape() != nullptr ? line.GetStartShape()->GetId() : 0, c.startShape);
-    EXPECT_EQ(line.GetEndShape() != nullptr ? line.GetEndShape()->GetId() : 0, c.endShape);
-    EXPECT_EQ(window.Feedback(), 0U);
-  }
-}
-
 /// The anchor at (50,50) lies under the line itself.
 TEST(Line, IsNotInItsOwnWay) {
   const auto chart = LoadChart(ChartText(StateRecord(kState, {50, 45, 60, 55}) +

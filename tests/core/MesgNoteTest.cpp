@@ -53,24 +53,6 @@ TEST(Mesg, WithoutATransitionItIsALooseBoxThatKeepsItsReference) {
             std::string::npos);
 }
 
-TEST(Mesg, ItsHandleSticksItToTheLabel) {
-  // The box's middle is at (40,40), which is (240,240) in pixels.
-  const std::pair<POINT, bool> cases[] = {
-      {{131, 113}, true}, {{144, 126}, true}, {{150, 126}, false}};
-  for (const auto& [drop, aligned] : cases) {
-    const auto chart = Chart({35, 37, 45, 43});
-    FakeWindow window(*chart);
-    Mesg& mesg = TheMesg(*chart);
-    chart->GetSelection().Add(&mesg);
-    window.Move(drop);
-    window.Release(drop);
-    mesg.OnLButtonDown(0, 243, 238);
-    EXPECT_EQ(mesg.IsAligned(), aligned) << drop.x;
-    EXPECT_EQ(mesg.GetBounds() == (RECT{35, 37, 45, 43}), !aligned) << drop.x;
-    EXPECT_EQ(window.Feedback(), 0U) << drop.x;
-  }
-}
-
 TEST(Note, HidesItsMarksButKeepsThemAndHasNoAnchorAtTheFold) {
   const auto chart = LoadChart(ChartText(NoteRecord(1, {40, 10, 52, 16}, Block("a<M>b<<M>M>c<M"))));
   Note& note = *Find<Note>(*chart, 1);

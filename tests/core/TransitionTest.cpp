@@ -167,4 +167,29 @@ TEST(Transition, ALabelWithoutAPlaceStandsAtTheOrigin) {
   EXPECT_TRUE(PtInRect(painted, {0, 0}) && PtInRect(painted, {10, 13}));
 }
 
+TEST(Transition, TheCursorTellsWhatAPressWouldDo) {
+  const auto chart = TwoStates();
+  FakeWindow window(*chart);
+  Transition& arrow = Arrow(*chart);
+  const struct {
+    POINT p;
+    bool selected, shift;
+    Cursor cursor;
+  } cases[] = {{{240, 180}, false, false, Cursor::PlainArrow},
+               {{240, 100}, true, false, Cursor::PlainArrow},
+               {{240, 100}, true, true, Cursor::ArrowWithCross},
+               {{240, 180}, true, true, Cursor::SizeWE},
+               {{150, 66}, true, false, Cursor::SizeNS},
+               {{60, 60}, true, false, Cursor::DiagonalHandle},
+               {{240, 300}, true, false, Cursor::DiagonalHandle}};
+  for (const auto& c : cases) {
+    chart->GetSelection().Clear();
+    if (c.selected) chart->GetSelection().Add(&arrow);
+    window.cursorPos = c.p;
+    window.shiftDown = c.shift;
+    EXPECT_TRUE(arrow.OnSetCursor(chart.get(), 0, 0));
+    EXPECT_EQ(window.cursor, c.cursor) << Text({c.p});
+  }
+}
+
 }  // namespace
