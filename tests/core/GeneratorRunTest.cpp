@@ -43,7 +43,7 @@ class GeneratorRunTest : public testing::Test {
     return WaitUntil([] { return !CRedirect::IsRunning(); });
   }
   /// Nothing may be left of a run once its dialog is closed.
-  void Close() {
+  void TearDown() override {
     tool.reset();
     ui.RunAll();
     EXPECT_EQ(leftovers.Leftovers(), "");
@@ -62,7 +62,6 @@ TEST_F(GeneratorRunTest, ReportsStartOutputAndEnd) {
   EXPECT_EQ(tool->output, "[-d]\n[-g]\n[/My]\n[charts/lift.mrv]\ninput is idle\n");
   ASSERT_TRUE(WaitForExit());
   EXPECT_FALSE(CRedirect::IsRunning());
-  Close();
 }
 
 TEST_F(GeneratorRunTest, NothingIsLostWhenTheToolEndsAtOnce) {
@@ -74,7 +73,6 @@ TEST_F(GeneratorRunTest, NothingIsLostWhenTheToolEndsAtOnce) {
   }));
   EXPECT_EQ(tool->output, expected);
   EXPECT_EQ(tool->error, expected);
-  Close();
 }
 
 TEST_F(GeneratorRunTest, AFloodThatNobodyTakesIsReadToItsEnd) {
@@ -89,7 +87,6 @@ TEST_F(GeneratorRunTest, AFloodThatNobodyTakesIsReadToItsEnd) {
   tool->output.clear();
   ASSERT_TRUE(Launch("lines 0"));
   ASSERT_TRUE(ui.RunUntil([&] { return !tool->output.empty(); }));
-  Close();
 }
 
 TEST_F(GeneratorRunTest, AToolThatWillNotEndIsEndedWithItsHelper) {
@@ -98,7 +95,7 @@ TEST_F(GeneratorRunTest, AToolThatWillNotEndIsEndedWithItsHelper) {
   pid_t helper = 0;
   ASSERT_EQ(std::sscanf(tool->output.c_str(), "%d %d", &pid, &helper), 2);
   ASSERT_TRUE(IsAlive(pid) && IsAlive(helper));
-  Close();
+  tool.reset();
   EXPECT_FALSE(IsAlive(pid));
   EXPECT_TRUE(WaitUntil([helper] { return !IsAlive(helper); }));
 }
@@ -110,7 +107,6 @@ TEST_F(GeneratorRunTest, AToolWithoutStreamsStillRunsUntilTheStop) {
   tool->StopTool();
   EXPECT_FALSE(CRedirect::IsRunning() || IsAlive(pid));
   EXPECT_EQ(tool->exits, 0);
-  Close();
 }
 
 TEST_F(GeneratorRunTest, ASecondRunEndsTheFirstAndDropsItsLateOutput) {
@@ -120,7 +116,6 @@ TEST_F(GeneratorRunTest, ASecondRunEndsTheFirstAndDropsItsLateOutput) {
   EXPECT_EQ(processes.slept, 0ms) << "the user waits for the new run";
   ASSERT_TRUE(WaitForExit() && WaitForOutput("2\n"));
   EXPECT_EQ(tool->output, NumberedLines(0, 3));
-  Close();
 }
 
 /// A process that never ends. It writes down in which order it is stopped.
