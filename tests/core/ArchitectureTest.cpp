@@ -33,24 +33,23 @@ std::string Complaint(const std::string& path, const std::string& line) {
 }
 
 TEST(Architecture, LinesAreJudged) {
-  const struct {
-    const char* path;
-    const char* line;
-    const char* complaint;
-  } cases[] = {{"model/Shape.cpp", "#include <QWidget>", "toolkit"},
-               {"model/Shape.cpp", " # include \"QString\"", "toolkit"},
-               {"shell/App.h", "#include <QtCore/QObject>", "toolkit"},
-               {"shell/App.h", "#include <qglobal.h>", "toolkit"},
-               {"shell/App.cpp", "#include \"shell/qt/CMainFrame.h\"", "toolkit"},
-               {"platform/CWnd.h", "#include \"model/Shape.h\"", "above"},
-               {"platform/qt/View.cpp", "#include \"surface/LayoutMgr.h\"", "above"},
-               {"resources/Texts.cpp", "#include \"shell/Menus.h\"", "above"},
-               {"states/State.cpp", "#include \"State.h\"", "no path from the root"},
-               {"platform/qt/View.cpp", "#include <QWidget>", ""},
-               {"platform/CWnd.cpp", "#include \"resources/CommandIds.h\"", ""},
-               {"model/Shape.cpp", "#include <queue>", ""},
-               {"shell/qt/CMainFrame.cpp", "#include \"CMainFrame.moc\"", ""}};
-  for (const auto& c : cases) EXPECT_EQ(Complaint(c.path, c.line), c.complaint) << c.line;
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"model/Shape.cpp", "#include <QWidget>", "toolkit"},
+      {"model/Shape.cpp", " # include \"QString\"", "toolkit"},
+      {"shell/App.h", "#include <QtCore/QObject>", "toolkit"},
+      {"shell/App.h", "#include <qglobal.h>", "toolkit"},
+      {"shell/App.cpp", "#include \"shell/qt/CMainFrame.h\"", "toolkit"},
+      {"platform/CWnd.h", "#include \"model/Shape.h\"", "above"},
+      {"platform/qt/View.cpp", "#include \"surface/LayoutMgr.h\"", "above"},
+      {"resources/Texts.cpp", "#include \"shell/Menus.h\"", "above"},
+      {"states/State.cpp", "#include \"State.h\"", "no path from the root"},
+      {"platform/qt/View.cpp", "#include <QWidget>", ""},
+      {"platform/CWnd.cpp", "#include \"resources/CommandIds.h\"", ""},
+      {"model/Shape.cpp", "#include <queue>", ""},
+      {"shell/qt/CMainFrame.cpp", "#include \"CMainFrame.moc\"", ""}};
+  for (const auto& [path, line, complaint] : cases) {
+    EXPECT_EQ(Complaint(path, line), complaint) << line;
+  }
 }
 
 TEST(Architecture, SourcesKeepToTheirLevel) {

@@ -53,17 +53,14 @@ TEST_F(CommandLineTest, WrongUseExitsWithTwo) {
 }
 
 TEST_F(CommandLineTest, ConvertWritesThePresentVersion) {
-  const struct {
-    std::string from;
-    std::string to;
-    std::string text;
-  } cases[] = {{chart, folder.Path("out.mrv"), SmallChart()},
-               {chart, chart, SmallChart()},
-               {folder.Write("empty.mrv", ""), folder.Path("out.mrv"), ChartText("")}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(Run({"--convert", c.to, c.from}), 0) << err.str();
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {chart, folder.Path("out.mrv"), SmallChart()},
+      {chart, chart, SmallChart()},
+      {folder.Write("empty.mrv", ""), folder.Path("out.mrv"), ChartText("")}};
+  for (const auto& [from, to, text] : cases) {
+    EXPECT_EQ(Run({"--convert", to, from}), 0) << err.str();
     EXPECT_EQ(out.str() + err.str(), "");
-    EXPECT_EQ(folder.Read(c.to), ModelFile::ToDisk(c.text));
+    EXPECT_EQ(folder.Read(to), ModelFile::ToDisk(text));
   }
 }
 
@@ -71,22 +68,18 @@ TEST_F(CommandLineTest, FailuresNameFileAndReasonAndWriteNothing) {
   const std::string none = folder.Path("none.mrv");
   const std::string bad = folder.Write("bad.mrv", "hello");
   const std::string nowhere = folder.Path("no/o.mrv");
-  const struct {
-    const char* job;
-    std::string output;
-    std::string file;
-    std::string message;
-  } cases[] = {{"--convert", folder.Path("o.mrv"), bad, bad + ": Not a valid Morvane model file\n"},
-               {"--convert", folder.Path("o.mrv"), none, none + ": No such file or directory\n"},
-               {"--export", folder.Path("o.svg"), bad, bad + ": Not a valid Morvane model file\n"},
-               {"--export", folder.Path("o.svg"), none, none + ": No such file or directory\n"},
-               {"--convert", nowhere, chart, nowhere + ": Unable to open for writing\n"},
-               {"--convert", "/dev/full", chart, "/dev/full: No space left on device\n"},
-               {"--export", folder.Path("o.pdf"), chart, "too large"}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(Run({c.job, c.output, c.file}), 1);
-    EXPECT_NE(err.str().find(c.message), std::string::npos) << err.str();
-    EXPECT_EQ(std::filesystem::exists(c.output), c.output == "/dev/full");
+  const std::tuple<const char*, std::string, std::string, std::string> cases[] = {
+      {"--convert", folder.Path("o.mrv"), bad, bad + ": Not a valid Morvane model file\n"},
+      {"--convert", folder.Path("o.mrv"), none, none + ": No such file or directory\n"},
+      {"--export", folder.Path("o.svg"), bad, bad + ": Not a valid Morvane model file\n"},
+      {"--export", folder.Path("o.svg"), none, none + ": No such file or directory\n"},
+      {"--convert", nowhere, chart, nowhere + ": Unable to open for writing\n"},
+      {"--convert", "/dev/full", chart, "/dev/full: No space left on device\n"},
+      {"--export", folder.Path("o.pdf"), chart, "too large"}};
+  for (const auto& [job, output, file, message] : cases) {
+    EXPECT_EQ(Run({job, output, file}), 1);
+    EXPECT_NE(err.str().find(message), std::string::npos) << err.str();
+    EXPECT_EQ(std::filesystem::exists(output), output == "/dev/full");
   }
 }
 

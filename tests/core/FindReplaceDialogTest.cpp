@@ -52,46 +52,43 @@ class FindReplaceDialog : public DialogTest {
 };
 
 TEST_F(FindReplaceDialog, ListsObjectsInModelOrderWhereItIsToldToLook) {
-  Open([this](CDialog& dialog) {
-    const Rows found = {{"State Entry/Exit", "Find me"},
-                        {"State Entry/Exit", ""},
-                        {"Transition Message", "InitialState -> Undefined"},
-                        {"Transition Message", "Undefined -> Undefined"}};
-    EXPECT_EQ(Found(dialog), found);
-    Host::Toggle(dialog, Dlg::IDC_STATES);
+  const Rows all = {{"State Entry/Exit", "Find me"},
+                    {"State Entry/Exit", ""},
+                    {"Transition Message", "InitialState -> Undefined"},
+                    {"Transition Message", "Undefined -> Undefined"}};
+  // Names and notes are not searched, and the case counts.
+  const std::tuple<int, const char*, int, int> cases[] = {{Dlg::IDC_STATES, "find", 2, 4},
+                                                          {Dlg::IDC_MESSAGES, "find", 0, 0},
+                                                          {Dlg::IDC_STATES, "find", 0, 2},
+                                                          {Dlg::IDC_MESSAGES, "Find", 0, 0}};
+  Open([&](CDialog& dialog) {
+    EXPECT_EQ(Found(dialog), all);
+    for (const auto& [toggled, text, first, end] : cases) {
+      Host::Toggle(dialog, toggled);
+      FindText(dialog, text);
+      EXPECT_EQ(Found(dialog), Rows(all.begin() + first, all.begin() + end));
+    }
     FindText(dialog, "find");
-    EXPECT_EQ(Found(dialog), Rows(found.begin() + 2, found.end()));
-    Host::Toggle(dialog, Dlg::IDC_MESSAGES);
-    FindText(dialog, "find");
-    EXPECT_TRUE(Found(dialog).empty());
-    Host::Toggle(dialog, Dlg::IDC_STATES);
-    FindText(dialog, "find");
-    EXPECT_EQ(Found(dialog).size(), 2U);
     Select(dialog, {0});
+    Host::Type(dialog, Dlg::IDC_FIND_TEXT, "");
     for (const int button : {Dlg::IDC_REPLACE, Dlg::IDC_FIND}) {
-      EXPECT_EQ(Found(dialog).size(), 2U);
-      Host::Type(dialog, Dlg::IDC_FIND_TEXT, "");
+      EXPECT_EQ(Found(dialog), all);
       boxes.Expect("Please enter a search string");
       Host::Press(dialog, button);
       EXPECT_EQ(boxes.LastFlags(), static_cast<unsigned>(MB_ICONHAND));
     }
     EXPECT_TRUE(Found(dialog).empty());
-    Host::Toggle(dialog, Dlg::IDC_MESSAGES);
-    FindText(dialog, "Find");
-    EXPECT_TRUE(Found(dialog).empty()) << "names and notes are not searched, the case counts";
   });
   EXPECT_FALSE(CanUndo());
 }
 
 TEST_F(FindReplaceDialog, ButtonsFollowTheSelection) {
   Open([](CDialog& dialog) {
-    const struct {
-      std::vector<int> rows;
-      const char* buttons;
-    } cases[] = {{{0}, "RE"}, {{0, 2}, "R-"}, {{}, "--"}, {{3}, "RE"}};
-    for (const auto& c : cases) {
-      Select(dialog, c.rows);
-      EXPECT_EQ(Buttons(dialog), c.buttons);
+    const std::pair<std::vector<int>, const char*> cases[] = {
+        {{0}, "RE"}, {{0, 2}, "R-"}, {{}, "--"}, {{3}, "RE"}};
+    for (const auto& [rows, buttons] : cases) {
+      Select(dialog, rows);
+      EXPECT_EQ(Buttons(dialog), buttons);
     }
     FindText(dialog, "find");
     EXPECT_EQ(Buttons(dialog), "RE") << "until the next click in the list";
@@ -101,12 +98,8 @@ TEST_F(FindReplaceDialog, ButtonsFollowTheSelection) {
 }
 
 TEST_F(FindReplaceDialog, ReplacesInSelectedRowsAndSearchesAgain) {
-  const struct {
-    const char* find;
-    const char* replace;
-    const char* entry;
-    std::size_t rows;
-  } cases[] = {{"aa", "b", "find ba", 0}, {"a", "aa", "find baa", 1}, {"a", "", "find b", 0}};
+  const std::tuple<const char*, const char*, const char*, std::size_t> cases[] = {
+      {"aa", "b", "find ba", 0}, {"a", "aa", "find baa", 1}, {"a", "", "find b", 0}};
   Open([&](CDialog& dialog) {
     Select(dialog, {1, 3});
     Replace(dialog, "found");
@@ -115,12 +108,12 @@ TEST_F(FindReplaceDialog, ReplacesInSelectedRowsAndSearchesAgain) {
     const EventEditorBox& text = Find<Mesg>(*chart, 6)->GetText();
     EXPECT_EQ(text.GetGuard() + "|" + text.GetEffect(), "found|x found");
     EXPECT_EQ(State(2).GetExit(), "exit found");
-    for (const auto& c : cases) {
-      FindText(dialog, c.find);
+    for (const auto& [old, replacement, entry, rows] : cases) {
+      FindText(dialog, old);
       Select(dialog, {0});
-      Replace(dialog, c.replace);
-      EXPECT_EQ(State(1).GetEntry(), c.entry);
-      EXPECT_EQ(Found(dialog).size(), c.rows);
+      Replace(dialog, replacement);
+      EXPECT_EQ(State(1).GetEntry(), entry);
+      EXPECT_EQ(Found(dialog).size(), rows);
     }
   });
   EXPECT_TRUE(CanUndo());

@@ -39,23 +39,20 @@ TEST_F(ContextMenu, OfATransitionFollowsItsMessage) {
     menus.choice = id;
     chart->GetModel().ShowObjectMenu(shape, 0, 0);
   };
-  /// Which of the commands for the message can be given: to add, to align, to delete it.
-  const auto enabled = [&] {
-    std::string letters;
-    if (menus.StateOf(ID_TRANSITION_ADD_MESG).enabled) letters += "+";
-    if (menus.StateOf(ID_TRANSITION_ALIGN_MESG).enabled) letters += "=";
-    if (menus.StateOf(ID_TRANSITION_DELETE_MESG).enabled) letters += "-";
-    return letters;
+  const auto expectMessage = [&](bool there) {
+    EXPECT_NE(menus.StateOf(ID_TRANSITION_ADD_MESG).enabled, there);
+    EXPECT_EQ(menus.StateOf(ID_TRANSITION_ALIGN_MESG).enabled, there);
+    EXPECT_EQ(menus.StateOf(ID_TRANSITION_DELETE_MESG).enabled, there);
   };
   choose(transition, ID_TRANSITION_ADD_MESG);
-  EXPECT_EQ(enabled(), "+");
+  expectMessage(false);
   Mesg* mesg = transition->GetMesg();
   ASSERT_NE(mesg, nullptr);
   chart->GetModel().SelectOnly(mesg);
   POINT away{40, 20};
   chart->GetSelection().Broadcast(BROADCAST_MOVE, &away, nullptr);
   choose(transition, ID_TRANSITION_ALIGN_MESG);
-  EXPECT_EQ(enabled(), "=-");
+  expectMessage(true);
   EXPECT_TRUE(mesg->IsAligned());
   choose(mesg, 0);
   EXPECT_FALSE(menus.StateOf(ID_MESG_ALIGN).enabled);
@@ -104,28 +101,22 @@ class FakeDesktop : public ShellOpen {
 
 TEST(HelpCommands, SayWhatCannotBeOpened) {
   constexpr const char* address = "https://morvane.halvern.example";
-  const struct {
-    unsigned command;
-    OpenResult result;
-    const char* opened;
-    const char* message;
-  } cases[] = {
-      {ID_USER_GUIDE, OpenResult::Opened, "Morvane-UserGuide.pdf", nullptr},
-      {ID_TUTORIAL, OpenResult::Failed, "Morvane-Tutorial.pdf", nullptr},
+  const std::tuple<unsigned, OpenResult, const char*, const char*> cases[] = {
+      {ID_USER_GUIDE, OpenResult::Opened, "Morvane-UserGuide.pdf", ""},
+      {ID_TUTORIAL, OpenResult::Failed, "Morvane-Tutorial.pdf", ""},
       {ID_USER_GUIDE, OpenResult::NotFound, "Morvane-UserGuide.pdf", "Help file not found"},
       {ID_TUTORIAL, OpenResult::NoProgram, "Morvane-Tutorial.pdf", "Please manually open : "},
-      {ID_WEB_PAGE, OpenResult::NotFound, address, nullptr},
+      {ID_WEB_PAGE, OpenResult::NotFound, address, ""},
       {ID_WEB_PAGE, OpenResult::NoProgram, address, "Please go to web page : "}};
   FakeDesktop desktop;
   ScriptedMessageBoxes boxes;
-  for (const auto& c : cases) {
-    desktop.result = c.result;
-    if (c.message != nullptr) boxes.Expect(c.message);
-    EXPECT_TRUE(HelpCommands::Run(c.command));
-    EXPECT_NE(desktop.opened.find(c.opened), std::string::npos) << desktop.opened;
-    if (c.result == OpenResult::NoProgram) {
-      EXPECT_TRUE(boxes.Shown().back().ends_with(desktop.opened));
-    }
+  for (const auto& [command, result, opened, message] : cases) {
+    desktop.result = result;
+    if (*message != '\0') boxes.Expect(message);
+    EXPECT_TRUE(HelpCommands::Run(command));
+    EXPECT_TRUE(desktop.opened.ends_with(opened)) << desktop.opened;
+    const bool isTold = result == OpenResult::NoProgram;
+    EXPECT_TRUE(!isTold || boxes.Shown().back().ends_with(desktop.opened));
   }
   EXPECT_FALSE(HelpCommands::Run(ID_APP_ABOUT));
 }

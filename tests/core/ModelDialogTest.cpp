@@ -48,33 +48,31 @@ TEST_F(ModelDialog, CancelKeepsTheTextsButTakesASnapshot) {
 }
 
 TEST_F(ModelDialog, EveryBoxOfTheSheetEditsItsField) {
-  const struct {
-    int box;
-    std::string P::*field;
-    const char* whenEmpty;
-  } cases[] = {{CCodegenCPP::IDC_CLASS_NAME, &P::CppClassName, "Context"},
-               {CCodegenCPP::IDC_INCLUDE_FILE, &P::CppIncludeFile, "Context.h"},
-               {CCodegenCPP::IDC_NAMESPACE, &P::CppNamespace, ""},
-               {CCodegenCPP::IDC_INCLUDES, &P::CppIncludes, ""},
-               {CCodegenCPP::IDC_DECLARATIONS, &P::CppDeclarations, ""},
-               {CCodegenC::IDC_INCLUDES, &P::CIncludes, ""},
-               {CCodegenC::IDC_DECLARATIONS, &P::CDeclarations, ""},
-               {CCodegenJava::IDC_CLASS_NAME, &P::JavaClassName, "Context"},
-               {CCodegenJava::IDC_PACKAGE, &P::JavaPackage, ""},
-               {CCodegenJava::IDC_DECLARATIONS, &P::JavaDeclarations, ""},
-               {CCodegenCSharp::IDC_CLASS_NAME, &P::CSharpClassName, "Context"},
-               {CCodegenCSharp::IDC_PACKAGE, &P::CSharpPackage, ""},
-               {CCodegenCSharp::IDC_DECLARATIONS, &P::CSharpDeclarations, ""}};
+  const std::tuple<int, std::string P::*, const char*> cases[] = {
+      {CCodegenCPP::IDC_CLASS_NAME, &P::CppClassName, "Context"},
+      {CCodegenCPP::IDC_INCLUDE_FILE, &P::CppIncludeFile, "Context.h"},
+      {CCodegenCPP::IDC_NAMESPACE, &P::CppNamespace, ""},
+      {CCodegenCPP::IDC_INCLUDES, &P::CppIncludes, ""},
+      {CCodegenCPP::IDC_DECLARATIONS, &P::CppDeclarations, ""},
+      {CCodegenC::IDC_INCLUDES, &P::CIncludes, ""},
+      {CCodegenC::IDC_DECLARATIONS, &P::CDeclarations, ""},
+      {CCodegenJava::IDC_CLASS_NAME, &P::JavaClassName, "Context"},
+      {CCodegenJava::IDC_PACKAGE, &P::JavaPackage, ""},
+      {CCodegenJava::IDC_DECLARATIONS, &P::JavaDeclarations, ""},
+      {CCodegenCSharp::IDC_CLASS_NAME, &P::CSharpClassName, "Context"},
+      {CCodegenCSharp::IDC_PACKAGE, &P::CSharpPackage, ""},
+      {CCodegenCSharp::IDC_DECLARATIONS, &P::CSharpDeclarations, ""}};
   P& properties = chart->GetProperties();
-  for (const auto& c : cases) properties.*c.field = "old " + std::to_string(c.box);
-  for (const auto& c : cases) {
+  for (const auto& [box, field, whenEmpty] : cases)
+    properties.*field = "old " + std::to_string(box);
+  for (const auto& [box, field, whenEmpty] : cases) {
     P expected = properties;
-    for (const std::string& typed : {"new " + std::to_string(c.box), std::string()}) {
-      expected.*c.field = typed.empty() ? c.whenEmpty : typed;
-      host.Expect("Code Generation Properties", Typing({{c.box, typed}}));
+    for (const std::string& typed : {"new " + std::to_string(box), std::string()}) {
+      expected.*field = typed.empty() ? whenEmpty : typed;
+      host.Expect("Code Generation Properties", Typing({{box, typed}}));
       EXPECT_TRUE(chart->OnCommand(ID_CODEGEN_PROPERTIES));
-      for (const auto& field : cases) {
-        EXPECT_EQ(properties.*field.field, expected.*field.field) << c.box << ' ' << field.box;
+      for (const auto& [other, otherField, otherEmpty] : cases) {
+        EXPECT_EQ(properties.*otherField, expected.*otherField) << box << ' ' << other;
       }
     }
   }
