@@ -23,6 +23,10 @@ TEST(Mapping, ScalesUniformly) {
   EXPECT_EQ(mapping.ToDevice(POINT{6, 60}), (POINT{-7, 77}));
   EXPECT_EQ(mapping.ToLogical(POINT{-7, 77}), (POINT{6, 60}));
   EXPECT_EQ(mapping.ToDevice(POINT{kHigh, kLow}), (POINT{kHigh, kLow}));
+  // The tighter direction decides.
+  mapping.SetWindowExt({992, 1403});
+  mapping.SetViewportExt({4960, 7016});
+  EXPECT_EQ(mapping.ViewportExt(), (SIZE{4960, 7015}));
 }
 
 TEST(CRgn, PolygonsAndRectangles) {
