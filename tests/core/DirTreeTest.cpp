@@ -1,8 +1,5 @@
-#include <fstream>
-
 #include "platform/Folders.h"
 #include "shell/CDirTreeCtrl.h"
-#include "shell/CSortStringArray.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/TreeRows.h"
 
@@ -15,16 +12,16 @@ using Rows = std::vector<std::string>;
 /// The real file system below one or more drives of a test's own.
 class TestDrives : public Folders {
  public:
-  explicit TestDrives(std::vector<std::string> drives) : drives(std::move(drives)) {}
+  explicit TestDrives(Rows drives) : drives(std::move(drives)) {}
 
-  std::vector<std::string> Drives() override { return drives; }
+  Rows Drives() override { return drives; }
   void Visit(const std::string& folder, const Visitor& visitor) override {
     ++visits;
     Folders::Default().Visit(folder, visitor);
   }
   bool IsFolder(const std::string& path) override { return Folders::Default().IsFolder(path); }
 
-  std::vector<std::string> drives;
+  Rows drives;
   int visits = 0;
 
  private:
@@ -34,7 +31,6 @@ class TestDrives : public Folders {
 class DirTree : public testing::Test {
  protected:
   void Folder(const std::string& name) { fs::create_directories(root.Path(name)); }
-  void File(const std::string& name) { std::ofstream(root.Path(name)) << "x"; }
   /// What the tree shows below the drive.
   Rows Below() const {
     Rows rows = TreeRows(tree, false);
@@ -55,15 +51,25 @@ TEST_F(DirTree, FoldersComeBeforeChartFilesEachInOrder) {
   for (const char* name : {"beta", "Alpha", "_x", "empty"}) Folder(name);
   for (const char* name : {"Zeta.mrv", "alpha.MRV", "notes.txt", "beta/text.txt", "Alpha/.hidden",
                            "mrv", "_x/in.mrv"}) {
-    File(name);
+    root.Write(name, "x");
   }
   Init();
   EXPECT_EQ(tree.FirstItem()->Text(), root.Root().string());
+  EXPECT_EQ(drives.visits, 6) << "of a folder only whether it has entries";
   // Behind the button of a folder with nothing but other files there is nothing.
   EXPECT_EQ(Below(), (Rows{"  _x", "    ", "  Alpha", "  beta", "    ", "  empty", "  alpha.MRV",
                            "  Zeta.mrv"}));
   tree.Expand(*FindRow(tree, "beta"));
   EXPECT_EQ(FindRow(tree, "beta")->ChildCount(), 0);
+  // A double click opens what has no children.
+  tree.OnLButtonDblClk();
+  Rows opened;
+  tree.OpenCallback = [&](const std::string& path) { opened.push_back(path); };
+  for (const char* name : {"", "_x", "empty", "alpha.MRV"}) {
+    if (*name != '\0') tree.Select(FindRow(tree, name));
+    tree.OnLButtonDblClk();
+  }
+  EXPECT_EQ(opened, (Rows{root.Path("empty"), root.Path("alpha.MRV")}));
   Init(false);
   EXPECT_EQ(Below(), (Rows{"  _x", "  Alpha", "  beta", "  empty"}));
 }
@@ -77,7 +83,7 @@ TEST_F(DirTree, ReadsAFolderAtEachOpening) {
   tree.Collapse(deep);
   EXPECT_EQ(tree.Selected(), &deep);
   EXPECT_EQ(Below(), (Rows{"  deep", "    "}));
-  File("deep/new.mrv");
+  root.Write("deep/new.mrv", "x");
   tree.Expand(deep);
   EXPECT_EQ(Below(), (Rows{"  +deep", "    inner", "    new.mrv"}));
   fs::remove_all(root.Path("deep"));
@@ -89,28 +95,27 @@ TEST_F(DirTree, ReadsAFolderAtEachOpening) {
 TEST_F(DirTree, SelectsAFolderByItsPath) {
   Folder("Charts/Lift");
   Folder("charts/Pump");
-  File("Charts/Lift/Deep.mrv");
+  root.Write("Charts/Lift/Deep.mrv", "x");
   ASSERT_TRUE(tree.InitTree(true));
-  const auto selected = [&] { return tree.PathOfItem(*tree.Selected()); };
-  for (const char* path : {"Charts/LIFT", "Charts/Lift/", "Charts\\lift"}) {
-    EXPECT_TRUE(tree.SelectPath(root.Path(path))) << path;
-    EXPECT_EQ(selected(), root.Path("Charts/Lift")) << path;
+  for (const char* path : {"Charts/Lift/Deep.mrv", "gone", ""}) {
+    EXPECT_FALSE(tree.SelectPath(*path != '\0' ? root.Path(path) : "")) << path;
+    EXPECT_EQ(tree.Selected(), nullptr);
+    EXPECT_EQ(Below(), Rows{"  "});
   }
-  EXPECT_TRUE(tree.SelectPath(root.Path("charts/pump")));
-  EXPECT_EQ(selected(), root.Path("charts/Pump"));
+  const std::pair<const char*, const char*> cases[] = {{"Charts/LIFT", "Charts/Lift"},
+                                                       {"Charts/Lift/", "Charts/Lift"},
+                                                       {"Charts\\lift", "Charts/Lift"},
+                                                       {"charts/pump", "charts/Pump"}};
+  for (const auto& [path, selected] : cases) {
+    EXPECT_TRUE(tree.SelectPath(root.Path(path))) << path;
+    EXPECT_EQ(tree.PathOfItem(*tree.Selected()), root.Path(selected)) << path;
+  }
   EXPECT_TRUE(tree.SelectPath(root.Root().string()));
   EXPECT_EQ(tree.Selected(), tree.FirstItem());
   // What was open is read anew.
   Folder("Charts/Lift/later");
   EXPECT_TRUE(tree.SelectPath(root.Path("Charts/Lift")));
   EXPECT_NE(FindRow(tree, "later"), nullptr);
-  ASSERT_TRUE(tree.InitTree(true));
-  for (const char* path : {"Charts/Lift/Deep.mrv", "gone", ""}) {
-    const std::string whole = *path != '\0' ? root.Path(path) : "";
-    EXPECT_FALSE(tree.SelectPath(whole)) << path;
-    EXPECT_EQ(tree.Selected(), nullptr);
-    EXPECT_EQ(Below(), Rows{"  "});
-  }
 }
 
 TEST_F(DirTree, PathsBeginAtTheInnermostDrive) {
@@ -128,32 +133,15 @@ TEST_F(DirTree, PathsBeginAtTheInnermostDrive) {
   EXPECT_EQ(tree.Count(), 0U);
 }
 
-TEST_F(DirTree, HandsOverWhatHasNoChildren) {
-  Folder("full/inner");
-  Folder("empty");
-  File("one.mrv");
-  Init();
-  tree.OnLButtonDblClk();
-  std::vector<std::string> opened;
-  tree.OpenCallback = [&](const std::string& path) { opened.push_back(path); };
-  tree.OnLButtonDblClk();
-  for (const char* name : {"full", "empty", "one.mrv"}) {
-    tree.Select(FindRow(tree, name));
-    tree.OnLButtonDblClk();
-  }
-  EXPECT_EQ(opened, (Rows{root.Path("empty"), root.Path("one.mrv")}));
-}
-
 TEST_F(DirTree, StandsWhateverAFileSystemHolds) {
   const std::string latin = "Caf\xe9";
-  Folder(latin);
-  File(latin + "/in\\side.mrv");
-  Folder("locked/inner");
+  for (const std::string& name : {latin, std::string("locked/inner")}) Folder(name);
+  root.Write(latin + "/in\\side.mrv", "x");
   fs::create_directory_symlink("..", root.Path("around"));
   fs::create_symlink("self", root.Path("self"));
   fs::permissions(root.Path("locked"), fs::perms::none);
   Init();
-  std::vector<std::string> names;
+  Rows names;
   for (TreeItem* item = tree.FirstItem()->FirstChild(); item != nullptr; item = item->Next()) {
     names.push_back(item->Text());
     tree.Expand(*item);
@@ -163,15 +151,6 @@ TEST_F(DirTree, StandsWhateverAFileSystemHolds) {
   fs::permissions(root.Path("locked"), fs::perms::owner_all);
 }
 
-TEST_F(DirTree, AsksOfAFolderOnlyWhetherItHasEntries) {
-  Folder("a/b/c");
-  Folder("d");
-  ASSERT_TRUE(tree.InitTree(true));
-  EXPECT_EQ(drives.visits, 1);
-  tree.Expand(*tree.FirstItem());
-  EXPECT_EQ(drives.visits, 4);
-}
-
 TEST(Folders, FindsTheVolumesOfAUser) {
   EXPECT_EQ(
       Folders::VolumesOf("proc /proc proc rw 0 0\n/dev/sda1 / ext4 rw 0 0\n"
@@ -179,13 +158,6 @@ TEST(Folders, FindsTheVolumesOfAUser) {
                          "vfat rw\n/dev/sdc /run/media/me/b vfat rw\nnone /media/t tmpfs "
                          "rw\n/dev/sdd /mnt ext4\nx"),
       (Rows{"/media/my stick\\", "/run/media/me/b"}));
-}
-
-TEST(CSortStringArray, SortsWithoutCase) {
-  CSortStringArray array;
-  for (const char* text : {"/b", "/B", "/a_c", "/aB", "/A", "/ab"}) array.Add(text);
-  array.SortStrings();
-  EXPECT_EQ(array.Strings(), (Rows{"/A", "/a_c", "/aB", "/ab", "/b", "/B"}));
 }
 
 }  // namespace

@@ -1,72 +1,29 @@
-#include "platform/CDocManager.h"
-#include "tests/support/ChartTest.h"
+#include "tests/support/ChartDocuments.h"
 
 namespace {
 
-/// Windows that only remember which of them there are.
-class FakeFrames : public FrameHost {
- public:
-  void CreateFrame(CDocument& document) override { frames.insert(&document); }
-  void ShowFrame(CDocument& document) override { shown.insert(&document); }
-  void ActivateFrame(CDocument& document) override { active = &document; }
-  void CloseFrame(CDocument& document) override {
-    frames.erase(&document);
-    shown.erase(&document);
-  }
-  void UpdateTitle(CDocument&) override {}
-
-  std::set<CDocument*> frames;
-  std::set<CDocument*> shown;
-  CDocument* active = nullptr;
-};
-
-class DocumentTest : public ::testing::Test {
+class DocumentTest : public ::testing::Test, protected ChartDocuments {
  protected:
-  DocumentTest() { WriteWholeFile(SmallPath(), ModelFile::ToDisk(SmallChart())); }
-
-  static CDocTemplate Template() {
-    return {"Morvane_Diagram",
-            {"Morvane Files (*.mrv)", ".mrv"},
-            [] { return std::make_unique<CMorvaneDoc>(); },
-            [] { return std::make_unique<LayoutMgr>(); }};
-  }
-  std::string SmallPath() const { return folder.Path("Small.mrv"); }
-  static LayoutMgr& View(CDocument* document) {
-    return dynamic_cast<LayoutMgr&>(*document->GetView());
-  }
-  static void Change(CDocument* document) { View(document).GetProperties().Author += "!"; }
-  std::string Read(const std::string& name) const {
-    std::string bytes;
-    ReadWholeFile(folder.Path(name), bytes);
-    return bytes;
-  }
-
-  TempFolder folder;
-  MemoryProfile profile;
-  const UseService<Profile> use{profile};
-  ScriptedMessageBoxes boxes;
-  ScriptedDialogs dialogs;
-  FakeFrames frames;
-  CDocManager manager{Template(), frames};
+  const std::string small = folder.Write("Small.mrv", ModelFile::ToDisk(SmallChart()));
 };
 
 TEST_F(DocumentTest, NewChartsAreNumberedAndUnmodified) {
-  CDocument* first = manager.NewDocument();
-  EXPECT_EQ(first->GetTitle(), "Morvane_Diagram1");
-  EXPECT_EQ(manager.NewDocument()->GetTitle(), "Morvane_Diagram2");
-  EXPECT_FALSE(first->IsModified());
-  EXPECT_EQ(frames.shown.size(), 2U);
+  for (const char* title : {"Morvane_Diagram1", "Morvane_Diagram2"}) {
+    CDocument* document = manager.NewDocument();
+    EXPECT_EQ(document->GetTitle(), title);
+    EXPECT_FALSE(document->IsModified());
+    EXPECT_EQ(frames.shown.count(document), 1U);
+  }
 }
 
 TEST_F(DocumentTest, OpensSavesAndFindsOutWhatChanged) {
-  CDocument* document = manager.OpenDocumentFile(SmallPath());
+  CDocument* document = manager.OpenDocumentFile(small);
   ASSERT_NE(document, nullptr);
   EXPECT_EQ(document->GetTitle(), "Small.mrv");
   EXPECT_FALSE(document->IsModified());
   View(document).OnCommand(ID_ZOOM_IN);
   EXPECT_TRUE(document->IsModified()) << "the zoom is in the text";
   View(document).OnCommand(ID_ZOOM_NORMAL);
-  EXPECT_FALSE(document->IsModified());
   View(document).OnCommand(ID_EDIT_SELECT_ALL);
   View(document).OnScrollBy({60, 60});
   EXPECT_FALSE(document->IsModified()) << "selection and position are not";
@@ -74,62 +31,52 @@ TEST_F(DocumentTest, OpensSavesAndFindsOutWhatChanged) {
   EXPECT_TRUE(document->IsModified());
   EXPECT_TRUE(document->DoFileSave());
   EXPECT_FALSE(document->IsModified());
-  EXPECT_EQ(ModelFile::FromDisk(Read("Small.mrv")), View(document).ModelText());
-  EXPECT_NE(Read("Small.mrv").find("END DATA\r\n"), std::string::npos);
-}
-
-TEST_F(DocumentTest, AnOlderFileOpensUnmodified) {
-  std::string text = SmallChart();
-  text.replace(0, 8, "9999 4 0");
-  WriteWholeFile(folder.Path("Old.mrv"), text);
-  EXPECT_FALSE(manager.OpenDocumentFile(folder.Path("Old.mrv"))->IsModified());
-}
-
-TEST_F(DocumentTest, AnEmptyFileIsANewChart) {
-  WriteWholeFile(folder.Path("Empty.mrv"), "");
-  CDocument* document = manager.OpenDocumentFile(folder.Path("Empty.mrv"));
-  ASSERT_NE(document, nullptr);
-  EXPECT_EQ(View(document).ModelText(), ChartText(""));
-}
-
-TEST_F(DocumentTest, AFailedOpenLeavesNoChart) {
-  CDocument* other = manager.OpenDocumentFile(SmallPath());
-  const std::string cut = SmallChart();
-  WriteWholeFile(folder.Path("Cut.mrv"), cut.substr(0, cut.size() - 30));
-  const struct {
-    std::string path;
-    std::string reason;
-  } cases[] = {{folder.Path("None.mrv"), "No such file or directory"},
-               {folder.Root().string(), "Is a directory"},
-               {folder.Path("Cut.mrv"), "Invalid or Corrupt File"}};
-  for (const auto& c : cases) {
-    boxes.Expect(c.path + "\n\nCommand Failed.\n\nReason: " + c.reason);
-    EXPECT_EQ(manager.OpenDocumentFile(c.path), nullptr);
-    EXPECT_EQ(boxes.LastFlags(), 0x10U);
-  }
-  EXPECT_EQ(frames.frames, std::set<CDocument*>{other});
-}
-
-TEST_F(DocumentTest, AFileThatIsOpenComesForward) {
-  CDocument* document = manager.OpenDocumentFile(SmallPath());
+  EXPECT_EQ(folder.Read("Small.mrv"), ModelFile::ToDisk(View(document).ModelText()));
+  EXPECT_NE(folder.Read("Small.mrv").find("END DATA\r\n"), std::string::npos);
+  // A file that is open comes forward.
   manager.NewDocument();
   EXPECT_EQ(manager.OpenDocumentFile(folder.Path("./Small.mrv")), document);
   EXPECT_EQ(frames.active, document);
   EXPECT_EQ(manager.Documents().size(), 2U);
 }
 
+TEST_F(DocumentTest, AnOlderOrAnEmptyFileOpensUnmodified) {
+  std::string old = SmallChart();
+  old.replace(0, 8, "9999 4 0");
+  for (const auto& [file, text] : {std::pair{old, SmallChart()}, {"", ChartText("")}}) {
+    CDocument* document = manager.OpenDocumentFile(folder.Write("Old.mrv", file));
+    ASSERT_NE(document, nullptr);
+    EXPECT_FALSE(document->IsModified());
+    EXPECT_EQ(View(document).ModelText(), text);
+    manager.CloseDocument(*document);
+  }
+}
+
+TEST_F(DocumentTest, AFailedOpenLeavesNoChart) {
+  CDocument* other = manager.OpenDocumentFile(small);
+  const std::string cut = SmallChart().substr(0, SmallChart().size() - 30);
+  const std::pair<std::string, std::string> cases[] = {
+      {folder.Path("None.mrv"), "No such file or directory"},
+      {folder.Root().string(), "Is a directory"},
+      {folder.Write("Cut.mrv", cut), "Invalid or Corrupt File"}};
+  for (const auto& [path, reason] : cases) {
+    boxes.Expect(path + "\n\nCommand Failed.\n\nReason: " + reason);
+    EXPECT_EQ(manager.OpenDocumentFile(path), nullptr);
+    EXPECT_EQ(boxes.LastFlags(), 0x10U);
+  }
+  EXPECT_EQ(frames.frames, std::set<CDocument*>{other});
+}
+
 TEST_F(DocumentTest, AFailedSaveLeavesTheChartModified) {
   CDocument* document = manager.NewDocument();
   Change(document);
-  const struct {
-    std::string path;
-    std::string reason;
-  } cases[] = {{folder.Path("gone/x.mrv"), "Unable to open for writing"},
-               {folder.Root().string(), "Unable to open for writing"},
-               {"/dev/full", "No space left on device"}};
-  for (const auto& c : cases) {
-    dialogs.ExpectSave(c.path);
-    boxes.Expect(c.path + "\n\nCommand Failed.\n\nReason: " + c.reason);
+  const std::pair<std::string, std::string> cases[] = {
+      {folder.Path("gone/x.mrv"), "Unable to open for writing"},
+      {folder.Root().string(), "Unable to open for writing"},
+      {"/dev/full", "No space left on device"}};
+  for (const auto& [path, reason] : cases) {
+    dialogs.ExpectSave(path);
+    boxes.Expect(path + "\n\nCommand Failed.\n\nReason: " + reason);
     EXPECT_FALSE(document->DoFileSave());
     EXPECT_TRUE(document->IsModified());
     EXPECT_EQ(document->GetPathName(), "");
@@ -140,33 +87,30 @@ TEST_F(DocumentTest, AFailedSaveLeavesTheChartModified) {
 }
 
 TEST_F(DocumentTest, ClosingAsksForModifiedCharts) {
-  CDocument* document = manager.OpenDocumentFile(SmallPath());
+  CDocument* document = manager.OpenDocumentFile(small);
   EXPECT_TRUE(document->SaveModified()) << "nothing to ask";
   Change(document);
-  boxes.Expect("Save changes to Small.mrv?", MessageAnswer::Cancel);
-  EXPECT_FALSE(manager.SaveAllModified());
-  boxes.Expect("Save changes", MessageAnswer::No);
-  EXPECT_TRUE(document->SaveModified());
-  EXPECT_TRUE(document->IsModified());
-  boxes.Expect("Save changes", MessageAnswer::Yes);
-  EXPECT_TRUE(manager.SaveAllModified());
-  EXPECT_FALSE(document->IsModified());
+  for (const auto answer : {MessageAnswer::Cancel, MessageAnswer::No, MessageAnswer::Yes}) {
+    boxes.Expect("Save changes to Small.mrv?", answer);
+    EXPECT_EQ(manager.SaveAllModified(), answer != MessageAnswer::Cancel);
+    EXPECT_EQ(document->IsModified(), answer != MessageAnswer::Yes);
+  }
   manager.CloseAllDocuments();
   EXPECT_TRUE(frames.frames.empty());
 }
 
 TEST_F(DocumentTest, RecentFilesFollowOpenAndSave) {
-  manager.OpenDocumentFile(SmallPath());
-  CDocument* fresh = manager.NewDocument();
-  dialogs.ExpectSave(folder.Path("Fresh.mrv"));
-  EXPECT_TRUE(fresh->DoFileSaveAs());
-  EXPECT_EQ(manager.Recent().Paths(),
-            (std::vector<std::string>{FullPath(folder.Path("Fresh.mrv")), FullPath(SmallPath())}));
+  using Paths = std::vector<std::string>;
+  const std::string fresh = folder.Path("Fresh.mrv");
+  manager.OpenDocumentFile(small);
+  dialogs.ExpectSave(fresh);
+  EXPECT_TRUE(manager.NewDocument()->DoFileSaveAs());
+  EXPECT_EQ(manager.Recent().Paths(), (Paths{FullPath(fresh), FullPath(small)}));
   manager.CloseAllDocuments();
-  std::filesystem::remove(folder.Path("Fresh.mrv"));
+  std::filesystem::remove(fresh);
   boxes.Expect("No such file or directory");
   manager.OnOpenRecentFile(0);
-  EXPECT_EQ(manager.Recent().Paths(), std::vector<std::string>{FullPath(SmallPath())});
+  EXPECT_EQ(manager.Recent().Paths(), Paths{FullPath(small)});
   manager.OnOpenRecentFile(7);
 }
 

@@ -1,56 +1,45 @@
 #include "codegen/CGenerateCppDlg.h"
-#include "platform/CDocManager.h"
 #include "resources/InstallFolder.h"
-#include "tests/support/ChartTest.h"
+#include "tests/support/ChartDocuments.h"
 #include "tests/support/Tools.h"
 #include "tests/support/UiQueue.h"
 
 namespace {
 
+using Dlg = CGenerateCppDlg;
+
 /// Does with each dialog what the test says, and closes it.
 class ScriptedGeneratorHost : public GeneratorHost, public OutputBox {
  public:
-  void Run(CGenerateCppDlg& dialog) override {
+  void Run(Dlg& dialog) override {
     dialog.SetOutputBox(this);
-    if (script) script(dialog);
+    script(dialog);
     dialog.Click(IDCANCEL);
     dialog.SetOutputBox(nullptr);
   }
   void Clear() override { shown.clear(); }
   void Append(std::string_view text) override { shown += text; }
 
-  std::function<void(CGenerateCppDlg&)> script;
+  std::function<void(Dlg&)> script;
   std::string shown;
 
  private:
   const UseService<GeneratorHost> use{*this};
 };
 
-class NoFrames : public FrameHost {
- public:
-  void CreateFrame(CDocument&) override {}
-  void ShowFrame(CDocument&) override {}
-  void ActivateFrame(CDocument&) override {}
-  void CloseFrame(CDocument&) override {}
-  void UpdateTitle(CDocument&) override {}
-};
-
 class GeneratorDialogTest : public testing::Test {
  protected:
-  static const std::string& Output(const CGenerateCppDlg& dialog) {
-    return dialog.Control(CGenerateCppDlg::IDC_OUTPUT).text;
-  }
-  void Show(GeneratorKind kind, const std::string& designFile,
-            std::function<void(CGenerateCppDlg&)> script) {
+  static const std::string& Text(const Dlg& dialog, int id) { return dialog.Control(id).text; }
+  void Show(GeneratorKind kind, const std::string& designFile, std::function<void(Dlg&)> script) {
     host.script = std::move(script);
-    CGenerateCppDlg dialog(kind);
+    Dlg dialog(kind);
     dialog.SetDesignFile(designFile);
     EXPECT_FALSE(dialog.DoModal());
   }
-  bool Generate(CGenerateCppDlg& dialog, const std::string& arguments, const std::string& end) {
+  bool Generate(Dlg& dialog, const std::string& arguments, const std::string& end) {
     processes.instead = ToolLine(arguments);
-    dialog.Click(CGenerateCppDlg::IDC_GENERATE);
-    return ui.RunUntil([&] { return Output(dialog).ends_with(end); });
+    dialog.Click(Dlg::IDC_GENERATE);
+    return ui.RunUntil([&] { return Text(dialog, Dlg::IDC_OUTPUT).ends_with(end); });
   }
 
   UiQueue ui;
@@ -62,11 +51,9 @@ struct KindCase {
   GeneratorKind kind;
   unsigned command;
   const char* title;
-  std::string tool;
+  const char* tool;
   bool hasDebugInfo;
-};
-
-const KindCase kKinds[] = {
+} const kKinds[] = {
     {GeneratorKind::Cpp, 32886, "C++ Code Generation", "mrv2cpp.exe -d ", true},
     {GeneratorKind::C, 32887, "ANSI C Code Generation", "mrv2c.exe -d ", true},
     {GeneratorKind::CSharp, 32888, "C# (.Net) Code Generation", "mrv2cs.exe -d ", true},
@@ -79,16 +66,16 @@ TEST_F(GeneratorDialogTest, EachKindHasItsTitleItsDebugBoxAndItsCommandLine) {
   for (const KindCase& c : kKinds) {
     processes.started.clear();
     processes.slept = {};
-    Show(c.kind, file, [&](CGenerateCppDlg& dialog) {
+    Show(c.kind, file, [&](Dlg& dialog) {
       EXPECT_EQ(dialog.Caption(), c.title);
-      EXPECT_EQ(dialog.Control(CGenerateCppDlg::IDC_DESIGN_FILE).text, file);
-      EXPECT_EQ(dialog.Control(CGenerateCppDlg::IDC_OUTPUT_FOLDER).text, "/home/My charts");
-      DialogControl& debug = dialog.Control(CGenerateCppDlg::IDC_DEBUG);
+      EXPECT_EQ(Text(dialog, Dlg::IDC_DESIGN_FILE), file);
+      EXPECT_EQ(Text(dialog, Dlg::IDC_OUTPUT_FOLDER), "/home/My charts");
+      DialogControl& debug = dialog.Control(Dlg::IDC_DEBUG);
       EXPECT_EQ(debug.checked, c.hasDebugInfo);
       EXPECT_EQ(debug.enabled, c.hasDebugInfo);
-      dialog.Click(CGenerateCppDlg::IDC_GENERATE);
+      dialog.Click(Dlg::IDC_GENERATE);
       debug.checked = !debug.checked;
-      dialog.Click(CGenerateCppDlg::IDC_GENERATE);
+      dialog.Click(Dlg::IDC_GENERATE);
     });
     const std::string start = GetInstallFolder() + "bin\\" + c.tool;
     EXPECT_EQ(processes.started,
@@ -97,95 +84,77 @@ TEST_F(GeneratorDialogTest, EachKindHasItsTitleItsDebugBoxAndItsCommandLine) {
   }
 }
 
-TEST_F(GeneratorDialogTest, TheBoxShowsEachRunAlone) {
-  Show(GeneratorKind::Cpp, "C:\\Work\\lift.mrv", [&](CGenerateCppDlg& dialog) {
-    EXPECT_EQ(dialog.Control(CGenerateCppDlg::IDC_OUTPUT_FOLDER).text, "C:\\Work");
-    for (int i = 0; i < 2; ++i) {
-      ASSERT_TRUE(Generate(dialog, "lines 1000", "999\n"));
-      EXPECT_EQ(Output(dialog), NumberedLines(0, 1000));
-      EXPECT_EQ(host.shown, Output(dialog));
-    }
+TEST_F(GeneratorDialogTest, TheBoxShowsEachRunAloneAndTheNewestOfAFlood) {
+  Show(GeneratorKind::Cpp, "C:\\Work\\lift.mrv", [&](Dlg& dialog) {
+    EXPECT_EQ(Text(dialog, Dlg::IDC_OUTPUT_FOLDER), "C:\\Work");
+    const std::string& output = Text(dialog, Dlg::IDC_OUTPUT);
+    const std::string all = NumberedLines(0, 500'000);
+    ASSERT_TRUE(Generate(dialog, "lines 500000", NumberedLines(499'999, 500'000)));
+    EXPECT_EQ(output, all.substr(all.size() - Dlg::kBoxLimit));
+    ASSERT_TRUE(Generate(dialog, "lines 1000", "999\n"));
+    EXPECT_EQ(output, NumberedLines(0, 1000));
+    EXPECT_EQ(host.shown, output);
     processes.instead = "none";
-    dialog.Click(CGenerateCppDlg::IDC_GENERATE);
-    EXPECT_EQ(Output(dialog), "Unable to start " + processes.started.back() + "\n");
-    EXPECT_EQ(host.shown, Output(dialog));
-  });
-}
-
-TEST_F(GeneratorDialogTest, TheBoxKeepsTheNewestOfAFlood) {
-  constexpr long count = 500'000;
-  Show(GeneratorKind::Cpp, "/lift.mrv", [&](CGenerateCppDlg& dialog) {
-    ASSERT_TRUE(Generate(dialog, "lines 500000", NumberedLines(count - 1, count)));
-    const std::string all = NumberedLines(0, count);
-    EXPECT_EQ(Output(dialog), all.substr(all.size() - CGenerateCppDlg::kBoxLimit));
+    dialog.Click(Dlg::IDC_GENERATE);
+    EXPECT_EQ(output, "Unable to start " + processes.started.back() + "\n");
+    EXPECT_EQ(host.shown, output);
   });
 }
 
 /// The commands on charts that are saved or not.
-class GeneratorCommandTest : public GeneratorDialogTest {
+class GeneratorCommandTest : public GeneratorDialogTest, protected ChartDocuments {
  protected:
   GeneratorCommandTest() {
-    host.script = [this](CGenerateCppDlg& dialog) {
-      shown = dialog.Caption() + ": " + dialog.Control(CGenerateCppDlg::IDC_DESIGN_FILE).text;
+    host.script = [this](Dlg& dialog) {
+      opened = dialog.Caption() + ": " + Text(dialog, Dlg::IDC_DESIGN_FILE);
     };
   }
-
-  LayoutMgr& View() { return dynamic_cast<LayoutMgr&>(*document->GetView()); }
-  void Change() { View().GetProperties().Author += "!"; }
   /// Gives the command. The title and the file of the dialog that came; empty if none did.
   std::string Command(unsigned id = ID_GENERATE_CPP) {
-    shown.clear();
-    EXPECT_TRUE(View().OnUpdateCommand(id).enabled);
-    EXPECT_TRUE(View().OnCommand(id));
-    return shown;
+    opened.clear();
+    EXPECT_TRUE(View(document).OnUpdateCommand(id).enabled);
+    EXPECT_TRUE(View(document).OnCommand(id));
+    return opened;
   }
 
-  TempFolder folder;
-  MemoryProfile profile;
-  const UseService<Profile> use{profile};
-  ScriptedMessageBoxes boxes;
-  ScriptedDialogs dialogs;
-  NoFrames frames;
-  CDocManager manager{{"", {}, std::make_unique<CMorvaneDoc>, std::make_unique<LayoutMgr>}, frames};
   CDocument* document = manager.NewDocument();
-  std::string shown;
+  std::string opened;
 };
 
 TEST_F(GeneratorCommandTest, AChartIsSavedFirst) {
-  boxes.Expect("Empty model. Cannot generate file.");
+  const std::string empty = "Empty model. Cannot generate file.";
+  boxes.Expect(empty);
   EXPECT_EQ(Command(), "");
   EXPECT_EQ(boxes.LastFlags(), 0x10U);
 
   const std::string question =
       "The model has to be saved before proceeding.\n\n"
       "Press OK to save and continue, Cancel to abort this operation.";
-  Change();
+  Change(document);
   boxes.Expect(question, MessageAnswer::Cancel);
   EXPECT_EQ(Command(), "");
   EXPECT_EQ(boxes.LastFlags(), 0x11U);
 
-  boxes.Expect(question, MessageAnswer::Ok);
+  boxes.Expect(question);
   dialogs.ExpectSave(std::nullopt);
-  boxes.Expect("Empty model. Cannot generate file.");
+  boxes.Expect(empty);
   EXPECT_EQ(Command(), "");
 
   const std::string path = folder.Path("lift.mrv");
-  boxes.Expect(question, MessageAnswer::Ok);
+  boxes.Expect(question);
   dialogs.ExpectSave(path);
   EXPECT_EQ(Command(), "C++ Code Generation: " + path);
   EXPECT_FALSE(document->IsModified());
-
   // Saved by now: no question, whichever the tool is.
   for (const KindCase& c : kKinds) EXPECT_EQ(Command(c.command), c.title + (": " + path));
-}
 
-TEST_F(GeneratorCommandTest, AFailedSaveOfANamedChartDoesNotStopTheRun) {
-  const std::string path = folder.Path("gone/lift.mrv");
-  document->SetPathName(path);
-  Change();
-  boxes.Expect("has to be saved", MessageAnswer::Ok);
+  // A failed save of a chart with a name does not stop the run.
+  const std::string gone = folder.Path("gone/lift.mrv");
+  document->SetPathName(gone);
+  Change(document);
+  boxes.Expect(question);
   boxes.Expect("Unable to open for writing");
-  EXPECT_EQ(Command(), "C++ Code Generation: " + path);
+  EXPECT_EQ(Command(), "C++ Code Generation: " + gone);
 }
 
 }  // namespace

@@ -6,59 +6,53 @@ namespace {
 using Words = std::vector<std::string>;
 
 TEST(GeneratorProcessTest, SplitsArgumentsAtBlanks) {
-  const struct {
-    const char* text;
-    Words words;
-  } cases[] = {{"", {}},
-               {"   ", {}},
-               {" -d  -g\t/a/b.mrv ", {"-d", "-g", "/a/b.mrv"}},
-               {"/My charts/lift.mrv", {"/My", "charts/lift.mrv"}},
-               {"\"/My charts/lift.mrv\" x", {"/My charts/lift.mrv", "x"}},
-               {"a\"b c\"d", {"ab cd"}},
-               {"\"\" x", {"", "x"}},
-               {"\"open to the end", {"open to the end"}},
-               {"C:\\a\\\"b\"", {"C:\\a\\b"}}};
-  for (const auto& c : cases) EXPECT_EQ(SplitArguments(c.text), c.words) << c.text;
+  const std::pair<const char*, Words> cases[] = {
+      {"", {}},
+      {"   ", {}},
+      {" -d  -g\t/a/b.mrv ", {"-d", "-g", "/a/b.mrv"}},
+      {"\"/My charts/lift.mrv\" x", {"/My charts/lift.mrv", "x"}},
+      {"a\"b c\"d", {"ab cd"}},
+      {"\"\" x", {"", "x"}},
+      {"\"open to the end", {"open to the end"}},
+      {"C:\\a\\\"b\"", {"C:\\a\\b"}}};
+  for (const auto& [text, words] : cases) EXPECT_EQ(SplitArguments(text), words) << text;
 }
 
 class GeneratorProgramTest : public testing::Test {
  protected:
   void Add(const std::string& name, const char* text = "#!/bin/sh\n", bool runs = true) {
-    const std::string path = folder.Path(name);
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-    WriteWholeFile(path, text);
-    std::filesystem::permissions(path, std::filesystem::perms(runs ? 0755 : 0644));
+    std::filesystem::create_directories(std::filesystem::path(folder.Path(name)).parent_path());
+    std::filesystem::permissions(folder.Write(name, text),
+                                 std::filesystem::perms(runs ? 0755 : 0644));
   }
-  /// What is found for a command line in the folder, the program without the folder.
-  std::pair<std::string, Words> Split(const std::string& line) const {
-    const CommandParts parts = SplitCommandLine(folder.Path(line));
-    const std::string root = folder.Path("");
-    return {parts.program.substr(std::min(root.size(), parts.program.size())), parts.arguments};
+  /// The program that is found for a command line in the folder, without the folder, and the
+  /// arguments, each behind a bar.
+  std::string Split(const std::string& line, const std::string& quote = "") const {
+    const CommandParts parts = SplitCommandLine(quote + folder.Path(line));
+    std::string found =
+        parts.program.substr(std::min(folder.Path("").size(), parts.program.size()));
+    for (const std::string& argument : parts.arguments) found += "|" + argument;
+    return found;
   }
 
   const TempFolder folder;
 };
 
 TEST_F(GeneratorProgramTest, IsTheShortestPrefixThatCanBeRun) {
-  using Found = std::pair<std::string, Words>;
   Add("bin/mrv2cpp.exe");
   Add("my tools/bin/run it.exe");
   Add("my/readme");
   Add("data", "", false);
   Add("data file");
-  EXPECT_EQ(Split("bin/mrv2cpp.exe -d x.mrv"), Found("bin/mrv2cpp.exe", {"-d", "x.mrv"}));
-  EXPECT_EQ(Split("bin/mrv2cpp -d"), Found("bin/mrv2cpp.exe", {"-d"}));
-  EXPECT_EQ(Split("BIN\\MRV2CPP.EXE"), Found("bin/mrv2cpp.exe", {}));
-  EXPECT_EQ(Split("my tools/bin/run it.exe a b"), Found("my tools/bin/run it.exe", {"a", "b"}))
+  EXPECT_EQ(Split("bin/mrv2cpp -d x.mrv"), "bin/mrv2cpp.exe|-d|x.mrv");
+  EXPECT_EQ(Split("BIN\\MRV2CPP.EXE"), "bin/mrv2cpp.exe");
+  EXPECT_EQ(Split("my tools/bin/run it.exe a b"), "my tools/bin/run it.exe|a|b")
       << "a folder is no program";
-  EXPECT_EQ(Split("my tools/bin/run it a"), Found("my tools/bin/run it.exe", {"a"}));
-  EXPECT_EQ(Split("data file x"), Found("data file", {"x"})) << "nor is what can't be run";
-  EXPECT_EQ(Split("none -d x"), Found("", {}));
+  EXPECT_EQ(Split("data file x"), "data file|x") << "nor is what can't be run";
+  EXPECT_EQ(Split("none -d x"), "");
+  EXPECT_EQ(Split("my tools/bin/run it\" a", "\""), "my tools/bin/run it.exe|a");
   Add("my.exe");
-  EXPECT_EQ(Split("my tools/bin/run it.exe"), Found("my.exe", {"tools/bin/run", "it.exe"}));
-  const CommandParts quoted = SplitCommandLine('"' + folder.Path("my tools/bin/run it") + "\" a");
-  EXPECT_EQ(quoted.program, folder.Path("my tools/bin/run it.exe"));
-  EXPECT_EQ(quoted.arguments, Words{"a"});
+  EXPECT_EQ(Split("my tools/bin/run it.exe"), "my.exe|tools/bin/run|it.exe");
   for (const char* line : {"", " ", "\"", "\"\"", "\"open"}) {
     EXPECT_EQ(SplitCommandLine(line).program, "") << line;
   }

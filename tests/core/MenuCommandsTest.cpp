@@ -2,7 +2,7 @@
 #include "platform/PopupMenus.h"
 #include "platform/ShellOpen.h"
 #include "shell/HelpCommands.h"
-#include "tests/support/ChartTest.h"
+#include "tests/support/DialogTest.h"
 
 namespace {
 
@@ -14,10 +14,8 @@ class ChosenMenus : public PopupMenus {
     return choice;
   }
   CommandState StateOf(unsigned id) const {
-    for (const Item& item : shown) {
-      if (item.id == id) return item.state;
-    }
-    return {};
+    const auto item = std::ranges::find(shown, id, &Item::id);
+    return item != shown.end() ? item->state : CommandState();
   }
 
   unsigned choice = 0;
@@ -27,48 +25,43 @@ class ChosenMenus : public PopupMenus {
   const UseService<PopupMenus> use{*this};
 };
 
-class ContextMenu : public testing::Test {
+class ContextMenu : public DialogTest {
  protected:
-  ContextMenu() : chart(LoadChart(SmallChart())), window(*chart) {
-    transition = Find<Transition>(*chart, 103);
-  }
-  /// Opens the menu of an object and chooses a command in it.
-  void Choose(Shape* shape, unsigned id) {
-    menus.choice = id;
-    chart->GetModel().ShowObjectMenu(shape, 0, 0);
-  }
+  ContextMenu() : DialogTest(SmallChart()), window(*chart) {}
 
   ChosenMenus menus;
-  ScriptedMessageBoxes boxes;
-  std::unique_ptr<LayoutMgr> chart;
   FakeWindow window;
-  Transition* transition = nullptr;
 };
 
 TEST_F(ContextMenu, OfATransitionFollowsItsMessage) {
-  Choose(transition, 0);
-  EXPECT_TRUE(menus.StateOf(ID_TRANSITION_ADD_MESG).enabled);
-  EXPECT_FALSE(menus.StateOf(ID_TRANSITION_DELETE_MESG).enabled);
-  EXPECT_FALSE(menus.StateOf(ID_TRANSITION_ALIGN_MESG).enabled);
-
-  Choose(transition, ID_TRANSITION_ADD_MESG);
+  auto* transition = Find<Transition>(*chart, 103);
+  const auto choose = [&](Shape* shape, unsigned id) {
+    menus.choice = id;
+    chart->GetModel().ShowObjectMenu(shape, 0, 0);
+  };
+  const auto expectMessage = [&](bool there) {
+    EXPECT_NE(menus.StateOf(ID_TRANSITION_ADD_MESG).enabled, there);
+    EXPECT_EQ(menus.StateOf(ID_TRANSITION_ALIGN_MESG).enabled, there);
+    EXPECT_EQ(menus.StateOf(ID_TRANSITION_DELETE_MESG).enabled, there);
+  };
+  choose(transition, ID_TRANSITION_ADD_MESG);
+  expectMessage(false);
   Mesg* mesg = transition->GetMesg();
   ASSERT_NE(mesg, nullptr);
   chart->GetModel().SelectOnly(mesg);
   POINT away{40, 20};
   chart->GetSelection().Broadcast(BROADCAST_MOVE, &away, nullptr);
-  Choose(transition, ID_TRANSITION_ALIGN_MESG);
-  EXPECT_FALSE(menus.StateOf(ID_TRANSITION_ADD_MESG).enabled);
-  EXPECT_TRUE(menus.StateOf(ID_TRANSITION_ALIGN_MESG).enabled);
+  choose(transition, ID_TRANSITION_ALIGN_MESG);
+  expectMessage(true);
   EXPECT_TRUE(mesg->IsAligned());
-  Choose(mesg, 0);
+  choose(mesg, 0);
   EXPECT_FALSE(menus.StateOf(ID_MESG_ALIGN).enabled);
 
-  Choose(transition, ID_TRANSITION_DELETE_MESG);
+  choose(transition, ID_TRANSITION_DELETE_MESG);
   EXPECT_EQ(transition->GetMesg(), nullptr);
   for (const auto answer : {MessageAnswer::No, MessageAnswer::Yes}) {
     boxes.Expect("Please confirm deletion", answer);
-    Choose(transition, ID_TRANSITION_DELETE);
+    choose(transition, ID_TRANSITION_DELETE);
     EXPECT_EQ(boxes.LastFlags(), 0x114U);
     EXPECT_EQ(FindShape(*chart, 103) == nullptr, answer == MessageAnswer::Yes);
   }
@@ -76,18 +69,16 @@ TEST_F(ContextMenu, OfATransitionFollowsItsMessage) {
 
 TEST_F(ContextMenu, OpensWhereThePointerIsAndRunsItsCommand) {
   auto* state = Find<GenericState>(*chart, 102);
-  const RECT box = chart->ToClient(state->GetBounds());
+  const POINT middle = CentreOf(chart->ToClient(state->GetBounds()));
   menus.choice = ID_SHOW_ANCHORS;
-  chart->OnContextMenu(CentreOf(box));
-  EXPECT_TRUE(menus.StateOf(ID_SHOW_ANCHORS).checked);
-  EXPECT_FALSE(state->AreAnchorsShown());
-  chart->OnContextMenu(CentreOf(box));
-  EXPECT_FALSE(menus.StateOf(ID_SHOW_ANCHORS).checked);
-  menus.choice = ID_BRING_TO_FRONT;
-  chart->OnContextMenu(CentreOf(box));
-  boxes.Expect("Please confirm deletion", MessageAnswer::Yes);
+  for (const bool shown : {true, false}) {
+    EXPECT_EQ(state->AreAnchorsShown(), shown);
+    chart->OnContextMenu(middle);
+    EXPECT_EQ(menus.StateOf(ID_SHOW_ANCHORS).checked, shown);
+  }
   menus.choice = ID_STATE_DELETE;
-  chart->OnContextMenu(CentreOf(box));
+  boxes.Expect("Please confirm deletion", MessageAnswer::Yes);
+  chart->OnContextMenu(middle);
   EXPECT_EQ(FindShape(*chart, 102), nullptr);
   // Where nothing is, the menu is that of the chart.
   menus.choice = ID_ZOOM_IN;
@@ -110,29 +101,22 @@ class FakeDesktop : public ShellOpen {
 
 TEST(HelpCommands, SayWhatCannotBeOpened) {
   constexpr const char* address = "https://morvane.halvern.example";
-  const struct {
-    unsigned command;
-    OpenResult result;
-    const char* opened;
-    const char* message;
-  } cases[] = {
-      {ID_USER_GUIDE, OpenResult::Opened, "Morvane-UserGuide.pdf", nullptr},
-      {ID_TUTORIAL, OpenResult::Failed, "Morvane-Tutorial.pdf", nullptr},
+  const std::tuple<unsigned, OpenResult, const char*, const char*> cases[] = {
+      {ID_USER_GUIDE, OpenResult::Opened, "Morvane-UserGuide.pdf", ""},
+      {ID_TUTORIAL, OpenResult::Failed, "Morvane-Tutorial.pdf", ""},
       {ID_USER_GUIDE, OpenResult::NotFound, "Morvane-UserGuide.pdf", "Help file not found"},
       {ID_TUTORIAL, OpenResult::NoProgram, "Morvane-Tutorial.pdf", "Please manually open : "},
-      {ID_WEB_PAGE, OpenResult::Opened, address, nullptr},
-      {ID_WEB_PAGE, OpenResult::NotFound, address, nullptr},
+      {ID_WEB_PAGE, OpenResult::NotFound, address, ""},
       {ID_WEB_PAGE, OpenResult::NoProgram, address, "Please go to web page : "}};
   FakeDesktop desktop;
   ScriptedMessageBoxes boxes;
-  for (const auto& c : cases) {
-    desktop.result = c.result;
-    if (c.message != nullptr) boxes.Expect(c.message);
-    EXPECT_TRUE(HelpCommands::Run(c.command));
-    EXPECT_NE(desktop.opened.find(c.opened), std::string::npos) << desktop.opened;
-    if (c.result == OpenResult::NoProgram) {
-      EXPECT_TRUE(boxes.Shown().back().ends_with(desktop.opened));
-    }
+  for (const auto& [command, result, opened, message] : cases) {
+    desktop.result = result;
+    if (*message != '\0') boxes.Expect(message);
+    EXPECT_TRUE(HelpCommands::Run(command));
+    EXPECT_TRUE(desktop.opened.ends_with(opened)) << desktop.opened;
+    const bool isTold = result == OpenResult::NoProgram;
+    EXPECT_TRUE(!isTold || boxes.Shown().back().ends_with(desktop.opened));
   }
   EXPECT_FALSE(HelpCommands::Run(ID_APP_ABOUT));
 }

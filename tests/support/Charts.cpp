@@ -75,8 +75,7 @@ std::string ChartText(const std::string& records, const std::string& header,
 
 std::string SmallChart() {
   return ChartText(InitialRecord(101, {20, 10, 24, 14}) + StateRecord(102, {17, 24, 27, 32}) +
-                   TransitionRecord(103, 101, 102, "3 1 1 2",
-                                    "2 22 14 22 15 \n0 22 15 22 23 \n3 22 23 22 24 \n") +
+                   TransitionRecord(103, 101, 102) +
                    NoteRecord(104, {40, 10, 52, 16}, Block("Two\r\nlines")));
 }
 

@@ -23,9 +23,12 @@ std::string DefaultProperties();
 std::string StateRecord(int id, const RECT& rect, const std::string& name = "State",
                         const std::string& entry = "");
 std::string InitialRecord(int id, const RECT& rect);
-/// A transition whose link lines are given as they stand, each with its line end.
-std::string TransitionRecord(int id, int source, int target, const std::string& keys,
-                             const std::string& links);
+/// A transition whose link lines are given as they stand, each with its line end; down from one
+/// state to another below it if nothing is said.
+std::string TransitionRecord(int id, int source, int target, const std::string& keys = "3 1 1 2",
+                             const std::string& links =
+                                 "2 22 14 22 15 \n0 22 15 22 23 \n"
+                                 "3 22 23 22 24 \n");
 std::string MesgRecord(int id, int transition, const RECT& rect, const std::string& event = "e");
 std::string NoteRecord(int id, const RECT& rect, const std::string& block);
 std::string LineRecord(int id, int start, int end, const std::string& keys);

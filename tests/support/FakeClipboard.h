@@ -1,13 +1,11 @@
 #pragma once
 
 #include "platform/Clipboard.h"
+#include "platform/UseService.h"
 
 /// A clipboard that keeps what it gets, or refuses at a step.
 class FakeClipboard : public Clipboard {
  public:
-  FakeClipboard() : former(Service<Clipboard>::Set(this)) {}
-  ~FakeClipboard() override { Service<Clipboard>::Set(former); }
-
   ClipboardError Put(const std::vector<Item>& put) override {
     if (failure == ClipboardError::None) items = put;
     return failure;
@@ -25,5 +23,5 @@ class FakeClipboard : public Clipboard {
   std::vector<Item> items;
 
  private:
-  Clipboard* former;
+  const UseService<Clipboard> use{*this};
 };

@@ -1,136 +1,66 @@
 #include "tests/support/Scripted.h"
 
-#include <gtest/gtest.h>
-
-ScriptedMessageBoxes::ScriptedMessageBoxes() : former(Service<MessageBoxes>::Set(this)) {}
-
-ScriptedMessageBoxes::~ScriptedMessageBoxes() {
-  Service<MessageBoxes>::Set(former);
-  for (const Expected& left : expected) {
-    ADD_FAILURE() << "no message box asked: " << left.textPart;
-  }
-}
-
 void ScriptedMessageBoxes::Expect(std::string textPart, MessageAnswer answer) {
-  expected.push_back({std::move(textPart), answer});
+  expected.Add(answer, std::move(textPart));
 }
 
 MessageAnswer ScriptedMessageBoxes::Show(const std::string& text, unsigned flags) {
   shown.push_back(text);
   lastFlags = flags;
-  if (expected.empty()) {
-    ADD_FAILURE() << "unexpected message box: " << text;
-    return (flags & kButtonSetMask) == MB_OK ? MessageAnswer::Ok : MessageAnswer::Cancel;
-  }
-  const Expected next = expected.front();
-  expected.pop_front();
-  EXPECT_NE(text.find(next.textPart), std::string::npos)
-      << "the box says: " << text << "\nexpected: " << next.textPart;
-  return next.answer;
-}
-
-ScriptedDialogs::ScriptedDialogs() : former(Service<Dialogs>::Set(this)) {}
-
-ScriptedDialogs::~ScriptedDialogs() {
-  Service<Dialogs>::Set(former);
-  EXPECT_TRUE(opens.empty()) << "a dialog for opening was not asked for";
-  EXPECT_TRUE(saves.empty()) << "a dialog for saving was not asked for";
-  EXPECT_TRUE(exports.empty()) << "a dialog for an export was not asked for";
-  EXPECT_TRUE(colors.empty()) << "a dialog for a colour was not asked for";
-  EXPECT_TRUE(fonts.empty()) << "a dialog for a font was not asked for";
-}
-
-void ScriptedDialogs::ExpectOpen(std::optional<std::string> path) {
-  opens.push_back(std::move(path));
-}
-
-void ScriptedDialogs::ExpectSave(std::optional<std::string> path) {
-  saves.push_back(std::move(path));
-}
-
-template <class Answer>
-std::optional<Answer> ScriptedDialogs::Take(Answers<Answer>& answers, const char* what) {
-  if (answers.empty()) {
-    ADD_FAILURE() << "unexpected dialog for " << what;
-    return std::nullopt;
-  }
-  std::optional<Answer> answer = answers.front();
-  answers.pop_front();
+  const bool isNotice = (flags & kButtonSetMask) == MB_OK;
+  const auto [textPart, answer] =
+      expected.Take(text, isNotice ? MessageAnswer::Ok : MessageAnswer::Cancel);
+  EXPECT_NE(text.find(textPart), std::string::npos)
+      << "the box says: " << text << "\nexpected: " << textPart;
   return answer;
 }
 
-std::optional<std::string> ScriptedDialogs::AskOpenPath(const FileFilter&) {
-  return Take(opens, "opening");
+void ScriptedDialogs::ExpectOpen(std::optional<std::string> path) { opens.Add(std::move(path)); }
+
+void ScriptedDialogs::ExpectSave(std::optional<std::string> path) { saves.Add(std::move(path)); }
+
+void ScriptedDialogs::ExpectExport(std::optional<ExportAnswer> answer) {
+  exports.Add(std::move(answer));
 }
+
+void ScriptedDialogs::ExpectColor(COLORREF start, std::optional<COLORREF> chosen) {
+  colors.Add(chosen, std::to_string(start));
+}
+
+void ScriptedDialogs::ExpectFont(std::optional<FontChoice> chosen) { fonts.Add(std::move(chosen)); }
 
 std::optional<std::string> ScriptedDialogs::AskSavePath(const FileFilter&,
                                                         const std::string& suggestion) {
   lastSuggestion = suggestion;
-  return Take(saves, "saving");
-}
-
-void ScriptedDialogs::ExpectExport(std::optional<ExportAnswer> answer) {
-  exports.push_back(std::move(answer));
+  return saves.Take().second;
 }
 
 std::optional<Dialogs::ExportAnswer> ScriptedDialogs::AskExport(const ExportRequest& request) {
   lastExport = request;
-  return Take(exports, "an export");
-}
-
-void ScriptedDialogs::ExpectColor(COLORREF start, std::optional<COLORREF> chosen) {
-  colors.push_back({start, chosen});
-}
-
-void ScriptedDialogs::ExpectFont(std::optional<FontChoice> chosen) {
-  fonts.push_back(std::move(chosen));
+  return exports.Take().second;
 }
 
 std::optional<COLORREF> ScriptedDialogs::AskColor(COLORREF start) {
-  if (colors.empty()) {
-    ADD_FAILURE() << "unexpected dialog for a colour";
-    return std::nullopt;
-  }
-  const ExpectedColor next = colors.front();
-  colors.pop_front();
-  EXPECT_EQ(start, next.start);
-  return next.chosen;
+  const auto [expectedStart, chosen] = colors.Take();
+  EXPECT_EQ(std::to_string(start), expectedStart);
+  return chosen;
 }
 
 std::optional<Dialogs::FontChoice> ScriptedDialogs::AskFont(const FontChoice& start) {
   lastFont = start;
-  if (fonts.empty()) {
-    ADD_FAILURE() << "unexpected dialog for a font";
-    return std::nullopt;
-  }
-  std::optional<FontChoice> next = fonts.front();
-  fonts.pop_front();
-  return next;
-}
-
-ScriptedDialogHost::ScriptedDialogHost() : former(Service<DialogHost>::Set(this)) {}
-
-ScriptedDialogHost::~ScriptedDialogHost() {
-  Service<DialogHost>::Set(former);
-  for (const Expected& left : expected) ADD_FAILURE() << "no dialog opened: " << left.caption;
+  return fonts.Take().second;
 }
 
 void ScriptedDialogHost::Expect(std::string caption, Script script) {
-  expected.push_back({std::move(caption), std::move(script)});
+  expected.Add(std::move(script), std::move(caption));
 }
 
 void ScriptedDialogHost::Run(CDialog& dialog) {
-  if (expected.empty()) {
-    ADD_FAILURE() << "unexpected dialog: " << dialog.Caption();
-    dialog.Click(IDCANCEL);
-    return;
-  }
-  const Expected next = std::move(expected.front());
-  expected.pop_front();
-  EXPECT_EQ(dialog.Caption(), next.caption);
-  next.script(dialog);
+  const auto [caption, script] = expected.Take(dialog.Caption());
+  EXPECT_EQ(dialog.Caption(), caption);
+  if (script) script(dialog);
   if (!dialog.IsOpen()) return;
-  ADD_FAILURE() << "the dialog was left open: " << next.caption;
+  ADD_FAILURE() << "the dialog was left open: " << caption;
   dialog.Click(IDCANCEL);
 }
 

@@ -2,22 +2,50 @@
 
 #include <deque>
 #include <functional>
+#include <gtest/gtest.h>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/CDialog.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
-#include "platform/Service.h"
+#include "platform/UseService.h"
 
-/// Takes the place of the message boxes for the length of a test. A box that nobody expected, a box
-/// with another text, and an answer that nobody asked for each fail the test.
+/// The answers to the questions that a test expects, in their order. A question that nobody
+/// expected and an answer that nobody asked for each fail the test.
+template <class Answer>
+class ScriptedAnswers {
+ public:
+  explicit ScriptedAnswers(const char* what) : what(what) {}
+  ~ScriptedAnswers() {
+    for (const auto& left : answers) ADD_FAILURE() << "no " << what << " came: " << left.first;
+  }
+
+  void Add(Answer answer, std::string question = "") {
+    answers.emplace_back(std::move(question), std::move(answer));
+  }
+  /// The next question as it was expected, and its answer.
+  std::pair<std::string, Answer> Take(const std::string& asked = "", Answer otherwise = {}) {
+    if (answers.empty()) {
+      ADD_FAILURE() << "unexpected " << what << ": " << asked;
+      return {"", std::move(otherwise)};
+    }
+    auto next = std::move(answers.front());
+    answers.pop_front();
+    return next;
+  }
+
+ private:
+  const char* what;
+  std::deque<std::pair<std::string, Answer>> answers;
+};
+
+/// Takes the place of the message boxes for the length of a test. A box with another text than was
+/// expected fails the test.
 class ScriptedMessageBoxes : public MessageBoxes {
  public:
-  ScriptedMessageBoxes();
-  ~ScriptedMessageBoxes() override;
-
   /// The next box has to contain `textPart`, and gets the answer.
   void Expect(std::string textPart, MessageAnswer answer = MessageAnswer::Ok);
   /// The flags of the last box.
@@ -27,22 +55,15 @@ class ScriptedMessageBoxes : public MessageBoxes {
   MessageAnswer Show(const std::string& text, unsigned flags) override;
 
  private:
-  struct Expected {
-    std::string textPart;
-    MessageAnswer answer;
-  };
-  std::deque<Expected> expected;
+  ScriptedAnswers<MessageAnswer> expected{"message box"};
   std::vector<std::string> shown;
   unsigned lastFlags = 0;
-  MessageBoxes* former;
+  const UseService<MessageBoxes> use{*this};
 };
 
 /// The same for the desktop's dialogs. An answer of nothing is Cancel.
 class ScriptedDialogs : public Dialogs {
  public:
-  ScriptedDialogs();
-  ~ScriptedDialogs() override;
-
   void ExpectOpen(std::optional<std::string> path);
   void ExpectSave(std::optional<std::string> path);
   void ExpectExport(std::optional<ExportAnswer> answer);
@@ -56,32 +77,22 @@ class ScriptedDialogs : public Dialogs {
   /// What the last dialog for saving proposed.
   const std::string& LastSuggestion() const { return lastSuggestion; }
 
-  std::optional<std::string> AskOpenPath(const FileFilter& filter) override;
-  std::optional<std::string> AskSavePath(const FileFilter& filter,
-                                         const std::string& suggestion) override;
+  std::optional<std::string> AskOpenPath(const FileFilter&) override { return opens.Take().second; }
+  std::optional<std::string> AskSavePath(const FileFilter&, const std::string& suggestion) override;
   std::optional<ExportAnswer> AskExport(const ExportRequest& request) override;
   std::optional<COLORREF> AskColor(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
 
  private:
-  struct ExpectedColor {
-    COLORREF start;
-    std::optional<COLORREF> chosen;
-  };
-  template <class Answer>
-  using Answers = std::deque<std::optional<Answer>>;
-  template <class Answer>
-  static std::optional<Answer> Take(Answers<Answer>& answers, const char* what);
-
-  Answers<std::string> opens;
-  Answers<std::string> saves;
-  Answers<ExportAnswer> exports;
+  ScriptedAnswers<std::optional<std::string>> opens{"dialog for opening"};
+  ScriptedAnswers<std::optional<std::string>> saves{"dialog for saving"};
+  ScriptedAnswers<std::optional<ExportAnswer>> exports{"dialog for an export"};
+  ScriptedAnswers<std::optional<COLORREF>> colors{"dialog for a colour"};
+  ScriptedAnswers<std::optional<FontChoice>> fonts{"dialog for a font"};
   ExportRequest lastExport;
-  std::deque<ExpectedColor> colors;
-  std::deque<std::optional<FontChoice>> fonts;
   FontChoice lastFont;
   std::string lastSuggestion;
-  Dialogs* former;
+  const UseService<Dialogs> use{*this};
 };
 
 /// The same for the program's own dialogs: each one that opens runs the next script, which sets
@@ -89,9 +100,6 @@ class ScriptedDialogs : public Dialogs {
 class ScriptedDialogHost : public DialogHost {
  public:
   using Script = std::function<void(CDialog&)>;
-
-  ScriptedDialogHost();
-  ~ScriptedDialogHost() override;
 
   /// The next dialog has to have that caption.
   void Expect(std::string caption, Script script);
@@ -106,10 +114,6 @@ class ScriptedDialogHost : public DialogHost {
   static void SelectRows(CDialog& dialog, int id, std::vector<int> rows);
 
  private:
-  struct Expected {
-    std::string caption;
-    Script script;
-  };
-  std::deque<Expected> expected;
-  DialogHost* former;
+  ScriptedAnswers<Script> expected{"dialog"};
+  const UseService<DialogHost> use{*this};
 };

@@ -8,6 +8,7 @@
 #include "platform/Mapping.h"
 #include "platform/Metafile.h"
 #include "platform/Printing.h"
+#include "platform/UseService.h"
 
 /// Takes the place of the printers for the length of a test: a printer whose paper the test
 /// chooses, which keeps what is printed.
@@ -22,9 +23,6 @@ class ScriptedPrinting : public Printing {
     std::vector<Page> pages;
     bool ended = false;
   };
-
-  ScriptedPrinting() : former(Service<Printing>::Set(this)) {}
-  ~ScriptedPrinting() override { Service<Printing>::Set(former); }
 
   SIZE millimetres{210, 297};
   SIZE pixels{4960, 7016};
@@ -45,5 +43,5 @@ class ScriptedPrinting : public Printing {
   void ShowPreview(PrintedPages& pages) override;
 
  private:
-  Printing* former;
+  const UseService<Printing> use{*this};
 };

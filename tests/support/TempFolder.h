@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdlib.h>
 #include <string>
 
@@ -20,6 +22,16 @@ class TempFolder {
 
   std::string Path(const std::string& name) const { return (path / name).string(); }
   const std::filesystem::path& Root() const { return path; }
+  /// Writes a file, and gives its path.
+  std::string Write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(Path(name), std::ios::binary) << bytes;
+    return Path(name);
+  }
+  /// The bytes of a file; empty if there is none.
+  std::string Read(const std::string& name) const {
+    std::ifstream in(Path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
 
  private:
   std::filesystem::path path;

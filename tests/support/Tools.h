@@ -12,6 +12,7 @@
 
 #include "platform/Files.h"
 #include "platform/PosixProcess.h"
+#include "platform/UseService.h"
 
 /// The command line of the tests' own tool.
 inline std::string ToolLine(const std::string& arguments) {
@@ -21,9 +22,6 @@ inline std::string ToolLine(const std::string& arguments) {
 /// Starts real programs, or `instead` whatever it is told, and never rests.
 class TestProcesses : public PosixProcesses {
  public:
-  TestProcesses() : former(Service<Processes>::Set(this)) {}
-  ~TestProcesses() override { Service<Processes>::Set(former); }
-
   std::unique_ptr<Process> Start(const std::string& commandLine, bool showWindow) override {
     started.push_back(commandLine);
     return PosixProcesses::Start(instead.empty() ? commandLine : instead, showWindow);
@@ -35,7 +33,7 @@ class TestProcesses : public PosixProcesses {
   std::chrono::milliseconds slept{};
 
  private:
-  Processes* former;
+  const UseService<Processes> use{*this};
 };
 
 /// Waits for what other threads or processes do; false if it takes far too long.

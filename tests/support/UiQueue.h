@@ -8,13 +8,11 @@
 #include <utility>
 
 #include "platform/UiThread.h"
+#include "platform/UseService.h"
 
 /// Takes the place of the user-interface thread's queue: what is posted runs when the test says so.
 class UiQueue : public UiThread {
  public:
-  UiQueue() : former(Service<UiThread>::Set(this)) {}
-  ~UiQueue() override { Service<UiThread>::Set(former); }
-
   void Post(Task task) override {
     const std::lock_guard guard(lock);
     tasks.push_back(std::move(task));
@@ -45,5 +43,5 @@ class UiQueue : public UiThread {
   std::mutex lock;
   std::condition_variable arrived;
   std::deque<Task> tasks;
-  UiThread* former;
+  const UseService<UiThread> use{*this};
 };
