@@ -11,6 +11,7 @@
 #include "bench/ChartGenerator.h"
 #include "bench/Marks.h"
 #include "bench/OpenChart.h"
+#include "connectors/RouteCrossing.h"
 #include "model/ModelMgr.h"
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelStream.h"
@@ -215,6 +216,21 @@ int PaintFirst(int& argc, char** argv) {
   std::_Exit(frame.grab().isNull() ? 1 : 0);
 }
 
+/// A route that never crosses itself, so that every segment is looked at.
+void SearchSpiral(benchmark::State& state) {
+  std::vector<RouteSegment> route;
+  POINT at{0, 0};
+  for (std::int32_t i = 2; i <= state.range(0); ++i) {
+    const std::int32_t step = i / 2 * (i / 2 % 2 != 0 ? 2 : -2);
+    const POINT to = at + (i % 2 != 0 ? POINT{0, step} : POINT{step, 0});
+    route.push_back({at, to});
+    at = to;
+  }
+  for (auto _ : state) {
+    if (FindRouteCrossing(route)) state.SkipWithError("a spiral does not cross itself");
+  }
+}
+
 constexpr int kSmall = 100;
 constexpr int kMiddle = 1000;
 constexpr int kLarge = 10000;
@@ -242,6 +258,7 @@ void Register() {
   OnCharts(add("DragStep", DragStep))->UseManualTime()->Iterations(few);
   OnCharts(add("Drop", Drop));
   OnCharts(add("DeleteAll", DeleteAll))->UseManualTime()->Iterations(few);
+  OnCharts(add("SearchSpiral", SearchSpiral));
   add("ExportPng", ExportPng)->Arg(kMiddle)->Unit(benchmark::kMillisecond);
   add("Memory", Memory)->Arg(kLarge)->Iterations(1);
   add("Start", Start)->UseManualTime()->Iterations(few)->Unit(benchmark::kMillisecond);

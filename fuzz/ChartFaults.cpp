@@ -25,19 +25,6 @@ std::ptrdiff_t CountOf(const List& list, const Member& member) {
   return std::count(list.begin(), list.end(), member);
 }
 
-std::string ChainFault(const LinkChain& chain) {
-  if (chain.Head()->prev != nullptr) return "something stands before the head of a chain";
-  if (chain.Tail()->next != nullptr) return "something stands behind the tail of a chain";
-  for (const Link* link = chain.Head(); link->next != nullptr; link = link->next) {
-    if (link->end != link->next->start) return "a chain has a gap";
-    if (link->next->prev != link) return "a chain does not lead back";
-    if (link->kind == LINK_H && link->start.y != link->end.y) return "a horizontal link slants";
-    if (link->kind == LINK_V && link->start.x != link->end.x) return "a vertical link slants";
-    if (link->IsSegment() && link->start == link->end) return "a link has no length";
-  }
-  return {};
-}
-
 std::string TransitionFault(const Transition& transition) {
   const StartableState* source = transition.GetSource();
   if (source != nullptr && CountOf(source->GetOutgoing(), &transition) != 1) {
@@ -105,6 +92,19 @@ std::string NodeFault(const LayoutMgr& chart, const Transition& transition, cons
 }
 
 }  // namespace
+
+std::string ChainFault(const LinkChain& chain) {
+  if (chain.Head()->prev != nullptr) return "something stands before the head of a chain";
+  if (chain.Tail()->next != nullptr) return "something stands behind the tail of a chain";
+  for (const Link* link = chain.Head(); link->next != nullptr; link = link->next) {
+    if (link->end != link->next->start) return "a chain has a gap";
+    if (link->next->prev != link) return "a chain does not lead back";
+    if (link->kind == LINK_H && link->start.y != link->end.y) return "a horizontal link slants";
+    if (link->kind == LINK_V && link->start.x != link->end.x) return "a vertical link slants";
+    if (link->IsSegment() && link->start == link->end) return "a link has no length";
+  }
+  return {};
+}
 
 std::string ChartFault(const LayoutMgr& chart) {
   for (Shape* shape : chart.GetModel().Objects()) {

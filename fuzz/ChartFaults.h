@@ -4,12 +4,15 @@
 
 class CObjectTree;
 class LayoutMgr;
+class LinkChain;
 
 // What has to hold of every chart, whatever a hand or a file did with it. Each gives what is wrong,
 // and an empty text if nothing is.
 
-/// Chains without a gap, no line without length, and ties that both sides know, in a chart that was
-/// drawn by gestures; a file can store worse.
+/// The links hang together, each straight and with a length.
+std::string ChainFault(const LinkChain& chain);
+/// Chains without a fault, no line without length, and ties that both sides know, in a chart that
+/// was drawn by gestures; a file can store worse.
 std::string ChartFault(const LayoutMgr& chart);
 /// The browser has a node for each object, in its place, and no others.
 std::string TreeFault(const LayoutMgr& chart, const CObjectTree& tree);

@@ -1,10 +1,6 @@
-#include <random>
-
 #include "connectors/HeadLink.h"
 #include "connectors/LinkChain.h"
-#include "connectors/RouteCrossing.h"
 #include "connectors/TailLink.h"
-#include "model/ShapeGeometry.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
@@ -121,115 +117,6 @@ TEST(LinkChain, BuildsWhatAFileHolds) {
   chain.Build(Records{head, slant, level, {LINK_V, {6, 6}, {6, 9}}, aside});
   chain.Straighten();
   EXPECT_EQ(Corners(chain.Records()), "0,0 0,1 0,5 9,5 9,8 6,8 6,9 6,10");
-}
-
-/// What is wrong with a chain; empty if nothing is.
-std::string Fault(const LinkChain& chain, bool mayHaveTwins) {
-  const Link* prev = nullptr;
-  for (const Link* link = chain.Head(); link != nullptr; prev = link, link = link->next) {
-    if (link->prev != prev) return "back";
-    if (prev != nullptr && prev->end != link->start) return "gap";
-    if (prev != nullptr && prev->kind == link->kind && !mayHaveTwins) return "twins";
-    const bool level = link->start.y == link->end.y;
-    const bool upright = link->start.x == link->end.x;
-    if (link->IsSegment() && (level == upright || level != (link->kind == LINK_H))) return "slant";
-  }
-  return prev == chain.Tail() ? "" : "tail";
-}
-
-/// Coordinates that collide often, with some at the limits.
-class Dice {
- public:
-  explicit Dice(unsigned seed) : engine(seed) {}
-  int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(engine); }
-  std::int32_t Coordinate() {
-    using Limits = std::numeric_limits<std::int32_t>;
-    const int pick = Below(62);
-    return pick > 1 ? pick % 12 : pick == 1 ? Limits::min() : Limits::max();
-  }
-  POINT Point() { return {Coordinate(), Coordinate()}; }
-
- private:
-  std::mt19937 engine;
-};
-
-TEST(LinkChain, HoldsItsInvariantsThroughAnything) {
-  Dice dice(1);
-  for (int round = 0; round < 400; ++round) {
-    SCOPED_TRACE(round);
-    Records records{{LINK_HEAD, dice.Point(), dice.Point()}};
-    for (int i = dice.Below(8); i > 0; --i) {
-      records.push_back({dice.Below(2), dice.Point(), dice.Point()});
-    }
-    records.push_back({LINK_TAIL, dice.Point(), dice.Point()});
-    LinkChain chain(nullptr);
-    ASSERT_TRUE(chain.Build(records));
-    chain.Straighten();
-    ASSERT_EQ(Fault(chain, true), "");
-    bool crossed = Fault(chain, false) == "twins";
-    for (int step = 0; step < 60; ++step) {
-      const POINT p = dice.Point();
-      const POINT beside = StepPoint(p, static_cast<std::uint16_t>(1 + dice.Below(4)));
-      switch (dice.Below(6)) {
-        case 0: chain.Head()->MoveEnds(p, beside); break;
-        case 1: chain.Tail()->MoveEnds(beside, p); break;
-        case 2: crossed = !chain.RemoveCrossing() || crossed; break;
-        case 3: chain.Head()->Offset({dice.Below(9) - 4, dice.Below(9) - 4}); break;
-        default: LinkAt(chain, dice.Below(static_cast<int>(chain.Records().size())))->MoveTo(p);
-      }
-      ASSERT_EQ(Fault(chain, crossed), "") << step;
-    }
-  }
-}
-
-/// The search as it is meant, each with each.
-std::optional<RouteCrossing> SlowSearch(const std::vector<RouteSegment>& route) {
-  for (std::size_t a = 0; a < route.size(); ++a) {
-    for (std::size_t b = route.size(); b-- > a + 2;) {
-      POINT p;
-      if (SegmentCrossing(route[a].start, route[a].end, route[b].start, route[b].end, p)) {
-        return RouteCrossing{a, b, p};
-      }
-    }
-  }
-  return std::nullopt;
-}
-
-TEST(LinkCrossing, LongRoutesGiveWhatComparingEachWithEachGives) {
-  Dice dice(2);
-  int found = 0;
-  for (int round = 0; round < 300; ++round) {
-    std::vector<RouteSegment> route;
-    POINT at{0, 0};
-    for (int i = 0; i < 60 + dice.Below(60); ++i) {
-      POINT to = at;
-      // Mostly ahead, so that some routes cross late or not at all.
-      const int step = dice.Below(40) == 0 ? -dice.Below(9) - 1 : dice.Below(5) + 1;
-      (dice.Below(8) != 0) == (i % 2 != 0) ? to.x += step : to.y += step;
-      route.push_back({at, to});
-      at = to;
-    }
-    const auto expected = SlowSearch(route);
-    found += expected ? 1 : 0;
-    ASSERT_EQ(FindRouteCrossing(route), expected) << "round " << round;
-  }
-  EXPECT_TRUE(found > 50 && found < 290) << found;
-}
-
-/// Comparing each with each would take hours.
-TEST(LinkCrossing, ALongSpiralIsSearchedInTime) {
-  std::vector<RouteSegment> route;
-  POINT at{0, 0};
-  for (std::int32_t i = 2; i <= 400000; ++i) {
-    const std::int32_t step = i / 2 * (i / 2 % 2 != 0 ? 2 : -2);
-    const POINT to = at + (i % 2 != 0 ? POINT{0, step} : POINT{step, 0});
-    route.push_back({at, to});
-    at = to;
-  }
-  EXPECT_FALSE(FindRouteCrossing(route));
-  route.push_back({at, {0, at.y}});
-  route.push_back({{0, at.y}, {0, 1}});
-  EXPECT_TRUE(FindRouteCrossing(route));
 }
 
 }  // namespace
