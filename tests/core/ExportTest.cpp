@@ -134,16 +134,6 @@ TEST_F(ExportTest, ASelectionIsCutOutAloneAndTheChartStaysAsItWas) {
   EXPECT_LT(before.cx, 100);
 }
 
-TEST_F(ExportTest, AnEmptyChartIsAValidFileOfEachKind) {
-  Open("");
-  ExportAllKinds();
-  EXPECT_EQ(Read("o.png"), "6x6") << "one model unit";
-  EXPECT_NE(Read("o.svg").find("width=\"6\" height=\"6\""), std::string::npos);
-  const EmfReader emf(Read("o.emf"));
-  emf.CheckFrame();
-  EXPECT_EQ(emf.RectAtOffset(8), (RECT{0, 0, 5, 5}));
-}
-
 TEST_F(ExportTest, FarAwayObjectsAreRefusedAndWriteNothing) {
   const int far = 2'000'000'000;
   const int most = ChartPicture::kMaxSide / 6 - 1;

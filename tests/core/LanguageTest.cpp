@@ -1,23 +1,12 @@
 #include <regex>
 
-#include "codegen/CCodegenSheet.h"
-#include "codegen/CGenerateCppDlg.h"
-#include "dialogs/CDefaultSettingDlg.h"
-#include "dialogs/CEventEditor.h"
-#include "dialogs/CLineProperty.h"
-#include "dialogs/EditMesgDlg.h"
-#include "dialogs/EntryExitEditor.h"
-#include "dialogs/FindReplaceDlg.h"
-#include "dialogs/LayoutMgrPropDlg.h"
-#include "dialogs/MesgPropDlg.h"
-#include "dialogs/PrinterSetup.h"
-#include "dialogs/StatePropDlg.h"
 #include "platform/TextCodec.h"
 #include "resources/Language.h"
 #include "resources/TextLibrary.h"
 #include "shell/MenuTable.h"
 #include "states/FinalState.h"
 #include "surface/ObjectMenus.h"
+#include "tests/support/AllDialogs.h"
 #include "tests/support/ChartTest.h"
 
 namespace fs = std::filesystem;
@@ -58,14 +47,15 @@ std::vector<Texts> AllMenus() {
 }
 
 /// The number of classes in dialogs/ and codegen/ that are dialogs.
-std::ptrdiff_t CountDialogClasses() {
+std::size_t CountDialogClasses() {
   static const std::regex derived("public (CDialog|CPropertySheet)\\b");
-  std::ptrdiff_t count = 0;
+  std::size_t count = 0;
   for (const char* room : {"dialogs", "codegen"}) {
     for (const auto& entry : fs::directory_iterator(fs::path(MORVANE_SOURCE_DIR) / room)) {
       std::string text;
       if (entry.path().extension() == ".h") ReadWholeFile(entry.path().string(), text);
-      count += std::distance(std::sregex_iterator(text.begin(), text.end(), derived), {});
+      const std::sregex_iterator found(text.begin(), text.end(), derived);
+      count += static_cast<std::size_t>(std::distance(found, {}));
     }
   }
   return count;
@@ -83,14 +73,8 @@ class LanguageLibrary : public testing::TestWithParam<const char*> {
     const std::string_view text = english.substr(0, english.find('\t'));
     EXPECT_TRUE(text.empty() || library.Translation(text).value_or("") != "") << text;
   }
-  void ExpectDialogTranslated(const CDialog& dialog) {
-    ++dialogs;
-    ExpectTranslated(dialog.Caption());
-    for (const DialogControl& control : dialog.Controls()) ExpectTranslated(control.label);
-  }
 
   TextLibrary library;
-  std::ptrdiff_t dialogs = 0;
 };
 
 TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
@@ -103,19 +87,12 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
   }
   for (const auto& kind : ChartPicture::FileKinds()) ExpectTranslated(kind.filter);
   ExpectTranslated("Selection &only");
-  ExpectDialogTranslated(CCodegenSheet());
-  ExpectDialogTranslated(CDefaultSettingDlg::Instance());
-  ExpectDialogTranslated(CEventEditor());
-  ExpectDialogTranslated(CGenerateCppDlg(GeneratorKind::Cpp));
-  ExpectDialogTranslated(CLineProperty());
-  ExpectDialogTranslated(EditMesgDlg());
-  ExpectDialogTranslated(EntryExitEditor());
-  ExpectDialogTranslated(FindReplaceDlg(LayoutMgr().GetModel()));
-  ExpectDialogTranslated(LayoutMgrPropDlg());
-  ExpectDialogTranslated(MesgPropDlg());
-  ExpectDialogTranslated(PrinterSetup());
-  ExpectDialogTranslated(StatePropDlg());
-  EXPECT_EQ(dialogs, CountDialogClasses()) << "a dialog is not looked at here";
+  AllDialogs all;
+  for (const CDialog* dialog : all.list) {
+    ExpectTranslated(dialog->Caption());
+    for (const DialogControl& control : dialog->Controls()) ExpectTranslated(control.label);
+  }
+  EXPECT_EQ(all.list.size(), CountDialogClasses()) << "a dialog is not looked at here";
 }
 
 TEST_P(LanguageLibrary, HasEveryTextOfMenusAndNoMnemonicTwiceInOne) {

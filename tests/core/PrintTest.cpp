@@ -57,18 +57,6 @@ TEST_F(Print, TheExtentDividesIntoPages) {
   }
 }
 
-TEST_F(Print, EachPageShowsItsPartAtTheSameScale) {
-  const auto chart = ChartTo({300, 400});
-  std::vector<POINT> origins;
-  for (const ScriptedPrinting::Page& page : Printed(*chart)) {
-    EXPECT_EQ(page.mapping.WindowExt(), (SIZE{992, 1403}));
-    EXPECT_DOUBLE_EQ(page.mapping.Scale(), 5);
-    EXPECT_FALSE(page.drawn.records.empty());
-    origins.push_back(page.mapping.ViewportOrg());
-  }
-  EXPECT_EQ(Text(origins), "0,0 -4960,0 0,-7016 -4960,-7016");
-}
-
 TEST_F(Print, ToFitPutsTheCornerOnTheEdgeOfOnePage) {
   const auto chart = ChartTo({500, 200});
   PrintToFit(*chart);

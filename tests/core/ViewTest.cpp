@@ -233,15 +233,4 @@ TEST(View, AClipboardThatCannotBeUsedIsSaidAndChangesNothing) {
   EXPECT_EQ(chart->ModelText(), before);
 }
 
-TEST(View, AnchorsStandAroundTheirShape) {
-  const auto chart =
-      Shown(ChartText(StateRecord(1, {10, 10, 21, 19}) + InitialRecord(2, {-3, 4, 2, 9})));
-  const auto& state = Find<State>(*chart, 1)->GetAnchors();
-  EXPECT_EQ(state.at({1, SIDE_TOP}), (POINT{13, 10}));
-  EXPECT_EQ(state.at({3, SIDE_RIGHT}), (POINT{21, 16}));
-  EXPECT_EQ(state.at({1, SIDE_BOTTOM}), (POINT{17, 19}));
-  EXPECT_EQ(state.at({3, SIDE_LEFT}), (POINT{10, 12}));
-  EXPECT_EQ(Find<State>(*chart, 2)->GetAnchors().at({1, SIDE_TOP}), (POINT{0, 4}));
-}
-
 }  // namespace

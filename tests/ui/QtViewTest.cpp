@@ -104,33 +104,6 @@ TEST_F(QtViewTest, MouseAndKeysReachTheView) {
                            "key0", "leave", "menu 12,13"}));
 }
 
-TEST_F(QtViewTest, NestedLoopGetsItsMessagesInOrder) {
-  std::vector<Message> got;
-  view.onPress = [&] {
-    view.SetCapture();
-    while (view.HasCapture()) {
-      const Message message = view.NextMessage();
-      if (message.kind != Message::Kind::Other) got.push_back(message);
-      if (message.kind == Message::Kind::LButtonUp) view.ReleaseCapture();
-    }
-  };
-  PostMouse(Area(), QEvent::MouseMove, {20, 21});
-  PostKey(*widget, Qt::Key_Escape);
-  PostMouse(Area(), QEvent::MouseMove, {30, 31}, Qt::LeftButton, Qt::ControlModifier);
-  PostMouse(Area(), QEvent::MouseButtonRelease, {40, 41});
-  PostMouse(Area(), QEvent::MouseMove, {50, 51}, Qt::NoButton);
-  Press();
-  ASSERT_EQ(got.size(), 4U);
-  EXPECT_EQ(got[0].kind, Message::Kind::MouseMove);
-  EXPECT_EQ(got[0].point, (POINT{20, 21}));
-  EXPECT_EQ(got[1].kind, Message::Kind::KeyDown);
-  EXPECT_EQ(got[1].key, VirtualKey::Escape);
-  EXPECT_EQ(got[2].flags, static_cast<unsigned>(MK_LBUTTON | MK_CONTROL));
-  EXPECT_EQ(got[3].point, (POINT{40, 41}));
-  // What came after the gesture went the normal way.
-  EXPECT_EQ(view.log, (Log{"down 10,10 f1", "cursor", "move 50,51"}));
-}
-
 TEST_F(QtViewTest, ALoopPaintsButNeitherScrollsNorTakesKeysForCommands) {
   QKeyEvent shortcut(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
   view.SetScrollSizes({1000, 1000}, {10, 10});
