@@ -97,4 +97,36 @@ TEST_F(DefaultSettingDialog, ColoursReachTheStoreAtOnceAndCancelBringsTheProfile
   EXPECT_EQ(profile.written, "");
 }
 
+TEST_F(DefaultSettingDialog, NewObjectsAndChartsTakeTheSettings) {
+  profile.Write("Settings", {{"StateName", "Fresh"},
+                             {"StateAnchor", "0"},
+                             {"Entry", "in();"},
+                             {"Exit", "out();"},
+                             {"StateBgTransparent", "1"},
+                             {"StateBgColor", "1122867"},
+                             {"MesgAnchor", "0"},
+                             {"MesgBorder", "0"},
+                             {"MesgBgTransparent", "0"},
+                             {"MesgBgColor", "16"},
+                             {"MesgBorderColor", "32"},
+                             {"LineColor", "3"},
+                             {"LineStyle", "2"},
+                             {"ShowGrid", "0"}});
+  store.LoadSettings();
+  LayoutMgr chart;
+  chart.OnInitialUpdate();
+  EXPECT_FALSE(chart.IsGridShown());
+  POINT place{600, 600};
+  chart.GetModel().InsertGenericState(place);
+  chart.GetModel().InsertLine(place);
+  chart.GetModel().InsertTransition(place);
+  chart.GetModel().Objects().back()->OnCommand(ID_TRANSITION_ADD_MESG);
+  const std::string text = chart.ModelText();
+  for (const char* part :
+       {"\n0\nFresh\n0 1122867 1\n5\nTEXTBEGIN\nin();\nTEXTEND\n6\nTEXTBEGIN\nout();\nTEXTEND\n",
+        "\n3 2\n", "\n0\n0 0 16 32\n"}) {
+    EXPECT_NE(text.find(part), std::string::npos) << part << " in " << text;
+  }
+}
+
 }  // namespace

@@ -59,11 +59,25 @@ TEST_F(ContextMenu, OfATransitionFollowsItsMessage) {
 
   choose(transition, ID_TRANSITION_DELETE_MESG);
   EXPECT_EQ(transition->GetMesg(), nullptr);
-  for (const auto answer : {MessageAnswer::No, MessageAnswer::Yes}) {
-    boxes.Expect("Please confirm deletion", answer);
-    choose(transition, ID_TRANSITION_DELETE);
-    EXPECT_EQ(boxes.LastFlags(), 0x114U);
-    EXPECT_EQ(FindShape(*chart, 103) == nullptr, answer == MessageAnswer::Yes);
+}
+
+TEST_F(ContextMenu, EachObjectAsksBeforeItIsDeleted) {
+  chart = LoadChart(ChartText(InitialRecord(1, {20, 10, 24, 14}) + LineRecord(2, 0, 0, "0 0 0 0") +
+                              TransitionRecord(3, 1, 0) + MesgRecord(4, 3, {30, 10, 40, 16}) +
+                              NoteRecord(5, {50, 10, 60, 16}, Block(""))));
+  const std::tuple<int, unsigned, const char*> cases[] = {
+      {5, ID_NOTE_DELETE, "Please confirm deletion"},
+      {4, ID_MESG_DELETE, "Please confirm deletion"},
+      {3, ID_TRANSITION_DELETE, "Please confirm deletion"},
+      {2, ID_LINE_DELETE, "line"},
+      {1, ID_STATE_DELETE, "Please confirm deletion"}};
+  for (const auto& [id, command, question] : cases) {
+    for (const auto answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+      boxes.Expect(question, answer);
+      Command(id, command);
+      EXPECT_EQ(boxes.LastFlags(), 0x114U);
+      EXPECT_EQ(FindShape(*chart, id) == nullptr, answer == MessageAnswer::Yes) << id;
+    }
   }
 }
 
