@@ -26,6 +26,7 @@ void Transition::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   if (!IsInSelection()) {
     view->GetSelection().Add(this);
     mgr->BringToFront(this);
+    OnSelectionChanged();
   }
   // Handles show on a selected transition only, but they work at the press that selects it.
   activeLink = LinkAt({x, y});

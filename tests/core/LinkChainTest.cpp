@@ -41,7 +41,10 @@ TEST(LinkChain, ChangesByTheLocalRules) {
     LinkAt(chain, 2)->MoveTo({0, 7});
   };
   const Change offset = [](LinkChain& chain) { chain.Head()->Offset({5, -3}); };
-  const Change shrinkEnds = [](LinkChain& chain) {
+  const Change setEnds = [](LinkChain& chain) {
+    chain.Head()->SetEnds({10, 9}, {10, 11});
+    chain.Tail()->SetEnds({30, 40}, {30, 42});
+    // No end shrinks to a point.
     chain.Head()->SetEnds({5, 5}, {5, 5});
     chain.Tail()->SetEnds({5, 5}, {5, 5});
   };
@@ -65,7 +68,7 @@ TEST(LinkChain, ChangesByTheLocalRules) {
       {"a link for the tail", straight, MoveTail({10, 30}), "10,10 10,11 10,30 10,31"},
       {"nothing left of the first link", "0,0 0,1 0,9 10,9 10,1 20,1 21,1", MoveHead({10, 3}),
        "10,3 10,4 10,1 20,1 21,1"},
-      {"the ends never shrink to a point", kStairs, shrinkEnds, kStairs},
+      {"the ends never shrink to a point", kStairs, setEnds, "10,9 10,11 10,20 30,20 30,40 30,42"},
       {"the whole keeps its shape at the limit",
        "2147483638,0 2147483638,1 2147483645,1 2147483645,5 2147483645,6", offset,
        "2147483640,-3 2147483640,-2 2147483647,-2 2147483647,2 2147483647,3"},

@@ -1,3 +1,5 @@
+#include <deque>
+
 #include "platform/qt/QtView.h"
 #include "tests/support/Routes.h"
 #include "tests/ui/WindowTest.h"
@@ -34,10 +36,6 @@ class GestureTest : public testing::Test {
   }
   void Hover(QPoint p) { SendMouse(Area(), QEvent::MouseMove, p, Qt::NoButton); }
   void PostEscape() { PostKey(*widget, Qt::Key_Escape); }
-  /// Runs in the middle of a gesture, between the messages posted before and after it.
-  void PostStep(std::function<void()> step) {
-    QMetaObject::invokeMethod(widget.get(), std::move(step), Qt::QueuedConnection);
-  }
 
   QImage Now() const { return widget->Picture().copy(); }
   QImage Repainted() {
@@ -68,6 +66,7 @@ struct Gesture {
   Qt::KeyboardModifiers keys;
   std::string changed;  ///< the lines of the model text that are new, each with a bar behind it
   std::vector<int> selected;
+  std::string feedback;  ///< what shows before the release: its box and the number of its pixels
 };
 
 std::vector<int> Numbers(const QString& text) {
@@ -95,21 +94,64 @@ std::vector<Gesture> ReadGestures() {
                         {way[2], way[3]},
                         keys,
                         cells[4].mid(1).toStdString(),
-                        Numbers(cells[5])});
+                        Numbers(cells[5]),
+                        cells[6].trimmed().toStdString()});
   }
   return gestures;
 }
 
 class EachGesture : public GestureTest, public testing::WithParamInterface<Gesture> {
  protected:
-  /// The way of the pointer waits for the press, with a repaint under the feedback half way.
   EachGesture() {
     SelectObjects(gesture.selection);
     before = chart->ModelText();
     Hover(gesture.press);
-    Post(QEvent::MouseMove, (gesture.press + gesture.release) / 2, gesture.keys);
-    PostStep([this] { Repainted(); });
-    Post(QEvent::MouseMove, gesture.release, gesture.keys);
+    atFirst = Now();
+    QObject::connect(&pump, &QTimer::timeout, [this] { TakeStep(); });
+  }
+  void Step(QEvent::Type type, QPoint place) {
+    steps.push_back([=, this] { SendMouse(Area(), type, place, Qt::LeftButton, gesture.keys); });
+  }
+  /// Presses and goes the way of the gesture, each step when the one before is done, with a repaint
+  /// under the feedback half way.
+  void Run(const std::function<void()>& end) {
+    Step(QEvent::MouseMove, (gesture.press + gesture.release) / 2);
+    steps.push_back([this] {
+      chart->UpdateWindow();
+      const QImage now = Now();
+      EXPECT_EQ(now, Repainted()) << "a repaint takes no rubber line away";
+    });
+    Step(QEvent::MouseMove, gesture.release);
+    steps.push_back([this] { during = Now(); });
+    steps.push_back(end);
+    pump.start(0);
+    Press(gesture.press, gesture.keys);
+    pump.stop();
+    while (!steps.empty()) TakeStep();
+    QApplication::processEvents();
+  }
+  void TakeStep() {
+    if (steps.empty()) return;
+    const std::function<void()> step = steps.front();
+    steps.pop_front();
+    step();
+  }
+  std::string Feedback() const {
+    QRect box;
+    int count = 0;
+    for (int i = 0; i < during.width() * during.height(); ++i) {
+      const QPoint p(i % during.width(), i / during.width());
+      if (during.pixel(p) == atFirst.pixel(p)) continue;
+      box |= QRect(p, p);
+      ++count;
+    }
+    std::ostringstream text;
+    text << box.left() << ',' << box.top() << ' ' << box.width() << 'x' << box.height() << ' '
+         << count;
+    return text.str();
+  }
+  void Release() {
+    SendMouse(Area(), QEvent::MouseButtonRelease, gesture.release, Qt::LeftButton, gesture.keys);
   }
   std::string Changed() const {
     std::string changed;
@@ -137,16 +179,25 @@ class EachGesture : public GestureTest, public testing::WithParamInterface<Gestu
 
   const Gesture gesture = GetParam();
   std::string before;
+  QImage atFirst;
+  QImage during;
+
+ private:
+  std::deque<std::function<void()>> steps;
+  QTimer pump;
 };
 
 /// What GoogleTest prints of a gesture.
 void PrintTo(const Gesture& gesture, std::ostream* out) { *out << gesture.name; }
 
 TEST_P(EachGesture, FinishedIsOneStepAndLeavesNoTrace) {
-  Post(QEvent::MouseButtonRelease, gesture.release, gesture.keys);
-  Press(gesture.press, gesture.keys);
+  Run([this] { Release(); });
   EXPECT_EQ(Changed(), gesture.changed);
   EXPECT_EQ(Selected(), gesture.selected);
+  EXPECT_FALSE(widget->HasCapture());
+  if (widget->devicePixelRatioF() == 1) {
+    EXPECT_EQ(Feedback(), gesture.feedback);
+  }
   ExpectNoStrayPixel();
   EXPECT_EQ(chart->OnCommand(ID_EDIT_UNDO), !gesture.changed.empty());
   EXPECT_EQ(chart->ModelText(), before);
@@ -154,19 +205,18 @@ TEST_P(EachGesture, FinishedIsOneStepAndLeavesNoTrace) {
 }
 
 TEST_P(EachGesture, CancelledChangesNothingAndLeavesNoTrace) {
-  PostEscape();
-  Press(gesture.press, gesture.keys);
+  Run([this] { SendKey(*widget, Qt::Key_Escape); });
   EXPECT_EQ(chart->ModelText(), before);
   EXPECT_FALSE(CanUndo());
-  Post(QEvent::MouseButtonRelease, gesture.release, gesture.keys);
-  QApplication::processEvents();
+  Release();
   ExpectNoStrayPixel();
 }
 
 TEST_P(EachGesture, WithTheMouseLostChangesNothingAndLeavesNoTrace) {
-  PostStep([this] { widget->ReleaseCapture(); });
-  Post(QEvent::MouseMove, gesture.press, gesture.keys);
-  Press(gesture.press, gesture.keys);
+  Run([this] {
+    widget->ReleaseCapture();
+    SendMouse(Area(), QEvent::MouseMove, gesture.press, Qt::LeftButton, gesture.keys);
+  });
   EXPECT_EQ(chart->ModelText(), before);
   ExpectNoStrayPixel();
 }
@@ -177,22 +227,6 @@ INSTANTIATE_TEST_SUITE_P(Hand, EachGesture, testing::ValuesIn(ReadGestures()),
                            for (char& c : name) c = c == ' ' ? '_' : c;
                            return name;
                          });
-
-TEST_F(GestureTest, FeedbackShowsWhileAGestureRuns) {
-  const QImage before = Now();
-  QImage during;
-  QImage afterRepaint;
-  Hover({178, 150});
-  Post(QEvent::MouseMove, {300, 400});
-  PostStep([&] {
-    during = Now();
-    afterRepaint = Repainted();
-  });
-  PostEscape();
-  Press({178, 150});
-  EXPECT_NE(during, before);
-  EXPECT_EQ(during, afterRepaint) << "a repaint takes no rubber line away";
-}
 
 TEST_F(GestureTest, KeysAndOtherPressesLeaveAGestureAlone) {
   const std::string before = chart->ModelText();
