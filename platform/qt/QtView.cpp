@@ -134,6 +134,11 @@ void QtView::InvalidateRgn(const CRgn& region) {
   QRegion added;
   for (const CRgn::Piece& piece : region.Pieces()) added += ToRegion(piece, client);
   AddInvalid(added);
+  if (scale == 1) return;
+  // On a finer screen a stroke reaches a part of a pixel beyond the points of its region.
+  for (const QPoint beyond : {QPoint(1, 0), {-1, 0}, {0, 1}, {0, -1}}) {
+    AddInvalid(added.translated(beyond));
+  }
 }
 
 void QtView::InvalidateAll() { AddInvalid(viewport()->rect()); }
