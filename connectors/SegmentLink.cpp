@@ -58,7 +58,8 @@ RECT SegmentLink::GetHandleRect() const {
 }
 
 void SegmentLink::MoveTo(const POINT& point) {
-  if (FixedOf(start) == FixedOf(point)) return;
+  // A segment of a damaged file slants: its ends are not in one line.
+  if (FixedOf(start) == FixedOf(point) && FixedOf(end) == FixedOf(point)) return;
   // A removed crossing can have left neighbours of this kind, which move along as one.
   while (prev->kind == kind) AbsorbPrev();
   while (next->kind == kind) AbsorbNext();

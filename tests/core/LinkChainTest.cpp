@@ -109,6 +109,9 @@ TEST(LinkChain, BuildsWhatAFileHolds) {
       {"the one before a last link that vanishes", {head, down, over, up}, "0,0 0,1 2,1 2,4 2,3"},
       {"the last link moves to the tail", {head, down, aside}, "0,0 0,1 6,1 6,9 6,10"},
       {"nothing between", {head, aside}, "0,0 0,1 6,1 6,9 6,10"},
+      {"a slant that starts in line with the tail",
+       {head, {LINK_V, {6, 9}, {1, 9}}, {LINK_V, {6, 9}, {6, 2}}, aside},
+       "0,0 0,1 6,1 6,9 6,10"},
       {"two heads", {head, down, head, tail}, ""},
       {"nothing", {}, ""}};
   LinkChain chain(nullptr);
