@@ -58,8 +58,9 @@ CDocument* CDocManager::OpenDocumentFile(const std::string& path) {
     return nullptr;
   }
   document->SetPathName(fullPath);
-  recent.Add(fullPath);
   ShowDocument(*document);
+  // Last: a message that the list cannot be stored shows the chart behind it.
+  recent.Add(fullPath);
   return document;
 }
 

@@ -27,7 +27,10 @@ std::optional<std::string> TextOf(const QVariant& value) {
     case QMetaType::QString: return ToBytes(value.toString());
     case QMetaType::QByteArray: return value.toByteArray().toStdString();
     case QMetaType::QStringList:
-    case QMetaType::QVariantList: return ToBytes(value.toStringList().join(", "));
+    case QMetaType::QVariantList: {
+      const QStringList pieces = value.toStringList();
+      return pieces.isEmpty() ? std::nullopt : std::optional(ToBytes(pieces.join(", ")));
+    }
     default: return std::nullopt;
   }
 }
@@ -42,10 +45,26 @@ QString UserPath() {
       .fileName();
 }
 
-QtProfile::Texts TextsOf(const QSettings& settings) {
+QVariantMap ValuesOf(const QSettings& settings) {
+  QVariantMap values;
+  for (const QString& key : settings.allKeys()) values.insert(key, settings.value(key));
+  return values;
+}
+
+QtProfile::Texts TextsOf(const QVariantMap& values) {
   QtProfile::Texts texts;
-  for (const QString& key : settings.allKeys()) texts[key] = TextOf(settings.value(key));
+  for (auto i = values.begin(); i != values.end(); ++i) texts[i.key()] = TextOf(i.value());
   return texts;
+}
+
+/// The values that read back as they were written. Of another kind, which this program does not
+/// store, only the key is sure to come back.
+QVariantMap SteadyOf(QVariantMap values) {
+  for (QVariant& value : values) {
+    const int type = value.typeId();
+    if (type != QMetaType::QString && type != QMetaType::QByteArray) value.clear();
+  }
+  return values;
 }
 
 }  // namespace
@@ -53,7 +72,7 @@ QtProfile::Texts TextsOf(const QSettings& settings) {
 QtProfile::QtProfile() : QtProfile(FromQPath(UserPath())) {}
 
 QtProfile::QtProfile(const std::string& file)
-    : path(ToQPath(file)), values(TextsOf(QSettings(path, QSettings::IniFormat))) {}
+    : path(ToQPath(file)), values(TextsOf(ValuesOf(QSettings(path, QSettings::IniFormat)))) {}
 
 QString QtProfile::NameOf(const std::string& section, const std::string& key) {
   return section.empty() ? ToQString(key) : ToQString(section) + '/' + ToQString(key);
@@ -86,19 +105,20 @@ bool QtProfile::StoreInFile() {
   // Where no lock can be had, as in a folder that takes no new files, the file may still take this.
   static_cast<void>(lock.tryLock(kLockMilliseconds));
   QFile::copy(path, copy);
-  Texts wanted;
+  QVariantMap wanted;
   {
     QSettings settings(copy, QSettings::IniFormat);
     for (auto i = unsaved.begin(); i != unsaved.end(); ++i) settings.setValue(i.key(), i.value());
-    wanted = TextsOf(settings);
+    wanted = ValuesOf(settings);
   }
   std::string bytes;
   if (!ReadWholeFile(FromQPath(copy), bytes).Ok()) return false;
   const QString again = folder.filePath("again.ini");
   QFile::copy(copy, again);
-  if (TextsOf(QSettings(again, QSettings::IniFormat)) != wanted) return false;
+  const QVariantMap written = ValuesOf(QSettings(again, QSettings::IniFormat));
+  if (SteadyOf(written) != SteadyOf(wanted)) return false;
   if (!ReplaceWholeFile(FromQPath(path), bytes).Ok()) return false;
   unsaved.clear();
-  values = wanted;
+  values = TextsOf(wanted);
   return true;
 }

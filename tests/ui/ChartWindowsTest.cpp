@@ -105,6 +105,26 @@ TEST_F(ChartWindows, EachHasAnObjectBrowserOfItsChart) {
   }
 }
 
+/// Settings that nothing can be stored in; the message about that lets the windows paint.
+class FullProfile : public MemoryProfile, public MessageBoxes {
+ public:
+  void Write(const std::string&, const std::vector<Setting>&) override { ShowMessage("", MB_OK); }
+  MessageAnswer Show(const std::string&, unsigned) override {
+    QApplication::processEvents();
+    ++shown;
+    return MessageAnswer::Ok;
+  }
+  int shown = 0;
+};
+
+TEST_F(ChartWindows, AMessageAboutTheSettingsComesWhenTheChartIsThere) {
+  FullProfile full;
+  const UseService<Profile> settings(full);
+  const UseService<MessageBoxes> messages(full);
+  Open(MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv");
+  EXPECT_EQ(full.shown, 1);
+}
+
 TEST_F(ChartWindows, TheChartBrowserOpensChartsAndComesBackToItsFolder) {
   const TempFolder folder;
   profile.WriteString("ToolBars", "BrowseDir", folder.Root().string());
