@@ -80,6 +80,7 @@ bool LinkChain::Build(std::span<const ChainRecord> records) {
       tail = new TailLink(last, owner);
       last->next = tail;
       JoinTail(record.start, record.end);
+      DropEmptySegments();
       break;
     } else {
       continue;
@@ -106,6 +107,15 @@ void LinkChain::JoinTail(POINT stub, POINT anchor) {
     tail->MoveEnds(stub, anchor);
     while (Slants(tail->prev)) static_cast<SegmentLink*>(tail->prev)->MoveTo(stub);
   } while (tail->prev->end != tail->start);
+}
+
+/// What a segment behind a slant leaves without length would not be read again.
+void LinkChain::DropEmptySegments() {
+  for (Link* link = head->next; link != tail;) {
+    Link* const next = link->next;
+    if (link->start == link->end) link->Remove();
+    link = next;
+  }
 }
 
 const Link* LinkChain::Middle() const {

@@ -41,6 +41,7 @@ class LinkChain {
 
  private:
   void JoinTail(POINT stub, POINT anchor);
+  void DropEmptySegments();
 
   const Transition* owner;
   HeadLink* head = nullptr;
