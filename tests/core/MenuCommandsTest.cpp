@@ -61,10 +61,16 @@ TEST_F(ContextMenu, OfATransitionFollowsItsMessage) {
   EXPECT_EQ(transition->GetMesg(), nullptr);
 }
 
-TEST_F(ContextMenu, EachObjectAsksBeforeItIsDeleted) {
-  chart = LoadChart(ChartText(InitialRecord(1, {20, 10, 24, 14}) + LineRecord(2, 0, 0, "0 0 0 0") +
-                              TransitionRecord(3, 1, 0) + MesgRecord(4, 3, {30, 10, 40, 16}) +
-                              NoteRecord(5, {50, 10, 60, 16}, Block(""))));
+/// One object of each kind.
+class Deletion : public DialogTest {
+ protected:
+  Deletion()
+      : DialogTest(ChartText(InitialRecord(1, {20, 10, 24, 14}) + LineRecord(2, 0, 0, "0 0 0 0") +
+                             TransitionRecord(3, 1, 0) + MesgRecord(4, 3, {30, 10, 40, 16}) +
+                             NoteRecord(5, {50, 10, 60, 16}, Block("")))) {}
+};
+
+TEST_F(Deletion, EachObjectAsksBeforeItIsDeleted) {
   const std::tuple<int, unsigned, const char*> cases[] = {
       {5, ID_NOTE_DELETE, "Please confirm deletion"},
       {4, ID_MESG_DELETE, "Please confirm deletion"},
