@@ -26,7 +26,6 @@ class Canvas {
   }
   QImage& Image() { return image; }
   QtFontCache& Fonts() { return fonts; }
-  double Scale() const { return scale; }
 
   /// The lightness of a physical pixel, 0 to 255.
   int At(int x, int y) const { return qGray(image.pixel(x, y)); }

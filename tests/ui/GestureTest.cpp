@@ -35,7 +35,6 @@ class GestureTest : public testing::Test {
     QApplication::processEvents();
   }
   void Hover(QPoint p) { SendMouse(Area(), QEvent::MouseMove, p, Qt::NoButton); }
-  void PostEscape() { PostKey(*widget, Qt::Key_Escape); }
 
   QImage Now() const { return widget->Picture().copy(); }
   QImage Repainted() {
