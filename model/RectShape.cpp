@@ -151,6 +151,8 @@ void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y
     ShowHandles(true);
   }
   if (tracker == nullptr) return;
+  // The shape may have moved since it was painted.
+  tracker->rect = DeviceRect();
   Collection& selection = view->GetSelection();
   if (tracker->Track(*view, {x, y})) {
     const RECT dropped = view->AddScroll(view->ToModel(tracker->GetTrueRect()));

@@ -25,28 +25,6 @@ TEST(Line, AKeyThatNamesNoAnchorLeavesTheEndWhereItIs) {
   EXPECT_EQ(TheLine(*chart).GetStart(), (POINT{40, 40}));
 }
 
-TEST(Line, FollowsAndLetsGo) {
-  const auto chart = Chart();
-  Line& line = TheLine(*chart);
-  EXPECT_EQ(line.GetEndShape(), Find<Note>(*chart, kNote)) << "which stands behind it in the file";
-  MoveState(*chart, {38, 32, 48, 42});
-  EXPECT_EQ(line.GetStart(), (POINT{43, 42}));
-  // Selected, it follows a resize but not a move.
-  chart->GetSelection().Add(&line);
-  MoveState(*chart, {1, 1, 11, 11});
-  EXPECT_EQ(line.GetStart(), (POINT{43, 42}));
-  Find<GenericState>(*chart, kState)->ResizeTo({1, 1, 21, 11});
-  EXPECT_EQ(line.GetStart(), (POINT{11, 11}));
-  delete Find<Note>(*chart, kNote);
-  EXPECT_EQ(line.GetEndShape(), nullptr);
-  EXPECT_EQ(line.GetEnd(), (POINT{60, 60}));
-  POINT by{1, 2};
-  line.OnBroadcast(BROADCAST_MOVE, &by);
-  EXPECT_EQ(line.GetStartShape(), nullptr);
-  EXPECT_TRUE(Find<GenericState>(*chart, kState)->GetConnectors().empty());
-  EXPECT_EQ(line.GetStart(), (POINT{12, 13}));
-}
-
 TEST(Line, HitsItsBandAndItsEnds) {
   const auto chart = Chart();
   for (const POINT p : {POINT{302, 297}, {237, 237}, {242, 237}, {362, 362}}) {

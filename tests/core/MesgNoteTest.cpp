@@ -26,19 +26,6 @@ TEST(Mesg, ShowsItsThreeTexts) {
   EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), Texts{"onEvent()"});
 }
 
-TEST(Mesg, StaysOnTheLabelWhenItIsResizedThere) {
-  const auto chart = Chart({17, 16, 27, 22});
-  Mesg& mesg = TheMesg(*chart);
-  mesg.ResizeTo({17, 16, 37, 22});
-  EXPECT_EQ(mesg.GetBounds(), (RECT{12, 16, 32, 22}));
-  mesg.MoveTo({30, 30, 50, 36});
-  EXPECT_FALSE(mesg.IsAligned());
-  mesg.ResizeTo({30, 30, 40, 36});
-  EXPECT_EQ(mesg.GetBounds(), (RECT{30, 30, 40, 36}));
-  mesg.OnCommand(ID_MESG_ALIGN);
-  EXPECT_EQ(mesg.GetBounds(), (RECT{17, 16, 27, 22}));
-}
-
 TEST(Mesg, WithoutATransitionItIsALooseBoxThatKeepsItsReference) {
   const auto chart = Chart({17, 16, 27, 22}, kMesg);
   Mesg& mesg = TheMesg(*chart);

@@ -11,15 +11,25 @@ std::unique_ptr<LayoutMgr> ChartTo(POINT corner) {
   return LoadChart(ChartText(StateRecord(1, {corner.x - 20, corner.y - 15, corner.x, corner.y})));
 }
 
+/// Asks for the printer and turns "Print to Fit" round in the dialog that opens.
+class PrintSetup : public DialogHost {
+ public:
+  void Run(CDialog& dialog) override {
+    bool& fits = dialog.Control(PrinterSetup::IDC_PRINT_TO_FIT).checked;
+    fits = !fits;
+    dialog.Click(PrinterSetup::IDC_PRINTER);
+    EXPECT_TRUE(dialog.IsOpen());
+    dialog.Click(button);
+  }
+  int button = IDOK;
+
+ private:
+  const UseService<DialogHost> use{*this};
+};
+
 class Print : public testing::Test {
  protected:
-  void PrintToFit(LayoutMgr& chart) {
-    host.Expect("Print Setup", [](CDialog& dialog) {
-      ScriptedDialogHost::Toggle(dialog, PrinterSetup::IDC_PRINT_TO_FIT);
-      ScriptedDialogHost::Press(dialog, IDOK);
-    });
-    chart.OnCommand(ID_FILE_PRINT_SETUP);
-  }
+  static void PrintToFit(LayoutMgr& chart) { chart.OnCommand(ID_FILE_PRINT_SETUP); }
   const std::vector<ScriptedPrinting::Page>& Printed(LayoutMgr& chart) {
     EXPECT_TRUE(chart.OnCommand(ID_FILE_PRINT));
     return printing.documents.back().pages;
@@ -27,7 +37,7 @@ class Print : public testing::Test {
   SIZE FirstExtent(LayoutMgr& chart) { return Printed(chart).at(0).mapping.WindowExt(); }
 
   ScriptedPrinting printing;
-  ScriptedDialogHost host;
+  PrintSetup setup;
   ScriptedMessageBoxes boxes;
 };
 
@@ -55,6 +65,19 @@ TEST_F(Print, TheExtentDividesIntoPages) {
     EXPECT_EQ(chart->GetPagesDown(), c.pages.cy) << c.corner.x;
     EXPECT_EQ(printing.documents.back().ended, !tooMany);
   }
+}
+
+TEST_F(Print, TheSetupIsOfTheViewAndNotOfTheChart) {
+  const auto chart = LoadChart(SmallChart());
+  chart->TakeSnapshot();
+  for (const bool ok : {false, true}) {
+    setup.button = ok ? IDOK : IDCANCEL;
+    EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_SETUP));
+    EXPECT_EQ(chart->IsPrintedToFit(), ok);
+  }
+  EXPECT_EQ(printing.setups, 2);
+  chart->TakeSnapshot();
+  EXPECT_FALSE(chart->OnUpdateCommand(ID_EDIT_UNDO).enabled);
 }
 
 TEST_F(Print, ToFitPutsTheCornerOnTheEdgeOfOnePage) {

@@ -51,30 +51,6 @@ TEST(Transition, ConnectsAnchors) {
   EXPECT_EQ(model.Objects().size(), 5U);
 }
 
-TEST(Transition, FollowsItsStates) {
-  const auto chart = TwoStates();
-  MoveState(*chart, kSource, {3, 4});
-  EXPECT_EQ(Route(*chart), "13,14 13,15 40,15 40,49 40,50");
-  MoveState(*chart, kTarget, {-2, 5});
-  EXPECT_EQ(Route(*chart), "13,14 13,15 38,15 38,54 38,55");
-  // A selected one moves by itself, with the states that are selected, and lets go of the others.
-  Collection& selection = chart->GetSelection();
-  selection.Add(&Arrow(*chart));
-  MoveState(*chart, kSource, {1, 1});
-  EXPECT_EQ(Route(*chart), "13,14 13,15 38,15 38,54 38,55");
-  selection.Add(Find<GenericState>(*chart, kSource));
-  POINT by{5, 6};
-  selection.Broadcast(BROADCAST_MOVE, &by, nullptr);
-  const std::string moved = "18,20 18,21 43,21 43,60 43,61";
-  EXPECT_EQ(Route(*chart), moved);
-  EXPECT_NE(Arrow(*chart).GetSource(), nullptr);
-  EXPECT_EQ(Arrow(*chart).GetTarget(), nullptr);
-  EXPECT_TRUE(Find<GenericState>(*chart, kTarget)->GetIncoming().empty());
-  delete Find<GenericState>(*chart, kSource);
-  EXPECT_EQ(Arrow(*chart).GetSource(), nullptr);
-  EXPECT_EQ(Route(*chart), moved);
-}
-
 TEST(Transition, BearsADamagedKeyAndADamagedChain) {
   const auto chart = TwoStates("", LinkLines(kDown), "3 77 1 2");
   const std::string before = chart->ModelText();
@@ -111,20 +87,6 @@ TEST(Transition, CutsOutFourLoopsAndGivesUpAtFive) {
   MoveState(*five, kSource, {0, -1});
   EXPECT_EQ(Arrow(*five).Route(), read);
   EXPECT_EQ(boxes.LastFlags(), MB_OK);
-}
-
-TEST(Transition, TheMessageOnTheLabelFollowsUnlessTheUserHoldsIt) {
-  const auto follows = [](const RECT& rect, bool selected) {
-    const auto chart = TwoStates(MesgRecord(kMesg, kArrow, rect));
-    auto* mesg = Find<Mesg>(*chart, kMesg);
-    if (selected) chart->GetSelection().Add(mesg);
-    const POINT before = mesg->GetCentre();
-    MoveState(*chart, kSource, {0, 4});
-    return mesg->GetCentre() - before;
-  };
-  EXPECT_EQ(follows({35, 27, 45, 33}, false), (POINT{0, 2}));
-  EXPECT_EQ(follows({36, 27, 46, 33}, false), (POINT{0, 0})) << "off the label";
-  EXPECT_EQ(follows({35, 27, 45, 33}, true), (POINT{0, 0}));
 }
 
 TEST(Transition, OfSeveralMessagesOneIsItsOwnAndAllDieWithIt) {

@@ -34,6 +34,5 @@
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
 #include "tests/support/FakeWindow.h"
-#include "tests/support/NotingBrowser.h"
 #include "tests/support/Scripted.h"
 #include "tests/support/TempFolder.h"

@@ -1,14 +1,12 @@
 #pragma once
 
 #include <deque>
-#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "platform/CDialog.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
 #include "platform/UseService.h"
@@ -67,11 +65,6 @@ class ScriptedDialogs : public Dialogs {
   void ExpectOpen(std::optional<std::string> path);
   void ExpectSave(std::optional<std::string> path);
   void ExpectExport(std::optional<ExportAnswer> answer);
-  /// The next colour dialog has to start from one colour, and gives the other.
-  void ExpectColor(COLORREF start, std::optional<COLORREF> chosen);
-  void ExpectFont(std::optional<FontChoice> chosen);
-  /// What the last dialog for a font started from.
-  const FontChoice& LastFont() const { return lastFont; }
   /// What the last dialog for an export was asked for.
   const ExportRequest& LastExport() const { return lastExport; }
   /// What the last dialog for saving proposed.
@@ -80,40 +73,14 @@ class ScriptedDialogs : public Dialogs {
   std::optional<std::string> AskOpenPath(const FileFilter&) override { return opens.Take().second; }
   std::optional<std::string> AskSavePath(const FileFilter&, const std::string& suggestion) override;
   std::optional<ExportAnswer> AskExport(const ExportRequest& request) override;
-  std::optional<COLORREF> AskColor(COLORREF start) override;
-  std::optional<FontChoice> AskFont(const FontChoice& start) override;
+  std::optional<COLORREF> AskColor(COLORREF) override { return {}; }
+  std::optional<FontChoice> AskFont(const FontChoice&) override { return {}; }
 
  private:
   ScriptedAnswers<std::optional<std::string>> opens{"dialog for opening"};
   ScriptedAnswers<std::optional<std::string>> saves{"dialog for saving"};
   ScriptedAnswers<std::optional<ExportAnswer>> exports{"dialog for an export"};
-  ScriptedAnswers<std::optional<COLORREF>> colors{"dialog for a colour"};
-  ScriptedAnswers<std::optional<FontChoice>> fonts{"dialog for a font"};
   ExportRequest lastExport;
-  FontChoice lastFont;
   std::string lastSuggestion;
   const UseService<Dialogs> use{*this};
-};
-
-/// The same for the program's own dialogs: each one that opens runs the next script, which sets
-/// controls and clicks until the dialog has closed.
-class ScriptedDialogHost : public DialogHost {
- public:
-  using Script = std::function<void(CDialog&)>;
-
-  /// The next dialog has to have that caption.
-  void Expect(std::string caption, Script script);
-  void Run(CDialog& dialog) override;
-
-  // What a user does in a dialog; a control that is disabled fails the test.
-  static void Type(CDialog& dialog, int id, const std::string& text);
-  static void Press(CDialog& dialog, int id);
-  /// Clicks a check box, which changes it.
-  static void Toggle(CDialog& dialog, int id);
-  static void Choose(CDialog& dialog, int id, int item);
-  static void SelectRows(CDialog& dialog, int id, std::vector<int> rows);
-
- private:
-  ScriptedAnswers<Script> expected{"dialog"};
-  const UseService<DialogHost> use{*this};
 };

@@ -1,0 +1,63 @@
+#include "tests/scenarios/Scenario.h"
+
+// Stories of a user, tests/scenarios/*.txt. A section begins with "== " and its name. Its lines
+// with
+// ">" are what the user does, all others what comes of that. With the environment variable
+// MORVANE_UPDATE_GOLDEN set, the tests write the files anew instead.
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Section {
+  fs::path file;
+  std::string name;
+  std::string text;
+};
+
+void PrintTo(const Section& section, std::ostream* out) { *out << section.name; }
+
+std::vector<Section> ReadSections() {
+  std::vector<Section> sections;
+  for (const auto& entry : fs::directory_iterator(MORVANE_SOURCE_DIR "/tests/scenarios")) {
+    if (entry.path().extension() != ".txt") continue;
+    std::ifstream in(entry.path());
+    for (std::string line; std::getline(in, line);) {
+      if (line.starts_with("== ")) {
+        sections.push_back({entry.path(), line.substr(3), ""});
+      } else if (!line.starts_with('#') && !line.empty()) {
+        sections.back().text += line + "\n";
+      }
+    }
+  }
+  return sections;
+}
+
+void Update(const Section& section, const std::string& played) {
+  std::string text;
+  EXPECT_TRUE(ReadWholeFile(section.file.string(), text).Ok());
+  const std::size_t begin = text.find("== " + section.name + "\n") + section.name.size() + 4;
+  const std::size_t end = std::min(text.find("\n== ", begin), text.size());
+  WriteWholeFile(section.file.string(), text.replace(begin, end - begin, played));
+}
+
+class Story : public testing::TestWithParam<Section> {};
+
+TEST_P(Story, GoesAsItIsTold) {
+  std::deque<std::string> steps;
+  std::istringstream in(GetParam().text);
+  for (std::string line; std::getline(in, line);) {
+    if (line.starts_with("> ")) steps.push_back(line.substr(2));
+  }
+  const std::string played = Scenario(steps).Play();
+  EXPECT_EQ(played, GetParam().text);
+  if (std::getenv("MORVANE_UPDATE_GOLDEN") != nullptr) Update(GetParam(), played);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfAUser, Story, testing::ValuesIn(ReadSections()), [](const auto& info) {
+  std::string name = info.param.file.stem().string() + "_" + info.param.name;
+  for (char& c : name) c = std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
+  return name;
+});
+
+}  // namespace

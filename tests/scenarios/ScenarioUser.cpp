@@ -1,0 +1,190 @@
+#include "tests/scenarios/ScenarioUser.h"
+
+#include <iomanip>
+
+namespace {
+
+using Kind = DialogControl::Kind;
+
+std::string Hex(unsigned number) {
+  std::ostringstream text;
+  text << "0x" << std::hex << std::uppercase << number;
+  return text.str();
+}
+
+/// The label of a control, or of the container around it if it has none.
+std::string LabelOf(const CDialog& dialog, const DialogControl& control) {
+  const bool isBare = control.kind > Kind::Page && control.label.empty() && control.parent != 0;
+  return isBare ? LabelOf(dialog, dialog.Control(control.parent)) : Plain(control.label);
+}
+
+/// What a control shows, in a line or, for a list, in one for each row; none for a mere container.
+Lines Shown(const CDialog& dialog, const DialogControl& control) {
+  const std::string label = (control.enabled ? "" : "disabled ") + LabelOf(dialog, control);
+  switch (control.kind) {
+    case Kind::Edit:
+    case Kind::MultiEdit: return {label + " \"" + Escaped(control.text) + "\""};
+    case Kind::CheckBox: return {(control.checked ? "[x] " : "[ ] ") + label};
+    case Kind::Button: return {"<" + label + ">"};
+    case Kind::Combo:
+      return {label + " " + std::to_string(control.selection) + " of " +
+              std::to_string(control.itemCount)};
+    case Kind::List: {
+      Lines lines;
+      for (int row = 0; row < static_cast<int>(control.rows.size()); ++row) {
+        const bool selected = std::ranges::count(control.selectedRows, row) != 0;
+        std::string line = selected ? "*" : "-";
+        for (const std::string& cell : control.rows[static_cast<std::size_t>(row)]) {
+          line += " | " + cell;
+        }
+        lines.push_back(line);
+      }
+      return lines;
+    }
+    default: return label.empty() ? Lines() : Lines{label};
+  }
+}
+
+Lines Shown(const CDialog& dialog) {
+  Lines lines;
+  for (const DialogControl& control : dialog.Controls()) {
+    std::ranges::copy(Shown(dialog, control), std::back_inserter(lines));
+  }
+  return lines;
+}
+
+/// The control that a step names by its label, "rows" being the list; "#2" behind a label means the
+/// second one that has it. Null if there is none.
+DialogControl* FindControl(CDialog& dialog, std::string name) {
+  int skipped = 0;
+  if (const std::size_t mark = name.find('#'); mark != std::string::npos) {
+    skipped = std::stoi(name.substr(mark + 1)) - 1;
+    name.resize(mark);
+  }
+  for (const DialogControl& control : dialog.Controls()) {
+    const std::string label = control.kind == Kind::List ? "rows" : LabelOf(dialog, control);
+    if (control.kind <= Kind::Page || label != name || skipped-- != 0) continue;
+    return &dialog.Control(control.id);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::string Escaped(const std::string& text) {
+  std::ostringstream escaped;
+  for (const unsigned char c : text) {
+    if (c >= ' ' && c < 0x7F && c != '\\') {
+      escaped << c;
+    } else {
+      escaped << "\\x" << std::hex << std::uppercase << std::setw(2) << std::setfill('0') << int{c};
+    }
+  }
+  return escaped.str();
+}
+
+std::string Unescaped(const std::string& text) {
+  std::string bytes;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool isEscape = text.compare(i, 2, "\\x") == 0;
+    bytes += isEscape ? static_cast<char>(std::stoi(text.substr(i + 2, 2), nullptr, 16)) : text[i];
+    i += isEscape ? 3 : 0;
+  }
+  return bytes;
+}
+
+std::string Plain(std::string_view text) {
+  std::string plain(text.substr(0, text.find('\t')));
+  std::erase(plain, '&');
+  return plain;
+}
+
+std::optional<std::string> ScenarioUser::Next() {
+  if (steps.empty()) return std::nullopt;
+  const std::string step = steps.front();
+  steps.pop_front();
+  Note("> " + step);
+  return step;
+}
+
+void ScenarioUser::Note(const Lines& lines, const std::string& prefix) {
+  for (const std::string& line : lines) Note(prefix + line);
+}
+
+void ScenarioUser::Run(CDialog& dialog) {
+  const Lines shown = Shown(dialog);
+  Lines& before = dialogs[dialog.Caption()];
+  Note("dialog " + dialog.Caption());
+  Note(before.empty() ? shown : LineDiff(before, shown), "  ");
+  before = shown;
+  while (dialog.IsOpen()) {
+    if (const auto step = Next()) {
+      Use(dialog, *step);
+    } else {
+      Note("the dialog is left open");
+      dialog.Click(IDCANCEL);
+    }
+  }
+}
+
+void ScenarioUser::Use(CDialog& dialog, const std::string& step) {
+  const std::size_t equals = step.find(" = ");
+  DialogControl* control = FindControl(dialog, step.substr(0, equals));
+  if (control == nullptr || !control->enabled) return Note("cannot be used");
+  const std::string value = equals != std::string::npos ? step.substr(equals + 3) : "";
+  switch (control->kind) {
+    case Kind::Edit:
+    case Kind::MultiEdit: control->text = Unescaped(value); return;
+    case Kind::CheckBox: control->checked = !control->checked; break;
+    case Kind::Combo: control->selection = std::stoi(value); break;
+    case Kind::List: {
+      std::istringstream rows(value);
+      control->selectedRows.assign(std::istream_iterator<int>(rows), {});
+      break;
+    }
+    default: break;
+  }
+  const Lines before = Shown(dialog);
+  dialog.Click(control->id);
+  if (dialog.IsOpen()) Note(LineDiff(before, Shown(dialog)), "  ");
+}
+
+MessageAnswer ScenarioUser::Show(const std::string& text, unsigned flags) {
+  Note("box " + Hex(flags) + " " + Escaped(text));
+  if ((flags & kButtonSetMask) == MB_OK) return MessageAnswer::Ok;
+  const std::string answer = Next().value_or("");
+  if (answer == "Yes") return MessageAnswer::Yes;
+  if (answer == "No") return MessageAnswer::No;
+  return answer == "OK" ? MessageAnswer::Ok : MessageAnswer::Cancel;
+}
+
+unsigned ScenarioUser::Track(const std::vector<Item>& items, POINT screen) {
+  std::string shown;
+  unsigned chosen = 0;
+  for (const auto& [id, text, state] : items) {
+    if (id == 0) continue;
+    shown += std::string(" ") + (state.enabled ? "" : "-") + (state.checked ? "+" : "") + "<" +
+             Plain(text) + ">";
+    if (Plain(text) == entry && state.enabled) chosen = id;
+  }
+  if (shown != std::exchange(menu, shown)) {
+    Note("menu at " + std::to_string(screen.x) + "," + std::to_string(screen.y) + shown);
+  }
+  if (chosen == 0) Note("nothing is chosen");
+  return chosen;
+}
+
+std::optional<COLORREF> ScenarioUser::AskColor(COLORREF start) {
+  Note("colour from " + Hex(start));
+  const std::string answer = Next().value_or("Cancel");
+  if (answer == "Cancel") return std::nullopt;
+  return static_cast<COLORREF>(std::stoul(answer, nullptr, 16));
+}
+
+std::optional<Dialogs::FontChoice> ScenarioUser::AskFont(const FontChoice& start) {
+  Note("font from " + start.face + " " + std::to_string(start.tenths) + " " + Hex(start.color));
+  std::istringstream answer(Next().value_or("Cancel"));
+  FontChoice choice;
+  answer >> choice.face >> choice.tenths >> std::hex >> choice.color;
+  return choice.face != "Cancel" ? std::optional(choice) : std::nullopt;
+}
