@@ -1,21 +1,8 @@
-#include "platform/Pictures.h"
 #include "shell/CommandLine.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/SizedPictures.h"
 
 namespace {
-
-/// Makes pictures that tell their size.
-class FakePictures : public Pictures {
- public:
-  std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<CNullDC>(); }
-  std::optional<std::string> MakePng(SIZE size, const Paint& paint) override {
-    CNullDC dc;
-    paint(dc);
-    return "png " + std::to_string(size.cx) + "x" + std::to_string(size.cy) +
-           (dc.IsPrinting() ? " printed" : "");
-  }
-  std::optional<std::string> MakePdf(SIZE, const Paint&) override { return std::nullopt; }
-};
 
 class CommandLineTest : public ::testing::Test {
  protected:
@@ -27,8 +14,7 @@ class CommandLineTest : public ::testing::Test {
 
   TempFolder folder;
   const std::string chart = folder.Write("Small.mrv", ModelFile::ToDisk(SmallChart()));
-  FakePictures pictures;
-  const UseService<Pictures> use{pictures};
+  SizedPictures pictures;
   std::ostringstream out;
   std::ostringstream err;
 };
@@ -65,6 +51,7 @@ TEST_F(CommandLineTest, ConvertWritesThePresentVersion) {
 }
 
 TEST_F(CommandLineTest, FailuresNameFileAndReasonAndWriteNothing) {
+  pictures.limit = 100;
   const std::string none = folder.Path("none.mrv");
   const std::string bad = folder.Write("bad.mrv", "hello");
   const std::string nowhere = folder.Path("no/o.mrv");
@@ -91,7 +78,7 @@ TEST_F(CommandLineTest, PicturesShowTheWholeChartAtNormalSize) {
   for (const char* name : {"o.png", "o.SVG", "again.svg"}) {
     EXPECT_EQ(Run({"--export", folder.Path(name), chart}), 0) << err.str();
   }
-  EXPECT_EQ(folder.Read("o.png"), "png 318x198 printed");
+  EXPECT_EQ(folder.Read("o.png"), "318x198 printed");
   const std::string svg = folder.Read("o.SVG");
   EXPECT_NE(svg.find("width=\"318\" height=\"198\""), std::string::npos);
   EXPECT_NE(svg.find(">lines</text>"), std::string::npos);

@@ -1,7 +1,7 @@
-#include "platform/Pictures.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/EmfReader.h"
 #include "tests/support/Routes.h"
+#include "tests/support/SizedPictures.h"
 
 namespace {
 
@@ -9,22 +9,6 @@ constexpr int kLow = std::numeric_limits<int>::min();
 constexpr int kHigh = std::numeric_limits<int>::max();
 constexpr const char* kTooLarge = "The chart is too large for a picture of this kind";
 constexpr const char* kExtensions[] = {".png", ".svg", ".pdf", ".emf"};
-
-/// Makes pictures that tell their size, up to a limit.
-class SmallPictures : public Pictures {
- public:
-  std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<CNullDC>(); }
-  std::optional<std::string> MakePng(SIZE size, const Paint&) override { return Make(size); }
-  std::optional<std::string> MakePdf(SIZE size, const Paint&) override { return Make(size); }
-
- private:
-  static std::optional<std::string> Make(SIZE size) {
-    constexpr int limit = 30000;
-    if (size.cx > limit || size.cy > limit) return std::nullopt;
-    return std::to_string(size.cx) + "x" + std::to_string(size.cy);
-  }
-  const UseService<Pictures> use{*this};
-};
 
 /// A chart in a document with a path, as it is after opening.
 class ExportTest : public ::testing::Test {
@@ -56,17 +40,6 @@ class ExportTest : public ::testing::Test {
     Export(path);
     EXPECT_EQ(boxes.LastFlags(), unsigned{MB_ICONHAND});
   }
-  /// What the dialog proposes, which is closed with Cancel then.
-  const Dialogs::ExportRequest& Proposed() {
-    dialogs.ExpectExport(std::nullopt);
-    Chart().OnCommand(ID_FILE_EXPORT);
-    return dialogs.LastExport();
-  }
-  std::string Read(const std::string& name) const {
-    std::string bytes;
-    ReadWholeFile(folder.Path(name), bytes);
-    return bytes;
-  }
   std::size_t FileCount() const {
     const std::filesystem::directory_iterator entries(folder.Root());
     return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
@@ -75,30 +48,11 @@ class ExportTest : public ::testing::Test {
   TempFolder folder;
   MemoryProfile profile;
   const UseService<Profile> use{profile};
-  SmallPictures pictures;
+  SizedPictures pictures;
   ScriptedMessageBoxes boxes;
   ScriptedDialogs dialogs;
   CMorvaneDoc document;
 };
-
-TEST_F(ExportTest, ProposesTheChartsNameAndTheKindUsedLast) {
-  EXPECT_EQ(Proposed().suggestion, folder.Path("Lift.v2.png"));
-  EXPECT_FALSE(Proposed().hasSelection);
-  ASSERT_EQ(Proposed().kinds.size(), 4U);
-  EXPECT_EQ(Proposed().kinds[2].text, "PDF Page (*.pdf)");
-  EXPECT_EQ(FileCount(), 1U) << "Cancel writes nothing";
-  const std::pair<const char*, std::size_t> used[] = {{".SVG", 1}, {".emf", 3}, {".png", 0}};
-  for (const auto& [extension, kind] : used) {
-    Export(folder.Path("a") + extension);
-    EXPECT_GT(Read(std::string("a") + extension).size(), 0U);
-    EXPECT_EQ(Proposed().suggestion, folder.Path("Lift.v2") + kExtensions[kind]);
-    EXPECT_EQ(Proposed().kind, kind);
-  }
-  profile.WriteString("Export", "Kind", ".gif");
-  document.SetPathName("");
-  document.SetTitle("Untitled1");
-  EXPECT_EQ(Proposed().suggestion, "Untitled1.png");
-}
 
 TEST_F(ExportTest, ASelectionIsCutOutAloneAndTheChartStaysAsItWas) {
   // The note stands at (40, 10) to (52, 16) and paints two model units around; one more is room.
@@ -113,14 +67,14 @@ TEST_F(ExportTest, ASelectionIsCutOutAloneAndTheChartStaysAsItWas) {
   EXPECT_FALSE(Chart().OnUpdateCommand(ID_EDIT_UNDO).enabled);
   EXPECT_FALSE(document.IsModified());
 
-  EXPECT_EQ(Read("o.png"), "108x72");
-  EXPECT_EQ(Read("o.pdf"), "108x72");
-  const std::string svg = Read("o.svg");
+  EXPECT_EQ(folder.Read("o.png"), "108x72 printed");
+  EXPECT_EQ(folder.Read("o.pdf"), "108x72 printed");
+  const std::string svg = folder.Read("o.svg");
   EXPECT_NE(svg.find("viewBox=\"0 0 108 72\""), std::string::npos);
   EXPECT_NE(svg.find("points=\"18.5,18.5 "), std::string::npos) << svg;
   EXPECT_NE(svg.find(">lines<"), std::string::npos);
   EXPECT_EQ(svg.find("[Entry]"), std::string::npos) << "nothing else shows";
-  const EmfReader emf(Read("o.emf"));
+  const EmfReader emf(folder.Read("o.emf"));
   emf.CheckFrame();
   EXPECT_EQ(emf.RectAtOffset(8), (RECT{0, 0, 107, 71}));
   EXPECT_EQ(emf.CountOf(EmfReader::kExtTextOut), 2U) << "the two lines of the note";
@@ -174,14 +128,14 @@ TEST_F(ExportTest, WhatCannotBeWrittenNamesTheReasonAndKeepsTheOldFile) {
   for (const std::string& path : {folder.Path("gone/o.svg"), folder.Path("Lift.v2.mrv/o.png")}) {
     ExportFails(path, "Unable to open for writing");
   }
-  EXPECT_EQ(Read("Lift.v2.mrv"), SmallChart());
+  EXPECT_EQ(folder.Read("Lift.v2.mrv"), SmallChart());
   EXPECT_EQ(FileCount(), 1U);
   // A file is replaced, not overwritten.
   WriteWholeFile(folder.Path("o.svg"), "old");
   std::filesystem::create_hard_link(folder.Path("o.svg"), folder.Path("old.svg"));
   Export(folder.Path("o.svg"));
-  EXPECT_EQ(Read("old.svg"), "old");
-  EXPECT_NE(Read("o.svg"), "old");
+  EXPECT_EQ(folder.Read("old.svg"), "old");
+  EXPECT_NE(folder.Read("o.svg"), "old");
   std::filesystem::create_symlink("/dev/full", folder.Path("full.svg"));
   ExportFails(folder.Path("full.svg"), "No space left on device");
   EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("full.svg")));

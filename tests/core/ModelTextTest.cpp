@@ -132,30 +132,6 @@ TEST(ModelText, OlderVersionsLackWhatCameLater) {
   }
 }
 
-TEST(ModelText, DamagedReferencesLeaveFreeEnds) {
-  const std::string links = LinkLines("22,14 22,15 22,23 22,24");
-  // A source that can't start a transition, a target that is a note, one that isn't there.
-  const auto chart = LoadChart(ChartText(
-      NoteRecord(1, {40, 10, 52, 16}, Block("")) + TransitionRecord(2, 1, 99, "3 1 1 2", links) +
-      TransitionRecord(3, 2, 3, "3 1 1 2", links) + LineRecord(4, 2, 77, "1 1 1 1") +
-      MesgRecord(5, 1, {0, 0, 10, 6})));
-  EXPECT_EQ(Find<Transition>(*chart, 2)->GetSource(), nullptr);
-  EXPECT_EQ(Find<Transition>(*chart, 3)->GetTarget(), nullptr);
-  EXPECT_EQ(Find<Line>(*chart, 4)->GetStartShape(), nullptr);
-  EXPECT_EQ(Find<Line>(*chart, 4)->GetEndShape(), nullptr);
-  EXPECT_EQ(Find<Mesg>(*chart, 5)->GetTransition(), nullptr);
-}
-
-TEST(ModelText, OfTwoObjectsWithOneIdTheLastHasIt) {
-  const auto chart = LoadChart(ChartText(StateRecord(5, {10, 10, 20, 20}, "first") +
-                                         StateRecord(5, {30, 30, 40, 40}, "last")));
-  EXPECT_EQ(Find<State>(*chart, 5)->GetName(), "last");
-  // Deleting the one without the id leaves the other one alone.
-  delete chart->GetModel().Objects().front();
-  ASSERT_EQ(chart->GetModel().Objects().size(), 1U);
-  EXPECT_EQ(Find<State>(*chart, 5)->GetName(), "last");
-}
-
 TEST(ModelFile, LineEndsOnDisk) {
   EXPECT_EQ(ModelFile::FromDisk("a\r\nb\nc\r\r\n\rd\r"), "a\nb\nc\r\n\rd\r");
   EXPECT_EQ(ModelFile::ToDisk("a\nb\r\n"), "a\r\nb\r\r\n");

@@ -3,7 +3,6 @@
 #include "platform/CRgn.h"
 #include "platform/CSvgDC.h"
 #include "platform/Mapping.h"
-#include "platform/RecentFiles.h"
 #include "platform/TextCodec.h"
 #include "platform/TextLayout.h"
 #include "resources/InstallFolder.h"
@@ -150,16 +149,6 @@ TEST(Files, KeepTheirBytesAndAreFoundWithoutRegardToCase) {
   EXPECT_EQ(FolderOf("C:\\a/b\\Chart.mrv"), "C:\\a/b");
   EXPECT_EQ(ExtensionOf("a.b/Chart.MRV"), ".mrv");
   EXPECT_EQ(ExtensionOf("a.b/Chart"), "");
-}
-
-TEST(RecentFiles, KeepsTheLastSixNewestFirst) {
-  MemoryProfile profile;
-  const UseService<Profile> use(profile);
-  RecentFiles recent;
-  for (const char* path : {"a", "b", "c", "d", "e", "f", "g", "c"}) recent.Add(path);
-  RecentFiles again;
-  again.Load();
-  EXPECT_EQ(again.Paths(), (std::vector<std::string>{"c", "g", "f", "e", "d", "b"}));
 }
 
 }  // namespace

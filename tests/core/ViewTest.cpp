@@ -10,46 +10,6 @@ std::unique_ptr<LayoutMgr> Shown(const std::string& text) {
   return chart;
 }
 
-TEST(View, ZoomStopsAtItsLimitsAndSnapsThePosition) {
-  const auto chart = Shown(SmallChart());
-  for (const auto& [device, model] : Points("3,1 2,0 -3,-1 -2,0 9,2 8,1")) {
-    EXPECT_EQ(chart->ToModel(device), model) << device;
-  }
-  chart->SetScrollPos(ScrollBar::Horizontal, 102);
-  ASSERT_TRUE(chart->OnCommand(ID_ZOOM_IN));
-  EXPECT_EQ(chart->GetZoom(), 7);
-  EXPECT_EQ(chart->GetScrollPos(ScrollBar::Horizontal), 105);
-  EXPECT_EQ(chart->GetTotalSize(), (SIZE{10500, 10500}));
-  while (chart->OnUpdateCommand(ID_ZOOM_IN).enabled) chart->OnCommand(ID_ZOOM_IN);
-  EXPECT_EQ(chart->GetZoom(), 13);
-  EXPECT_FALSE(chart->OnCommand(ID_ZOOM_IN));
-  while (chart->OnUpdateCommand(ID_ZOOM_OUT).enabled) chart->OnCommand(ID_ZOOM_OUT);
-  EXPECT_EQ(chart->GetZoom(), 2);
-  EXPECT_TRUE(chart->OnCommand(ID_ZOOM_NORMAL));
-  EXPECT_FALSE(chart->OnUpdateCommand(ID_ZOOM_NORMAL).enabled);
-}
-
-TEST(View, ScrollsInStepsOfTheZoom) {
-  const auto chart = LoadChart(SmallChart());
-  const FakeWindow window(*chart);
-  chart->ApplyZoom();
-  // How far, and where that leads.
-  for (const auto& [distance, x] : Points("5,0 11,6 -5,6 -11,0 100,96 -1000,0 2000000000,7800")) {
-    chart->OnScrollBy({distance, 0});
-    EXPECT_EQ(chart->GetScrollPosition(), (POINT{x, 0})) << distance;
-  }
-  chart->OnScrollBy({-9000, 0});
-  const std::pair<VirtualKey, POINT> keys[] = {
-      {VirtualKey::Right, {6, 0}}, {VirtualKey::Down, {6, 6}}, {VirtualKey::Next, {6, 42}},
-      {VirtualKey::Left, {0, 42}}, {VirtualKey::Up, {0, 36}},  {VirtualKey::Prior, {0, 0}},
-      {VirtualKey::Next, {0, 36}}, {VirtualKey::Home, {0, 0}}};
-  for (const auto& [key, position] : keys) {
-    EXPECT_TRUE(chart->OnKeyDown(key, 0));
-    EXPECT_EQ(chart->GetScrollPosition(), position) << static_cast<int>(key);
-  }
-  EXPECT_FALSE(chart->OnKeyDown(VirtualKey::End, 0));
-}
-
 TEST(View, HitsAndPaintsByLayerAndThenByPlaceInTheList) {
   const RECT box{10, 10, 30, 30};
   const auto chart = Shown(ChartText(NoteRecord(4, box, Block("note")) + MesgRecord(3, 0, box) +
@@ -74,15 +34,6 @@ TEST(View, HitsAndPaintsByLayerAndThenByPlaceInTheList) {
   EXPECT_EQ(model.FindShapesInRect({54, 54, 186, 186}).size(), 3U);
   EXPECT_EQ(model.FindShapesInRect({300, 300, 0, 0}).size(), 3U);
   EXPECT_TRUE(model.FindShapesInRect({54, 54, 180, 186}).empty());
-}
-
-TEST(View, IdsGoOnFromTheGreatest) {
-  const RECT box{1, 1, 9, 9};
-  EXPECT_EQ(LayoutMgr().GetModel().NextId(), 101);
-  EXPECT_EQ(Shown(ChartText(StateRecord(500, box)))->GetModel().NextId(), 501);
-  const auto full = Shown(ChartText(StateRecord(2147483647, box) + StateRecord(102, box)));
-  EXPECT_EQ(full->GetModel().NextId(), 101);
-  EXPECT_EQ(full->GetModel().NextId(), 103);
 }
 
 TEST(View, UndoGoesBackTwentyStepsAndRedoForth) {

@@ -2,6 +2,7 @@
 
 #include "dialogs/CDefaultSettingDlg.h"
 #include "persistence/ModelClipboard.h"
+#include "shell/HelpCommands.h"
 #include "shell/MenuTable.h"
 #include "tests/support/Routes.h"
 #include "tests/support/TreeRows.h"
@@ -30,6 +31,12 @@ Lines TextLines(const std::string& text) {
     if (line == "END DATA") record = "model: ";
   }
   return lines;
+}
+
+std::string InOneLine(const Lines& lines) {
+  std::string line;
+  for (const std::string& part : lines) line += (line.empty() ? " " : ", ") + part;
+  return line;
 }
 
 /// Changes of lines that stand behind one record, put into one line.
@@ -64,14 +71,35 @@ std::string Records(const FakeClipboard& clipboard) {
 }  // namespace
 
 Scenario::~Scenario() {
-  if (chart) chart->SetObjectTree(nullptr);
+  manager.CloseAllDocuments();
   static_cast<MemoryProfile&>(settings) = {};
   CDefaultSettingDlg::Instance().LoadSettings();
 }
 
+Scenario::Frame::Frame(CDocument& document)
+    : document(document), chart(dynamic_cast<LayoutMgr&>(*document.GetView())) {
+  chart.SetObjectTree(&tree);
+}
+
+void Scenario::CreateFrame(CDocument& document) {
+  frames.push_back(std::make_unique<Frame>(document));
+  ActivateFrame(document);
+}
+
+void Scenario::ActivateFrame(CDocument& document) {
+  const auto isIts = [&](const auto& frame) { return &frame->document == &document; };
+  std::stable_partition(frames.begin(), frames.end(), std::not_fn(isIts));
+  chart = &frames.back()->chart;
+}
+
+void Scenario::CloseFrame(CDocument& document) {
+  std::erase_if(frames, [&](const auto& frame) { return &frame->document == &document; });
+  chart = frames.empty() ? nullptr : &frames.back()->chart;
+}
+
 void Scenario::Settings::Write(const std::string& section, const std::vector<Setting>& values) {
   for (const auto& [key, value] : values) {
-    user.Note("setting " + section + "/" + key + " = " + Escaped(value));
+    if (section == "Settings") user.Note("setting " + key + " = " + Escaped(value));
   }
   MemoryProfile::Write(section, values);
 }
@@ -79,7 +107,7 @@ void Scenario::Settings::Write(const std::string& section, const std::vector<Set
 std::string Scenario::Play() {
   while (const auto step = user.Next()) {
     Do(*step);
-    if (chart) NoteChanges();
+    NoteChanges();
   }
   return user.Transcript();
 }
@@ -87,10 +115,16 @@ std::string Scenario::Play() {
 void Scenario::Do(const std::string& step) {
   using Verb = void (Scenario::*)(const std::string&);
   static const std::map<std::string, Verb> verbs = {{"open", &Scenario::Open},
+                                                    {"recent", &Scenario::OpenRecent},
+                                                    {"block", &Scenario::Block},
+                                                    {"files", &Scenario::ListFiles},
                                                     {"command", &Scenario::GiveCommand},
+                                                    {"commands", &Scenario::ListCommands},
                                                     {"tree", &Scenario::UseTree},
                                                     {"drag", &Scenario::Drag},
+                                                    {"key", &Scenario::PressKey},
                                                     {"select", &Scenario::Select},
+                                                    {"settings", &Scenario::OpenSettings},
                                                     {"set", &Scenario::Set},
                                                     {"clipboard", &Scenario::FillClipboard}};
   const std::size_t blank = step.find(' ');
@@ -100,45 +134,107 @@ void Scenario::Do(const std::string& step) {
     return (this->*found->second)(rest);
   }
   const std::size_t end = rest.find(' ');
-  const std::vector<POINT> place = Points(rest.substr(0, end));
-  if (verb == "settings") {
-    CDefaultSettingDlg::Instance().ShowDialog();
-  } else if (verb == "menu" && !place.empty()) {
-    user.WillChoose(end != std::string::npos ? rest.substr(end + 1) : "");
-    chart->OnContextMenu(place[0]);
-  } else if (verb == "double" && !place.empty()) {
-    chart->OnLButtonDblClk(0, place[0]);
-  } else if (verb == "release" && !place.empty()) {
-    chart->OnLButtonUp(0, place[0]);
-  } else if (verb == "scroll" && !place.empty()) {
-    chart->OnScrollBy({place[0].x, place[0].y});
+  const std::vector<POINT> places = Points(rest.substr(0, end));
+  if (places.empty()) return user.Note("no such step");
+  UseMouse(verb, places[0], end != std::string::npos ? rest.substr(end + 1) : "");
+}
+
+void Scenario::UseMouse(const std::string& verb, POINT place, const std::string& entry) {
+  if (verb == "menu") {
+    user.WillChoose(entry);
+    chart->OnContextMenu(place);
+  } else if (verb == "hover" || verb == "shift-hover") {
+    static constexpr const char* names[] = {
+        "Arrow",   "SizeWE",         "SizeNS",         "SizeNWSE",   "SizeNESW",
+        "SizeAll", "DiagonalDouble", "ArrowWithCross", "PlainArrow", "DiagonalHandle"};
+    FakeWindow& window = frames.back()->window;
+    window.cursorPos = place;
+    window.shiftDown = verb != "hover";
+    chart->OnSetCursor();
+    user.Note(std::string("cursor ") + names[static_cast<int>(window.cursor)]);
+  } else if (verb == "double") {
+    chart->OnLButtonDblClk(0, place);
+  } else if (verb == "release") {
+    chart->OnLButtonUp(0, place);
+  } else if (verb == "scroll") {
+    chart->OnScrollBy({place.x, place.y});
   } else {
     user.Note("no such step");
   }
 }
 
-/// Opens a chart of this folder as its window does, or a new one.
+/// Opens a copy of a chart from this folder.
 void Scenario::Open(const std::string& name) {
-  chart = std::make_unique<LayoutMgr>();
-  chart->SetObjectTree(&tree);
-  const std::string path = MORVANE_SOURCE_DIR "/tests/scenarios/" + name + ".mrv";
-  EXPECT_EQ(name.empty() ? "" : ModelFile::Load(path, *chart), "");
-  window = std::make_unique<FakeWindow>(*chart);
-  chart->OnInitialUpdate();
-  chart->ApplyZoom();
+  std::string bytes;
+  const std::string file = name + ".mrv";
+  EXPECT_TRUE(ReadWholeFile(MORVANE_SOURCE_DIR "/tests/scenarios/" + file, bytes).Ok());
+  if (manager.OpenDocumentFile(user.Folder().Write(file, bytes)) == nullptr) return;
   if (!chart->IsGridShown()) user.Note("no grid");
   before = Now();
+  before.document.clear();
+  noted = chart;
+  before.text = TextLines(ModelFile::FromDisk(bytes));
+}
+
+/// Opens a file of the recent ones, or lists them.
+void Scenario::OpenRecent(const std::string& index) {
+  if (index.empty()) return user.Note(manager.Recent().Paths(), "recent ");
+  manager.OnOpenRecentFile(std::stoul(index));
+}
+
+/// Puts a folder in the place of a file, so that nothing can be written there.
+void Scenario::Block(const std::string& path) {
+  std::filesystem::remove(path);
+  std::filesystem::create_directory(path);
+}
+
+void Scenario::ListFiles(const std::string&) {
+  std::set<std::string> names;
+  for (const auto& file : std::filesystem::directory_iterator(user.Folder().Root())) {
+    names.insert(file.path().filename().string());
+  }
+  for (const std::string& name : names) user.Note("file " + name);
 }
 
 void Scenario::GiveCommand(const std::string& text) {
-  if (!chart->OnCommand(CommandOf(text))) user.Note("disabled");
+  if (!Run(CommandOf(text))) user.Note("disabled");
 }
+
+bool Scenario::Run(unsigned command) {
+  switch (command) {
+    case ID_FILE_NEW: return manager.NewDocument() != nullptr;
+    case ID_FILE_OPEN: manager.OnFileOpen(); return true;
+    case ID_FILE_SAVE_AS: frames.back()->document.DoFileSaveAs(); return true;
+    case ID_FILE_CLOSE:
+      if (chart->OnClose()) manager.CloseDocument(frames.back()->document);
+      return true;
+    case ID_CLOSE_ALL:
+      if (manager.SaveAllModified()) manager.CloseAllDocuments();
+      return true;
+    default: return HelpCommands::Run(command) || (chart != nullptr && chart->OnCommand(command));
+  }
+}
+
+/// What can be done with the chart now.
+void Scenario::ListCommands(const std::string&) { user.Note("can" + InOneLine(before.commands)); }
+
+void Scenario::PressKey(const std::string& name) {
+  static const std::map<std::string, VirtualKey> keys = {
+      {"Escape", VirtualKey::Escape}, {"Prior", VirtualKey::Prior}, {"Next", VirtualKey::Next},
+      {"Home", VirtualKey::Home},     {"End", VirtualKey::End},     {"Left", VirtualKey::Left},
+      {"Up", VirtualKey::Up},         {"Right", VirtualKey::Right}, {"Down", VirtualKey::Down},
+      {"Delete", VirtualKey::Delete}};
+  if (!chart->OnKeyDown(keys.at(name), 0)) user.Note("not used");
+}
+
+void Scenario::OpenSettings(const std::string&) { CDefaultSettingDlg::Instance().ShowDialog(); }
 
 void Scenario::UseTree(const std::string& rest) {
   if (rest.empty()) return user.Note(before.tree, "tree ");
   const std::size_t blank = rest.find(' ');
   const std::string action = rest.substr(0, blank);
   const std::size_t colon = rest.find(": ");
+  CObjectTree& tree = frames.back()->tree;
   TreeItem* row = FindRow(tree, rest.substr(blank + 1, colon - blank - 1));
   if (action == "menu") {
     user.WillChoose(colon != std::string::npos ? rest.substr(colon + 2) : "");
@@ -153,11 +249,13 @@ void Scenario::UseTree(const std::string& rest) {
 /// A press at the first point, a move to each other one, and a release at the last.
 void Scenario::Drag(const std::string& points) {
   const std::vector<POINT> way = Points(points);
-  for (std::size_t i = 1; i < way.size(); ++i) window->Move(way[i]);
-  window->Release(way.back());
+  FakeWindow& window = frames.back()->window;
+  chart->OnMouseMove(0, way.front());
+  for (std::size_t i = 1; i < way.size(); ++i) window.Move(way[i]);
+  window.Release(way.back());
   chart->OnLButtonDown(MK_LBUTTON, way.front());
-  while (!window->IsDrained()) {
-    const Message left = window->NextMessage();
+  while (!window.IsDrained()) {
+    const Message left = window.NextMessage();
     if (left.kind == Message::Kind::MouseMove) chart->OnMouseMove(MK_LBUTTON, left.point);
     if (left.kind == Message::Kind::LButtonUp) chart->OnLButtonUp(0, left.point);
   }
@@ -186,30 +284,54 @@ void Scenario::FillClipboard(const std::string& text) {
   if (text != "refuses") clipboard.items = {{ModelClipboard::kFormat, Unescaped(text)}};
 }
 
+std::string Scenario::DocumentState() const {
+  CDocument& document = frames.back()->document;
+  std::string state = document.GetTitle() + (document.IsModified() ? ", modified" : "");
+  if (document.GetPathName().empty()) return state;
+  std::string bytes;
+  ReadWholeFile(document.GetPathName(), bytes);
+  return bytes != ModelFile::ToDisk(chart->ModelText()) ? state + ", not as in its file" : state;
+}
+
 Scenario::Picture Scenario::Now() const {
   Picture now;
+  if (chart == nullptr) return now;
+  now.document = DocumentState();
   now.text = TextLines(chart->ModelText());
+  const CObjectTree& tree = frames.back()->tree;
   now.tree = TreeRows(tree);
   if (tree.Selected() != nullptr) now.row = " " + tree.Selected()->Text();
   now.clipboard = Records(clipboard);
   for (const Collectable* member : chart->GetSelection().Members()) {
     now.selection += " " + std::to_string(dynamic_cast<const Shape*>(member)->GetId());
   }
-  for (const auto& [id, name] : {std::pair{ID_EDIT_UNDO, " undo"}, {ID_EDIT_REDO, " redo"}}) {
-    if (chart->OnUpdateCommand(id).enabled) now.history += name;
+  for (const MenuPopup& popup : ChartMenu()) {
+    for (const MenuEntry& entry : popup.entries) {
+      const CommandState state = chart->OnUpdateCommand(entry.id);
+      if (state.enabled) now.commands.push_back((state.checked ? "+" : "") + Plain(entry.text));
+    }
   }
-  now.position = " " + Text({chart->GetScrollPosition()});
+  now.position =
+      " " + Text({chart->GetScrollPosition()}) + " of " + std::to_string(chart->GetTotalSize().cx);
   return now;
 }
 
 void Scenario::NoteChanges() {
-  chart->OnDraw(*window->CreateClientDC());
+  if (chart != nullptr) chart->OnDraw(*frames.back()->window.CreateClientDC());
   const Picture now = Now();
+  if (chart != std::exchange(noted, chart)) {
+    user.Note("document " + now.document);
+    before = now;
+    return;
+  }
   user.Note(Joined(LineDiff(before.text, now.text)));
   user.Note(LineDiff(before.tree, now.tree), "tree ");
+  if (now.document != before.document) user.Note("document " + now.document);
   if (now.row != before.row) user.Note("tree selected" + now.row);
   if (now.selection != before.selection) user.Note("selected" + now.selection);
-  if (now.history != before.history) user.Note("possible:" + now.history);
+  if (now.commands != before.commands) {
+    user.Note("can" + InOneLine(LineDiff(before.commands, now.commands)));
+  }
   if (now.position != before.position) user.Note("scrolled to" + now.position);
   if (now.clipboard != before.clipboard) user.Note("clipboard:" + now.clipboard);
   before = now;

@@ -2,6 +2,8 @@
 
 #include <iomanip>
 
+#include "resources/InstallFolder.h"
+
 namespace {
 
 using Kind = DialogControl::Kind;
@@ -10,6 +12,14 @@ std::string Hex(unsigned number) {
   std::ostringstream text;
   text << "0x" << std::hex << std::uppercase << number;
   return text.str();
+}
+
+std::string Replaced(std::string text, const std::string& what, const std::string& with) {
+  for (std::size_t at = text.find(what); at != std::string::npos;
+       at = text.find(what, at + with.size())) {
+    text.replace(at, what.size(), with);
+  }
+  return text;
 }
 
 /// The label of a control, or of the container around it if it has none.
@@ -104,7 +114,13 @@ std::optional<std::string> ScenarioUser::Next() {
   const std::string step = steps.front();
   steps.pop_front();
   Note("> " + step);
-  return step;
+  return Replaced(step, "FOLDER", folder.Root().string());
+}
+
+void ScenarioUser::Note(const std::string& line) {
+  const std::string placed = Replaced(line, folder.Root().string(), "FOLDER");
+  const std::string installed = Replaced(placed, FindPath(GetInstallFolder()), "INSTALLED/");
+  transcript += Replaced(installed, GetInstallFolder(), "INSTALLED/") + "\n";
 }
 
 void ScenarioUser::Note(const Lines& lines, const std::string& prefix) {
@@ -187,4 +203,43 @@ std::optional<Dialogs::FontChoice> ScenarioUser::AskFont(const FontChoice& start
   FontChoice choice;
   answer >> choice.face >> choice.tenths >> std::hex >> choice.color;
   return choice.face != "Cancel" ? std::optional(choice) : std::nullopt;
+}
+
+std::optional<std::string> ScenarioUser::AskPath(const std::string& question) {
+  Note(question);
+  const std::string answer = Next().value_or("Cancel");
+  return answer != "Cancel" ? std::optional(answer) : std::nullopt;
+}
+
+std::optional<std::string> ScenarioUser::AskOpenPath(const FileFilter& filter) {
+  return AskPath("open " + filter.text);
+}
+
+std::optional<std::string> ScenarioUser::AskSavePath(const FileFilter& filter,
+                                                     const std::string& suggestion) {
+  return AskPath("save " + filter.text + " as " + suggestion);
+}
+
+std::optional<Dialogs::ExportAnswer> ScenarioUser::AskExport(const ExportRequest& request) {
+  const auto path = AskPath("export " + request.kinds[request.kind].text + ", one of " +
+                            std::to_string(request.kinds.size()) + " kinds, as " +
+                            request.suggestion + (request.hasSelection ? " or a selection" : ""));
+  return path ? std::optional(ExportAnswer{*path, false}) : std::nullopt;
+}
+
+OpenResult ScenarioUser::OpenFile(const std::string& path) {
+  Note("the desktop opens " + path);
+  const std::string result = Next().value_or("");
+  if (result == "not found") return OpenResult::NotFound;
+  if (result == "no program") return OpenResult::NoProgram;
+  return result == "failed" ? OpenResult::Failed : OpenResult::Opened;
+}
+
+std::unique_ptr<Process> ScenarioUser::Start(const std::string& commandLine, bool /*showWindow*/) {
+  Note("starts " + commandLine);
+  return nullptr;
+}
+
+void ScenarioUser::Sleep(std::chrono::milliseconds time) {
+  Note("waits " + std::to_string(time.count()) + " ms");
 }

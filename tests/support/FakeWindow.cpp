@@ -1,12 +1,10 @@
 #include "tests/support/FakeWindow.h"
 
-#include <algorithm>
 #include <array>
 #include <sstream>
 
 #include "platform/CMetaFileDC.h"
 #include "platform/CNullDC.h"
-#include "platform/CRgn.h"
 
 namespace {
 
@@ -52,25 +50,9 @@ FakeWindow::FakeWindow(CWnd& window) : window(window) { window.SetPeer(this); }
 
 FakeWindow::~FakeWindow() { window.SetPeer(nullptr); }
 
-void FakeWindow::Post(Message::Kind kind, POINT p) {
-  Message message;
-  message.kind = kind;
-  message.point = p;
-  queue.push_back(message);
-}
-
-void FakeWindow::Key(VirtualKey key) {
-  Message message;
-  message.kind = Message::Kind::KeyDown;
-  message.key = key;
-  queue.push_back(message);
-}
-
 Message FakeWindow::NextMessage() {
-  Message message;
-  message.kind = Message::Kind::Quit;
-  if (queue.empty()) return message;
-  message = queue.front();
+  if (queue.empty()) return {Message::Kind::Quit, {}};
+  const Message message = queue.front();
   queue.pop_front();
   return message;
 }
@@ -80,11 +62,8 @@ std::unique_ptr<CDC> FakeWindow::CreateClientDC() {
   return std::make_unique<FakeDC>(*this, reference);
 }
 
-void FakeWindow::InvalidateRgn(const CRgn& region) { invalidated.push_back(region.GetBox()); }
-
 void FakeWindow::Toggle(const std::string& stroke) {
   if (toggled.erase(stroke) == 0) toggled.insert(stroke);
-  mostToggled = std::max(mostToggled, toggled.size());
 }
 
 void FakeWindow::TakePainted(Metafile drawn) {

@@ -17,19 +17,16 @@ class FakeWindow : public WindowPeer {
   explicit FakeWindow(CWnd& window);
   ~FakeWindow() override;
 
-  void Move(POINT p) { Post(Message::Kind::MouseMove, p); }
-  void Release(POINT p) { Post(Message::Kind::LButtonUp, p); }
-  void Post(Message::Kind kind, POINT p);
-  void Key(VirtualKey key);
+  void Move(POINT p) { queue.push_back({Message::Kind::MouseMove, p}); }
+  void Release(POINT p) { queue.push_back({Message::Kind::LButtonUp, p}); }
+  void Key(VirtualKey key) { queue.push_back({Message::Kind::KeyDown, {}, 0, key}); }
   /// Every message has been read.
   bool IsDrained() const { return queue.empty(); }
 
-  /// How many strokes that erase each other are on the screen now, and were at most.
+  /// How many strokes that erase each other are on the screen.
   std::size_t Feedback() const { return toggled.size(); }
-  std::size_t MostFeedback() const { return mostToggled; }
   const std::vector<Metafile::Record>& Painted() const { return painted; }
   void ForgetPainted() { painted.clear(); }
-  const std::vector<RECT>& Invalidated() const { return invalidated; }
 
   POINT cursorPos;
   bool shiftDown = false;
@@ -38,9 +35,9 @@ class FakeWindow : public WindowPeer {
 
   std::unique_ptr<CDC> CreateClientDC() override;
   RECT ClientRect() const override { return client; }
-  void InvalidateRect(const RECT& r) override { invalidated.push_back(r); }
-  void InvalidateRgn(const CRgn& region) override;
-  void InvalidateAll() override { invalidated.push_back(client); }
+  void InvalidateRect(const RECT&) override {}
+  void InvalidateRgn(const CRgn&) override {}
+  void InvalidateAll() override {}
   void Update() override {}
   void SetRedraw(bool) override {}
   void SetCapture() override { captured = true; }
@@ -61,8 +58,6 @@ class FakeWindow : public WindowPeer {
   CWnd& window;
   std::deque<Message> queue;
   std::set<std::string> toggled;
-  std::size_t mostToggled = 0;
   std::vector<Metafile::Record> painted;
-  std::vector<RECT> invalidated;
   bool captured = false;
 };

@@ -1,0 +1,132 @@
+#include "platform/MessageBox.h"
+#include "tests/support/ChartTest.h"
+#include "tests/support/Routes.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr int kSource = 101;
+constexpr int kTarget = 102;
+constexpr int kArrow = 103;
+
+/// A state above, one below to the right, and the transition between them.
+std::unique_ptr<LayoutMgr> TwoStates(const std::string& links) {
+  return LoadChart(ChartText(StateRecord(kSource, {5, 2, 15, 10}) +
+                             StateRecord(kTarget, {35, 50, 45, 60}) +
+                             TransitionRecord(kArrow, kSource, kTarget, "3 2 1 2", links)));
+}
+
+Transition& Arrow(const LayoutMgr& chart) { return *Find<Transition>(chart, kArrow); }
+
+void MoveSourceUp(const LayoutMgr& chart) {
+  auto* state = Find<GenericState>(chart, kSource);
+  state->MoveTo(state->GetBounds() + POINT{0, -1});
+}
+
+/// A route with so many loops, each of which crosses itself once.
+std::string Loops(int count) {
+  std::vector<POINT> corners = Points("10,10 10,11");
+  const auto go = [&](const std::string& steps) {
+    for (const POINT by : Points(steps)) corners.push_back(corners.back() + by);
+  };
+  for (int i = 0; i < count; ++i) go("6,0 0,4 -3,0 0,-10 6,0 0,6");
+  go("3,0 0,9 0,1");
+  return LinkLines(Text(corners));
+}
+
+TEST(Transition, CutsOutFourLoopsAndGivesUpAtFive) {
+  ScriptedMessageBoxes boxes;
+  const auto four = TwoStates(Loops(4));
+  MoveSourceUp(*four);
+  // Two of the six links of each loop are gone.
+  EXPECT_EQ(Arrow(*four).Route().size(), 4U * 4 + 4);
+  EXPECT_TRUE(boxes.Shown().empty());
+
+  boxes.Expect("UnRecoverable error in the transition.. Re constructing...");
+  const auto five = TwoStates(Loops(5));
+  const auto read = Arrow(*five).Route();
+  MoveSourceUp(*five);
+  EXPECT_EQ(Arrow(*five).Route(), read);
+  EXPECT_EQ(boxes.LastFlags(), MB_OK);
+}
+
+TEST(Transition, HitsItsBandItsArrowAndItsLabel) {
+  const auto chart = TwoStates(LinkLines("10,10 10,11 40,11 40,49 40,50"));
+  const Transition& arrow = Arrow(*chart);
+  // The vertical link stands at x = 240 px; the tip at y = 300, the label at 180.
+  for (const POINT p : Points("236,100 243,100 235,180 245,180 233,289 60,62")) {
+    EXPECT_TRUE(arrow.HitTest(p)) << Text({p});
+  }
+  for (const POINT p : Points("235,100 244,100 234,180 246,180 233,299 1000,30")) {
+    EXPECT_FALSE(arrow.HitTest(p)) << Text({p});
+  }
+  // The region follows the view before the next paint.
+  chart->ApplyZoom();
+  chart->SetScrollPos(ScrollBar::Vertical, 60);
+  EXPECT_TRUE(arrow.HitTest({236, 40}));
+  EXPECT_FALSE(arrow.HitTest({233, 289}));
+}
+
+TEST(Transition, ALabelWithoutAPlaceStandsAtTheOrigin) {
+  const auto chart = TwoStates(LinkLines("10,10 10,11 10,12 10,13"));
+  EXPECT_EQ(Arrow(*chart).GetLabelRect(), (RECT{-5, -5, 6, 6}));
+  EXPECT_TRUE(Arrow(*chart).HitTest({3, 3}));
+  const RECT painted = Arrow(*chart).GetPaintBounds();
+  EXPECT_TRUE(PtInRect(painted, {0, 0}) && PtInRect(painted, {10, 13}));
+}
+
+TEST(Line, HitsItsBandAndItsEnds) {
+  const auto chart = LoadChart(ChartText(LineRecord(1, 0, 0, "1 1 1 1")));  // (40,40) to (60,60)
+  for (const POINT p : Points("302,297 237,237 242,237 362,362")) {
+    EXPECT_TRUE(FindShape(*chart, 1)->HitTest(p)) << p.x;
+  }
+  for (const POINT p : Points("306,297 236,236 363,363 999,20")) {
+    EXPECT_FALSE(FindShape(*chart, 1)->HitTest(p)) << p.x;
+  }
+}
+
+TEST(Line, WithoutLengthItIsAPointAndWithoutAPenOfTheTablesItHasTheFirst) {
+  const auto chart = LoadChart(ChartText("BEGIN Line 1\n1 50\n7 7 7 7\n0 0\n1 1 1 1\n-1 16\n"));
+  const Metafile drawn = PaintOnPaper(*FindShape(*chart, 1));
+  ASSERT_EQ(drawn.records.size(), 1U);
+  EXPECT_EQ(Text(drawn.records[0].points), "42,42 43,42");
+  EXPECT_EQ(drawn.records[0].pen, (CPen{PenStyle::Dot, 0, 0x000080}));
+  EXPECT_TRUE(FindShape(*chart, 1)->HitTest({40, 40}));
+}
+
+TEST(Mesg, ShowsItsThreeTexts) {
+  const auto chart = LoadChart(ChartText(MesgRecord(1, 0, {10, 10, 60, 40})));
+  auto& mesg = *Find<Mesg>(*chart, 1);
+  mesg.GetText().SetTexts("Open", "x > 1", "a\r\nb");
+  EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), (Texts{"onEvent(Open)", "[x > 1]", "/a", "b"}));
+  mesg.GetText().SetTexts("", "", "");
+  EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), Texts{"onEvent()"});
+}
+
+/// A second gesture can come before the window has painted what the first one did.
+TEST(Mesg, IsFoundWhereItIsBeforeItIsPaintedThere) {
+  const auto chart = LoadChart(ChartText(MesgRecord(1, 0, {10, 10, 60, 40})));
+  FakeWindow window(*chart);
+  for (const RECT& place : {RECT{20, 10, 70, 40}, {30, 10, 80, 40}, {40, 10, 90, 40}}) {
+    const POINT press{(place.right - 10) * 6 - 12, 100};
+    window.Move(press + POINT{60, 0});
+    window.Release(press + POINT{60, 0});
+    chart->OnLButtonDown(MK_LBUTTON, press);
+    EXPECT_EQ(FindShape(*chart, 1)->GetBounds(), place);
+  }
+}
+
+TEST(Note, HidesItsMarksButKeepsThemAndHasNoAnchorAtTheFold) {
+  const auto chart = LoadChart(ChartText(NoteRecord(1, {40, 10, 52, 16}, Block("a<M>b<<M>M>c<M"))));
+  Note& note = *Find<Note>(*chart, 1);
+  EXPECT_EQ(PaintedTexts(PaintOnPaper(note)), Texts{"abc<M"});
+  EXPECT_TRUE(note.GetText().Contains("a<M>b<<M>M>c"));
+  EXPECT_NE(chart->ModelText().find("\na<M>b<<M>M>c<M\n"), std::string::npos);
+  EXPECT_EQ(note.GetAnchors().size(), 7U);
+  EXPECT_EQ(*note.AnchorAt({3, SIDE_BOTTOM}), (POINT{40, 16}));
+  AnchorKey key;
+  EXPECT_FALSE(note.FindAnchorNear({52 * 6, 10 * 6}, key));
+}
+
+}  // namespace
