@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "fuzz/AgreeingMessageBoxes.h"
 #include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "model/Collection.h"
@@ -11,7 +12,6 @@
 #include "resources/CommandIds.h"
 #include "shell/CObjectTree.h"
 #include "surface/LayoutMgr.h"
-#include "tests/support/AgreeingMessageBoxes.h"
 #include "tests/support/Charts.h"
 #include "tests/support/FakeWindow.h"
 

@@ -1,7 +1,7 @@
+#include "fuzz/AgreeingMessageBoxes.h"
 #include "fuzz/ByteSource.h"
 #include "fuzz/ChartHand.h"
 #include "fuzz/FuzzTarget.h"
-#include "tests/support/AgreeingMessageBoxes.h"
 
 // Gestures and commands on a chart without a screen, each choice from the input: the chart stays
 // sound, its text can be read, undo shows what was there, and no feedback is left on the screen.

@@ -1,5 +1,6 @@
 #include <sstream>
 
+#include "fuzz/AgreeingMessageBoxes.h"
 #include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "model/Collection.h"
@@ -12,7 +13,6 @@
 #include "shell/CObjectTree.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
-#include "tests/support/AgreeingMessageBoxes.h"
 #include "tests/support/FakeWindow.h"
 
 // A chart file: it is refused with a reason or it opens, and then it can be painted, copied,

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "fuzz/AgreeingMessageBoxes.h"
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/qt/Application.h"
 #include "persistence/ModelFile.h"
@@ -11,7 +12,6 @@
 #include "resources/CommandIds.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
-#include "tests/support/AgreeingMessageBoxes.h"
 
 // A chart file on the screen and as pictures, painted by the toolkit.
 

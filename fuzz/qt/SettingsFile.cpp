@@ -2,6 +2,7 @@
 #include <QToolBar>
 
 #include "dialogs/CDefaultSettingDlg.h"
+#include "fuzz/AgreeingMessageBoxes.h"
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/qt/Application.h"
 #include "platform/Files.h"
@@ -10,7 +11,6 @@
 #include "resources/Language.h"
 #include "resources/TextSource.h"
 #include "shell/qt/FrameState.h"
-#include "tests/support/AgreeingMessageBoxes.h"
 #include "tests/support/TempFolder.h"
 
 // The bytes of the settings file, as the toolkit reads them: the program starts with whatever

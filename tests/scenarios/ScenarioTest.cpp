@@ -1,9 +1,8 @@
 #include "tests/scenarios/Scenario.h"
 
-// Stories of a user, tests/scenarios/*.txt. A section begins with "== " and its name. Its lines
-// with
-// ">" are what the user does, all others what comes of that. With the environment variable
-// MORVANE_UPDATE_GOLDEN set, the tests write the files anew instead.
+// Stories of a user, tests/scenarios/*.txt. A section begins with "== " and its name; what the user
+// does stands behind "> ", and all other lines are what comes of that. With the environment
+// variable MORVANE_UPDATE_GOLDEN set, the tests write the files anew instead.
 
 namespace {
 

@@ -15,8 +15,6 @@ MessageAnswer ScriptedMessageBoxes::Show(const std::string& text, unsigned flags
   return answer;
 }
 
-void ScriptedDialogs::ExpectOpen(std::optional<std::string> path) { opens.Add(std::move(path)); }
-
 void ScriptedDialogs::ExpectSave(std::optional<std::string> path) { saves.Add(std::move(path)); }
 
 void ScriptedDialogs::ExpectExport(std::optional<ExportAnswer> answer) {

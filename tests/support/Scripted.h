@@ -62,7 +62,6 @@ class ScriptedMessageBoxes : public MessageBoxes {
 /// The same for the desktop's dialogs. An answer of nothing is Cancel.
 class ScriptedDialogs : public Dialogs {
  public:
-  void ExpectOpen(std::optional<std::string> path);
   void ExpectSave(std::optional<std::string> path);
   void ExpectExport(std::optional<ExportAnswer> answer);
   /// What the last dialog for an export was asked for.
@@ -70,14 +69,13 @@ class ScriptedDialogs : public Dialogs {
   /// What the last dialog for saving proposed.
   const std::string& LastSuggestion() const { return lastSuggestion; }
 
-  std::optional<std::string> AskOpenPath(const FileFilter&) override { return opens.Take().second; }
+  std::optional<std::string> AskOpenPath(const FileFilter&) override { return {}; }
   std::optional<std::string> AskSavePath(const FileFilter&, const std::string& suggestion) override;
   std::optional<ExportAnswer> AskExport(const ExportRequest& request) override;
   std::optional<COLORREF> AskColor(COLORREF) override { return {}; }
   std::optional<FontChoice> AskFont(const FontChoice&) override { return {}; }
 
  private:
-  ScriptedAnswers<std::optional<std::string>> opens{"dialog for opening"};
   ScriptedAnswers<std::optional<std::string>> saves{"dialog for saving"};
   ScriptedAnswers<std::optional<ExportAnswer>> exports{"dialog for an export"};
   ExportRequest lastExport;

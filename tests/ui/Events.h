@@ -2,7 +2,9 @@
 
 #include <memory>
 
-#include <QtWidgets>
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QWidget>
 
 // What a hand does with a widget, at places of the widget.
 

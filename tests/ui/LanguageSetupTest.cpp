@@ -1,5 +1,7 @@
 #include <cstdlib>
 
+#include <QSettings>
+
 #include "platform/qt/QtProfile.h"
 #include "tests/ui/WindowTest.h"
 

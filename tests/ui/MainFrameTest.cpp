@@ -1,3 +1,8 @@
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QStatusBar>
+
 #include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
 #include "shell/qt/CommandMenu.h"

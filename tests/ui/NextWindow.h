@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QtWidgets>
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
 
 /// Does something in the modal window that opens next, and then closes it.
 template <class Window, class Act>

@@ -1,3 +1,5 @@
+#include <QMessageBox>
+
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPopupMenus.h"
 #include "resources/TextSource.h"

@@ -1,3 +1,5 @@
+#include <QClipboard>
+
 #include "dialogs/CEventEditor.h"
 #include "dialogs/EntryExitEditor.h"
 #include "tests/ui/OpenDialog.h"

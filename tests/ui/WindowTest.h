@@ -2,7 +2,24 @@
 
 // What most tests of windows need.
 
-#include <QtWidgets>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QTreeWidget>
 
 #include "tests/support/ChartTest.h"
 #include "tests/ui/Events.h"
