@@ -1,8 +1,8 @@
 #include "tests/scenarios/Scenario.h"
 
-// Stories of a user, tests/scenarios/*.txt. A section begins with "== " and its name; what the user
-// does stands behind "> ", and all other lines are what comes of that. With the environment
-// variable MORVANE_UPDATE_GOLDEN set, the tests write the files anew instead.
+// What a user does with the program, tests/scenarios/*.txt. A section begins with "== " and its
+// name; what the user does stands behind "> ", and all other lines are what comes of that. With the
+// environment variable MORVANE_UPDATE_GOLDEN set, the tests write the files anew instead.
 
 namespace {
 
@@ -40,9 +40,9 @@ void Update(const Section& section, const std::string& played) {
   WriteWholeFile(section.file.string(), text.replace(begin, end - begin, played));
 }
 
-class Story : public testing::TestWithParam<Section> {};
+class ScenarioTest : public testing::TestWithParam<Section> {};
 
-TEST_P(Story, GoesAsItIsTold) {
+TEST_P(ScenarioTest, GoesAsItIsTold) {
   std::deque<std::string> steps;
   std::istringstream in(GetParam().text);
   for (std::string line; std::getline(in, line);) {
@@ -53,10 +53,13 @@ TEST_P(Story, GoesAsItIsTold) {
   if (std::getenv("MORVANE_UPDATE_GOLDEN") != nullptr) Update(GetParam(), played);
 }
 
-INSTANTIATE_TEST_SUITE_P(OfAUser, Story, testing::ValuesIn(ReadSections()), [](const auto& info) {
-  std::string name = info.param.file.stem().string() + "_" + info.param.name;
-  for (char& c : name) c = std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
-  return name;
-});
+INSTANTIATE_TEST_SUITE_P(AUser, ScenarioTest, testing::ValuesIn(ReadSections()),
+                         [](const auto& info) {
+                           std::string name =
+                               info.param.file.stem().string() + "_" + info.param.name;
+                           for (char& c : name)
+                             c = std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
+                           return name;
+                         });
 
 }  // namespace
