@@ -4,8 +4,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 constexpr int kSource = 101;
 constexpr int kTarget = 102;
 constexpr int kArrow = 103;
@@ -86,24 +84,6 @@ TEST(Line, HitsItsBandAndItsEnds) {
   }
 }
 
-TEST(Line, WithoutLengthItIsAPointAndWithoutAPenOfTheTablesItHasTheFirst) {
-  const auto chart = LoadChart(ChartText("BEGIN Line 1\n1 50\n7 7 7 7\n0 0\n1 1 1 1\n-1 16\n"));
-  const Metafile drawn = PaintOnPaper(*FindShape(*chart, 1));
-  ASSERT_EQ(drawn.records.size(), 1U);
-  EXPECT_EQ(Text(drawn.records[0].points), "42,42 43,42");
-  EXPECT_EQ(drawn.records[0].pen, (CPen{PenStyle::Dot, 0, 0x000080}));
-  EXPECT_TRUE(FindShape(*chart, 1)->HitTest({40, 40}));
-}
-
-TEST(Mesg, ShowsItsThreeTexts) {
-  const auto chart = LoadChart(ChartText(MesgRecord(1, 0, {10, 10, 60, 40})));
-  auto& mesg = *Find<Mesg>(*chart, 1);
-  mesg.GetText().SetTexts("Open", "x > 1", "a\r\nb");
-  EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), (Texts{"onEvent(Open)", "[x > 1]", "/a", "b"}));
-  mesg.GetText().SetTexts("", "", "");
-  EXPECT_EQ(PaintedTexts(PaintOnPaper(mesg)), Texts{"onEvent()"});
-}
-
 /// A second gesture can come before the window has painted what the first one did.
 TEST(Mesg, IsFoundWhereItIsBeforeItIsPaintedThere) {
   const auto chart = LoadChart(ChartText(MesgRecord(1, 0, {10, 10, 60, 40})));
@@ -117,12 +97,9 @@ TEST(Mesg, IsFoundWhereItIsBeforeItIsPaintedThere) {
   }
 }
 
-TEST(Note, HidesItsMarksButKeepsThemAndHasNoAnchorAtTheFold) {
-  const auto chart = LoadChart(ChartText(NoteRecord(1, {40, 10, 52, 16}, Block("a<M>b<<M>M>c<M"))));
-  Note& note = *Find<Note>(*chart, 1);
-  EXPECT_EQ(PaintedTexts(PaintOnPaper(note)), Texts{"abc<M"});
-  EXPECT_TRUE(note.GetText().Contains("a<M>b<<M>M>c"));
-  EXPECT_NE(chart->ModelText().find("\na<M>b<<M>M>c<M\n"), std::string::npos);
+TEST(Note, HasNoAnchorAtItsFold) {
+  const auto chart = LoadChart(ChartText(NoteRecord(1, {40, 10, 52, 16}, Block(""))));
+  const Note& note = *Find<Note>(*chart, 1);
   EXPECT_EQ(note.GetAnchors().size(), 7U);
   EXPECT_EQ(*note.AnchorAt({3, SIDE_BOTTOM}), (POINT{40, 16}));
   AnchorKey key;

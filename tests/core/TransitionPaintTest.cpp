@@ -21,22 +21,6 @@ TEST(TransitionPaint, ThePenTellsWhetherAnEndIsFree) {
   EXPECT_EQ(pens(), (std::pair{CPen{dashes, 0, 0x0000FF}, CPen{dashes, 0, 0}}));
 }
 
-TEST(TransitionPaint, PaperHasLogicalUnitsAndNoMarks) {
-  const auto chart = LoadChart(SmallChart());
-  auto& arrow = *Find<Transition>(*chart, kArrow);
-  chart->GetSelection().Add(&arrow);
-  chart->ApplyZoom();
-  chart->SetScrollPos(ScrollBar::Vertical, 60);
-  const FakeWindow window(*chart);
-  std::string strokes;
-  for (const Metafile::Record& stroke : PaintOnPaper(arrow).records) {
-    strokes += Text(stroke.points) + "; ";
-  }
-  EXPECT_EQ(strokes,
-            "132,84 132,90; 132,90 132,138; 132,138 132,144; 128,132 132,144; 132,144 136,132; ");
-  EXPECT_TRUE(window.Painted().empty());
-}
-
 TEST(TransitionPaint, TheWindowShowsHandlesOfASelectedOne) {
   const auto chart = LoadChart(
       ChartText(TransitionRecord(kArrow, 0, 0, "3 1 1 1", LinkLines("22,14 22,15 22,23 22,24")) +

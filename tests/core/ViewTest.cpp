@@ -10,16 +10,10 @@ std::unique_ptr<LayoutMgr> Shown(const std::string& text) {
   return chart;
 }
 
-TEST(View, HitsAndPaintsByLayerAndThenByPlaceInTheList) {
+TEST(View, HitsByLayerAndThenByPlaceInTheList) {
   const RECT box{10, 10, 30, 30};
   const auto chart = Shown(ChartText(NoteRecord(4, box, Block("note")) + MesgRecord(3, 0, box) +
                                      StateRecord(1, box, "first") + StateRecord(2, box, "second")));
-  CNullDC reference;
-  CMetaFileDC dc(reference);
-  ChartPicture(*chart).Paint(dc);
-  EXPECT_EQ(PaintedTexts(dc.Close()),
-            (std::vector<std::string>{"first", "[Entry]", "[Exit]", "second", "[Entry]", "[Exit]",
-                                      "onEvent(e)", "note"}));
   const ModelMgr& model = chart->GetModel();
   EXPECT_EQ(model.ObjectAt({120, 120})->GetId(), 4);
   EXPECT_EQ(model.ObjectNear({120, 120}, LAYER_STATE)->GetId(), 2);

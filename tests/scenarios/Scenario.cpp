@@ -118,12 +118,14 @@ void Scenario::Do(const std::string& step) {
                                                     {"recent", &Scenario::OpenRecent},
                                                     {"block", &Scenario::Block},
                                                     {"files", &Scenario::ListFiles},
+                                                    {"read", &Scenario::ReadFile},
                                                     {"command", &Scenario::GiveCommand},
                                                     {"commands", &Scenario::ListCommands},
                                                     {"tree", &Scenario::UseTree},
                                                     {"drag", &Scenario::Drag},
                                                     {"key", &Scenario::PressKey},
                                                     {"select", &Scenario::Select},
+                                                    {"paint", &Scenario::Paint},
                                                     {"settings", &Scenario::OpenSettings},
                                                     {"set", &Scenario::Set},
                                                     {"clipboard", &Scenario::FillClipboard}};
@@ -194,6 +196,11 @@ void Scenario::ListFiles(const std::string&) {
     names.insert(file.path().filename().string());
   }
   for (const std::string& name : names) user.Note("file " + name);
+}
+
+void Scenario::ReadFile(const std::string& path) {
+  std::ifstream in(path);
+  for (std::string line; std::getline(in, line);) user.Note(Escaped(line));
 }
 
 void Scenario::GiveCommand(const std::string& text) {
@@ -268,6 +275,12 @@ void Scenario::Select(const std::string& ids) {
     chart->GetSelection().Add(FindShape(*chart, id));
     FindShape(*chart, id)->OnBroadcast(BROADCAST_SELECTED, nullptr);
   }
+}
+
+/// What a picture of the selection shows.
+void Scenario::Paint(const std::string&) {
+  std::istringstream svg(ChartPicture(*chart, true).MakeSvg());
+  for (std::string line; std::getline(svg, line);) user.Note(line);
 }
 
 /// "Key=Value", stored before the program looks.

@@ -58,6 +58,7 @@ class Scenario : public FrameHost {
   void OpenRecent(const std::string& index);
   void Block(const std::string& path);
   void ListFiles(const std::string&);
+  void ReadFile(const std::string& path);
   void GiveCommand(const std::string& text);
   bool Run(unsigned command);
   void ListCommands(const std::string&);
@@ -66,6 +67,7 @@ class Scenario : public FrameHost {
   void UseTree(const std::string& rest);
   void Drag(const std::string& points);
   void Select(const std::string& ids);
+  void Paint(const std::string&);
   void Set(const std::string& setting);
   void FillClipboard(const std::string& text);
   std::string DocumentState() const;

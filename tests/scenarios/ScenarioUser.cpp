@@ -224,7 +224,9 @@ std::optional<Dialogs::ExportAnswer> ScenarioUser::AskExport(const ExportRequest
   const auto path = AskPath("export " + request.kinds[request.kind].text + ", one of " +
                             std::to_string(request.kinds.size()) + " kinds, as " +
                             request.suggestion + (request.hasSelection ? " or a selection" : ""));
-  return path ? std::optional(ExportAnswer{*path, false}) : std::nullopt;
+  if (!path) return std::nullopt;
+  const std::size_t end = path->find(" selection");
+  return ExportAnswer{path->substr(0, end), end != std::string::npos};
 }
 
 OpenResult ScenarioUser::OpenFile(const std::string& path) {

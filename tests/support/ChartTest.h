@@ -34,5 +34,5 @@
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
 #include "tests/support/FakeWindow.h"
-#include "tests/support/Scripted.h"
+#include "tests/support/ScriptedMessageBoxes.h"
 #include "tests/support/TempFolder.h"

@@ -8,6 +8,17 @@
 #include "platform/qt/QtDC.h"
 #include "platform/qt/QtText.h"
 
+/// The box around all pixels that aren't white.
+inline QRect InkOf(const QImage& image) {
+  QRect box;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, y) != 0xFFFFFFFF) box |= QRect(x, y, 1, 1);
+    }
+  }
+  return box;
+}
+
 /// A white picture to draw on, with `scale` physical pixels to a device pixel.
 class Canvas {
  public:
@@ -43,16 +54,7 @@ class Canvas {
     }
     return darkest;
   }
-  /// The box around all pixels that aren't white.
-  QRect Painted() const {
-    QRect box;
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) {
-        if (image.pixel(x, y) != 0xFFFFFFFF) box |= QRect(x, y, 1, 1);
-      }
-    }
-    return box;
-  }
+  QRect Painted() const { return InkOf(image); }
 
  private:
   double scale;

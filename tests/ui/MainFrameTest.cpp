@@ -13,6 +13,25 @@
 
 namespace {
 
+/// Answers each dialog for saving with a path, and the others with Cancel.
+class SaveDialogs : public Dialogs {
+ public:
+  std::optional<std::string> AskOpenPath(const FileFilter&) override { return {}; }
+  std::optional<std::string> AskSavePath(const FileFilter&, const std::string& start) override {
+    suggestion = start;
+    return path;
+  }
+  std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return {}; }
+  std::optional<COLORREF> AskColor(COLORREF) override { return {}; }
+  std::optional<FontChoice> AskFont(const FontChoice&) override { return {}; }
+
+  std::string path;
+  std::string suggestion;
+
+ private:
+  const UseService<Dialogs> use{*this};
+};
+
 class MainFrameTest : public MainWindow<FakeDocument, FakeView> {
  protected:
   std::size_t OpenCharts() { return frame->Manager().Documents().size(); }
@@ -146,15 +165,16 @@ TEST_F(MainFrameTest, ClosingAsksForEachModifiedChartAndCancelKeepsAll) {
 }
 
 TEST_F(MainFrameTest, SavingANewChartAsksForItsPlace) {
+  SaveDialogs dialogs;
   frame->RunCommand(ID_FILE_NEW);
   EXPECT_EQ(Title(), "Morvane_Diagram1 - Morvane");
-  dialogs.ExpectSave("/x/Saved.mrv");
+  dialogs.path = "/x/Saved.mrv";
   frame->RunCommand(ID_FILE_SAVE);
   EXPECT_EQ(Title(), "Saved.mrv - Morvane");
-  dialogs.ExpectSave("/x/Copy.mrv");
+  dialogs.path = "/x/Copy.mrv";
   frame->RunCommand(ID_FILE_SAVE_AS);
   EXPECT_EQ(Title(), "Copy.mrv - Morvane");
-  EXPECT_EQ(dialogs.LastSuggestion(), "/x/Saved.mrv");
+  EXPECT_EQ(dialogs.suggestion, "/x/Saved.mrv");
 }
 
 TEST_F(MainFrameTest, GestureEndsBeforeItsChartCloses) {

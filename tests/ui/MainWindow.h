@@ -36,7 +36,6 @@ class MainWindow : public testing::Test {
   bool IsChecked(unsigned id) const { return frame->StateOf(id).checked; }
 
   ScriptedMessageBoxes boxes;
-  ScriptedDialogs dialogs;
   MemoryProfile profile;
   const UseService<Profile> use{profile};
   std::unique_ptr<CMainFrame> frame;

@@ -2,6 +2,7 @@
 
 #include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtPrinting.h"
+#include "tests/ui/Canvas.h"
 #include "tests/ui/WindowTest.h"
 
 namespace {
@@ -49,17 +50,6 @@ class PrintWindow : public testing::Test {
   const UseService<Printing> use{printing};
   ScriptedMessageBoxes boxes;
 };
-
-/// The box of all that is not white.
-QRect InkOf(const QImage& image) {
-  QRect ink;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (image.pixel(x, y) != qRgb(255, 255, 255)) ink |= QRect(x, y, 1, 1);
-    }
-  }
-  return ink;
-}
 
 TEST_F(PrintWindow, PagesMeetAtTheEdgesOfThePrintableArea) {
   // One state from the first page to the second: twenty model units to the inch.
