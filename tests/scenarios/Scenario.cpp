@@ -132,6 +132,9 @@ void Scenario::Do(const std::string& step) {
   const std::size_t blank = step.find(' ');
   const std::string verb = step.substr(0, blank);
   const std::string rest = blank != std::string::npos ? step.substr(blank + 1) : "";
+  static const std::set<std::string> withoutChart = {
+      "open", "recent", "block", "files", "read", "set", "settings", "command", "clipboard"};
+  if (chart == nullptr && !withoutChart.contains(verb)) return user.Note("no chart is open");
   if (const auto found = verbs.find(verb); found != verbs.end()) {
     return (this->*found->second)(rest);
   }
@@ -208,6 +211,7 @@ void Scenario::GiveCommand(const std::string& text) {
 }
 
 bool Scenario::Run(unsigned command) {
+  if (chart == nullptr && (command == ID_FILE_SAVE_AS || command == ID_FILE_CLOSE)) return false;
   switch (command) {
     case ID_FILE_NEW: return manager.NewDocument() != nullptr;
     case ID_FILE_OPEN: manager.OnFileOpen(); return true;
