@@ -40,6 +40,10 @@ TEST(LinkChain, ChangesByTheLocalRules) {
     cut(chain);
     LinkAt(chain, 2)->MoveTo({0, 7});
   };
+  const Change removeEnds = [](LinkChain& chain) {
+    chain.Head()->Remove();
+    chain.Tail()->Remove();
+  };
   const Change offset = [](LinkChain& chain) { chain.Head()->Offset({5, -3}); };
   const Change setEnds = [](LinkChain& chain) {
     chain.Head()->SetEnds({10, 9}, {10, 11});
@@ -62,6 +66,7 @@ TEST(LinkChain, ChangesByTheLocalRules) {
       {"a tail stays", kStairs, Move(4, {99, 99}), kStairs},
       {"onto a loop, so that its neighbours become one",
        "0,0 0,1 0,5 10,5 10,20 0,20 0,30 9,30 10,30", Move(4, {0, 5}), "0,0 0,1 0,30 9,30 10,30"},
+      {"the ends are never taken out", kStairs, removeEnds, kStairs},
       {"the tail aside", kHook, MoveTail({35, 40}), "10,10 10,11 35,11 35,40 35,41"},
       {"a bend for the head", straight, MoveHead({30, 0}), farHead},
       {"and none", farHead, MoveHead({10, 10}), straight},
