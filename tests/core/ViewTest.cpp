@@ -10,6 +10,13 @@ std::unique_ptr<LayoutMgr> Shown(const std::string& text) {
   return chart;
 }
 
+TEST(View, HalvesOfAUnitRoundAwayFromZero) {
+  const auto chart = LoadChart(SmallChart());
+  for (const auto& [device, model] : Points("3,1 2,0 -3,-1 -2,0 9,2 8,1")) {
+    EXPECT_EQ(chart->ToModel(device), model) << device;
+  }
+}
+
 TEST(View, HitsByLayerAndThenByPlaceInTheList) {
   const RECT box{10, 10, 30, 30};
   const auto chart = Shown(ChartText(NoteRecord(4, box, Block("note")) + MesgRecord(3, 0, box) +
