@@ -116,7 +116,7 @@ void ChartHand::PlaceTool() {
 POINT ChartHand::AnchorOf(const Connectable& shape) {
   auto anchor = shape.GetAnchors().begin();
   std::advance(anchor, Below(static_cast<int>(shape.GetAnchors().size())));
-  return chart.ToClient(anchor->second);
+  return chart.ToClient(anchor->point);
 }
 
 void ChartHand::DragFromAnchor() {

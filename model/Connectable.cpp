@@ -28,10 +28,7 @@ bool Connectable::FindAnchorNear(const POINT& logical, AnchorKey& out) const {
   return false;
 }
 
-const POINT* Connectable::AnchorAt(const AnchorKey& key) const {
-  const auto found = anchors.find(key);
-  return found == anchors.end() ? nullptr : &found->second;
-}
+const POINT* Connectable::AnchorAt(const AnchorKey& key) const { return anchors.Find(key); }
 
 void Connectable::NotifyConnectors(bool all) {
   for (Connector* connector : connectors) {

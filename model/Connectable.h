@@ -1,10 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <vector>
 
-#include "model/AnchorKey.h"
+#include "model/AnchorMap.h"
 #include "platform/Geometry.h"
 
 class Connector;
@@ -13,8 +12,6 @@ class LayoutMgr;
 /// Owns the anchors of a shape, in model units, and knows which connectors hang on them.
 class Connectable {
  public:
-  using AnchorMap = std::map<AnchorKey, POINT>;
-
   Connectable() = default;
   virtual ~Connectable();
   Connectable(const Connectable&) = delete;

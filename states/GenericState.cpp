@@ -148,13 +148,13 @@ void GenericState::RefreshAnchors() {
   const auto quarterX = static_cast<std::int32_t>(Width(rect) / 4);
   const auto quarterY = static_cast<std::int32_t>(Height(rect) / 4);
   // Clockwise from the top left, three on each side.
-  for (std::uint16_t place = 1; place <= 3; ++place) {
-    const std::int32_t step = std::int32_t{place} - 2;
-    const std::int32_t dx = step * quarterX;
-    const std::int32_t dy = step * quarterY;
-    anchors[{place, SIDE_TOP}] = {AddSat(middle.x, dx), rect.top};
-    anchors[{place, SIDE_RIGHT}] = {rect.right, AddSat(middle.y, dy)};
-    anchors[{place, SIDE_BOTTOM}] = {SubSat(middle.x, dx), rect.bottom};
-    anchors[{place, SIDE_LEFT}] = {rect.left, SubSat(middle.y, dy)};
-  }
+  const auto fillSide = [this](Side side, POINT second, POINT step) {
+    anchors[{1, side}] = second - step;
+    anchors[{2, side}] = second;
+    anchors[{3, side}] = second + step;
+  };
+  fillSide(SIDE_TOP, {middle.x, rect.top}, {quarterX, 0});
+  fillSide(SIDE_RIGHT, {rect.right, middle.y}, {0, quarterY});
+  fillSide(SIDE_BOTTOM, {middle.x, rect.bottom}, {-quarterX, 0});
+  fillSide(SIDE_LEFT, {rect.left, middle.y}, {0, -quarterY});
 }

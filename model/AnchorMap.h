@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "model/AnchorKey.h"
+#include "platform/Geometry.h"
+
+/// The anchors of one shape in the order of their keys. They lie side by side in one block: a chart
+/// has hundreds of thousands of them, and an undo makes each anew.
+class AnchorMap {
+ public:
+  struct Anchor {
+    AnchorKey key;
+    POINT point;  ///< model units
+  };
+  using const_iterator = std::vector<Anchor>::const_iterator;
+
+  /// The point of a key, which is added if it is new.
+  POINT& operator[](const AnchorKey& key);
+  /// The point of a key; null if there is none.
+  const POINT* Find(const AnchorKey& key) const;
+
+  const_iterator begin() const { return anchors.begin(); }
+  const_iterator end() const { return anchors.end(); }
+  std::size_t size() const { return anchors.size(); }
+  void clear() { anchors.clear(); }
+
+ private:
+  std::vector<Anchor> anchors;
+};
