@@ -6,7 +6,6 @@
 #include "persistence/ModelStream.h"
 #include "platform/CDC.h"
 #include "surface/LayoutMgr.h"
-#include "surface/RectTracker.h"
 
 namespace {
 
@@ -44,7 +43,7 @@ void RectShape::Read(ModelStream& stream) {
 }
 
 void RectShape::Draw(CDC* dc) {
-  if (dc->IsPrinting() || tracker == nullptr || !IsInSelection()) return;
+  if (dc->IsPrinting() || !tracker || !IsInSelection()) return;
   tracker->rect = DeviceRect();
   tracker->Draw(*view->GetDC());
 }
@@ -74,14 +73,14 @@ RECT RectShape::GetPaintBounds() const {
   return InflateRect(rect, margin);
 }
 
-void RectShape::OnPlaced() { tracker = std::make_unique<RectTracker>(*this); }
+void RectShape::OnPlaced() { tracker.emplace(*this); }
 
 unsigned RectShape::GetHandleMask() const { return CRectTracker::kAllHandles; }
 
 void RectShape::OnRectChanged(const RECT& /*old*/, bool /*sized*/) {}
 
 void RectShape::ShowHandles(bool show) {
-  if (tracker == nullptr) return;
+  if (!tracker) return;
   if (show) tracker->rect = DeviceRect();
   const unsigned mask = tracker->GetHandleMask();
   for (int handle = 0; handle < CRectTracker::kHandleCount; ++handle) {
@@ -130,7 +129,7 @@ void RectShape::OnBroadcast(int op, void* arg) {
     case BROADCAST_MOVE: MoveTo(rect + *static_cast<const POINT*>(arg)); break;
     case BROADCAST_SHOW_GHOST: ShowGhost(*static_cast<const POINT*>(arg)); break;
     case BROADCAST_END_GHOST:
-      if (tracker != nullptr) tracker->DrawTrackerRect({}, *view->GetDC());
+      if (tracker) tracker->DrawTrackerRect({}, *view->GetDC());
       break;
     default: break;
   }
@@ -138,7 +137,7 @@ void RectShape::OnBroadcast(int op, void* arg) {
 
 /// `offset` is less the scroll position, model units.
 void RectShape::ShowGhost(POINT offset) {
-  if (tracker == nullptr) return;
+  if (!tracker) return;
   RECT ghost = view->ToDevice(rect + offset);
   SnapDeviceRect(ghost);
   tracker->rect = ghost;
@@ -150,7 +149,7 @@ void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y
     view->GetSelection().Add(this);
     ShowHandles(true);
   }
-  if (tracker == nullptr) return;
+  if (!tracker) return;
   // The shape may have moved since it was painted.
   tracker->rect = DeviceRect();
   Collection& selection = view->GetSelection();
@@ -178,5 +177,5 @@ void RectShape::AdjustRect(unsigned /*handle*/, RECT& device) {
 }
 
 bool RectShape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
-  return tracker != nullptr && tracker->SetCursor(*view, view->GetCursorPos());
+  return tracker && tracker->SetCursor(*view, view->GetCursorPos());
 }

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <memory>
+#include <optional>
 
 #include "model/Shape.h"
-
-class RectTracker;
+#include "surface/RectTracker.h"
 
 /// A shape whose extent is one rectangle, in model units.
 class RectShape : public Shape {
@@ -56,5 +55,5 @@ class RectShape : public Shape {
   void ShowGhost(POINT offset);
 
   RECT rect;
-  std::unique_ptr<RectTracker> tracker;
+  std::optional<RectTracker> tracker;  ///< once the shape stands on a chart
 };

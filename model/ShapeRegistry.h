@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <unordered_map>
 
 class Shape;
 
@@ -23,7 +23,7 @@ class ShapeRegistry {
  private:
   static constexpr std::int32_t kFirstId = 100;
 
-  std::map<std::int32_t, Shape*> shapes;
+  std::unordered_map<std::int32_t, Shape*> shapes;
   std::int32_t lastId = kFirstId;
   std::int32_t lastFreeId = kFirstId;
 };
