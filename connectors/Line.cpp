@@ -78,11 +78,6 @@ bool Line::RemapIds(IdMap& map) {
   return true;
 }
 
-void Line::OnPlaced() {
-  BuildRegion();
-  Invalidate();
-}
-
 /// Notes are of the same layer, so that the ends are looked up when all of it is there. A reference
 /// to no object, or to one that has no anchors, leaves the end free.
 void Line::OnLayerPlaced() {
@@ -134,7 +129,7 @@ RECT Line::GetPaintBounds() const {
 }
 
 bool Line::HitTest(const POINT& client) const {
-  return region != nullptr && PtInRect(view->ToClient(GetPaintBounds()), client) &&
+  return IsPlaced() && PtInRect(view->ToClient(GetPaintBounds()), client) &&
          ComplexShape::HitTest(client);
 }
 

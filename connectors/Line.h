@@ -27,7 +27,6 @@ class Line : public ComplexShape, public Connector {
   void OnCommand(unsigned command) override;
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
-  void OnPlaced() override;
   void OnLayerPlaced() override;
   void OnDragMove(POINT& client) override;
   void OnBroadcast(int op, void* arg) override;

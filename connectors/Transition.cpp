@@ -28,10 +28,8 @@ Transition::Transition(std::int32_t id, LayoutMgr* view, POINT sourcePoint, POIN
 Transition::~Transition() {
   if (source != nullptr) source->RemoveTransition(this);
   if (target != nullptr) target->RemoveTransition(this);
-  for (Mesg* message : std::exchange(messages, {})) {
-    message->ForgetTransition();
-    delete message;
-  }
+  TakeAlong(std::exchange(mesg, nullptr));
+  for (Mesg* message : std::exchange(formerMessages, {})) TakeAlong(message);
 }
 
 const std::string& Transition::GetTypeName() const {
@@ -67,7 +65,9 @@ void Transition::Read(ModelStream& stream) {
 }
 
 void Transition::ReadChain(ModelStream& stream) {
+  constexpr std::size_t usualLinks = 4;
   records.clear();
+  records.reserve(usualLinks);
   ChainRecord record;
   do {
     std::int16_t kind = 0;
@@ -91,8 +91,8 @@ bool Transition::RemapIds(IdMap& map) {
 void Transition::OnPlaced() {
   ResolveEnds();
   RebuildChain();
-  BuildRegion();
-  Invalidate();
+  NoteBounds();
+  ComplexShape::OnPlaced();
 }
 
 void Transition::OnRestored() { ResolveEnds(); }
@@ -150,15 +150,24 @@ void Transition::DetachTarget() {
   UpdateNodes();
 }
 
+void Transition::TakeAlong(Mesg* message) {
+  if (message == nullptr) return;
+  message->ForgetTransition();
+  delete message;
+}
+
 void Transition::SetMesg(Mesg* message) {
+  if (mesg != nullptr && mesg != message) formerMessages.insert(mesg);
   mesg = message;
-  messages.insert(message);
   UpdateNodes();
 }
 
 void Transition::ClearMesg(Mesg* message) {
-  messages.erase(message);
-  if (mesg == message) mesg = nullptr;
+  if (mesg == message) {
+    mesg = nullptr;
+  } else {
+    formerMessages.erase(message);
+  }
   UpdateNodes();
 }
 

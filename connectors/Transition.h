@@ -99,6 +99,7 @@ class Transition : public ComplexShape {
  private:
   void ReadChain(ModelStream& stream);
   void ResolveEnds();
+  static void TakeAlong(Mesg* message);
   void UpdateNodes();
   void AddMesg();
   void MoveBy(POINT offset);
@@ -141,12 +142,11 @@ class Transition : public ComplexShape {
   MetafileStamp stamp;
   POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added
   Mesg* mesg = nullptr;
-  std::unordered_set<Mesg*> messages;  ///< all that name this transition; more than one in a
-                                       ///< damaged file
-  POINT labelCentre;                   ///< at the last region build, less the scroll position
-  RECT bounds;                         ///< around all that is painted, at any zoom
-  bool labelAtOrigin = false;          ///< the label has no place on the route, nor in `bounds`
-  std::vector<ChainRecord> records;    ///< the route as it was made or read, to go back to
+  std::unordered_set<Mesg*> formerMessages;  ///< in a damaged file others name it too
+  POINT labelCentre;                         ///< at the last region build, less the scroll position
+  RECT bounds;                               ///< around all that is painted, at any zoom
+  bool labelAtOrigin = false;        ///< the label has no place on the route, nor in `bounds`
+  std::vector<ChainRecord> records;  ///< the route as it was made or read, to go back to
   std::int32_t sourceId = 0;
   std::int32_t targetId = 0;
 };

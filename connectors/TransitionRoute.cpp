@@ -128,7 +128,7 @@ void Transition::NoteBounds() {
 }
 
 RECT Transition::GetBounds() const {
-  if (region == nullptr || !labelAtOrigin) return ComplexShape::GetBounds();
+  if (!IsPlaced() || !labelAtOrigin) return ComplexShape::GetBounds();
   const CRgn route = RegionAt([this](POINT p) { return ToClient(p); });
   return view->AddScroll(view->ToModel(route.GetBox()));
 }
@@ -139,6 +139,6 @@ RECT Transition::GetPaintBounds() const {
 }
 
 bool Transition::HitTest(const POINT& client) const {
-  return region != nullptr && PtInRect(view->ToClient(GetPaintBounds()), client) &&
+  return IsPlaced() && PtInRect(view->ToClient(GetPaintBounds()), client) &&
          ComplexShape::HitTest(client);
 }

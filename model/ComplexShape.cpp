@@ -6,7 +6,7 @@
 void ComplexShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
   right = 0;
   bottom = 0;
-  if (region == nullptr) return;
+  if (!placed) return;
   // At normal size a logical unit is a pixel.
   const RECT box = RegionAt([this](POINT p) { return view->ToLogical(p); }).GetBox();
   const double unit = view->ToLogical(1);
@@ -41,6 +41,11 @@ RECT ComplexShape::GetBounds() const {
   return view->AddScroll(view->ToModel(current->GetBox()));
 }
 
+void ComplexShape::OnPlaced() {
+  placed = true;
+  InvalidateNew();
+}
+
 void ComplexShape::OnDragMove(POINT& /*client*/) {}
 
 bool ComplexShape::ViewHasChanged() const {
@@ -53,9 +58,9 @@ void ComplexShape::NoteView() {
 }
 
 const CRgn* ComplexShape::CurrentRegion() const {
-  if (region == nullptr) return nullptr;
+  if (!placed) return nullptr;
   // The region is a cache of the route in device pixels.
-  if (ViewHasChanged()) const_cast<ComplexShape*>(this)->BuildRegion();
+  if (region == nullptr || ViewHasChanged()) const_cast<ComplexShape*>(this)->BuildRegion();
   return region.get();
 }
 

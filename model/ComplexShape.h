@@ -22,6 +22,8 @@ class ComplexShape : public Shape {
   bool IsInsideRect(const RECT& model) const override;
   void Invalidate() override;
   RECT GetBounds() const override;
+  /// From now on there is a region whenever it is asked for.
+  void OnPlaced() override;
 
   /// The trackers' callback while a part of the shape is dragged: the pointer's position in device
   /// pixels, which the operation may change.
@@ -35,18 +37,21 @@ class ComplexShape : public Shape {
   virtual CRgn RegionAt(const Conversion& convert) const = 0;
   /// Makes `region` afresh for the present scroll position and zoom.
   virtual void BuildRegion() = 0;
-  /// The region, made anew if the view has scrolled or zoomed since; null before the first build.
+  bool IsPlaced() const { return placed; }
+  /// The region, made if there is none yet and anew if the view has scrolled or zoomed since; null
+  /// before `OnPlaced`.
   const CRgn* CurrentRegion() const;
   /// Holds the old region, builds the new one and asks for a repaint of both.
   void RebuildRegion();
   /// Takes the fingerprint of scroll position and zoom; call it when the region is built.
   void NoteView();
 
-  std::unique_ptr<CRgn> region;
+  std::unique_ptr<CRgn> region;  ///< null until somebody asks: most of a large chart never do
 
  private:
   bool ViewHasChanged() const;
 
   POINT regionScroll;  ///< scroll position of the view at the last build, model units
   std::int16_t regionZoom = 0;
+  bool placed = false;
 };

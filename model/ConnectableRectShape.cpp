@@ -55,7 +55,7 @@ void ConnectableRectShape::OnCommand(unsigned command) {
 void ConnectableRectShape::OnPlaced() {
   RefreshAnchors();
   RectShape::OnPlaced();
-  Invalidate();
+  InvalidateNew();
 }
 
 void ConnectableRectShape::OnRectChanged(const RECT& /*old*/, bool sized) {

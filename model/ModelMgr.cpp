@@ -69,6 +69,7 @@ void ModelMgr::PlaceAll() {
   placing = true;
   Place(list);
   placing = false;
+  if (view != nullptr) view->Invalidate();
   if (ObjectBrowser* browser = Browser()) browser->AddAllNodes(Objects());
 }
 

@@ -34,6 +34,7 @@ class ModelMgr : public ShapeRegistry {
 
   /// Attaches every object that was read. The view calls it once for each model.
   void PlaceAll();
+  bool IsPlacingAll() const { return placing; }
   /// Attaches objects layer by layer, so that what is looked up by id stands in the registry first.
   void Place(const std::vector<Shape*>& list);
 
@@ -113,7 +114,7 @@ class ModelMgr : public ShapeRegistry {
   Collection selection;
   std::unique_ptr<HiddenWindow> menuWindow;
   LayoutMgr* view;
-  bool placing = false;  ///< the browser hears of all objects at the end
+  bool placing = false;  ///< window and browser hear of all objects at once
   std::unique_ptr<ModelClipboard> clipboard;
   Factory factory;
   ModelData data{factory};

@@ -55,6 +55,10 @@ void Shape::ForgetModel() { mgr = nullptr; }
 
 bool Shape::IsInSelection() const { return mgr != nullptr && mgr->GetSelection().Contains(this); }
 
+void Shape::InvalidateNew() {
+  if (!mgr->IsPlacingAll()) Invalidate();
+}
+
 bool Shape::ConfirmDeletion(unsigned textId) {
   return ShowMessage(LoadText(textId), kConfirmFlags) == MessageAnswer::Yes;
 }

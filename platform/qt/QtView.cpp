@@ -130,6 +130,7 @@ std::unique_ptr<CDC> QtView::CreateClientDC() {
 void QtView::InvalidateRect(const RECT& r) { InvalidateRgn(CRgn::FromRect(r)); }
 
 void QtView::InvalidateRgn(const CRgn& region) {
+  if (IsAllInvalid()) return AddInvalid({});
   const QRect client = viewport()->rect();
   QRegion added;
   for (const CRgn::Piece& piece : region.Pieces()) added += ToRegion(piece, client);
@@ -141,7 +142,14 @@ void QtView::InvalidateRgn(const CRgn& region) {
   }
 }
 
-void QtView::InvalidateAll() { AddInvalid(viewport()->rect()); }
+void QtView::InvalidateAll() {
+  AddInvalid(IsAllInvalid() ? QRegion() : QRegion(viewport()->rect()));
+}
+
+/// Whatever is asked for now is repainted anyway.
+bool QtView::IsAllInvalid() const {
+  return invalid.rectCount() == 1 && invalid.boundingRect() == viewport()->rect();
+}
 
 void QtView::AddInvalid(const QRegion& region) {
   invalid += region & viewport()->rect();

@@ -88,6 +88,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   QRegion ToPhysical(const QRegion& device) const;
   void RemakePicture();
   void AddInvalid(const QRegion& region);
+  bool IsAllInvalid() const;
   void PaintInvalid();
   void ShowPhysical(const QRect& physical);
 

@@ -99,7 +99,7 @@ TEST_F(FaultsTest, MemoryThatRunsOutWhileReadingIsSaid) {
       failed = Faults::Disarm();
       EXPECT_EQ(reason.empty(), !failed) << request << " of " << size;
     }
-    EXPECT_GT(request, size == 1 ? 200 : 1);
+    EXPECT_GT(request, size == 1 ? 100 : 1);
   }
 }
 
