@@ -7,7 +7,7 @@
 class CSortStringArray {
  public:
   void Add(std::string text) { strings.push_back(std::move(text)); }
-  /// Texts that differ in nothing but their case keep their order.
+  /// Texts that differ in nothing but their case stand in the order of their bytes.
   void SortStrings();
   const std::vector<std::string>& Strings() const { return strings; }
 

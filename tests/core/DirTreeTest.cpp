@@ -1,5 +1,6 @@
 #include "platform/Folders.h"
 #include "shell/CDirTreeCtrl.h"
+#include "shell/CSortStringArray.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/TreeRows.h"
 
@@ -46,6 +47,16 @@ class DirTree : public testing::Test {
   TestDrives drives{{root.Root().string() + "/"}};
   CDirTreeCtrl tree;
 };
+
+TEST(SortStringArray, TheOrderOfArrivalDoesNotMatter) {
+  Rows names = {"/A", "/a", "/a.b", "/AB", "/B", "/b"};
+  do {
+    CSortStringArray sorted;
+    for (const std::string& name : names) sorted.Add(name);
+    sorted.SortStrings();
+    ASSERT_EQ(sorted.Strings(), (Rows{"/A", "/a", "/a.b", "/AB", "/B", "/b"}));
+  } while (std::next_permutation(names.begin(), names.end()));
+}
 
 TEST_F(DirTree, FoldersComeBeforeChartFilesEachInOrder) {
   for (const char* name : {"beta", "Alpha", "_x", "empty"}) Folder(name);

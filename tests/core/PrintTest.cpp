@@ -107,7 +107,9 @@ TEST_F(Print, NeitherZoomNorPositionNorSelectionChangesThePaper) {
   chart->OnCommand(ID_EDIT_SELECT_ALL);
   const std::string before = chart->ModelText();
   EXPECT_TRUE(chart->IsGridShown());
+  FakeWindow window(*chart);
   EXPECT_EQ(shapes(), plain);
+  EXPECT_TRUE(window.Painted().empty());
   EXPECT_EQ(chart->ModelText(), before);
 
   // A line and a short arrow, whose label stands where the window is.
