@@ -129,7 +129,9 @@ void RectShape::OnBroadcast(int op, void* arg) {
     case BROADCAST_MOVE: MoveTo(rect + *static_cast<const POINT*>(arg)); break;
     case BROADCAST_SHOW_GHOST: ShowGhost(*static_cast<const POINT*>(arg)); break;
     case BROADCAST_END_GHOST:
-      if (tracker) tracker->DrawTrackerRect({}, *view->GetDC());
+      if (!tracker) break;
+      tracker->DrawTrackerRect({}, *view->GetDC());
+      tracker->rect = DeviceRect();
       break;
     default: break;
   }
