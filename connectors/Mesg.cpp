@@ -82,14 +82,14 @@ void Mesg::ResolveTransition() {
 void Mesg::RefreshAnchors() {
   ClearAnchors();
   const POINT middle = CentreOf(rect);
-  anchors[{1, SIDE_TOP}] = {rect.left, rect.top};
-  anchors[{2, SIDE_TOP}] = {middle.x, rect.top};
-  anchors[{3, SIDE_TOP}] = {rect.right, rect.top};
-  anchors[{1, SIDE_RIGHT}] = {rect.right, middle.y};
-  anchors[{1, SIDE_BOTTOM}] = {rect.right, rect.bottom};
-  anchors[{2, SIDE_BOTTOM}] = {middle.x, rect.bottom};
-  anchors[{3, SIDE_BOTTOM}] = {rect.left, rect.bottom};
-  anchors[{1, SIDE_LEFT}] = {rect.left, middle.y};
+  anchors.Add({1, SIDE_TOP}, {rect.left, rect.top});
+  anchors.Add({2, SIDE_TOP}, {middle.x, rect.top});
+  anchors.Add({3, SIDE_TOP}, {rect.right, rect.top});
+  anchors.Add({1, SIDE_RIGHT}, {rect.right, middle.y});
+  anchors.Add({1, SIDE_BOTTOM}, {rect.right, rect.bottom});
+  anchors.Add({2, SIDE_BOTTOM}, {middle.x, rect.bottom});
+  anchors.Add({3, SIDE_BOTTOM}, {rect.left, rect.bottom});
+  anchors.Add({1, SIDE_LEFT}, {rect.left, middle.y});
 }
 
 RECT Mesg::GetStickHandle() const { return HandleSquare(view->ToClient(GetCentre()), kStickReach); }

@@ -52,13 +52,13 @@ void Note::OnPlaced() {
 void Note::RefreshAnchors() {
   ClearAnchors();
   const POINT middle = CentreOf(rect);
-  anchors[{1, SIDE_TOP}] = {rect.left, rect.top};
-  anchors[{2, SIDE_TOP}] = {middle.x, rect.top};
-  anchors[{1, SIDE_RIGHT}] = {rect.right, middle.y};
-  anchors[{1, SIDE_BOTTOM}] = {rect.right, rect.bottom};
-  anchors[{2, SIDE_BOTTOM}] = {middle.x, rect.bottom};
-  anchors[{3, SIDE_BOTTOM}] = {rect.left, rect.bottom};
-  anchors[{1, SIDE_LEFT}] = {rect.left, middle.y};
+  anchors.Add({1, SIDE_TOP}, {rect.left, rect.top});
+  anchors.Add({2, SIDE_TOP}, {middle.x, rect.top});
+  anchors.Add({1, SIDE_RIGHT}, {rect.right, middle.y});
+  anchors.Add({1, SIDE_BOTTOM}, {rect.right, rect.bottom});
+  anchors.Add({2, SIDE_BOTTOM}, {middle.x, rect.bottom});
+  anchors.Add({3, SIDE_BOTTOM}, {rect.left, rect.bottom});
+  anchors.Add({1, SIDE_LEFT}, {rect.left, middle.y});
 }
 
 void Note::Draw(CDC* dc) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 
 /// The sides of a shape, as an anchor's key names them.
@@ -15,8 +14,4 @@ struct AnchorKey {
   std::uint16_t side = kUnset;
 
   friend bool operator==(const AnchorKey&, const AnchorKey&) = default;
-  friend std::strong_ordering operator<=>(const AnchorKey& a, const AnchorKey& b) {
-    if (const auto order = a.side <=> b.side; order != 0) return order;
-    return a.index <=> b.index;
-  }
 };

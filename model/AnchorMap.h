@@ -16,8 +16,8 @@ class AnchorMap {
   };
   using const_iterator = std::vector<Anchor>::const_iterator;
 
-  /// The point of a key, which is added if it is new.
-  POINT& operator[](const AnchorKey& key);
+  /// Adds an anchor, whose key comes behind all others.
+  void Add(const AnchorKey& key, POINT point);
   /// The point of a key; null if there is none.
   const POINT* Find(const AnchorKey& key) const;
 

@@ -149,9 +149,9 @@ void GenericState::RefreshAnchors() {
   const auto quarterY = static_cast<std::int32_t>(Height(rect) / 4);
   // Clockwise from the top left, three on each side.
   const auto fillSide = [this](Side side, POINT second, POINT step) {
-    anchors[{1, side}] = second - step;
-    anchors[{2, side}] = second;
-    anchors[{3, side}] = second + step;
+    anchors.Add({1, side}, second - step);
+    anchors.Add({2, side}, second);
+    anchors.Add({3, side}, second + step);
   };
   fillSide(SIDE_TOP, {middle.x, rect.top}, {quarterX, 0});
   fillSide(SIDE_RIGHT, {rect.right, middle.y}, {0, quarterY});

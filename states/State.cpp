@@ -28,8 +28,8 @@ void State::OnCommand(unsigned command) {
 void State::RefreshMiddleAnchors() {
   ClearAnchors();
   const POINT middle = CentreOf(rect);
-  anchors[{1, SIDE_TOP}] = {middle.x, rect.top};
-  anchors[{1, SIDE_RIGHT}] = {rect.right, middle.y};
-  anchors[{1, SIDE_BOTTOM}] = {middle.x, rect.bottom};
-  anchors[{1, SIDE_LEFT}] = {rect.left, middle.y};
+  anchors.Add({1, SIDE_TOP}, {middle.x, rect.top});
+  anchors.Add({1, SIDE_RIGHT}, {rect.right, middle.y});
+  anchors.Add({1, SIDE_BOTTOM}, {middle.x, rect.bottom});
+  anchors.Add({1, SIDE_LEFT}, {rect.left, middle.y});
 }
