@@ -131,6 +131,7 @@ void RectShape::OnBroadcast(int op, void* arg) {
     case BROADCAST_END_GHOST:
       if (!tracker) break;
       tracker->DrawTrackerRect({}, *view->GetDC());
+      // Back from the ghost to where the handles are, for the next change of the selection.
       tracker->rect = DeviceRect();
       break;
     default: break;

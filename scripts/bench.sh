@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Builds and runs the benchmarks and prints each ratio beside its mark; fails when one is missed.
-# The repetitions of all come in mixed order, so that a machine that slows down for a while does not
-# slow down one side of a ratio only:
+# Builds and runs the benchmarks and prints each ratio beside its mark; fails when one is missed:
 # bench.sh [BENCHMARK_OPTION...], such as --benchmark_filter=Read
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 "$root/scripts/setup.sh"
 "$root/scripts/build.sh" release morvane_bench
+# In mixed order, so that a machine that slows down for a while does not slow down one side of a
+# ratio only.
 exec "$root/build/release/bin/morvane_bench" --benchmark_repetitions=3 \
   --benchmark_enable_random_interleaving=true "$@"
