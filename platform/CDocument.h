@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/SharedText.h"
+
 class CDocManager;
 class CScrollView;
 
@@ -31,6 +33,8 @@ class CDocument {
   virtual bool OnOpenDocument(const std::string& path) = 0;
   virtual bool OnSaveDocument(const std::string& path) = 0;
   virtual void OnCloseDocument() {}
+  /// What the view shows has another text now, or may have.
+  virtual void OnTextChanged(const SharedText& /*text*/) {}
 
   /// Saves under the present path, or asks for one.
   bool DoFileSave();

@@ -1,6 +1,7 @@
 #include "surface/LayoutMgr.h"
 
 #include <algorithm>
+#include <exception>
 #include <sstream>
 
 #include "dialogs/CDefaultSettingDlg.h"
@@ -13,6 +14,7 @@
 #include "persistence/UndoHistory.h"
 #include "platform/CDC.h"
 #include "platform/MessageBox.h"
+#include "resources/Texts.h"
 
 namespace {
 
@@ -74,6 +76,8 @@ void LayoutMgr::ChangeZoom(std::int16_t value) {
   if (value < kMinZoom || value > kMaxZoom) return;
   zoom = value;
   ApplyZoom();
+  // The zoom is part of the text and yet no step to undo.
+  TellDocument(std::make_shared<const std::string>(ModelText()));
 }
 
 bool LayoutMgr::OnScrollBy(SIZE distance) {
@@ -155,7 +159,17 @@ void LayoutMgr::OnDraw(CDC& dc) {
   model->DrawAll(&dc);
 }
 
-void LayoutMgr::TakeSnapshot() { undoHistory->Push(ModelText()); }
+void LayoutMgr::TakeSnapshot() {
+  undoHistory->Push(ModelText());
+  snapshotZoom = zoom;
+  TellDocument(undoHistory->Current());
+}
+
+void LayoutMgr::TellDocument(const SharedText& text) {
+  if (GetDocument() != nullptr) GetDocument()->OnTextChanged(text);
+}
+
+SharedText LayoutMgr::SnapshotText() const { return undoHistory->Current(); }
 
 std::string LayoutMgr::ModelText() const {
   std::ostringstream text;
@@ -172,31 +186,45 @@ void LayoutMgr::Write(ModelStream& stream) const {
 }
 
 void LayoutMgr::Read(ModelStream& stream) {
+  // All of it first beside what the view holds: a text that is damaged changes nothing.
   ModelHeader::Read(stream);
   std::int16_t storedZoom = kNormalZoom;
   stream >> storedZoom;
   SkipLine(stream.In());
+  auto readModel = std::make_unique<ModelMgr>(this);
+  readModel->Read(stream);
+  ModelProperties readProperties = properties;
+  readProperties.Read(stream);
+
   zoom = std::clamp(storedZoom, kMinZoom, kMaxZoom);
-  model->Read(stream);
-  properties.Read(stream);
+  model = std::move(readModel);
+  properties = std::move(readProperties);
   if (objectTree != nullptr) objectTree->Attach(this);
 }
 
-void LayoutMgr::Restore(const std::string& text) {
+bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
   const std::int16_t oldZoom = zoom;
-  model.reset();
-  model = std::make_unique<ModelMgr>(this);
   std::istringstream snapshot(text);
   ModelStream stream(snapshot);
   try {
     Read(stream);
-  } catch (const std::string& reason) {
-    // A snapshot is this program's own text; whatever went wrong, what could be read is shown.
-    ShowMessage(reason, MB_ICONHAND);
+  } catch (const std::string& thrown) {
+    reason = thrown;
+    return false;
+  } catch (const std::exception&) {
+    reason = LoadText(IDS_UNKNOWN_ERROR);
+    return false;
   }
   model->PlaceAll();
   if (zoom != oldZoom) ApplyZoom();
   Invalidate();
+  return true;
+}
+
+bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
+  if (!Restore(text, reason)) return false;
+  TakeSnapshot();
+  return true;
 }
 
 ModelStream& operator<<(ModelStream& stream, const LayoutMgr& view) {

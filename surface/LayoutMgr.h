@@ -11,6 +11,7 @@
 #include "model/ShapeGeometry.h"
 #include "platform/CScrollView.h"
 #include "platform/DrawingTools.h"
+#include "platform/SharedText.h"
 
 class Collection;
 class Connectable;
@@ -99,13 +100,19 @@ class LayoutMgr : public CScrollView {
   /// A uniform scale from logical units to device pixels; the origin stays.
   void PrepareMapping(CDC& dc) const;
 
-  /// Puts the present model text on the undo history; a text that hasn't changed adds nothing.
+  /// Puts the present model text on the undo history and shows it to the document; a text that
+  /// hasn't changed adds nothing.
   void TakeSnapshot();
+  /// Shows another whole model text, as one step that can be undone. False, with nothing changed,
+  /// when the text can't be read; `reason` then says why, for the user.
+  bool ReplaceText(const std::string& text, std::string& reason);
+  /// The text of the present snapshot; null before the first showing.
+  SharedText SnapshotText() const;
   /// The whole model text.
   std::string ModelText() const;
   void Write(ModelStream& stream) const;
   /// Reads the whole text into zoom, model and properties; the objects stay unattached. Throws a
-  /// text for the user.
+  /// text for the user, and then the view holds what it held.
   void Read(ModelStream& stream);
   /// Places a chart that was read with no window, for conversions and pictures. It stands at
   /// normal size if `normalSize`, else at its stored zoom.
@@ -141,7 +148,10 @@ class LayoutMgr : public CScrollView {
   void MakeFonts();
   void DrawGrid(CDC& dc) const;
   void ChangeZoom(std::int16_t value);
-  void Restore(const std::string& text);
+  bool Restore(const std::string& text, std::string& reason);
+  bool ShowSnapshot(const SharedText& text);
+  void TellDocument(const SharedText& text);
+  void KeepZoom();
   void DeleteSelection();
   void RunSelectionCommand(unsigned id);
   void CopyAsMetafile();
@@ -182,6 +192,7 @@ class LayoutMgr : public CScrollView {
   int pagesDown = 1;
   std::int32_t printToFit = 0;  ///< the whole chart goes on one page; not stored
   std::unique_ptr<UndoHistory> undoHistory;
+  std::int16_t snapshotZoom = kNormalZoom;  ///< of the present snapshot
   ObjectBrowser* objectTree = nullptr;
 };
 

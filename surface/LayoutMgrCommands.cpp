@@ -6,17 +6,42 @@
 #include "persistence/UndoHistory.h"
 #include "platform/CDocument.h"
 #include "platform/CWaitCursor.h"
+#include "platform/MessageBox.h"
 #include "resources/CommandIds.h"
 #include "surface/LayoutMgr.h"
 
 // The commands of a chart: what each does, and when it can be given.
 
+bool LayoutMgr::ShowSnapshot(const SharedText& text) {
+  std::string reason;
+  if (text == nullptr) return false;
+  if (Restore(*text, reason)) return true;
+  // A snapshot is this program's own text; there may be no memory for another chart.
+  ShowMessage(reason, MB_ICONHAND);
+  return false;
+}
+
+/// A zoom since the present snapshot comes back with it.
+void LayoutMgr::KeepZoom() {
+  if (zoom != snapshotZoom) undoHistory->Amend(ModelText());
+}
+
 void LayoutMgr::Undo() {
-  if (undoHistory->CanUndo()) Restore(undoHistory->Undo());
+  if (!undoHistory->CanUndo()) return;
+  KeepZoom();
+  if (!ShowSnapshot(undoHistory->Previous())) return;
+  undoHistory->StepBack();
+  snapshotZoom = zoom;
+  TellDocument(undoHistory->Current());
 }
 
 void LayoutMgr::Redo() {
-  if (undoHistory->CanRedo()) Restore(undoHistory->Redo());
+  if (!undoHistory->CanRedo()) return;
+  KeepZoom();
+  if (!ShowSnapshot(undoHistory->Next())) return;
+  undoHistory->StepForward();
+  snapshotZoom = zoom;
+  TellDocument(undoHistory->Current());
 }
 
 void LayoutMgr::DeleteSelection() {
