@@ -33,6 +33,10 @@ class CDocument {
   virtual bool OnOpenDocument(const std::string& path) = 0;
   virtual bool OnSaveDocument(const std::string& path) = 0;
   virtual void OnCloseDocument() {}
+  /// The chart differs from what was saved, as far as its marks on the screen say.
+  virtual bool HasUnsavedMark() const { return false; }
+  /// What the status line says while this document is active; empty if it has nothing to say.
+  virtual std::string StatusText() const { return {}; }
   /// What the view shows has another text now, or may have.
   virtual void OnTextChanged(const SharedText& /*text*/) {}
 

@@ -79,6 +79,26 @@ constexpr std::array kTexts = {
     Text{IDS_PRINT_PAGE, "Page %1 of %2"},
     Text{IDS_SETTINGS_UNSAVED, "The settings cannot be saved"},
     Text{IDS_LINE_TOO_LONG, "A line of this text is too long to be edited here"},
+    Text{IDS_OBJECTS_ADDED, "%1 added"},
+    Text{IDS_OBJECTS_CHANGED, "%1 changed"},
+    Text{IDS_OBJECTS_REMOVED, "%1 removed"},
+    Text{IDS_PROPERTIES_CHANGED, "properties or view changed"},
+    Text{IDS_NEVER_SAVED, "never saved"},
+    Text{IDS_FILE_CHANGED, "Another program has changed the file of this chart."},
+    Text{IDS_FILE_GONE, "The file of this chart is no longer there."},
+    Text{IDS_OPEN_ELSEWHERE, "This chart is open in another running Morvane, too."},
+    Text{IDS_FILE_EMPTY, "this file is empty"},
+    Text{IDS_OVERWRITE_CHANGED,
+         "The file %1 is not the one that was read: another program has changed it.\n\n"
+         "Do you want to save over it ?"},
+    Text{IDS_OPEN_IN_OTHER_WINDOW,
+         "The chart %1 is open in another window.\n\nPlease close it first, or choose another "
+         "name."},
+    Text{IDS_CONFIRM_REVERT,
+         "This will go back to the chart in the file %1.\n\nDo you want to continue ?"},
+    Text{IDS_RECOVERED, "recovered"},
+    Text{IDS_NOT_KEPT,
+         "Changes of this chart cannot be kept for a recovery: the disk may be full."},
 };
 
 class BuiltInEnglish : public TextSource {

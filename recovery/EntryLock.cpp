@@ -1,0 +1,77 @@
+#include "recovery/EntryLock.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr mode_t kOwnerOnly = 0600;
+
+/// The file behind a descriptor is still the one at the path: nobody took it away meanwhile.
+bool IsStillAt(const std::string& path, int descriptor) {
+  struct stat open {};
+  struct stat present {};
+  return fstat(descriptor, &open) == 0 && stat(path.c_str(), &present) == 0 &&
+         open.st_dev == present.st_dev && open.st_ino == present.st_ino;
+}
+
+}  // namespace
+
+EntryLock::~EntryLock() { Release(); }
+
+EntryLock::EntryLock(EntryLock&& other) noexcept
+    : path(std::move(other.path)), descriptor(std::exchange(other.descriptor, -1)) {}
+
+EntryLock& EntryLock::operator=(EntryLock&& other) noexcept {
+  if (this == &other) return *this;
+  Release();
+  path = std::move(other.path);
+  descriptor = std::exchange(other.descriptor, -1);
+  return *this;
+}
+
+void EntryLock::Release() {
+  if (descriptor >= 0) close(descriptor);
+  descriptor = -1;
+}
+
+EntryLock EntryLock::Take(const std::string& path) {
+  EntryLock lock;
+  lock.path = path;
+  constexpr int attempts = 3;
+  for (int attempt = 0; attempt < attempts; ++attempt) {
+    lock.descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kOwnerOnly);
+    if (!lock.Held()) return lock;
+    if (flock(lock.descriptor, LOCK_EX | LOCK_NB) == 0 && IsStillAt(path, lock.descriptor)) {
+      return lock;
+    }
+    const bool isOthers = errno == EWOULDBLOCK;
+    lock.Release();
+    if (isOthers) return lock;
+  }
+  return lock;
+}
+
+bool EntryLock::IsHeld(const std::string& path) {
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) return false;
+  const bool held = flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  close(descriptor);
+  return held;
+}
+
+void EntryLock::Write(std::string_view text) const {
+  if (!Held() || ftruncate(descriptor, 0) != 0) return;
+  // What others read of it is a hint to the user; half a hint does no harm.
+  static_cast<void>(pwrite(descriptor, text.data(), text.size(), 0) < 0);
+}
+
+void EntryLock::Remove() {
+  if (!Held()) return;
+  unlink(path.c_str());
+  Release();
+}
