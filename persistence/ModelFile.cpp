@@ -8,13 +8,22 @@
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
 
-std::string ModelFile::Load(const std::string& path, LayoutMgr& view) {
+std::string ModelFile::ReadText(const std::string& path, std::string& text) {
   try {
     std::string bytes;
     const FileResult read = ReadWholeFile(path, bytes);
     if (!read.Ok()) return read.ErrorText();
-    std::istringstream text(FromDisk(std::move(bytes)));
-    ModelStream stream(text);
+    text = FromDisk(std::move(bytes));
+    return {};
+  } catch (const std::exception&) {
+    return LoadText(IDS_UNKNOWN_ERROR);
+  }
+}
+
+std::string ModelFile::Parse(const std::string& text, LayoutMgr& view) {
+  try {
+    std::istringstream in(text);
+    ModelStream stream(in);
     stream >> view;
     return {};
   } catch (const std::string& reason) {
@@ -22,6 +31,12 @@ std::string ModelFile::Load(const std::string& path, LayoutMgr& view) {
   } catch (const std::exception&) {
     return LoadText(IDS_UNKNOWN_ERROR);
   }
+}
+
+std::string ModelFile::Load(const std::string& path, LayoutMgr& view) {
+  std::string text;
+  std::string reason = ReadText(path, text);
+  return reason.empty() ? Parse(text, view) : reason;
 }
 
 std::string ModelFile::Save(const std::string& path, const std::string& text) {

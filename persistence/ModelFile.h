@@ -11,6 +11,10 @@ class ModelFile {
   /// Reads a chart into a view. The text is empty on success and else holds the reason for the
   /// user.
   static std::string Load(const std::string& path, LayoutMgr& view);
+  /// Reads the text of a file, with LF between the lines. Empty on success, else the reason.
+  static std::string ReadText(const std::string& path, std::string& text);
+  /// Reads a model text into a view, as `Load` does.
+  static std::string Parse(const std::string& text, LayoutMgr& view);
   /// Writes a model text with the line ends of a file. Empty on success, else the reason.
   static std::string Save(const std::string& path, const std::string& text);
 

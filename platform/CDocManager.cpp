@@ -45,6 +45,18 @@ CDocument* CDocManager::FindByPath(const std::string& fullPath) const {
   return found == documents.end() ? nullptr : found->get();
 }
 
+bool CDocManager::IsOpenInOther(const CDocument& document, const std::string& path) const {
+  const std::string fullPath = FullPath(path);
+  return std::ranges::any_of(documents, [&](const auto& open) {
+    return open.get() != &document && !open->GetPathName().empty() &&
+           FullPath(open->GetPathName()) == fullPath;
+  });
+}
+
+void CDocManager::LookAtFiles() {
+  for (const auto& document : documents) document->LookAtFile();
+}
+
 CDocument* CDocManager::OpenDocumentFile(const std::string& path) {
   const std::string fullPath = FullPath(path);
   if (CDocument* open = FindByPath(fullPath)) {

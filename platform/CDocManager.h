@@ -29,7 +29,10 @@ class FrameHost {
   virtual void ActivateFrame(CDocument& document) = 0;
   /// Takes the window away. The document lives a little longer.
   virtual void CloseFrame(CDocument& document) = 0;
+  /// Shows the title of a document, whether it has unsaved changes, and its status text.
   virtual void UpdateTitle(CDocument& document) = 0;
+  /// Shows the notices of a document.
+  virtual void UpdateNotices(CDocument& /*document*/) {}
 };
 
 /// The open documents of the program; it owns them.
@@ -60,6 +63,11 @@ class CDocManager {
   const CDocTemplate& Template() const { return documentTemplate; }
   RecentFiles& Recent() { return recent; }
   void OnTitleChanged(CDocument& document) { host.UpdateTitle(document); }
+  void OnNoticesChanged(CDocument& document) { host.UpdateNotices(document); }
+  /// The file is that of an open document other than this one.
+  bool IsOpenInOther(const CDocument& document, const std::string& path) const;
+  /// Finds out of every document what others did to its file meanwhile.
+  void LookAtFiles();
 
  private:
   CDocument* AddDocument();

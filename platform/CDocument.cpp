@@ -6,17 +6,6 @@
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
-namespace {
-
-/// A question with the title in the place of its "%1".
-std::string WithTitle(std::string question, const std::string& title) {
-  const std::size_t place = question.find("%1");
-  if (place != std::string::npos) question.replace(place, 2, title);
-  return question;
-}
-
-}  // namespace
-
 CDocument::CDocument() = default;
 CDocument::~CDocument() = default;
 
@@ -28,11 +17,20 @@ void CDocument::SetView(std::unique_ptr<CScrollView> made) {
 void CDocument::SetPathName(const std::string& path) {
   pathName = path;
   SetTitle(FileNameOf(path));
+  OnPathChanged();
 }
 
 void CDocument::SetTitle(const std::string& text) {
   title = text;
+  ShowTitle();
+}
+
+void CDocument::ShowTitle() {
   if (manager != nullptr) manager->OnTitleChanged(*this);
+}
+
+void CDocument::ShowNotices() {
+  if (manager != nullptr) manager->OnNoticesChanged(*this);
 }
 
 bool CDocument::OnNewDocument() {
@@ -52,7 +50,11 @@ bool CDocument::DoFileSaveAs() {
 }
 
 bool CDocument::SaveTo(const std::string& path) {
-  if (!OnSaveDocument(path)) return false;
+  if (manager != nullptr && manager->IsOpenInOther(*this, path)) {
+    ShowMessage(WithName(LoadText(IDS_OPEN_IN_OTHER_WINDOW), FileNameOf(path)), MB_ICONEXCLAMATION);
+    return false;
+  }
+  if (!MayOverwrite(path) || !OnSaveDocument(path)) return false;
   SetPathName(path);
   if (manager != nullptr) manager->Recent().Add(FullPath(path));
   return true;
@@ -60,7 +62,7 @@ bool CDocument::SaveTo(const std::string& path) {
 
 bool CDocument::SaveModified() {
   if (!IsModified()) return true;
-  switch (ShowMessage(WithTitle(LoadText(IDS_SAVE_CHANGES), title),
+  switch (ShowMessage(WithName(LoadText(IDS_SAVE_CHANGES), title),
                       MB_YESNOCANCEL | MB_ICONEXCLAMATION)) {
     case MessageAnswer::Yes: return DoFileSave();
     case MessageAnswer::No: return true;

@@ -2,11 +2,24 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/SharedText.h"
 
 class CDocManager;
 class CScrollView;
+
+/// Something that the user has to know of a document and can decide later: a bar in its window says
+/// it, with a button for each answer.
+struct DocumentNotice {
+  enum class Answer { Reload, KeepMine, Save, Dismiss };
+  struct Button {
+    Answer answer;
+    std::string text;
+  };
+  std::string text;
+  std::vector<Button> buttons;
+};
 
 /// One open file: where it lies, what it is called, and the questions about saving it. It owns its
 /// one view.
@@ -37,6 +50,15 @@ class CDocument {
   virtual bool HasUnsavedMark() const { return false; }
   /// What the status line says while this document is active; empty if it has nothing to say.
   virtual std::string StatusText() const { return {}; }
+  /// What the bars in the window say, the most important first.
+  virtual std::vector<DocumentNotice> Notices() const { return {}; }
+  virtual void OnNoticeAnswered(DocumentNotice::Answer /*answer*/) {}
+  /// Finds out what others did to the file meanwhile.
+  virtual void LookAtFile() {}
+  /// The chart can go back to what its file holds.
+  virtual bool CanRevert() const { return false; }
+  /// Goes back to what the file holds, after a question where that takes changes away.
+  virtual void Revert() {}
   /// What the view shows has another text now, or may have.
   virtual void OnTextChanged(const SharedText& /*text*/) {}
 
@@ -46,6 +68,15 @@ class CDocument {
   bool DoFileSaveAs();
   /// Offers to save a modified document. False means that the user wants to go on working on it.
   bool SaveModified();
+
+ protected:
+  /// The place of the file is another one now.
+  virtual void OnPathChanged() {}
+  /// Asks before a file is overwritten that is not the one that was read.
+  virtual bool MayOverwrite(const std::string& /*path*/) { return true; }
+  /// Shows title, mark and status text, or the notices, anew.
+  void ShowTitle();
+  void ShowNotices();
 
  private:
   bool SaveTo(const std::string& path);

@@ -14,7 +14,7 @@ struct FileStamp {
 
   friend bool operator==(const FileStamp&, const FileStamp&) = default;
 
-  /// Of the file at a path, links followed.
+  /// Of the ordinary file at a path, links followed.
   static FileStamp Of(const std::string& path);
   /// As one line of numbers, and back; a line that is none gives the stamp of no file.
   std::string ToLine() const;

@@ -6,6 +6,7 @@
 #include "platform/Clipboard.h"
 #include "platform/Dialogs.h"
 #include "platform/DragImages.h"
+#include "platform/FileWatch.h"
 #include "platform/MessageBox.h"
 #include "platform/Pictures.h"
 #include "platform/PopupMenus.h"
@@ -57,6 +58,13 @@ class NoDialogs : public Dialogs {
   std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return std::nullopt; }
   std::optional<COLORREF> AskColor(COLORREF) override { return std::nullopt; }
   std::optional<FontChoice> AskFont(const FontChoice&) override { return std::nullopt; }
+};
+
+class NoFileWatch : public FileWatch {
+ public:
+  std::unique_ptr<Handle> Start(const std::string&, std::function<void()>) override {
+    return nullptr;
+  }
 };
 
 class NoPrinting : public Printing {
@@ -123,5 +131,10 @@ Pictures& Pictures::Default() {
 
 Printing& Printing::Default() {
   static NoPrinting service;
+  return service;
+}
+
+FileWatch& FileWatch::Default() {
+  static NoFileWatch service;
   return service;
 }

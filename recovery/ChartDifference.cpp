@@ -24,12 +24,6 @@ std::map<std::string_view, std::string> ObjectsOf(std::string_view text) {
   return objects;
 }
 
-std::string WithNumber(std::string text, int number) {
-  const std::size_t place = text.find("%1");
-  if (place != std::string::npos) text.replace(place, 2, std::to_string(number));
-  return text;
-}
-
 }  // namespace
 
 ChartDifference ChartDifference::Between(std::string_view before, std::string_view after) {
@@ -61,7 +55,7 @@ std::string ChartDifference::Text() const {
   const auto add = [&all](int count, unsigned id) {
     if (count == 0) return;
     if (!all.empty()) all += ", ";
-    all += WithNumber(LoadText(id), count);
+    all += WithName(LoadText(id), std::to_string(count));
   };
   add(added, IDS_OBJECTS_ADDED);
   add(changed, IDS_OBJECTS_CHANGED);

@@ -14,8 +14,9 @@ RecoveryEntry::~RecoveryEntry() {
 }
 
 void RecoveryEntry::Describe(const About& known) {
+  const bool isOther = known.path != about.path;
   about = known;
-  lock.Write(RecoveryRecord::Escape(about.path) + '\n');
+  if (isOther) lock.Write(RecoveryRecord::Escape(about.path) + '\n');
 }
 
 std::string RecoveryEntry::Head() const {

@@ -19,6 +19,7 @@ constexpr std::string_view kChart = ".chart";
 constexpr std::string_view kLock = ".lock";
 constexpr std::string_view kSession = ".session";
 constexpr std::string_view kCrash = ".crash";
+constexpr const char* kLastWindows = "last.windows";
 constexpr const char* kPlace = "Halvern/Morvane/recovery";
 /// Reports of earlier crashes that stay for whoever looks into them.
 constexpr std::size_t kKeptReports = 5;
@@ -165,7 +166,16 @@ SessionRecord RecoveryStore::TakeCrashedWindows() {
   return all;
 }
 
-void RecoveryStore::EndSession() { sessionLock.Remove(); }
+void RecoveryStore::EndSession(const SessionRecord& windows) {
+  if (!folder.empty()) ReplaceWholeFile(Base(kLastWindows), windows.ToText());
+  sessionLock.Remove();
+}
+
+SessionRecord RecoveryStore::LastWindows() const {
+  std::string text;
+  if (folder.empty() || !ReadWholeFile(Base(kLastWindows), text).Ok()) return {};
+  return SessionRecord::Parse(text);
+}
 
 std::string RecoveryStore::CrashReportPath() const {
   return folder.empty() ? std::string() : Base(session + std::string(kCrash));

@@ -29,6 +29,8 @@ class RecoveryStore {
   /// The unsaved work that was left behind, the latest first. Entries whose text is that of their
   /// file are taken away.
   std::vector<RecoveryOffer> TakeOffers();
+  /// What is handed over is kept; false while the disk or the folder takes nothing.
+  bool IsKeeping() const { return !folder.empty() && !writer.IsFailing(); }
   /// Another running copy has the chart of that file open.
   bool IsOpenElsewhere(const std::string& path) const;
 
@@ -36,8 +38,10 @@ class RecoveryStore {
   void RememberWindows(const SessionRecord& windows);
   /// The windows of sessions that did not end as they should; each is told once.
   SessionRecord TakeCrashedWindows();
-  /// The program ends as it should: nothing comes back by itself.
-  void EndSession();
+  /// The program ends as it should, with these windows: nothing comes back by itself.
+  void EndSession(const SessionRecord& windows);
+  /// The windows of the session that ended last as it should.
+  SessionRecord LastWindows() const;
 
   /// Where a crash of this session is reported; empty without a folder.
   std::string CrashReportPath() const;

@@ -50,6 +50,7 @@ bool RecoveryWriter::Do(std::unique_lock<std::mutex>& guard, const std::string& 
     written.erase(path);
   } else {
     written[path] = Clock::now();
+    failing = !done;
   }
   changed.notify_all();
   return done;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <map>
@@ -26,6 +27,8 @@ class RecoveryWriter {
   bool PutNow(const std::string& path, const std::string& head, const SharedText& text);
   /// Has a file taken away, and what was still to be written to it; returns at once.
   void Remove(const std::string& path);
+  /// The last text could not be written.
+  bool IsFailing() const { return failing; }
   /// Returns when nothing is left to write.
   void Finish();
 
@@ -54,5 +57,6 @@ class RecoveryWriter {
   bool busy = false;                                 ///< somebody writes or removes a file
   bool hurry = false;                                ///< jobs don't wait until they are due
   bool ending = false;
+  std::atomic<bool> failing = false;
   std::thread thread;
 };

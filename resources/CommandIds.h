@@ -47,6 +47,7 @@ enum CommandId : unsigned {
   ID_GENERATE_JAVA = 32889,
   ID_GENERATE_XML = 32890,
   ID_FILE_EXPORT = 32891,
+  ID_FILE_REVERT = 32892,
 
   // Frames and bars
   ID_MENU_BAR = 32797,

@@ -95,7 +95,7 @@ constexpr std::array kTexts = {
          "The chart %1 is open in another window.\n\nPlease close it first, or choose another "
          "name."},
     Text{IDS_CONFIRM_REVERT,
-         "This will go back to the chart in the file %1.\n\nDo you want to continue ?"},
+         "This will go back to the chart that the file %1 holds.\n\nDo you want to continue ?"},
     Text{IDS_RECOVERED, "recovered"},
     Text{IDS_NOT_KEPT,
          "Changes of this chart cannot be kept for a recovery: the disk may be full."},
@@ -123,6 +123,12 @@ std::span<const EnglishText> EnglishTexts() { return kTexts; }
 
 std::string LoadText(unsigned id) {
   return Service<TextSource>::Get().Text(id).value_or("-MISSING-");
+}
+
+std::string WithName(std::string text, std::string_view name) {
+  const std::size_t place = text.find("%1");
+  if (place != std::string::npos) text.replace(place, 2, name);
+  return text;
 }
 
 std::string Translate(std::string_view english) {

@@ -95,6 +95,9 @@ std::span<const EnglishText> EnglishTexts();
 /// The text with that id from the current text source, "-MISSING-" if there is none.
 std::string LoadText(unsigned id);
 
+/// A text with a name in the place of its "%1".
+std::string WithName(std::string text, std::string_view name);
+
 /// What the current text source has for an English text of a menu, a prompt or a dialog; the
 /// English text itself if it has nothing. A key behind a tab stays as it is.
 std::string Translate(std::string_view english);

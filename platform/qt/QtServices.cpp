@@ -11,6 +11,7 @@ QtServices::QtServices(Use use) {
     Service<Clipboard>::Set(&clipboard);
     Service<DialogHost>::Set(&dialogHost);
     Service<Dialogs>::Set(&dialogs);
+    Service<FileWatch>::Set(&fileWatch);
     Service<MessageBoxes>::Set(&messageBoxes);
     Service<PopupMenus>::Set(&popupMenus);
     Service<Printing>::Set(&printing);
@@ -29,6 +30,7 @@ QtServices::~QtServices() {
   Service<Printing>::Set(nullptr);
   Service<PopupMenus>::Set(nullptr);
   Service<MessageBoxes>::Set(nullptr);
+  Service<FileWatch>::Set(nullptr);
   Service<Dialogs>::Set(nullptr);
   Service<DialogHost>::Set(nullptr);
   Service<Clipboard>::Set(nullptr);

@@ -6,6 +6,7 @@
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogHost.h"
 #include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtFileWatch.h"
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtPopupMenus.h"
@@ -32,6 +33,7 @@ class QtServices {
   QtClipboard clipboard;
   QtDialogHost dialogHost;
   QtDialogs dialogs;
+  QtFileWatch fileWatch;
   QtMessageBoxes messageBoxes;
   QtPictures pictures;
   QtPopupMenus popupMenus;

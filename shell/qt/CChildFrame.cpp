@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QMainWindow>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include "platform/CDocManager.h"
 #include "platform/CDocument.h"
@@ -10,12 +11,15 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
+#include "shell/qt/NoticeBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "surface/LayoutMgr.h"
 
 namespace {
 
 constexpr QSize kNormalSize(640, 480);
+/// A notice that came during a gesture waits so long before it tries again.
+constexpr int kRetryMilliseconds = 200;
 
 }  // namespace
 
@@ -25,7 +29,19 @@ CChildFrame::CChildFrame(CDocument& document, CDocManager& manager)
   // A window of its own inside this one lets the pane dock on each side of the chart.
   auto* inner = new QMainWindow(this);
   inner->setWindowFlags(Qt::Widget);
-  inner->setCentralWidget(viewWidget);
+  auto* middle = new QWidget(inner);
+  auto* rows = new QVBoxLayout(middle);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  notices = new NoticeBar(middle);
+  rows->addWidget(notices);
+  rows->addWidget(viewWidget, 1);
+  inner->setCentralWidget(middle);
+  connect(notices, &NoticeBar::Answered, this, [this](DocumentNotice::Answer answer) {
+    if (this->document != nullptr && !viewWidget->IsWaiting()) {
+      this->document->OnNoticeAnswered(answer);
+    }
+  });
   objectBrowser = new ObjectBrowserPane(dynamic_cast<LayoutMgr*>(document.GetView()), inner);
   inner->addDockWidget(Qt::LeftDockWidgetArea, objectBrowser);
   setWidget(inner);
@@ -60,6 +76,16 @@ void CChildFrame::UpdateTitle() {
   // A maximised window shows its title in the main window alone, which does that itself.
   const bool own = document != nullptr && !isMaximized();
   setWindowTitle(own ? ToQString(document->GetTitle()) : QString());
+}
+
+void CChildFrame::UpdateNotices() {
+  if (document == nullptr) return;
+  // The chart must not move under a gesture.
+  if (viewWidget->IsWaiting()) {
+    QTimer::singleShot(kRetryMilliseconds, this, &CChildFrame::UpdateNotices);
+    return;
+  }
+  notices->Show(document->Notices());
 }
 
 void CChildFrame::changeEvent(QEvent* event) {

@@ -8,6 +8,7 @@ class CDocManager;
 class CDocument;
 class CScrollView;
 class ObjectBrowserPane;
+class NoticeBar;
 class QtView;
 
 /// The window of one chart.
@@ -28,6 +29,8 @@ class CChildFrame : public QMdiSubWindow {
   bool RunCommand(unsigned id);
   /// Shows the title of the document.
   void UpdateTitle();
+  /// Shows the notices of the document above its view, as soon as no gesture runs there.
+  void UpdateNotices();
   /// Lets document and view go.
   void Detach();
   QSize sizeHint() const override;
@@ -40,5 +43,6 @@ class CChildFrame : public QMdiSubWindow {
   CDocument* document;
   CDocManager& manager;
   QtView* viewWidget;
+  NoticeBar* notices;
   ObjectBrowserPane* objectBrowser;
 };

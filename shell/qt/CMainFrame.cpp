@@ -169,6 +169,17 @@ void CMainFrame::OnActivated() {
   if (forChart != chartMenuShown) ShowMenu(forChart);
   ShowTitle();
   RefreshBars();
+  TellListener();
+}
+
+void CMainFrame::TellListener() {
+  if (listener != nullptr) listener->OnWindowsChanged();
+}
+
+void CMainFrame::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  // The user comes back from another program, which may have written to the files.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) manager->LookAtFiles();
 }
 
 void CMainFrame::ShowTitle() {
@@ -214,6 +225,7 @@ void CMainFrame::ShowFrame(CDocument& document) {
   }
   area->setActiveSubWindow(child);
   child->Window()->setFocus();
+  child->UpdateNotices();
   OnActivated();
 }
 
@@ -237,6 +249,11 @@ void CMainFrame::CloseFrame(CDocument& document) {
 void CMainFrame::UpdateTitle(CDocument& document) {
   if (CChildFrame* child = FrameOf(document)) child->UpdateTitle();
   ShowTitle();
+  TellListener();
+}
+
+void CMainFrame::UpdateNotices(CDocument& document) {
+  if (CChildFrame* child = FrameOf(document)) child->UpdateNotices();
 }
 
 bool CMainFrame::IsAnyWaiting() const {
@@ -259,6 +276,8 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
   }
   chartBrowser->StoreFolder();
   if (!manager->SaveAllModified()) return;
+  if (listener != nullptr) listener->OnClosing();
+  SetListener(nullptr);
   manager->CloseAllDocuments();
   FrameState::Save(*this);
   event->accept();

@@ -22,6 +22,16 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   Q_OBJECT
 
  public:
+  /// Hears what becomes of the charts' windows.
+  class Listener {
+   public:
+    virtual ~Listener() = default;
+    /// A window came, went, was named or brought forward.
+    virtual void OnWindowsChanged() = 0;
+    /// The main window closes as the user wished; its charts are still there.
+    virtual void OnClosing() = 0;
+  };
+
   /// What makes the document and the view of a chart.
   struct Factories {
     std::function<std::unique_ptr<CDocument>()> makeDocument;
@@ -32,6 +42,8 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   ~CMainFrame() override;
 
   CDocManager& Manager() { return *manager; }
+  /// Null for none; not owned.
+  void SetListener(Listener* other) { listener = other; }
   CChildFrame* ActiveChild() const;
   QMdiArea& Area() { return *area; }
 
@@ -44,10 +56,12 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   void ActivateFrame(CDocument& document) override;
   void CloseFrame(CDocument& document) override;
   void UpdateTitle(CDocument& document) override;
+  void UpdateNotices(CDocument& document) override;
 
   QMenu* createPopupMenu() override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -63,6 +77,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   void ShowTitle();
   void RefreshBars();
   void OnIdle();
+  void TellListener();
 
   CChildFrame* FrameOf(const CDocument& document) const;
   QList<CChildFrame*> Children() const;
@@ -82,6 +97,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   ToolImage toolImage;
   QMdiArea* area;
   std::unique_ptr<CDocManager> manager;
+  Listener* listener = nullptr;
   QList<CommandMenu*> startMenus;
   QList<CommandMenu*> chartMenus;
   CommandMenu* windowMenu = nullptr;

@@ -48,6 +48,7 @@ bool CMainFrame::RunCommand(unsigned id) {
 }
 
 CommandState CMainFrame::DocumentState(unsigned id) const {
+  if (id == ID_FILE_REVERT) return CommandState::Enabled(ActiveChild()->Document()->CanRevert());
   const bool known = id == ID_FILE_SAVE || id == ID_FILE_SAVE_AS || id == ID_FILE_CLOSE;
   return known ? CommandState::Enabled(true) : CommandState{};
 }
@@ -57,6 +58,7 @@ void CMainFrame::RunDocumentCommand(unsigned id) {
   switch (id) {
     case ID_FILE_SAVE: child->Document()->DoFileSave(); break;
     case ID_FILE_SAVE_AS: child->Document()->DoFileSaveAs(); break;
+    case ID_FILE_REVERT: child->Document()->Revert(); break;
     default: child->close(); break;
   }
 }

@@ -1,0 +1,116 @@
+#include "persistence/CMorvaneDoc.h"
+#include "persistence/ModelFile.h"
+#include "platform/CWaitCursor.h"
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
+#include "recovery/RecoveryStore.h"
+#include "resources/Texts.h"
+#include "surface/LayoutMgr.h"
+
+// What others do to the file of an open chart, what the user is told of it, and the way back to the
+// file.
+
+namespace {
+
+using Answer = DocumentNotice::Answer;
+
+}  // namespace
+
+void CMorvaneDoc::OnPathChanged() {
+  const std::string& path = GetPathName();
+  Describe(path, file.Stamp());
+  openElsewhere = store != nullptr && store->IsOpenElsewhere(path);
+  watch = Service<FileWatch>::Get().Start(path, [this] { LookAtFile(); });
+  ShowNotices();
+}
+
+void CMorvaneDoc::LookAtFile() {
+  if (!shown) return;
+  const DiskFile::State before = file.Present();
+  const DiskFile::State now = file.Look();
+  if (now == before) return;
+  if (now == DiskFile::State::Gone) {
+    // The chart stands nowhere but here.
+    savedText = nullptr;
+    OnTextChanged(View()->SnapshotText());
+  }
+  ShowNotices();
+}
+
+std::string CMorvaneDoc::StatusText() const {
+  return emptyFile ? LoadText(IDS_FILE_EMPTY) : std::string();
+}
+
+std::vector<DocumentNotice> CMorvaneDoc::Notices() const {
+  std::vector<DocumentNotice> notices;
+  switch (file.Present()) {
+    case DiskFile::State::Changed:
+      notices.push_back(
+          {LoadText(IDS_FILE_CHANGED),
+           {{Answer::Reload, Translate("Reload")}, {Answer::KeepMine, Translate("Keep mine")}}});
+      break;
+    case DiskFile::State::Gone:
+      notices.push_back(
+          {LoadText(IDS_FILE_GONE),
+           {{Answer::Save, Translate("Save")}, {Answer::KeepMine, Translate("Keep mine")}}});
+      break;
+    case DiskFile::State::Same: break;
+  }
+  if (openElsewhere) {
+    notices.push_back({LoadText(IDS_OPEN_ELSEWHERE), {{Answer::Dismiss, Translate("Close")}}});
+  }
+  if (notKept) notices.push_back({LoadText(IDS_NOT_KEPT), {{Answer::Save, Translate("Save")}}});
+  return notices;
+}
+
+void CMorvaneDoc::OnNoticeAnswered(Answer answer) {
+  switch (answer) {
+    case Answer::Reload: Revert(); break;
+    case Answer::Save: DoFileSave(); break;
+    case Answer::KeepMine:
+      file.Accept();
+      // What is on the disk is another chart than this one.
+      savedText = nullptr;
+      OnTextChanged(View()->SnapshotText());
+      break;
+    case Answer::Dismiss: openElsewhere = false; break;
+  }
+  ShowNotices();
+}
+
+bool CMorvaneDoc::MayOverwrite(const std::string& path) {
+  if (path != GetPathName() || file.Look() != DiskFile::State::Changed) return true;
+  ShowNotices();
+  return ShowMessage(WithName(LoadText(IDS_OVERWRITE_CHANGED), FileNameOf(path)), kConfirmFlags) ==
+         MessageAnswer::Yes;
+}
+
+bool CMorvaneDoc::CanRevert() const {
+  return !GetPathName().empty() && (marked || file.Present() == DiskFile::State::Changed) &&
+         file.Present() != DiskFile::State::Gone;
+}
+
+void CMorvaneDoc::Revert() {
+  const std::string question = WithName(LoadText(IDS_CONFIRM_REVERT), FileNameOf(GetPathName()));
+  if (IsModified() && ShowMessage(question, kConfirmFlags) != MessageAnswer::Yes) return;
+  const CWaitCursor wait;
+  if (Reload()) ShowNotices();
+}
+
+/// Shows the chart of the file as a change that can be undone. False after a message.
+bool CMorvaneDoc::Reload() {
+  const std::string& path = GetPathName();
+  const FileStamp stamp = FileStamp::Of(path);
+  std::string onDisk;
+  std::string reason = ModelFile::ReadText(path, onDisk);
+  const bool isEmpty = reason.empty() && onDisk.empty();
+  const std::string text = isEmpty ? LayoutMgr().ModelText() : onDisk;
+  if (reason.empty() && View()->ReplaceText(text, reason)) {
+    emptyFile = isEmpty;
+    file.Remember(path, stamp, onDisk);
+    RememberSavedText();
+    return true;
+  }
+  ReportError(path, reason);
+  return false;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vector>
+
+#include <QWidget>
+
+#include "platform/CDocument.h"
+
+/// The bars across the top of a chart's window: one for each notice, with its buttons.
+class NoticeBar : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit NoticeBar(QWidget* parent);
+
+  /// Shows these notices and no others.
+  void Show(const std::vector<DocumentNotice>& notices);
+
+ signals:
+  void Answered(DocumentNotice::Answer answer);
+
+ private:
+  QWidget* MakeBar(const DocumentNotice& notice);
+
+  std::vector<QWidget*> bars;
+};
