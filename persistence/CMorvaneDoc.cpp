@@ -146,7 +146,7 @@ bool CMorvaneDoc::Recover(RecoveryOffer& offer) {
     return false;
   }
   // A stamp that says nothing is that of a file which was just being saved.
-  if (offer.stamp.exists) file.RememberStamp(offer.path, offer.stamp);
+  file.RememberStamp(offer.path, offer.stamp.exists ? offer.stamp : FileStamp::Of(offer.path));
   LookAtFile();
   if (offer.entry == nullptr) return true;
   if (entry == nullptr || !marked) {

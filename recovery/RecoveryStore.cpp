@@ -24,11 +24,13 @@ constexpr const char* kPlace = "Halvern/Morvane/recovery";
 /// Reports of earlier crashes that stay for whoever looks into them.
 constexpr std::size_t kKeptReports = 5;
 
+/// The time, so that ids sort by it, the process, and a number in the process.
 std::string NewSessionId() {
   using std::chrono::milliseconds;
+  static int sessions = 0;
   const auto now = std::chrono::system_clock::now().time_since_epoch();
   return std::to_string(std::chrono::duration_cast<milliseconds>(now).count()) + '-' +
-         std::to_string(getpid());
+         std::to_string(getpid()) + '-' + std::to_string(++sessions);
 }
 
 std::string MadeFolder(const std::string& folder) {
@@ -87,7 +89,9 @@ std::vector<std::string> RecoveryStore::NamesWith(std::string_view extension) co
   return names;
 }
 
-bool RecoveryStore::IsOwn(std::string_view name) const { return name.starts_with(session); }
+bool RecoveryStore::IsOwn(std::string_view name) const {
+  return name == session || name.starts_with(session + '-');
+}
 
 std::unique_ptr<RecoveryEntry> RecoveryStore::NewEntry() {
   if (folder.empty()) return nullptr;
@@ -103,6 +107,8 @@ bool RecoveryStore::ReadOffer(const std::string& name, RecoveryOffer& offer) {
   if (!lock.Held()) return false;
   std::string bytes;
   if (!ReadWholeFile(RecoveryEntry::TextPath(base), bytes).Ok()) return false;
+  // It is held now, and yet nobody has its chart open.
+  lock.Write("");
   RecoveryRecord record = RecoveryRecord::Parse(std::move(bytes));
   offer.entry = std::make_unique<RecoveryEntry>(base, std::move(lock), writer, true);
   const std::string present = FileText(record.path);
