@@ -31,7 +31,7 @@ class SpawnAttributes {
     sigset_t signals;
     sigemptyset(&signals);
     posix_spawnattr_setsigmask(&attributes, &signals);
-    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGTERM, SIGCHLD}) {
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGTERM, SIGCHLD, SIGXFSZ}) {
       sigaddset(&signals, signal);
     }
     posix_spawnattr_setsigdefault(&attributes, &signals);

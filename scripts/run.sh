@@ -20,7 +20,7 @@ fi
 
 program="$root/build/release/bin/morvane"
 if [[ -n ${DISPLAY:-} || -n ${WAYLAND_DISPLAY:-} ]]; then
-  exec "$program" ${file:+"$file"}
+  exec "$program" --new-instance ${file:+"$file"} # not in one that was built before
 fi
 
 file=${file:-"$root/Examples/Socket_C++/Socket.mrv"}

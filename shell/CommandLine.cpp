@@ -13,12 +13,16 @@
 namespace {
 
 constexpr const char* kUsage =
-    "usage: morvane [FILE]                open the designer, on FILE if given\n"
+    "usage: morvane [FILE]                open the designer, on FILE if given; a designer\n"
+    "                                     that runs already opens it\n"
+    "       morvane --new-instance [FILE] open a designer of its own\n"
     "       morvane --convert OUT FILE    read FILE, write it as model text\n"
     "       morvane --export OUT FILE     draw the whole chart; OUT ends in .png, .svg,\n"
     "                                     .pdf or .emf\n"
     "       morvane --help | --version\n";
 constexpr const char* kVersion = "Morvane 4.1.0\n";
+
+bool IsOption(std::string_view argument) { return argument.size() > 1 && argument[0] == '-'; }
 
 int Fail(std::ostream& err, const std::string& path, const std::string& reason) {
   err << path << ": " << reason << '\n';
@@ -37,15 +41,22 @@ std::string LoadChart(const std::string& path, LayoutMgr& chart, bool normalSize
 
 }  // namespace
 
-CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
+CommandLine CommandLine::ParseWindow(std::span<const std::string> arguments) {
   CommandLine line;
+  if (!arguments.empty()) line.file = arguments.front();
+  if (arguments.size() > 1 || IsOption(line.file)) line.job = Job::WrongUse;
+  return line;
+}
+
+CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
   const std::string first = arguments.empty() ? "" : arguments[0];
-  const bool isOption = first.size() > 1 && first[0] == '-';
-  if (!isOption) {
-    if (arguments.size() > 1) line.job = Job::WrongUse;
-    line.file = first;
+  if (!IsOption(first)) return ParseWindow(arguments);
+  if (first == "--new-instance") {
+    CommandLine line = ParseWindow(std::span(arguments).subspan(1));
+    line.newInstance = true;
     return line;
   }
+  CommandLine line;
   const bool hasPaths = arguments.size() == 3;
   if (first == "--help" && arguments.size() == 1) {
     line.job = Job::Help;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ class CommandLine {
   bool IsJob() const { return job != Job::None; }
   /// The chart to open in a window; empty for a new one.
   const std::string& File() const { return file; }
+  /// The window opens beside those of a program that runs already.
+  bool IsNewInstance() const { return newInstance; }
 
   /// Does the job: success is silent, a failure says why on `err` and writes no output. Gives the
   /// exit status.
@@ -28,10 +31,13 @@ class CommandLine {
  private:
   enum class Job { None, Help, Version, Convert, Export, WrongUse };
 
+  /// What stands behind the option, or in place of one, when a window opens.
+  static CommandLine ParseWindow(std::span<const std::string> arguments);
   int RunConvert(std::ostream& err) const;
   int RunExport(std::ostream& err) const;
 
   Job job = Job::None;
+  bool newInstance = false;
   std::string output;
   std::string file;
 };

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMdiArea>
@@ -260,6 +261,12 @@ bool CMainFrame::IsAnyWaiting() const {
   const QList<CChildFrame*> children = Children();
   return std::any_of(children.begin(), children.end(),
                      [](CChildFrame* child) { return child->Window()->IsWaiting(); });
+}
+
+bool CMainFrame::IsInDialog() const { return QApplication::activeModalWidget() != nullptr; }
+
+bool CMainFrame::IsBusy() const {
+  return IsAnyWaiting() || IsInDialog() || QApplication::activePopupWidget() != nullptr;
 }
 
 void CMainFrame::EndGestures() {

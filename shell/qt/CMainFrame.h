@@ -45,6 +45,10 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   /// Null for none; not owned.
   void SetListener(Listener* other) { listener = other; }
   CChildFrame* ActiveChild() const;
+  /// The user is in a dialog or message of the program.
+  bool IsInDialog() const;
+  /// The user is in a dialog, a menu or a gesture: no chart may come or go meanwhile.
+  bool IsBusy() const;
   QMdiArea& Area() { return *area; }
 
   CommandState StateOf(unsigned id) override;

@@ -16,6 +16,8 @@ class CMorvaneApp {
   /// Starts: language, splash, main window, and the chart that the command line names or a new one.
   /// False, after a message, ends the program.
   bool InitInstance(const std::string& file);
+  /// The main window, once the program has started.
+  CMainFrame& Frame() { return *frame; }
 
  private:
   bool ShowSplash();

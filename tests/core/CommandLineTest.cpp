@@ -26,6 +26,8 @@ TEST_F(CommandLineTest, WrongUseExitsWithTwo) {
                                             {"--help", "me"},
                                             {"-x"},
                                             {"--convert", "a", "b", "c"},
+                                            {"--new-instance", "a", "b"},
+                                            {"--new-instance", "--help"},
                                             {"--export", folder.Path("x.gif"), chart}};
   for (const auto& arguments : cases) {
     EXPECT_EQ(Run(arguments), 2) << arguments[0];
@@ -34,8 +36,20 @@ TEST_F(CommandLineTest, WrongUseExitsWithTwo) {
   }
   EXPECT_FALSE(std::filesystem::exists(folder.Path("x.gif")));
   // What opens a window.
-  EXPECT_FALSE(CommandLine::Parse({}).IsJob() || CommandLine::Parse({"a.mrv"}).IsJob());
-  EXPECT_EQ(CommandLine::Parse({"a.mrv"}).File(), "a.mrv");
+  const struct {
+    std::vector<std::string> arguments;
+    const char* file;
+    bool newInstance;
+  } windows[] = {{{}, "", false},
+                 {{"a.mrv"}, "a.mrv", false},
+                 {{"--new-instance"}, "", true},
+                 {{"--new-instance", "a.mrv"}, "a.mrv", true}};
+  for (const auto& [arguments, file, newInstance] : windows) {
+    const CommandLine line = CommandLine::Parse(arguments);
+    EXPECT_FALSE(line.IsJob());
+    EXPECT_EQ(line.File(), file);
+    EXPECT_EQ(line.IsNewInstance(), newInstance);
+  }
 }
 
 TEST_F(CommandLineTest, ConvertWritesThePresentVersion) {

@@ -1,0 +1,79 @@
+#include "shell/qt/StartRequests.h"
+
+#include <spawn.h>
+#include <unistd.h>
+
+#include "platform/CDocument.h"
+#include "platform/Files.h"
+#include "shell/qt/CMainFrame.h"
+#include "shell/qt/WindowActivation.h"
+
+namespace {
+
+/// A window that is not free is asked again so often.
+constexpr int kRetryMilliseconds = 50;
+
+/// The program shows one chart that nothing was done with.
+bool HasOnlyAnEmptyChart(const CDocManager& manager) {
+  if (manager.Documents().size() != 1) return false;
+  CDocument& document = *manager.Documents().front();
+  return document.GetPathName().empty() && !document.IsModified();
+}
+
+void StartProgram(const std::string& file) {
+  std::string program = ProgramPath();
+  std::string argument = file;
+  char* arguments[] = {program.data(), file.empty() ? nullptr : argument.data(), nullptr};
+  posix_spawnattr_t session;
+  posix_spawnattr_init(&session);
+  posix_spawnattr_setflags(&session, POSIX_SPAWN_SETSID);
+  pid_t started = 0;
+  posix_spawn(&started, program.c_str(), nullptr, &session, arguments, environ);
+  posix_spawnattr_destroy(&session);
+}
+
+}  // namespace
+
+StartRequests::StartRequests() {
+  timer.setInterval(kRetryMilliseconds);
+  connect(&timer, &QTimer::timeout, this, [this] { CarryOut(); });
+}
+
+void StartRequests::Add(const InstanceRequest& request) {
+  waiting.push_back(request);
+  if (frame == nullptr) return;
+  // What the window waits for comes forward with it.
+  if (frame->IsInDialog()) BringForward(*frame, request);
+  timer.start();
+}
+
+void StartRequests::Serve(CMainFrame& window) {
+  frame = &window;
+  if (!waiting.empty()) timer.start();
+}
+
+void StartRequests::CarryOut() {
+  // A window that was closed meanwhile takes nothing more.
+  while (!waiting.empty() && frame->isVisible() && !frame->IsBusy()) {
+    const InstanceRequest request = waiting.front();
+    waiting.pop_front();
+    CarryOut(request);
+  }
+  if (waiting.empty()) timer.stop();
+}
+
+void StartRequests::CarryOut(const InstanceRequest& request) {
+  BringForward(*frame, request);
+  CDocManager& manager = frame->Manager();
+  if (!request.file.empty()) {
+    manager.OpenDocumentFile(request.file);
+  } else if (!HasOnlyAnEmptyChart(manager)) {
+    manager.NewDocument();
+  }
+}
+
+void StartRequests::HandOn() {
+  timer.stop();
+  for (const InstanceRequest& request : waiting) StartProgram(request.file);
+  waiting.clear();
+}
