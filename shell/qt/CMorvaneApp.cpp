@@ -3,19 +3,26 @@
 #include <QThread>
 
 #include "persistence/CMorvaneDoc.h"
+#include "platform/CDocManager.h"
 #include "platform/MessageBox.h"
 #include "platform/qt/QtTranslations.h"
+#include "recovery/CrashReport.h"
+#include "recovery/RecoveryStore.h"
 #include "resources/Language.h"
 #include "resources/Texts.h"
-#include "shell/qt/CMainFrame.h"
+#include "shell/ChartSession.h"
+#include "shell/RecoveryList.h"
+#include "shell/qt/CChildFrame.h"
 #include "shell/qt/CSplashDlg.h"
 #include "shell/qt/FrameState.h"
+#include "shell/qt/RecoveryWindow.h"
 #include "surface/LayoutMgr.h"
 
 namespace {
 
 /// Gives the splash the time to come up before the work of the start goes on.
 constexpr unsigned long kSplashLead = 100;
+constexpr const char* kVersion = "4.1.0";
 
 }  // namespace
 
@@ -30,11 +37,41 @@ bool CMorvaneApp::InitInstance(const std::string& file) {
     return false;
   }
   QThread::msleep(kSplashLead);
+  store = std::make_unique<RecoveryStore>(RecoveryStore::DefaultFolder());
+  CrashReport::Install(store->CrashReportPath(), kVersion);
   frame = std::make_unique<CMainFrame>(
-      CMainFrame::Factories{[] { return std::make_unique<CMorvaneDoc>(); },
+      CMainFrame::Factories{[this] { return std::make_unique<CMorvaneDoc>(store.get()); },
                             [] { return std::make_unique<LayoutMgr>(); }});
   if (!FrameState::Restore(*frame)) frame->showMaximized();
-  return ProcessShellCommand(file);
+  BringBack();
+  frame->SetListener(this);
+  const bool started = ProcessShellCommand(file);
+  OnWindowsChanged();
+  return started;
+}
+
+/// Unsaved work first: its charts are open then, and come back no second time.
+void CMorvaneApp::BringBack() {
+  std::vector<RecoveryOffer> offers = store->TakeOffers();
+  if (!offers.empty()) {
+    RecoveryList list(std::move(offers), [this](RecoveryOffer& offer) {
+      return RecoverChart(frame->Manager(), offer);
+    });
+    RecoveryWindow(list, frame.get()).exec();
+  }
+  SessionRecord windows = store->TakeCrashedWindows();
+  ReopenWindows(frame->Manager(), windows);
+}
+
+void CMorvaneApp::OnWindowsChanged() {
+  const CChildFrame* child = frame->ActiveChild();
+  store->RememberWindows(
+      WindowsOf(frame->Manager(), child != nullptr ? child->Document() : nullptr));
+}
+
+void CMorvaneApp::OnClosing() {
+  const CChildFrame* child = frame->ActiveChild();
+  store->EndSession(WindowsOf(frame->Manager(), child != nullptr ? child->Document() : nullptr));
 }
 
 bool CMorvaneApp::ShowSplash() {
@@ -49,5 +86,10 @@ bool CMorvaneApp::ShowSplash() {
 
 bool CMorvaneApp::ProcessShellCommand(const std::string& file) {
   CDocManager& manager = frame->Manager();
-  return (file.empty() ? manager.NewDocument() : manager.OpenDocumentFile(file)) != nullptr;
+  if (!file.empty()) {
+    manager.OpenDocumentFile(file);
+  } else if (manager.Documents().empty()) {
+    manager.NewDocument();
+  }
+  return !manager.Documents().empty();
 }

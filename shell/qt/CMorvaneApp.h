@@ -3,25 +3,32 @@
 #include <memory>
 #include <string>
 
-class CMainFrame;
+#include "shell/qt/CMainFrame.h"
+
+class RecoveryStore;
 
 /// The program while it has windows.
-class CMorvaneApp {
+class CMorvaneApp : private CMainFrame::Listener {
  public:
   CMorvaneApp();
-  ~CMorvaneApp();
+  ~CMorvaneApp() override;
   CMorvaneApp(const CMorvaneApp&) = delete;
   CMorvaneApp& operator=(const CMorvaneApp&) = delete;
 
-  /// Starts: language, splash, main window, and the chart that the command line names or a new one.
-  /// False, after a message, ends the program.
+  /// Starts: language, splash, main window, what an earlier run left behind, and the chart that the
+  /// command line names or, with nothing else open, a new one. False, after a message, ends the
+  /// program.
   bool InitInstance(const std::string& file);
   /// The main window, once the program has started.
   CMainFrame& Frame() { return *frame; }
 
  private:
   bool ShowSplash();
+  void BringBack();
   bool ProcessShellCommand(const std::string& file);
+  void OnWindowsChanged() override;
+  void OnClosing() override;
 
+  std::unique_ptr<RecoveryStore> store;
   std::unique_ptr<CMainFrame> frame;
 };
