@@ -10,31 +10,49 @@ constexpr const char* kSection = "Recent File List";
 
 std::string KeyOf(std::size_t index) { return "File" + std::to_string(index + 1); }
 
+using Section = Profile::Section;
+
+std::vector<std::string> PathsOf(const Section& section) {
+  std::vector<std::string> paths;
+  for (std::size_t i = 0; i < RecentFiles::kMaxEntries; ++i) {
+    const auto found = section.find(KeyOf(i));
+    if (found != section.end() && !found->second.empty()) paths.push_back(found->second);
+  }
+  return paths;
+}
+
+void Put(const std::vector<std::string>& paths, Section& section) {
+  for (std::size_t i = 0; i < RecentFiles::kMaxEntries; ++i) {
+    section[KeyOf(i)] = i < paths.size() ? paths[i] : "";
+  }
+}
+
 }  // namespace
 
 void RecentFiles::Load() {
-  paths.clear();
+  Profile& profile = Service<Profile>::Get();
+  profile.Refresh();
+  Section section;
   for (std::size_t i = 0; i < kMaxEntries; ++i) {
-    std::string path = Service<Profile>::Get().GetString(kSection, KeyOf(i), "");
-    if (!path.empty()) paths.push_back(std::move(path));
+    section[KeyOf(i)] = profile.GetString(kSection, KeyOf(i), "");
   }
+  paths = PathsOf(section);
 }
 
 void RecentFiles::Add(const std::string& path) {
-  std::erase(paths, path);
-  paths.insert(paths.begin(), path);
-  if (paths.size() > kMaxEntries) paths.resize(kMaxEntries);
-  Save();
+  // The list is whole before it is stored: a message that it cannot be lets the menus show it.
+  Service<Profile>::Get().Change(kSection, [&](Section& section) {
+    paths = PathsOf(section);
+    std::erase(paths, path);
+    paths.insert(paths.begin(), path);
+    if (paths.size() > kMaxEntries) paths.resize(kMaxEntries);
+    Put(paths, section);
+  });
 }
 
 void RecentFiles::Remove(const std::string& path) {
-  if (std::erase(paths, path) != 0) Save();
-}
-
-void RecentFiles::Save() const {
-  std::vector<Profile::Setting> entries;
-  for (std::size_t i = 0; i < kMaxEntries; ++i) {
-    entries.emplace_back(KeyOf(i), i < paths.size() ? paths[i] : "");
-  }
-  Service<Profile>::Get().Write(kSection, entries);
+  Service<Profile>::Get().Change(kSection, [&](Section& section) {
+    paths = PathsOf(section);
+    if (std::erase(paths, path) != 0) Put(paths, section);
+  });
 }

@@ -1,8 +1,10 @@
 #include "platform/qt/QtProfile.h"
 
+#include <cerrno>
 #include <optional>
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
@@ -67,32 +69,137 @@ QVariantMap SteadyOf(QVariantMap values) {
   return values;
 }
 
+/// False only where there is surely none: a file that can't be looked at may be there.
+bool IsThere(const QString& file) {
+  std::string bytes;
+  const FileResult read = ReadWholeFile(FromQPath(file), bytes);
+  return read.error != ENOENT && read.error != ENOTDIR;
+}
+
+/// False if the copy could not be made with all bytes, as on a full disk.
+bool CopyWhole(const QString& from, const QString& to) {
+  std::string bytes;
+  std::string copied;
+  return QFile::copy(from, to) && ReadWholeFile(FromQPath(from), bytes).Ok() &&
+         ReadWholeFile(FromQPath(to), copied).Ok() && copied == bytes;
+}
+
+/// Keeps other running copies of the program from a file of settings.
+class FileLock {
+ public:
+  explicit FileLock(const QString& path) : lock(path + ".lock") {
+    QDir().mkpath(QFileInfo(path).path());
+    // Where no lock can be had, as in a folder that takes no new files, the file may still take
+    // what is to be stored.
+    static_cast<void>(lock.tryLock(kLockMilliseconds));
+  }
+
+ private:
+  QLockFile lock;
+};
+
 }  // namespace
 
 QtProfile::QtProfile() : QtProfile(FromQPath(UserPath())) {}
 
-QtProfile::QtProfile(const std::string& file)
-    : path(ToQPath(file)), values(TextsOf(ValuesOf(QSettings(path, QSettings::IniFormat)))) {}
+QtProfile::QtProfile(const std::string& file) : path(ToQPath(file)) { Take(ReadIni(path)); }
 
 QString QtProfile::NameOf(const std::string& section, const std::string& key) {
   return section.empty() ? ToQString(key) : ToQString(section) + '/' + ToQString(key);
 }
 
-std::string QtProfile::GetString(const std::string& section, const std::string& key,
-                                 const std::string& fallback) {
+std::optional<std::string> QtProfile::Find(const std::string& section, const std::string& key) {
   const auto found = values.find(NameOf(section, key));
-  return found != values.end() ? found->second.value_or(fallback) : fallback;
+  return found != values.end() ? found->second : std::nullopt;
+}
+
+bool QtProfile::IsDamaged(const std::string& section, const std::string& key) {
+  const auto found = values.find(NameOf(section, key));
+  return found != values.end() ? !found->second : damaged;
 }
 
 void QtProfile::Write(const std::string& section, const std::vector<Setting>& settings) {
-  for (const auto& [key, value] : settings) {
-    const QString name = NameOf(section, key);
-    values[name] = value;
-    unsaved.insert(name, ValueOf(value));
+  for (const auto& [key, value] : settings) Note(section, key, value);
+  bool stored = false;
+  {
+    const FileLock lock(path);
+    stored = StoreInFile();
   }
-  if (StoreInFile() || failureShown) return;
-  failureShown = true;
-  ShowMessage(LoadText(IDS_SETTINGS_UNSAVED) + "\n\n" + FromQPath(path), MB_ICONEXCLAMATION);
+  if (!stored) ShowFailure();
+}
+
+void QtProfile::Change(const std::string& section,
+                       const std::function<void(Section& values)>& change) {
+  bool stored = true;
+  {
+    const FileLock lock(path);
+    Refresh();
+    const Section former = SectionOf(section);
+    Section changed = former;
+    change(changed);
+    if (changed != former) {
+      Note(section, former, changed);
+      stored = StoreInFile();
+    }
+  }
+  if (!stored) ShowFailure();
+}
+
+void QtProfile::Refresh() {
+  // The toolkit takes a file of the same length and time for the one that it knows. Under the name
+  // of a copy it knows none.
+  const QTemporaryDir folder;
+  const QString copy = folder.filePath("settings.ini");
+  if (CopyWhole(path, copy)) Take(ReadIni(copy));
+}
+
+QtProfile::Stored QtProfile::ReadIni(const QString& file) {
+  std::string bytes;
+  if (!ReadWholeFile(FromQPath(file), bytes).Ok()) return {{}, IsThere(file)};
+  const QSettings settings(file, QSettings::IniFormat);
+  QVariantMap found = ValuesOf(settings);
+  return {found, settings.status() != QSettings::NoError};
+}
+
+Profile::Section QtProfile::SectionOf(const std::string& section) const {
+  const QString group = NameOf(section, "");
+  Section texts;
+  for (const auto& [name, text] : values) {
+    const bool isIn = section.empty() ? !name.contains('/') : name.startsWith(group);
+    const QString key = section.empty() ? name : name.mid(group.size());
+    if (isIn) texts[ToBytes(key)] = text.value_or("");
+  }
+  return texts;
+}
+
+/// Puts down what has changed in a section, for the file and for those who ask.
+void QtProfile::Note(const std::string& section, const Section& former, const Section& changed) {
+  for (const auto& [key, text] : former) {
+    if (changed.contains(key)) continue;
+    values.erase(NameOf(section, key));
+    unsaved.insert(NameOf(section, key), QVariant());
+  }
+  for (const auto& [key, text] : NewIn(changed, former)) Note(section, key, text);
+}
+
+void QtProfile::Note(const std::string& section, const std::string& key, const std::string& text) {
+  const QString name = NameOf(section, key);
+  values[name] = text;
+  unsaved.insert(name, ValueOf(text));
+}
+
+/// What the file holds, and over it what it did not take yet.
+void QtProfile::Take(const Stored& stored) {
+  QVariantMap all = stored.values;
+  for (auto i = unsaved.begin(); i != unsaved.end(); ++i) {
+    if (i.value().isValid()) {
+      all.insert(i.key(), i.value());
+    } else {
+      all.remove(i.key());
+    }
+  }
+  values = TextsOf(all);
+  damaged = stored.damaged;
 }
 
 bool QtProfile::StoreInFile() {
@@ -100,25 +207,33 @@ bool QtProfile::StoreInFile() {
   // writes a copy, which is read back before it takes the place of the file.
   const QTemporaryDir folder;
   const QString copy = folder.filePath("settings.ini");
-  QDir().mkpath(QFileInfo(path).path());
-  QLockFile lock(path + ".lock");
-  // Where no lock can be had, as in a folder that takes no new files, the file may still take this.
-  static_cast<void>(lock.tryLock(kLockMilliseconds));
-  QFile::copy(path, copy);
+  if (IsThere(path) && !CopyWhole(path, copy)) return false;
   QVariantMap wanted;
   {
     QSettings settings(copy, QSettings::IniFormat);
-    for (auto i = unsaved.begin(); i != unsaved.end(); ++i) settings.setValue(i.key(), i.value());
+    for (auto i = unsaved.begin(); i != unsaved.end(); ++i) {
+      if (i.value().isValid()) {
+        settings.setValue(i.key(), i.value());
+      } else {
+        settings.remove(i.key());
+      }
+    }
     wanted = ValuesOf(settings);
   }
   std::string bytes;
   if (!ReadWholeFile(FromQPath(copy), bytes).Ok()) return false;
   const QString again = folder.filePath("again.ini");
-  QFile::copy(copy, again);
+  if (!CopyWhole(copy, again)) return false;
   const QVariantMap written = ValuesOf(QSettings(again, QSettings::IniFormat));
   if (SteadyOf(written) != SteadyOf(wanted)) return false;
   if (!ReplaceWholeFile(FromQPath(path), bytes).Ok()) return false;
   unsaved.clear();
   values = TextsOf(wanted);
   return true;
+}
+
+void QtProfile::ShowFailure() {
+  if (failureShown) return;
+  failureShown = true;
+  ShowMessage(LoadText(IDS_SETTINGS_UNSAVED) + "\n\n" + FromQPath(path), MB_ICONEXCLAMATION);
 }

@@ -124,6 +124,7 @@ void CMainFrame::RunFrameCommand(unsigned id) {
 }
 
 const std::vector<std::string>& CMainFrame::RecentPaths() const {
+  manager->Recent().Load();
   return manager->Recent().Paths();
 }
 

@@ -134,14 +134,69 @@ TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
   }
 }
 
-TEST(LoadLanguage, SpeaksTheLanguageOrSaysWhyNot) {
+/// The system's locale, for as long as it lives.
+class UseLocale {
+ public:
+  UseLocale(const char* all, const char* messages, const char* lang) {
+    const char* values[] = {all, messages, lang};
+    for (std::size_t i = 0; i < std::size(kNames); ++i) {
+      if (const char* value = getenv(kNames[i])) former[i] = value;
+      Set(kNames[i], values[i]);
+    }
+  }
+  ~UseLocale() {
+    for (std::size_t i = 0; i < std::size(kNames); ++i) {
+      Set(kNames[i], former[i] ? former[i]->c_str() : nullptr);
+    }
+  }
+  UseLocale(const UseLocale&) = delete;
+  UseLocale& operator=(const UseLocale&) = delete;
+
+ private:
+  static constexpr const char* kNames[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
+  static void Set(const char* name, const char* value) {
+    if (value != nullptr) {
+      setenv(name, value, 1);
+    } else {
+      unsetenv(name);
+    }
+  }
+  std::optional<std::string> former[std::size(kNames)];
+};
+
+class LoadLanguageTest : public testing::Test {
+ protected:
+  LoadLanguageTest() {
+    folder.Write("langfra.dll", "Morvane texts\tfr\n32952\tSans titre\n");
+    folder.Write("langger.dll", "no library");
+  }
+  ~LoadLanguageTest() override { Service<TextSource>::Set(nullptr); }
+  /// What the program calls a new chart.
+  std::string Untitled() {
+    LoadLanguage(folder.Root().string());
+    return LoadText(IDS_UNTITLED);
+  }
+  struct Settings : public MemoryProfile {
+    bool IsDamaged(const std::string& section, const std::string& key) override {
+      return damaged && !Find(section, key);
+    }
+    bool damaged = false;
+  };
+
+  TempFolder folder;
+  Settings profile;
+  const UseService<Profile> use{profile};
+  ScriptedMessageBoxes boxes;
+};
+
+TEST_F(LoadLanguageTest, SpeaksTheLanguageOfTheProfileOrSaysWhyNot) {
   const char* unreadable =
       "Unable to read language information from registry. Setting language to English";
   const char* unsupported = "Unsupported language found in registry. Setting language to English";
   const char* unloadable =
       "Unable to load the language DLL 'langger.dll'. Please re install Morvane.";
   const struct {
-    const char* value;  ///< null for none
+    const char* value;  ///< null for none, in settings that are damaged
     const char* untitled;
     const char* message = nullptr;
     unsigned flags = MB_OK;
@@ -154,20 +209,60 @@ TEST(LoadLanguage, SpeaksTheLanguageOrSaysWhyNot) {
                {"FRA", "Untitled", unsupported},
                {"ger", "Untitled", unloadable, MB_ICONHAND},
                {"esp", "Untitled", "langesp.dll", MB_ICONHAND}};
-  TempFolder folder;
-  folder.Write("langfra.dll", "Morvane texts\tfr\n32952\tSans titre\n");
-  folder.Write("langger.dll", "no library");
+  const UseLocale french(nullptr, nullptr, "fr_FR.UTF-8");
+  profile.damaged = true;
   for (const auto& [value, untitled, message, flags] : cases) {
-    MemoryProfile profile;
-    const UseService<Profile> use(profile);
-    ScriptedMessageBoxes boxes;
     if (value != nullptr) profile.WriteString("", "Language", value);
+    if (value == nullptr) ChooseLanguage("");
     if (message != nullptr) boxes.Expect(message);
-    LoadLanguage(folder.Root().string());
-    EXPECT_EQ(LoadText(IDS_UNTITLED), untitled);
-    EXPECT_EQ(boxes.LastFlags(), flags);
-    Service<TextSource>::Set(nullptr);
+    EXPECT_EQ(Untitled(), untitled);
+    if (message != nullptr) {
+      EXPECT_EQ(boxes.LastFlags(), flags) << message;
+    }
   }
+}
+
+TEST_F(LoadLanguageTest, SpeaksTheLanguageOfTheSystemUnlessTheUserHasChosen) {
+  const struct {
+    const char* all;
+    const char* messages;
+    const char* lang;
+    const char* untitled;
+  } cases[] = {{nullptr, nullptr, nullptr, "Untitled"},
+               {nullptr, nullptr, "fr", "Sans titre"},
+               {nullptr, nullptr, "fr_CA.UTF-8@euro", "Sans titre"},
+               {nullptr, nullptr, "fr@euro", "Sans titre"},
+               {nullptr, nullptr, "fry_NL", "Untitled"},
+               {"", "", "fr_FR", "Sans titre"},
+               {"", "fr_FR", "C", "Sans titre"},
+               {"C.UTF-8", "fr_FR", "fr_FR", "Untitled"},
+               {"POSIX", nullptr, "fr_FR", "Untitled"},
+               {nullptr, nullptr, "de_AT.UTF-8", "Untitled"},  // no text can be read from that
+               {nullptr, nullptr, "es_ES.UTF-8", "Untitled"}};
+  for (const auto& [all, messages, lang, untitled] : cases) {
+    const UseLocale locale(all, messages, lang);
+    EXPECT_EQ(Untitled(), untitled) << (lang != nullptr ? lang : "none");
+    ChooseLanguage("eng");
+    EXPECT_EQ(ChosenLanguage(), "eng");
+    EXPECT_EQ(Untitled(), "Untitled");
+    ChooseLanguage("");
+    EXPECT_EQ(ChosenLanguage(), "");
+  }
+}
+
+TEST_F(LoadLanguageTest, TheLanguagesToChooseFromHaveALibrary) {
+  const auto codes = [this] {
+    std::string all;
+    for (const LanguageChoice& choice : AvailableLanguages(folder.Root().string())) {
+      all += choice.code + "=" + choice.name + " ";
+    }
+    return all;
+  };
+  EXPECT_EQ(codes(), "eng=English fra=Fran\xC3\xA7\x61is ");
+  folder.Write("langger.dll", "Morvane texts\tde\n");
+  folder.Write("langesp.dll", "Morvane texts\tes\n");
+  EXPECT_EQ(codes(), "eng=English fra=Fran\xC3\xA7\x61is ger=Deutsch esp=Espa\xC3\xB1ol ");
+  EXPECT_EQ(AvailableLanguages().size(), 4U) << "beside the program";
 }
 
 }  // namespace

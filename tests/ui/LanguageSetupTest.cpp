@@ -1,34 +1,64 @@
-#include <cstdlib>
-
-#include <QSettings>
+#include <sys/stat.h>
 
 #include "platform/qt/QtProfile.h"
+#include "resources/Language.h"
+#include "resources/TextSource.h"
 #include "tests/ui/WindowTest.h"
 
 namespace {
 
-/// Runs the script that every way of starting the program runs first.
-int RunLanguageScript(const TempFolder& folder) {
-  const std::string command = "XDG_CONFIG_HOME='" + folder.Root().string() + "' '" +
-                              MORVANE_SOURCE_DIR "/scripts/language.sh'";
-  return std::system(command.c_str());
+/// Which settings say what the language is, as the file of a user's settings is read.
+TEST(LanguageSetup, SaysThatItCannotBeReadOnlyWhereSettingsAreDamaged) {
+  const struct {
+    const char* text;  ///< null for no file
+    bool damaged;
+  } cases[] = {{nullptr, false},
+               {"", false},
+               {"[Settings]\nStateName=Mine\n", false},
+               {"[General]\nLanguage=eng\n", false},
+               {"[General]\nLanguage=eng\nstray line\n", false},
+               {"\x7F"
+                "ELF\x01\x02\n\x03",
+                true},
+               {"[Settings]\nstray line\n", true},
+               {"[General]\nLanguage=@Variant(xyz)\n", true},
+               {"[General]\nLanguage=english\n", true}};
+  const TempFolder folder;
+  const std::string path = folder.Path("Morvane.ini");
+  for (const auto& [text, damaged] : cases) {
+    if (text != nullptr) folder.Write("Morvane.ini", text);
+    QtProfile profile(path);
+    const UseService<Profile> use(profile);
+    ScriptedMessageBoxes boxes;
+    if (damaged) boxes.Expect("Unable to read language information");
+    LoadLanguage(folder.Root().string());
+    EXPECT_EQ(boxes.Shown().size(), damaged ? 1U : 0U) << (text != nullptr ? text : "no file");
+  }
+  // What stands in the place of the file, but is none
+  std::filesystem::remove(path);
+  std::filesystem::create_directory(path);
+  QtProfile profile(path);
+  const UseService<Profile> use(profile);
+  ScriptedMessageBoxes boxes;
+  boxes.Expect("Unable to read language information");
+  LoadLanguage(folder.Root().string());
 }
 
-TEST(LanguageSetup, IsFoundByTheProgramAndKeptWhereItIsSet) {
+TEST(LanguageSetup, AChosenLanguageIsKeptAndGoesAgainFromTheFile) {
   const TempFolder folder;
-  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
-                     QString::fromStdString(folder.Root().string()));
-  ASSERT_EQ(RunLanguageScript(folder), 0);
-  {
-    QtProfile profile;
-    EXPECT_EQ(profile.GetString("", "Language", ""), "eng");
-    profile.WriteString("Settings", "StateName", "Mine");
-    profile.WriteString("", "Language", "fra");
+  const std::string path = folder.Write("Morvane.ini", "[Settings]\nStateName=Mine\n");
+  for (const char* code : {"fra", "ger", ""}) {
+    {
+      QtProfile profile(path);
+      const UseService<Profile> use(profile);
+      ChooseLanguage(code);
+    }
+    QtProfile profile(path);
+    const UseService<Profile> use(profile);
+    EXPECT_EQ(ChosenLanguage(), code);
+    EXPECT_EQ(profile.Find("", "Language").has_value(), *code != 0);
+    EXPECT_EQ(profile.GetString("Settings", "StateName", ""), "Mine");
   }
-  ASSERT_EQ(RunLanguageScript(folder), 0);
-  QtProfile profile;
-  EXPECT_EQ(profile.GetString("", "Language", ""), "fra");
-  EXPECT_EQ(profile.GetString("Settings", "StateName", ""), "Mine");
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "platform/RecentFiles.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtProfile.h"
@@ -76,6 +77,29 @@ TEST_F(QtProfileTest, AFullDiskIsSaidOnceAndLeavesTheOldSettings) {
   profile.WriteString("Settings", "FontSize", "90");
   EXPECT_EQ(profile.GetString("Settings", "FontName", "")[0], 'y');
   EXPECT_EQ(QtProfile(path).GetString("Settings", "FontName", "")[0], 'y') << "now there is room";
+}
+
+TEST_F(QtProfileTest, TwoRunningCopiesKeepEachOthersRecentFiles) {
+  QtProfile profiles[] = {QtProfile(path), QtProfile(path)};
+  RecentFiles lists[2];
+  const auto with = [&](int copy, const std::function<void(RecentFiles&)>& act) {
+    const UseService<Profile> use(profiles[copy]);
+    act(lists[copy]);
+  };
+  for (const int copy : {0, 1}) with(copy, [](RecentFiles& list) { list.Load(); });
+  // Of one length, and faster than a file's time goes on
+  for (const char* name : {"/1", "/2", "/3", "/4", "/5", "/6", "/7"}) {
+    with((name[1] - '0') % 2, [name](RecentFiles& list) { list.Add(name); });
+  }
+  with(0, [](RecentFiles& list) { list.Remove("/5"); });
+  const std::vector<std::string> merged = {"/7", "/6", "/4", "/3", "/2"};
+  EXPECT_EQ(lists[0].Paths(), merged);
+  with(1, [](RecentFiles& list) { list.Load(); });
+  EXPECT_EQ(lists[1].Paths(), merged);
+  // A setting of one copy is not taken back by the other's next one.
+  profiles[0].WriteString("Settings", "FontSize", "90");
+  profiles[1].WriteString("Settings", "FontName", "Serif");
+  EXPECT_EQ(QtProfile(path).GetInt("Settings", "FontSize", 0), 90);
 }
 
 class QtPicturesTest : public testing::Test {
