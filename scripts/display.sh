@@ -16,11 +16,11 @@ start_display() {
   Xvfb -displayfd 3 -screen 0 "$1x24" 3>"$work/display" 2>/dev/null &
   jobs+=($!)
   read -r number <"$work/display"
-  export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
+  # The pictures show the program in English.
+  export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work" LC_ALL=C.UTF-8
   unset WAYLAND_DISPLAY
   openbox >/dev/null 2>&1 &
   jobs+=($!)
-  "$root/scripts/language.sh"
 }
 
 # open_chart FILE WIDTH HEIGHT: starts $program on a chart, in a window of that size in the corner of

@@ -16,8 +16,9 @@ fi
 source "$root/scripts/display.sh"
 screen_size="1240 820"
 start_display "${screen_size/ /x}"
-printf '\n[ToolBars]\nBrowseDir=%s\n' "${program%/bin/*}/Examples/Lift" \
-  >>"$XDG_CONFIG_HOME/Halvern/Morvane.ini"
+mkdir -p "$XDG_CONFIG_HOME/Halvern"
+printf '[ToolBars]\nBrowseDir=%s\n' "${program%/bin/*}/Examples/Lift" \
+  >"$XDG_CONFIG_HOME/Halvern/Morvane.ini"
 mkdir -p "$images"
 
 # open CHART: starts the program on a copy of a chart, in a window of a known place and size

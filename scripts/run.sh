@@ -16,7 +16,6 @@ fi
 
 "$root/scripts/setup.sh"
 "$root/scripts/build.sh" release morvane install_layout
-"$root/scripts/language.sh"
 
 program="$root/build/release/bin/morvane"
 if [[ -n ${DISPLAY:-} || -n ${WAYLAND_DISPLAY:-} ]]; then
