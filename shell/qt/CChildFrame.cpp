@@ -8,11 +8,11 @@
 #include "platform/CDocManager.h"
 #include "platform/CDocument.h"
 #include "platform/CScrollView.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
 #include "shell/qt/NoticeBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
+#include "shell/qt/WindowTitle.h"
 #include "surface/LayoutMgr.h"
 
 namespace {
@@ -75,7 +75,8 @@ void CChildFrame::Detach() {
 void CChildFrame::UpdateTitle() {
   // A maximised window shows its title in the main window alone, which does that itself.
   const bool own = document != nullptr && !isMaximized();
-  setWindowTitle(own ? ToQString(document->GetTitle()) : QString());
+  setWindowTitle(own ? MarkedInnerTitle(*document) : QString());
+  setWindowModified(own && document->HasUnsavedMark());
 }
 
 void CChildFrame::UpdateNotices() {

@@ -29,6 +29,7 @@
 #include "shell/qt/CommandMenu.h"
 #include "shell/qt/FrameState.h"
 #include "shell/qt/LockIndicators.h"
+#include "shell/qt/WindowTitle.h"
 
 // The windows of the main window; what commands do is in CMainFrameCommands.cpp.
 
@@ -107,8 +108,7 @@ void CMainFrame::FillWindowList() {
   if (!children.isEmpty()) windowList << windowMenu->addSeparator();
   for (qsizetype i = 0; i < children.size(); ++i) {
     CChildFrame* child = children[i];
-    QString title = ToQString(child->Document()->GetTitle());
-    title.replace('&', "&&");
+    const QString title = MenuTitle(*child->Document());
     QAction* action =
         windowMenu->addAction(i < 9 ? QStringLiteral("&%1 %2").arg(i + 1).arg(title) : title);
     action->setCheckable(true);
@@ -134,7 +134,9 @@ void CMainFrame::CreateBars() {
       new CDragToolBar(ToQString(Translate("Drawing Toolbar")), DrawingBarButtons(), *this, this);
   drawingBar->setObjectName("drawingBar");
   addToolBar(drawingBar);
-  statusBar()->addWidget(new QLabel(ToQString(Translate(kReadyText)), this));
+  statusText = new QLabel(this);
+  statusText->setTextFormat(Qt::PlainText);
+  statusBar()->addWidget(statusText);
   new LockIndicators(statusBar());
 }
 
@@ -185,8 +187,12 @@ void CMainFrame::changeEvent(QEvent* event) {
 
 void CMainFrame::ShowTitle() {
   const CChildFrame* child = ActiveChild();
-  setWindowTitle(child != nullptr ? ToQString(child->Document()->GetTitle() + " - " + kProgramName)
-                                  : QString(kProgramName));
+  const CDocument* document = child != nullptr ? child->Document() : nullptr;
+  setWindowTitle(document != nullptr ? MarkedTitle(*document) + " - " + kProgramName
+                                     : QString(kProgramName));
+  setWindowModified(document != nullptr && document->HasUnsavedMark());
+  const std::string status = document != nullptr ? document->StatusText() : std::string();
+  statusText->setText(ToQString(status.empty() ? Translate(kReadyText) : status));
 }
 
 CChildFrame* CMainFrame::ActiveChild() const {

@@ -14,6 +14,7 @@ class ChartBrowserPane;
 class CChildFrame;
 class CommandBar;
 class CommandMenu;
+class QLabel;
 class QMdiArea;
 
 /// The main window: the charts' windows inside it, menus, bars and keys, and the way of a command
@@ -78,6 +79,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   void ShowMenu(bool forChart);
   void FillWindowList();
   void OnActivated();
+  /// Title, mark and status text of the active chart.
   void ShowTitle();
   void RefreshBars();
   void OnIdle();
@@ -109,6 +111,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   CommandBar* toolBar = nullptr;
   CommandBar* drawingBar = nullptr;
   ChartBrowserPane* chartBrowser = nullptr;
+  QLabel* statusText = nullptr;
   bool chartMenuShown = false;
   QTimer idleTimer;
   bool idleSeen = false;  ///< nothing happened since the bars were refreshed

@@ -95,7 +95,7 @@ TEST_F(ChartWindows, TheChartBrowserOpensChartsAndComesBackToItsFolder) {
   Folders().SelectPath(folder.Path("charts"));
   Folders().Select(Folders().Selected()->FirstChild());
   Folders().OnLButtonDblClk();
-  EXPECT_EQ(frame->windowTitle(), "Lift.mrv - Morvane");
+  EXPECT_EQ(Title(), "Lift.mrv - Morvane");
   Folders().Select(Folders().Selected()->Parent());
   EXPECT_TRUE(frame->close());
   Start();

@@ -82,5 +82,17 @@ class FakeDocument : public CDocument {
     SetModifiedFlag(false);
     return true;
   }
+  bool HasUnsavedMark() const override { return marked; }
+  std::string StatusText() const override { return status; }
+  /// Shows itself with or without unsaved changes, and a status text.
+  void Show(bool mark, const std::string& text = "") {
+    marked = mark;
+    status = text;
+    ShowTitle();
+  }
   std::string saved;
+
+ private:
+  bool marked = false;
+  std::string status;
 };

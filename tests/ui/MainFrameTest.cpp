@@ -61,7 +61,21 @@ class MainFrameTest : public MainWindow<FakeDocument, FakeView> {
     // A key goes through the table of shortcuts before it reaches a widget.
     qApp->notify(focus != nullptr ? focus : frame.get(), &press);
   }
-  std::string Title() const { return frame->windowTitle().toStdString(); }
+  std::string Status() const {
+    return frame->statusBar()->findChild<QLabel*>()->text().toStdString();
+  }
+  /// The entries of the menu "Window" for charts.
+  std::vector<std::string> WindowList() {
+    QMenu& menu = *frame->menuBar()->actions()[5]->menu();
+    emit menu.aboutToShow();
+    std::vector<std::string> entries;
+    for (const QAction* action : menu.actions()) {
+      if (action->data().toUInt() == 0 && !action->isSeparator()) {
+        entries.push_back(action->text().toStdString());
+      }
+    }
+    return entries;
+  }
 };
 
 TEST_F(MainFrameTest, MenusFollowTheCharts) {
@@ -130,7 +144,7 @@ TEST_F(MainFrameTest, NewWindowsAreMaximisedLikeTheActiveOne) {
   }
   frame->RunCommand(ID_WINDOW_CASCADE);
   EXPECT_FALSE(frame->ActiveChild()->isMaximized());
-  EXPECT_EQ(frame->ActiveChild()->windowTitle(), "Two.mrv");
+  EXPECT_EQ(frame->ActiveChild()->windowTitle(), "Two.mrv[*]");
   EXPECT_EQ(Title(), "Two.mrv - Morvane");
   Open("/x/Three.mrv");
   EXPECT_FALSE(frame->ActiveChild()->isMaximized());
@@ -138,6 +152,46 @@ TEST_F(MainFrameTest, NewWindowsAreMaximisedLikeTheActiveOne) {
   frame->ActiveChild()->move(300, 20);
   frame->RunCommand(ID_WINDOW_ARRANGE);
   EXPECT_EQ(frame->ActiveChild()->x(), 0) << "icons stand in a row from the left";
+}
+
+TEST_F(MainFrameTest, UnsavedChartsAreMarkedInTitlesAndInTheWindowList) {
+  FakeDocument& one = Open("/x/One.mrv");
+  FakeDocument& odd = Open("/x/A[*] & [*][*]b.mrv");
+  EXPECT_EQ(Title(), "A[*] & [*][*]b.mrv - Morvane");
+  EXPECT_EQ(WindowList(), (std::vector<std::string>{"&1 One.mrv", "&2 A[*] && [*][*]b.mrv"}));
+  one.Show(true);
+  EXPECT_EQ(Title(), "A[*] & [*][*]b.mrv - Morvane") << "another chart has changed";
+  odd.Show(true);
+  EXPECT_EQ(Title(), "A[*] & [*][*]b.mrv* - Morvane");
+  EXPECT_EQ(WindowList(), (std::vector<std::string>{"&1 One.mrv*", "&2 A[*] && [*][*]b.mrv*"}));
+  EXPECT_EQ(frame->ActiveChild()->windowTitle(), "") << "the main window has it";
+  frame->RunCommand(ID_WINDOW_CASCADE);
+  for (const bool marked : {true, false}) {
+    odd.Show(marked);
+    EXPECT_EQ(frame->ActiveChild()->windowTitle(), u"A[\u2060*] & [\u2060*][\u2060*]b.mrv[*]");
+    EXPECT_EQ(frame->ActiveChild()->isWindowModified(), marked);
+    EXPECT_EQ(frame->isWindowModified(), marked);
+  }
+  frame->ActiveChild()->showMaximized();
+  EXPECT_EQ(Title(), "A[*] & [*][*]b.mrv - Morvane");
+  frame->Manager().OpenDocumentFile("/x/One.mrv");
+  EXPECT_EQ(Title(), "One.mrv* - Morvane");
+  frame->RunCommand(ID_FILE_CLOSE);
+  frame->RunCommand(ID_FILE_CLOSE);
+  EXPECT_EQ(Title(), "Morvane");
+}
+
+TEST_F(MainFrameTest, TheStatusLineSpeaksForTheActiveChart) {
+  EXPECT_EQ(Status(), "Ready");
+  FakeDocument& one = Open("/x/One.mrv");
+  one.Show(false, "this <b>file</b> is empty");
+  EXPECT_EQ(Status(), "this <b>file</b> is empty");
+  Open("/x/Two.mrv");
+  EXPECT_EQ(Status(), "Ready");
+  Open("/x/One.mrv");
+  EXPECT_EQ(Status(), "this <b>file</b> is empty");
+  one.Show(false);
+  EXPECT_EQ(Status(), "Ready");
 }
 
 TEST_F(MainFrameTest, ClosingAsksForEachModifiedChartAndCancelKeepsAll) {

@@ -33,6 +33,8 @@ class MainWindow : public testing::Test {
     return dynamic_cast<Document&>(*document);
   }
   static View& ViewOf(CDocument& document) { return dynamic_cast<View&>(*document.GetView()); }
+  /// What stands in the title bar.
+  std::string Title() const { return frame->windowHandle()->title().toStdString(); }
   bool IsChecked(unsigned id) const { return frame->StateOf(id).checked; }
 
   ScriptedMessageBoxes boxes;

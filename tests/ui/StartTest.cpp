@@ -12,7 +12,7 @@ namespace {
 
 QString Title() {
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (qobject_cast<CMainFrame*>(window) != nullptr) return window->windowTitle();
+    if (qobject_cast<CMainFrame*>(window) != nullptr) return window->windowHandle()->title();
   }
   return {};
 }

@@ -20,6 +20,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
+#include <QWindow>
 
 #include "tests/support/ChartTest.h"
 #include "tests/ui/Events.h"
