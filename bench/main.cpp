@@ -17,6 +17,7 @@
 #include "persistence/ModelStream.h"
 #include "persistence/UndoHistory.h"
 #include "platform/qt/QtServices.h"
+#include "recovery/RecoveryStore.h"
 #include "resources/CommandIds.h"
 #include "shell/qt/CMainFrame.h"
 #include "surface/ChartPicture.h"
@@ -133,6 +134,26 @@ void DragStep(benchmark::State& state) {
 void Drop(benchmark::State& state) {
   OpenChart chart(ChartOf(state));
   for (auto _ : state) chart.DragFirstState(1);
+}
+
+/// What an edit costs the thread of the windows so that it is kept for a recovery.
+void KeepUnsaved(benchmark::State& state) {
+  const TempFolder folder;
+  RecoveryStore store(folder.Path("state"));
+  CMorvaneDoc document(&store);
+  document.SetView(std::make_unique<LayoutMgr>());
+  auto& view = dynamic_cast<LayoutMgr&>(*document.GetView());
+  OpenChart::Read(ChartOf(state), view);
+  view.PlaceWithoutWindow(false);
+  document.RememberSavedText();
+  std::vector<SharedText> edits;
+  for (const char* author : {"Ann", "Bob"}) {
+    view.GetProperties().Author = author;
+    edits.push_back(std::make_shared<const std::string>(view.ModelText()));
+  }
+  std::size_t edit = 0;
+  for (auto _ : state) document.OnTextChanged(edits[++edit % edits.size()]);
+  document.OnCloseDocument();
 }
 
 void DeleteAll(benchmark::State& state) {
@@ -257,6 +278,7 @@ void Register() {
   OnCharts(add("HitTest", HitTest));
   OnCharts(add("DragStep", DragStep))->UseManualTime()->Iterations(few);
   OnCharts(add("Drop", Drop));
+  OnCharts(add("KeepUnsaved", KeepUnsaved));
   OnCharts(add("DeleteAll", DeleteAll))->UseManualTime()->Iterations(few);
   OnCharts(add("SearchSpiral", SearchSpiral));
   add("ExportPng", ExportPng)->Arg(kMiddle)->Unit(benchmark::kMillisecond);

@@ -60,5 +60,6 @@ std::string ChartDifference::Text() const {
   add(added, IDS_OBJECTS_ADDED);
   add(changed, IDS_OBJECTS_CHANGED);
   add(removed, IDS_OBJECTS_REMOVED);
-  return all.empty() && other ? LoadText(IDS_PROPERTIES_CHANGED) : all;
+  if (!all.empty()) return WithName(LoadText(IDS_OBJECTS), all);
+  return other ? LoadText(IDS_PROPERTIES_CHANGED) : std::string();
 }

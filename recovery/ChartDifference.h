@@ -13,6 +13,6 @@ struct ChartDifference {
   /// From `before` to `after`, both with LF between the lines.
   static ChartDifference Between(std::string_view before, std::string_view after);
   bool IsNone() const { return added == 0 && changed == 0 && removed == 0 && !other; }
-  /// For the user, as "3 objects added, 1 changed".
+  /// For the user, as "Objects: 3 added, 1 changed"; empty for none.
   std::string Text() const;
 };

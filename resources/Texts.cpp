@@ -98,12 +98,7 @@ constexpr std::array kTexts = {
          "This will go back to the chart that the file %1 holds.\n\nDo you want to continue ?"},
     Text{IDS_NOT_KEPT,
          "Changes of this chart cannot be kept for a recovery: the disk may be full."},
-    Text{IDS_CONFIRM_DISCARD,
-         "This will take the unsaved work on %1 away for good.\n\nDo you want to continue ?"},
-    Text{IDS_RECOVERY_HEAD,
-         "Morvane ended before these charts were saved. Their unsaved work was kept."},
-    Text{IDS_CRASH_REPORT, "A report of what happened is in this file:"},
-    Text{IDS_RECOVERY_LATER, "What stays in the list is offered again at the next start."},
+    Text{IDS_OBJECTS, "Objects: %1"},
 };
 
 class BuiltInEnglish : public TextSource {

@@ -1,4 +1,5 @@
 #include "tests/support/OpenCharts.h"
+#include "tests/support/SavePath.h"
 
 namespace fs = std::filesystem;
 
@@ -144,17 +145,7 @@ TEST_F(OtherHandsTest, RevertGoesBackToTheFile) {
 }
 
 TEST_F(OtherHandsTest, NoChartIsSavedOverAnotherOneThatIsOpen) {
-  struct : public Dialogs {
-    std::optional<std::string> AskOpenPath(const FileFilter&) override { return std::nullopt; }
-    std::optional<std::string> AskSavePath(const FileFilter&, const std::string&) override {
-      return answer;
-    }
-    std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return std::nullopt; }
-    std::optional<COLORREF> AskColor(COLORREF) override { return std::nullopt; }
-    std::optional<FontChoice> AskFont(const FontChoice&) override { return std::nullopt; }
-    std::string answer;
-  } dialogs;
-  const UseService<Dialogs> useDialogs(dialogs);
+  SavePath dialogs;
   fs::create_symlink(path, folder.Path("link.mrv"));
   CDocument& other = charts.New();
   for (const char* name : {"a.mrv", "./a.mrv", "link.mrv"}) {

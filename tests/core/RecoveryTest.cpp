@@ -236,14 +236,14 @@ TEST_F(RecoveryTest, AChartDiffersByItsObjects) {
     std::string before;
     std::string after;
     std::string text;
-  } cases[] = {
-      {ChartText(one), ChartText(one), ""},
-      {ChartText(one), ChartText(one + two), "1 added"},
-      {ChartText(one + two), ChartText(two), "1 removed"},
-      {ChartText(one), ChartText(StateRecord(1, {1, 1, 9, 9}, "1") + two), "1 added, 1 changed"},
-      {ChartText(one), ChartText(one, "9999 4 1", "7"), "properties or view changed"},
-      {"", ChartText(one), "1 added"},
-      {ChartText(one).substr(0, 60), ChartText(one), "1 changed"}};
+  } cases[] = {{ChartText(one), ChartText(one), ""},
+               {ChartText(one), ChartText(one + two), "Objects: 1 added"},
+               {ChartText(one + two), ChartText(two), "Objects: 1 removed"},
+               {ChartText(one), ChartText(StateRecord(1, {1, 1, 9, 9}, "1") + two),
+                "Objects: 1 added, 1 changed"},
+               {ChartText(one), ChartText(one, "9999 4 1", "7"), "properties or view changed"},
+               {"", ChartText(one), "Objects: 1 added"},
+               {ChartText(one).substr(0, 60), ChartText(one), "Objects: 1 changed"}};
   for (const auto& [before, after, text] : cases) {
     EXPECT_EQ(ChartDifference::Between(before, after).Text(), text) << before << "\n" << after;
     EXPECT_EQ(ChartDifference::Between(before, after).IsNone(), before == after);
