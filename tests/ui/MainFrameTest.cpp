@@ -8,29 +8,11 @@
 #include "shell/qt/CommandMenu.h"
 #include "shell/qt/FrameState.h"
 #include "shell/qt/ObjectBrowserPane.h"
+#include "tests/support/SaveDialogs.h"
 #include "tests/ui/FakeChart.h"
 #include "tests/ui/MainWindow.h"
 
 namespace {
-
-/// Answers each dialog for saving with a path, and the others with Cancel.
-class SaveDialogs : public Dialogs {
- public:
-  std::optional<std::string> AskOpenPath(const FileFilter&) override { return {}; }
-  std::optional<std::string> AskSavePath(const FileFilter&, const std::string& start) override {
-    suggestion = start;
-    return path;
-  }
-  std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return {}; }
-  std::optional<COLORREF> AskColor(COLORREF) override { return {}; }
-  std::optional<FontChoice> AskFont(const FontChoice&) override { return {}; }
-
-  std::string path;
-  std::string suggestion;
-
- private:
-  const UseService<Dialogs> use{*this};
-};
 
 class MainFrameTest : public MainWindow<FakeDocument, FakeView> {
  protected:
