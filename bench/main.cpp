@@ -21,6 +21,7 @@
 #include "resources/CommandIds.h"
 #include "shell/qt/CMainFrame.h"
 #include "surface/ChartPicture.h"
+#include "tests/support/TempFolder.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "tests/support/OpenCharts.h"
-#include "tests/support/SavePath.h"
+#include "tests/support/SaveDialogs.h"
 
 namespace fs = std::filesystem;
 
@@ -145,17 +145,17 @@ TEST_F(OtherHandsTest, RevertGoesBackToTheFile) {
 }
 
 TEST_F(OtherHandsTest, NoChartIsSavedOverAnotherOneThatIsOpen) {
-  SavePath dialogs;
+  SaveDialogs dialogs;
   fs::create_symlink(path, folder.Path("link.mrv"));
   CDocument& other = charts.New();
   for (const char* name : {"a.mrv", "./a.mrv", "link.mrv"}) {
-    dialogs.answer = folder.Path(name);
+    dialogs.path = folder.Path(name);
     boxes.Expect("is open in another window");
     EXPECT_FALSE(other.DoFileSaveAs());
     EXPECT_EQ(OnDisk(), SmallChart());
   }
   EXPECT_TRUE(other.GetPathName().empty());
-  dialogs.answer = folder.Path("b.mrv");
+  dialogs.path = folder.Path("b.mrv");
   EXPECT_TRUE(other.DoFileSaveAs());
   // Over its own file it is a plain save.
   EXPECT_TRUE(other.DoFileSaveAs());
