@@ -3,22 +3,21 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
-#include <memory>
 #include <system_error>
+#include <vector>
+
+#include "platform/PathSearch.h"
+#include "platform/PosixFile.h"
+#include "platform/WholeFile.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
 constexpr std::string_view kSeparators = "/\\";
-
-struct FileCloser {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, FileCloser>;
 
 std::string Lower(std::string_view text) {
   std::string lower(text);
@@ -27,16 +26,14 @@ std::string Lower(std::string_view text) {
   return lower;
 }
 
-/// The entry of a folder with that name, whatever its case; empty if there is none.
-fs::path FindEntry(const fs::path& folder, const std::string& name) {
+/// The names in a folder; none if it can't be read.
+std::vector<std::string> NamesIn(const std::string& folder) {
+  std::vector<std::string> names;
   std::error_code error;
-  if (fs::exists(folder / name, error)) return folder / name;
-  const std::string wanted = Lower(name);
-  for (fs::directory_iterator it(folder.empty() ? "." : folder, error), end; !error && it != end;
-       it.increment(error)) {
-    if (Lower(it->path().filename().string()) == wanted) return folder / it->path().filename();
+  for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    names.push_back(it->path().filename().string());
   }
-  return {};
+  return names;
 }
 
 }  // namespace
@@ -45,26 +42,17 @@ std::string FileResult::ErrorText() const { return std::strerror(error); }
 
 FileResult ReadWholeFile(const std::string& path, std::string& bytes) {
   bytes.clear();
-  std::error_code error;
-  const fs::file_status status = fs::status(path, error);
-  if (fs::is_directory(status)) return {FileResult::Stage::Open, EISDIR};
-  // A pipe or a device may have no end.
-  if (fs::exists(status) && !fs::is_regular_file(status)) {
-    return {FileResult::Stage::Open, EINVAL};
+  PosixFile file;
+  // A pipe may have nobody at its other end.
+  if (const int error = file.Open(path, O_RDONLY | O_NONBLOCK)) {
+    return {FileResult::Stage::Open, error};
   }
-  const File file(std::fopen(path.c_str(), "rb"));
-  if (!file) return {FileResult::Stage::Open, errno};
-  constexpr std::size_t chunk = std::size_t{1} << 20;
-  std::size_t length = 0;
-  do {
-    bytes.resize(length + chunk);
-    const std::size_t got = std::fread(bytes.data() + length, 1, chunk, file.get());
-    length += got;
-    if (got == 0) break;
-  } while (true);
-  const int failure = std::ferror(file.get()) != 0 ? errno : 0;
-  bytes.resize(length);
-  if (failure != 0) return {FileResult::Stage::Transfer, failure};
+  struct stat status {};
+  if (const int error = file.Status(status)) return {FileResult::Stage::Open, error};
+  if (S_ISDIR(status.st_mode)) return {FileResult::Stage::Open, EISDIR};
+  // A pipe or a device may have no end.
+  if (!S_ISREG(status.st_mode)) return {FileResult::Stage::Open, EINVAL};
+  if (const int error = file.Read(bytes)) return {FileResult::Stage::Transfer, error};
   return {};
 }
 
@@ -74,27 +62,11 @@ bool IsEmptyFile(const std::string& path) {
 }
 
 FileResult WriteWholeFile(const std::string& path, std::string_view bytes) {
-  File file(std::fopen(path.c_str(), "wb"));
-  if (!file) return {FileResult::Stage::Open, errno};
-  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-  if (!written || std::fflush(file.get()) != 0) return {FileResult::Stage::Transfer, errno};
-  if (std::fclose(file.release()) != 0) return {FileResult::Stage::Transfer, errno};
-  return {};
+  return WholeFile(path).Write(bytes);
 }
 
 FileResult ReplaceWholeFile(const std::string& path, std::string_view bytes) {
-  std::error_code error;
-  const fs::file_status status = fs::status(path, error);
-  if (fs::exists(status) && !fs::is_regular_file(status)) return WriteWholeFile(path, bytes);
-  const std::string target = fs::exists(status) ? FullPath(path) : path;
-  const std::string beside = target + ".new";
-  FileResult result = WriteWholeFile(beside, bytes);
-  if (result.Ok()) {
-    fs::rename(beside, target, error);
-    if (error) result = {FileResult::Stage::Open, error.value()};
-  }
-  if (!result.Ok()) fs::remove(beside, error);
-  return result;
+  return WholeFile(path).Replace(bytes);
 }
 
 std::string FileNameOf(std::string_view path) {
@@ -120,20 +92,16 @@ std::string FullPath(const std::string& path) {
 }
 
 std::string FindPath(const std::string& path) {
-  std::error_code error;
-  if (fs::exists(path, error)) return path;
-  std::string unified = path;
-  std::replace(unified.begin(), unified.end(), '\\', '/');
-  fs::path found;
-  for (const fs::path& piece : fs::path(unified)) {
-    if (piece.empty() || piece == "/") {
-      found /= piece;
-      continue;
-    }
-    found = FindEntry(found, piece.string());
-    if (found.empty()) return unified;
-  }
-  return found.string();
+  return FindPath(path, [](const std::string& found) {
+    std::error_code error;
+    return fs::exists(found, error);
+  });
+}
+
+std::string FindPath(const std::string& path,
+                     const std::function<bool(const std::string& path)>& isWanted) {
+  const PathSearch search(ProgramPath(), NamesIn, isWanted);
+  return search.Find(path);
 }
 
 std::string ProgramPath() {

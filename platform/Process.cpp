@@ -22,7 +22,7 @@ bool IsProgram(const std::string& path) {
 std::string FindProgram(std::string_view name) {
   if (name.empty()) return {};
   for (const char* extension : {"", kProgramExtension}) {
-    std::string path = FindPath(std::string(name) + extension);
+    std::string path = FindPath(std::string(name) + extension, IsProgram);
     if (IsProgram(path)) return path;
   }
   return {};

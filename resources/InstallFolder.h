@@ -7,6 +7,6 @@
 /// "Docs" and "Examples" are added to it. `FindPath` turns it into a path that exists.
 std::string GetInstallFolder();
 
-/// The same for a given full file name of the program: cut before the first "BIN" that a separator
-/// follows. A name without it comes back whole, in upper case.
+/// The same for a given full file name of the program: cut before the last folder whose whole name
+/// is "bin". A name without it comes back whole, in upper case.
 std::string InstallFolderOf(std::string_view programPath);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/CWaitCursor.h"
+#include "platform/Files.h"
 #include "platform/Folders.h"
 #include "shell/CSortStringArray.h"
 #include "shell/ChartFiles.h"
@@ -157,6 +158,15 @@ TreeItem* CDirTreeCtrl::FindChildByText(const TreeItem& parent, std::string_view
   return found;
 }
 
+/// A folder that may be entered but not read doesn't tell what is in it. Null if there is no such
+/// folder in it either.
+TreeItem* CDirTreeCtrl::InsertUnlisted(TreeItem& parent, const std::string& name) {
+  const std::string path = WithSeparator(PathOfItem(parent)) + name;
+  if (!Service<Folders>::Get().IsFolder(path)) return nullptr;
+  InsertPathItem(&parent, name, Kind::Folder, path);
+  return FindChildByText(parent, name);
+}
+
 void CDirTreeCtrl::ExpandAnew(TreeItem& item) {
   Collapse(item);
   Expand(item);
@@ -164,15 +174,17 @@ void CDirTreeCtrl::ExpandAnew(TreeItem& item) {
 
 bool CDirTreeCtrl::SelectPath(const std::string& path) {
   if (!PathExists(path)) return false;
-  TreeItem* item = DriveOf(path);
+  const std::string real = FindPath(path);
+  TreeItem* item = DriveOf(real);
   ExpandAnew(*item);
-  std::string_view rest(path);
+  std::string_view rest(real);
   rest.remove_prefix(WithoutSeparators(item->Text()).size());
   while (!rest.empty()) {
     const std::string_view piece = rest.substr(0, rest.find_first_of(kSeparators));
     rest.remove_prefix(std::min(piece.size() + 1, rest.size()));
     if (piece.empty()) continue;
-    item = FindChildByText(*item, piece);
+    TreeItem* child = FindChildByText(*item, piece);
+    item = child != nullptr ? child : InsertUnlisted(*item, std::string(piece));
     if (item == nullptr) return false;
     ExpandAnew(*item);
   }

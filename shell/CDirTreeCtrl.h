@@ -39,6 +39,7 @@ class CDirTreeCtrl : public CTreeCtrl {
   bool PathExists(const std::string& path) const;
   TreeItem* DriveOf(std::string_view path) const;
   static TreeItem* FindChildByText(const TreeItem& parent, std::string_view text);
+  TreeItem* InsertUnlisted(TreeItem& parent, const std::string& name);
   void ExpandAnew(TreeItem& item);
 
   bool showFiles = false;

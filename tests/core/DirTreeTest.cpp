@@ -18,11 +18,13 @@ class TestDrives : public Folders {
   Rows Drives() override { return drives; }
   void Visit(const std::string& folder, const Visitor& visitor) override {
     ++visits;
+    if (folder == unreadable) return;
     Folders::Default().Visit(folder, visitor);
   }
   bool IsFolder(const std::string& path) override { return Folders::Default().IsFolder(path); }
 
   Rows drives;
+  std::string unreadable;
   int visits = 0;
 
  private:
@@ -127,6 +129,16 @@ TEST_F(DirTree, SelectsAFolderByItsPath) {
   Folder("Charts/Lift/later");
   EXPECT_TRUE(tree.SelectPath(root.Path("Charts/Lift")));
   EXPECT_NE(FindRow(tree, "later"), nullptr);
+}
+
+TEST_F(DirTree, SelectsAFolderThatItsParentDoesNotTell) {
+  Folder("closed/Charts/Lift");
+  Folder("CLOSED");
+  drives.unreadable = root.Path("closed");
+  ASSERT_TRUE(tree.InitTree(true));
+  EXPECT_TRUE(tree.SelectPath(root.Path("closed/Charts/LIFT")));
+  EXPECT_EQ(tree.PathOfItem(*tree.Selected()), root.Path("closed/Charts/Lift"));
+  EXPECT_FALSE(tree.SelectPath(root.Path("closed/gone")));
 }
 
 TEST_F(DirTree, PathsBeginAtTheInnermostDrive) {

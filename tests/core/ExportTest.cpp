@@ -51,9 +51,10 @@ TEST_F(ExportTest, FarAwayObjectsAreRefusedAndWriteNothing) {
 TEST_F(ExportTest, AFileIsReplacedAndNotOverwritten) {
   const auto chart = LoadChart(SmallChart());
   folder.Write("o.svg", "old");
-  std::filesystem::create_hard_link(folder.Path("o.svg"), folder.Path("old.svg"));
+  // Who has it open keeps the file that it was.
+  std::ifstream former(folder.Path("o.svg"));
   EXPECT_EQ(ChartPicture(*chart).Save(folder.Path("o.svg")), "");
-  EXPECT_EQ(folder.Read("old.svg"), "old");
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(former), {}), "old");
   EXPECT_NE(folder.Read("o.svg"), "old");
   std::filesystem::create_symlink("/dev/full", folder.Path("full.svg"));
   EXPECT_EQ(ChartPicture(*chart).Save(folder.Path("full.svg")), "No space left on device");

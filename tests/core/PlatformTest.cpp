@@ -5,7 +5,6 @@
 #include "platform/Mapping.h"
 #include "platform/TextCodec.h"
 #include "platform/TextLayout.h"
-#include "resources/InstallFolder.h"
 #include "tests/support/ChartTest.h"
 
 namespace {
@@ -120,35 +119,6 @@ TEST(CSvgDC, WritesTextAsTextAndJoinsLines) {
         "<clipPath id=\"c1\"><rect x=\"0\" y=\"0\" width=\"10\" height=\"10\"/>"}) {
     EXPECT_NE(svg.find(part), std::string::npos) << part << " in " << svg;
   }
-}
-
-TEST(InstallFolder, CutsBeforeTheFirstBin) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"C:\\Tools\\Morvane\\bin\\morvane.exe", "C:\\TOOLS\\MORVANE\\"},
-      {"/opt/morvane/bin/morvane", "/OPT/MORVANE/"},
-      {"C:\\CABIN\\bin\\morvane.exe", "C:\\CA"},
-      {"/opt/morvane", "/OPT/MORVANE"},
-      {"", ""}};
-  for (const auto& [program, folder] : cases) EXPECT_EQ(InstallFolderOf(program), folder);
-}
-
-TEST(Files, KeepTheirBytesAndAreFoundWithoutRegardToCase) {
-  const TempFolder folder;
-  const std::string bytes("a\0b\r\n", 5);
-  const std::string path = folder.Path("Docs/Guide.pdf");
-  EXPECT_EQ(WriteWholeFile(path, bytes).stage, FileResult::Stage::Open) << "there is no folder";
-  std::filesystem::create_directory(folder.Path("Docs"));
-  ASSERT_TRUE(WriteWholeFile(path, bytes).Ok());
-  std::string read;
-  ASSERT_TRUE(ReadWholeFile(path, read).Ok());
-  EXPECT_EQ(read, bytes);
-  EXPECT_FALSE(ReadWholeFile("/dev/zero", read).Ok());
-  EXPECT_EQ(FindPath(folder.Path("DOCS\\GUIDE.PDF")), path);
-  EXPECT_EQ(FindPath(folder.Path("DOCS/none.pdf")), folder.Path("DOCS/none.pdf"));
-  EXPECT_EQ(FileNameOf("C:\\a/b\\Chart.mrv"), "Chart.mrv");
-  EXPECT_EQ(FolderOf("C:\\a/b\\Chart.mrv"), "C:\\a/b");
-  EXPECT_EQ(ExtensionOf("a.b/Chart.MRV"), ".mrv");
-  EXPECT_EQ(ExtensionOf("a.b/Chart"), "");
 }
 
 }  // namespace

@@ -1,9 +1,5 @@
 #include <cerrno>
-#include <csignal>
 #include <cstring>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "tests/faults/Faults.h"
 #include "tests/support/ChartTest.h"
@@ -39,36 +35,28 @@ class FaultsTest : public testing::Test {
 };
 
 TEST_F(FaultsTest, ASaveThatFailsAtAnyCallIsSaidAndCanBeRepeated) {
+  // Follow a link, open, look, reserve, write, cut, sync, close
+  constexpr int opening = 3;
+  constexpr int writing = 5;
+  constexpr int calls = 8;
   for (const auto& [error, cut] : {std::pair{ENOSPC, false}, {ENOSPC, true}, {EIO, true}}) {
-    View().GetProperties().Author += "!";
+    View().GetProperties().Author += std::string(5000, '!');
     const std::string before = folder.Read("chart.mrv");
     bool failed = true;
     int call = 0;
     while (failed) {
       Faults::FailFileCall(Faults::Files::Writing, ++call, error, cut);
-      if (call <= 4) boxes.Expect(call == 1 ? "Unable to open" : std::strerror(error));
+      if (call <= calls) boxes.Expect(call <= opening ? "Unable to open" : std::strerror(error));
       const bool saved = document.OnSaveDocument(path);
       failed = Faults::Disarm();
       EXPECT_EQ(saved, !failed) << call;
       EXPECT_EQ(document.IsModified(), failed) << call;
-      ExpectFiles(call == 1 ? before : folder.Read("chart.mrv"));
+      const bool isWhole = call < writing || (call == writing && !cut);
+      ExpectFiles(isWhole ? before : folder.Read("chart.mrv"));
     }
-    EXPECT_EQ(call, 5) << "open, write, flush, close, and then none";
+    EXPECT_EQ(call, calls + 1);
     ExpectFiles(Bytes());
   }
-}
-
-TEST_F(FaultsTest, AReplacedFileKeepsItsBytesUntilTheNewOnesAreWhole) {
-  for (const int error : {ENOSPC, EIO}) {
-    for (int call = 1; call <= 4; ++call) {
-      Faults::FailFileCall(Faults::Files::Writing, call, error, true);
-      EXPECT_FALSE(ReplaceWholeFile(path, "new bytes").Ok());
-      EXPECT_TRUE(Faults::Disarm()) << call;
-      ExpectFiles(Bytes());
-    }
-  }
-  EXPECT_TRUE(ReplaceWholeFile(path, "new bytes").Ok());
-  ExpectFiles("new bytes");
 }
 
 TEST_F(FaultsTest, AFileThatCannotBeReadIsSaid) {
@@ -77,7 +65,7 @@ TEST_F(FaultsTest, AFileThatCannotBeReadIsSaid) {
       LayoutMgr view;
       Faults::FailFileCall(Faults::Files::Reading, call, error);
       EXPECT_EQ(ModelFile::Load(path, view), std::strerror(error)) << call;
-      EXPECT_TRUE(Faults::Disarm()) << "open, the bytes, and the end";
+      EXPECT_TRUE(Faults::Disarm()) << "open, look, and the bytes";
     }
   }
 }
@@ -121,33 +109,117 @@ TEST_F(FaultsTest, MemoryThatRunsOutWhileSavingIsSaid) {
   ExpectFiles(Bytes());
 }
 
-/// What a child process does before it is killed in the middle of a file.
-int KilledWhile(const std::function<void()>& writing) {
-  const pid_t child = fork();
-  if (child == 0) {
-    // A file that grows beyond its limit ends its process.
-    rlimit limit{};
-    limit.rlim_cur = limit.rlim_max = 300;
-    setrlimit(RLIMIT_FSIZE, &limit);
-    rlimit noCore{};
-    setrlimit(RLIMIT_CORE, &noCore);
-    std::signal(SIGXFSZ, SIG_DFL);
-    writing();
-    _exit(0);
+/// One way to give a file new bytes, an old file or none, and what goes wrong.
+struct Deed {
+  FileResult (*act)(const std::string&, std::string_view);
+  bool hadOld;
+  bool cut;
+  bool Replaces() const { return act == ReplaceWholeFile; }
+};
+
+class DeedTest : public testing::TestWithParam<Deed> {
+ protected:
+  void Prepare() {
+    for (const auto& entry : fs::directory_iterator(folder.Root())) fs::remove(entry.path());
+    for (const char* name : strangers) folder.Write(name, "a stranger's");
+    if (!GetParam().hadOld) return;
+    folder.Write("out", oldBytes);
+    fs::last_write_time(path, longAgo);
   }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+  FileResult Act() { return GetParam().act(path, newBytes); }
+  /// Other files have their bytes, and there are no more of them.
+  void ExpectStrangers(std::ptrdiff_t left = 0) const {
+    for (const char* name : strangers) EXPECT_EQ(folder.Read(name), "a stranger's");
+    const std::ptrdiff_t count = std::distance(fs::directory_iterator(folder.Root()), {});
+    const std::ptrdiff_t known = fs::exists(path) ? 3 : 2;
+    EXPECT_LE(count, known + left);
+  }
+  bool IsUntouched() const {
+    return GetParam().hadOld ? folder.Read("out") == oldBytes : !fs::exists(path);
+  }
+
+  static constexpr const char* strangers[] = {"out.new", "other"};
+  const std::string oldBytes = std::string(3000, 'o');
+  const std::string newBytes = std::string(9000, 'n');
+  const fs::file_time_type longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+  TempFolder folder;
+  const std::string path = folder.Path("out");
+};
+
+TEST_P(DeedTest, AFailureAtAnyCallIsSaidAndLeavesTheOldFile) {
+  for (const int error : {ENOSPC, EIO}) {
+    int done = 0;
+    bool failed = true;
+    for (int call = 1; failed; ++call) {
+      Prepare();
+      Faults::FailFileCall(Faults::Files::Writing, call, error, GetParam().cut);
+      const FileResult result = Act();
+      failed = Faults::Disarm();
+      EXPECT_EQ(result.Ok(), !failed) << call;
+      EXPECT_EQ(result.error, failed ? error : 0) << call;
+      ExpectStrangers();
+      if (result.stage == FileResult::Stage::Open || result.stage == FileResult::Stage::Reserve) {
+        EXPECT_TRUE(IsUntouched()) << call;
+        EXPECT_TRUE(!GetParam().hadOld || fs::last_write_time(path) == longAgo) << call;
+      } else if (GetParam().Replaces() || !GetParam().hadOld) {
+        // Once it has its name it is whole; only the folder may not be on the disk.
+        done += !IsUntouched();
+        EXPECT_TRUE(IsUntouched() || folder.Read("out") == newBytes) << call;
+      }
+      EXPECT_TRUE(Act().Ok()) << call;
+      EXPECT_EQ(folder.Read("out"), newBytes);
+      ExpectStrangers();
+    }
+    if (GetParam().Replaces()) {
+      EXPECT_EQ(done, 4) << "the folder's open, sync and close, and success";
+    }
+  }
 }
 
-TEST_F(FaultsTest, AKilledProcessTouchesNothingElse) {
-  const std::string bytes(1000, 'x');
-  EXPECT_EQ(KilledWhile([&] { ReplaceWholeFile(path, bytes); }), SIGXFSZ);
-  EXPECT_EQ(folder.Read("chart.mrv"), Bytes()) << "a file that is replaced has its old bytes";
-  EXPECT_TRUE(ReplaceWholeFile(path, bytes).Ok()) << "what it left behind is in nobody's way";
-  ExpectFiles(bytes);
-  EXPECT_EQ(KilledWhile([this] { document.OnSaveDocument(path); }), SIGXFSZ);
-  ExpectFiles(Bytes().substr(0, 300));
+TEST_P(DeedTest, WhereNoFileMayTakeItsPlaceItIsWrittenInPlace) {
+  int refused = 0;
+  bool failed = true;
+  for (int call = 1; failed; ++call) {
+    Prepare();
+    Faults::FailFileCall(Faults::Files::Writing, call, EPERM, GetParam().cut);
+    const FileResult result = Act();
+    failed = Faults::Disarm();
+    if (failed && result.Ok()) ++refused;
+    EXPECT_TRUE(!result.Ok() || folder.Read("out") == newBytes) << call;
+    ExpectStrangers();
+  }
+  // Making the new file, giving it owner or mode, renaming it
+  EXPECT_EQ(refused, !GetParam().Replaces() ? 0 : GetParam().hadOld ? 4 : 2);
 }
+
+TEST_P(DeedTest, AKillAtAnyCallLeavesTheOldBytesOrTheNewOnes) {
+  const Deed& deed = GetParam();
+  constexpr int writing = 5;  // in place: a link, open, look, reserve, and then this
+  Faults::End end = Faults::End::Killed;
+  int call = 0;
+  while (end == Faults::End::Killed) {
+    Prepare();
+    end = Faults::KillAtFileCall(++call, deed.cut, [this] { Act(); });
+    ASSERT_NE(end, Faults::End::Failed) << call;
+    ExpectStrangers(deed.Replaces() ? 1 : 0);
+    const std::string left = folder.Read("out");
+    if (deed.Replaces()) {
+      EXPECT_TRUE(IsUntouched() || left == newBytes) << call;
+    } else if (deed.hadOld && (call < writing || (call == writing && !deed.cut))) {
+      EXPECT_EQ(left.substr(0, oldBytes.size()), oldBytes) << call;
+      EXPECT_EQ(left.find_first_not_of('\0', oldBytes.size()), std::string::npos) << call;
+    }
+    EXPECT_TRUE(Act().Ok()) << "what was left behind is in nobody's way";
+    EXPECT_EQ(folder.Read("out"), newBytes);
+  }
+  EXPECT_GT(call, writing);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, DeedTest,
+    testing::Values(Deed{WriteWholeFile, true, false}, Deed{WriteWholeFile, true, true},
+                    Deed{WriteWholeFile, false, false}, Deed{WriteWholeFile, false, true},
+                    Deed{ReplaceWholeFile, true, false}, Deed{ReplaceWholeFile, true, true},
+                    Deed{ReplaceWholeFile, false, false}, Deed{ReplaceWholeFile, false, true}));
 
 }  // namespace
