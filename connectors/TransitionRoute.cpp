@@ -10,7 +10,6 @@
 #include "connectors/TailLink.h"
 #include "connectors/Transition.h"
 #include "model/ShapeGeometry.h"
-#include "platform/MessageBox.h"
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
 
@@ -71,8 +70,8 @@ void Transition::Untangle() {
   for (int i = 0; i < kMaxCrossings; ++i) {
     if (chain.RemoveCrossing()) return;
   }
-  ShowMessage(LoadText(IDS_ROUTE_REBUILT));
   RebuildChain();
+  view->TellLater(LoadText(IDS_ROUTE_REBUILT));
 }
 
 /// A message that stands on the label goes along with it, but for one that the user holds.

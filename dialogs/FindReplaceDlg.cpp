@@ -31,7 +31,8 @@ std::string RouteOf(const Transition* transition) {
 
 }  // namespace
 
-FindReplaceDlg::FindReplaceDlg(ModelMgr& model) : CDialog("Find / Replace"), model(model) {
+FindReplaceDlg::FindReplaceDlg(ModelMgr& model, std::function<void()> onChanged)
+    : CDialog("Find / Replace"), model(model), onChanged(std::move(onChanged)) {
   AddInput();
   AddResult();
 }
@@ -124,7 +125,13 @@ void FindReplaceDlg::Replace() {
   for (const int row : List().selectedRows) {
     if (texts.at(static_cast<std::size_t>(row))->ReplaceAll(findText, replaceText)) changed = true;
   }
-  if (changed) Find();
+  if (!changed) return;
+  Find();
+  TellChanged();
+}
+
+void FindReplaceDlg::TellChanged() const {
+  if (onChanged) onChanged();
 }
 
 void FindReplaceDlg::Edit() {
@@ -132,5 +139,5 @@ void FindReplaceDlg::Edit() {
   if (selected.size() != 1) return;
   const auto row = static_cast<std::size_t>(selected.front());
   const std::string detail = List().rows.at(row).at(kDetailColumn);
-  texts.at(row)->EditText(detail);
+  if (texts.at(row)->EditText(detail)) TellChanged();
 }

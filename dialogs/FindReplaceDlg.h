@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,7 +13,7 @@ class Shape;
 class TextHandler;
 
 /// Finds and replaces text in the entry and exit texts of the states and the three texts of the
-/// messages of one chart. It changes the objects at once and repaints nothing.
+/// messages of one chart. It changes the objects at once, says so, and repaints nothing.
 class FindReplaceDlg : public CDialog {
  public:
   enum ControlId : int {
@@ -33,8 +34,9 @@ class FindReplaceDlg : public CDialog {
     IDC_EDIT
   };
 
-  /// The model isn't owned and must not change while the dialog is open.
-  explicit FindReplaceDlg(ModelMgr& model);
+  /// The model isn't owned and must not change otherwise while the dialog is open. `onChanged` is
+  /// called after each edit and each replacement that changed it.
+  explicit FindReplaceDlg(ModelMgr& model, std::function<void()> onChanged = {});
 
  protected:
   void DoDataExchange(DataExchange& exchange) override;
@@ -48,12 +50,14 @@ class FindReplaceDlg : public CDialog {
   void Replace();
   void Edit();
   void EnableButtons();
+  void TellChanged() const;
   bool HasFindText() const;
   void ListIfFound(Shape* object);
   void AddRow(std::string kind, std::string detail, TextHandler& text);
   DialogControl& List() { return Control(IDC_LIST); }
 
   ModelMgr& model;
+  std::function<void()> onChanged;
   std::int32_t lookInStates = 1;
   std::int32_t lookInMessages = 1;
   std::string findText;

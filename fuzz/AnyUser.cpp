@@ -1,21 +1,13 @@
 #include "fuzz/AnyUser.h"
 
+#include <array>
+
+#include "dialogs/FindReplaceDlg.h"
+#include "tests/support/NestedLoop.h"
+
 namespace {
 
 constexpr int kMostActions = 12;
-
-/// A text as a box holds it, with the line breaks that it has.
-std::string Typed(ByteSource& source, const char* lineBreak) {
-  std::string typed;
-  for (const char letter : source.Text()) {
-    if (letter == '\r' || letter == '\n') {
-      typed += lineBreak;
-    } else {
-      typed += letter;
-    }
-  }
-  return typed;
-}
 
 }  // namespace
 
@@ -33,13 +25,48 @@ AnyUser::~AnyUser() {
   Service<DialogHost>::Set(formerHost);
 }
 
+/// A text as a box holds it, with the line breaks that it has.
+std::string AnyUser::Typed(const char* lineBreak) {
+  std::string typed;
+  if (typesWords) {
+    constexpr std::array words{"a", "b", "ab", "", "go();", "b a", "\n", "a\n\nb", "x > 1"};
+    typed = words[static_cast<std::size_t>(source.Below(words.size()))];
+  } else {
+    typed = source.Text();
+  }
+  std::string text;
+  for (const char letter : typed) {
+    if (letter == '\r' || letter == '\n') {
+      text += lineBreak;
+    } else {
+      text += letter;
+    }
+  }
+  return text;
+}
+
+void AnyUser::Search(CDialog& dialog) {
+  constexpr int mostRounds = 4;
+  for (int rounds = source.Below(mostRounds); rounds > 0; --rounds) {
+    dialog.Control(FindReplaceDlg::IDC_FIND_TEXT).text = Typed("");
+    dialog.Control(FindReplaceDlg::IDC_REPLACE_TEXT).text = Typed("");
+    dialog.Click(FindReplaceDlg::IDC_FIND);
+    Use(dialog, dialog.Control(FindReplaceDlg::IDC_LIST));
+    const int id = source.Flag() ? FindReplaceDlg::IDC_EDIT : FindReplaceDlg::IDC_REPLACE;
+    Use(dialog, dialog.Control(id));
+  }
+  dialog.Click(IDCANCEL);
+}
+
 void AnyUser::Run(CDialog& dialog) {
+  NestedLoop::Run();
+  if (typesWords && dynamic_cast<FindReplaceDlg*>(&dialog) != nullptr) return Search(dialog);
   const int count = static_cast<int>(dialog.Controls().size());
   for (int actions = source.Below(kMostActions); actions > 0 && dialog.IsOpen(); --actions) {
     Use(dialog,
         dialog.Control(dialog.Controls()[static_cast<std::size_t>(source.Below(count))].id));
   }
-  if (dialog.IsOpen() && source.Flag()) dialog.Click(IDOK);
+  if (dialog.IsOpen() && (source.Flag() || (typesWords && source.Flag()))) dialog.Click(IDOK);
   if (dialog.IsOpen()) dialog.Click(IDCANCEL);
 }
 
@@ -47,8 +74,8 @@ void AnyUser::Use(CDialog& dialog, DialogControl& control) {
   using Kind = DialogControl::Kind;
   if (!control.enabled) return;
   switch (control.kind) {
-    case Kind::Edit: control.text = Typed(source, ""); return;
-    case Kind::MultiEdit: control.text = Typed(source, "\r\n"); return;
+    case Kind::Edit: control.text = Typed(""); return;
+    case Kind::MultiEdit: control.text = Typed("\r\n"); return;
     case Kind::CheckBox: control.checked = !control.checked; break;
     case Kind::Combo: control.selection = source.Below(control.itemCount); break;
     case Kind::List:
@@ -64,14 +91,17 @@ void AnyUser::Use(CDialog& dialog, DialogControl& control) {
 }
 
 std::optional<std::string> AnyUser::AskOpenPath(const FileFilter&) {
+  NestedLoop::Run();
   return source.Flag() ? path : std::nullopt;
 }
 
 std::optional<std::string> AnyUser::AskSavePath(const FileFilter&, const std::string&) {
+  NestedLoop::Run();
   return source.Flag() ? path : std::nullopt;
 }
 
 std::optional<Dialogs::ExportAnswer> AnyUser::AskExport(const ExportRequest& request) {
+  NestedLoop::Run();
   if (!path || source.Flag()) return std::nullopt;
   const auto kind = static_cast<std::size_t>(source.Below(static_cast<int>(request.kinds.size())));
   ExportAnswer answer;
@@ -81,16 +111,19 @@ std::optional<Dialogs::ExportAnswer> AnyUser::AskExport(const ExportRequest& req
 }
 
 std::optional<COLORREF> AnyUser::AskColor(COLORREF start) {
+  NestedLoop::Run();
   if (source.Flag()) return std::nullopt;
   return start ^ source.Byte();
 }
 
 std::optional<Dialogs::FontChoice> AnyUser::AskFont(const FontChoice& start) {
+  NestedLoop::Run();
   if (source.Flag()) return std::nullopt;
   return FontChoice{source.Text(), start.tenths + source.Byte() - 100, start.color};
 }
 
 MessageAnswer AnyUser::Show(const std::string&, unsigned flags) {
+  NestedLoop::Run();
   switch (flags & kButtonSetMask) {
     case MB_OK: return MessageAnswer::Ok;
     case MB_OKCANCEL: return source.Flag() ? MessageAnswer::Ok : MessageAnswer::Cancel;
@@ -104,6 +137,7 @@ MessageAnswer AnyUser::Show(const std::string&, unsigned flags) {
 }
 
 unsigned AnyUser::Track(const std::vector<Item>& items, POINT) {
+  NestedLoop::Run();
   if (items.empty() || source.Below(8) == 0) return 0;
   const Item& item = items[static_cast<std::size_t>(source.Below(static_cast<int>(items.size())))];
   return item.state.enabled ? item.id : 0;

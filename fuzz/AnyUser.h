@@ -18,6 +18,9 @@ class AnyUser : public DialogHost, public Dialogs, public MessageBoxes, public P
 
   /// The only path that it opens and saves to; with none it cancels.
   std::optional<std::string> path;
+  /// Types words that come up again and again, so that a search finds them, and mostly takes over
+  /// what was typed.
+  bool typesWords = false;
 
   void Run(CDialog& dialog) override;
   std::optional<std::string> AskOpenPath(const FileFilter& filter) override;
@@ -31,6 +34,9 @@ class AnyUser : public DialogHost, public Dialogs, public MessageBoxes, public P
 
  private:
   void Use(CDialog& dialog, DialogControl& control);
+  std::string Typed(const char* lineBreak);
+  /// Finds words and replaces or edits them.
+  void Search(CDialog& dialog);
 
   ByteSource& source;
   DialogHost* formerHost;

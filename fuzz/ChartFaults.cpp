@@ -1,6 +1,7 @@
 #include "fuzz/ChartFaults.h"
 
 #include <algorithm>
+#include <sstream>
 #include <vector>
 
 #include "connectors/HeadLink.h"
@@ -9,6 +10,7 @@
 #include "connectors/Mesg.h"
 #include "connectors/TailLink.h"
 #include "connectors/Transition.h"
+#include "fuzz/StepBook.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "resources/CommandIds.h"
@@ -91,6 +93,19 @@ std::string NodeFault(const LayoutMgr& chart, const Transition& transition, cons
   return shown == expected ? "" : "the tree shows other things below a transition";
 }
 
+/// The first lines in which they differ.
+std::string FirstDifference(const std::string& shown, const StepBook& book) {
+  std::istringstream chart(shown);
+  std::istringstream step(book.Current());
+  std::string a;
+  std::string b;
+  do {
+    std::getline(chart, a);
+    std::getline(step, b);
+  } while (a == b && (chart || step));
+  return ": \"" + a + "\" instead of \"" + b + "\"";
+}
+
 }  // namespace
 
 std::string ChainFault(const LinkChain& chain) {
@@ -149,6 +164,37 @@ std::string HistoryFault(LayoutMgr& chart) {
   for (auto text = texts.rbegin() + 1; text != texts.rend(); ++text) {
     if (!chart.OnCommand(ID_EDIT_REDO)) return "what was undone cannot be redone";
     if (chart.ModelText() != *text) return "a redo shows another text";
+  }
+  return {};
+}
+
+std::string StepFault(LayoutMgr& chart, const StepBook& book) {
+  const std::string shown = StepBook::WithoutZoom(chart.ModelText());
+  if (shown != book.Current())
+    return "the chart differs from its step" + FirstDifference(shown, book);
+  if (chart.OnUpdateCommand(ID_EDIT_UNDO).enabled != book.CanStepBack()) {
+    return "a step is missing, or one too many, before this one";
+  }
+  return chart.OnUpdateCommand(ID_EDIT_REDO).enabled == book.CanStepForward()
+             ? ""
+             : "a step is missing, or one too many, behind this one";
+}
+
+std::string HistoryFault(LayoutMgr& chart, StepBook& book) {
+  while (book.CanStepForward()) {
+    chart.OnCommand(ID_EDIT_REDO);
+    book.StepForward();
+    if (std::string fault = StepFault(chart, book); !fault.empty()) return fault;
+  }
+  while (book.CanStepBack()) {
+    chart.OnCommand(ID_EDIT_UNDO);
+    book.StepBack();
+    if (std::string fault = StepFault(chart, book); !fault.empty()) return fault;
+  }
+  while (book.CanStepForward()) {
+    chart.OnCommand(ID_EDIT_REDO);
+    book.StepForward();
+    if (std::string fault = StepFault(chart, book); !fault.empty()) return fault;
   }
   return {};
 }

@@ -14,7 +14,31 @@
 #include "states/State.h"
 #include "surface/HiddenWindow.h"
 
-ChartHand::ChartHand(Choose choose) : choose(std::move(choose)) {
+namespace {
+
+LayoutMgr& MakeView(CMorvaneDoc& document) {
+  document.SetView(std::make_unique<LayoutMgr>());
+  return dynamic_cast<LayoutMgr&>(*document.GetView());
+}
+
+/// Every command that a chart knows.
+std::vector<unsigned> AllCommands(LayoutMgr& chart) {
+  std::vector<unsigned> ids;
+  for (unsigned id = ID_TOOL_DRAG_STARTED; id <= ID_PREV_PANE; ++id) {
+    if (chart.OnUpdateCommand(id).handled) ids.push_back(id);
+  }
+  return ids;
+}
+
+}  // namespace
+
+void ChartHand::Document::OnTextChanged(const SharedText& text) {
+  CMorvaneDoc::OnTextChanged(text);
+  if (hand.inHistory) return;
+  if (hand.book.Note(*text)) ++hand.stepCount;
+}
+
+ChartHand::ChartHand(Choose choose) : choose(std::move(choose)), chart(MakeView(document)) {
   chart.SetObjectTree(&tree);
   chart.OnInitialUpdate();
   chart.ApplyZoom();
@@ -30,7 +54,78 @@ std::string ChartHand::Fault() const {
 }
 
 std::string ChartHand::TextFault() const { return ::TextFault(chart); }
-std::string ChartHand::HistoryFault() { return ::HistoryFault(chart); }
+
+std::string ChartHand::HistoryFault() {
+  inHistory = true;
+  std::string wrong = StepFault(chart, book);
+  if (wrong.empty()) wrong = ::HistoryFault(chart, book);
+  inHistory = false;
+  return wrong;
+}
+
+/// What the chart shows after a move is the last step: nothing has changed on the quiet.
+void ChartHand::NoteSteps() {
+  if (fault.empty()) fault = StepFault(chart, book);
+}
+
+void ChartHand::Command(unsigned id) {
+  const bool goesBack = id == ID_EDIT_UNDO && book.CanStepBack();
+  const bool goesOn = id == ID_EDIT_REDO && book.CanStepForward();
+  inHistory = goesBack || goesOn;
+  chart.OnCommand(id);
+  inHistory = false;
+  if (goesBack) book.StepBack();
+  if (goesOn) book.StepForward();
+}
+
+void ChartHand::DoEverything() {
+  switch (Below(8)) {
+    case 0: DoubleClick(); break;
+    case 1: OpenMenu(); break;
+    case 2: UseTree(); break;
+    case 3: FindAndEdit(); break;
+    case 4: AnyCommand(); break;
+    default: DoAnything();
+  }
+  NoteSteps();
+}
+
+void ChartHand::DoubleClick() {
+  Shape* shape = AnyObject();
+  const POINT p = shape != nullptr ? CentreOf(chart.ToClient(shape->GetBounds())) : AnyPoint();
+  Click(p, 0);
+  chart.OnLButtonDblClk(MK_LBUTTON, p);
+  chart.OnLButtonUp(0, p);
+}
+
+void ChartHand::OpenMenu() {
+  const Shape* shape = Below(4) == 0 ? nullptr : AnyObject();
+  chart.OnContextMenu(shape != nullptr ? CentreOf(chart.ToClient(shape->GetBounds())) : AnyPoint());
+  // A tool of the menu waits for its place.
+  if (chart.GetTool() != 0) chart.OnLButtonUp(0, AnyPoint());
+}
+
+void ChartHand::UseTree() {
+  std::vector<TreeItem*> items;
+  for (TreeItem* item = tree.FirstItem(); item != nullptr; item = item->Next()) {
+    items.push_back(item);
+    for (TreeItem* child = item->FirstChild(); child != nullptr; child = child->Next()) {
+      items.push_back(child);
+    }
+  }
+  TreeItem* hit = items[static_cast<std::size_t>(Below(static_cast<int>(items.size())))];
+  Below(2) == 0 ? tree.OnLButtonDown(hit) : void(tree.OnRButtonDown(hit, AnyPoint()));
+  if (chart.GetTool() != 0) chart.OnLButtonUp(0, AnyPoint());
+}
+
+void ChartHand::FindAndEdit() { Command(ID_FIND_REPLACE); }
+
+void ChartHand::AnyCommand() {
+  static const std::vector<unsigned> commands = AllCommands(chart);
+  const unsigned id = commands[static_cast<std::size_t>(Below(static_cast<int>(commands.size())))];
+  if (id == ID_EDIT_PASTE && ObjectCount() > 40) return;
+  Command(id);
+}
 
 void ChartHand::DoAnything() {
   switch (Below(22)) {

@@ -5,7 +5,9 @@
 #include <string>
 #include <utility>
 
+#include "fuzz/StepBook.h"
 #include "model/Shape.h"
+#include "persistence/CMorvaneDoc.h"
 #include "shell/CObjectTree.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/FakeWindow.h"
@@ -20,16 +22,30 @@ class ChartHand {
   explicit ChartHand(Choose choose);
 
   void DoAnything();
+  /// The same and more: double clicks, menus, the tree, and all commands, with their dialogs.
+  void DoEverything();
   /// What is wrong with the chart, or was with a gesture; empty if nothing is.
   std::string Fault() const;
   std::string TextFault() const;
   std::string HistoryFault();
+  /// How many steps that can be undone the moves made up to now.
+  std::size_t StepCount() const { return stepCount; }
 
   std::size_t Feedback() const { return window.Feedback(); }
   void LeaveWindow() { chart.OnMouseLeave(); }
   std::size_t ObjectCount() const;
 
  private:
+  /// Tells of each text that the view shows it.
+  class Document : public CMorvaneDoc {
+   public:
+    explicit Document(ChartHand& hand) : hand(hand) {}
+    void OnTextChanged(const SharedText& text) override;
+
+   private:
+    ChartHand& hand;
+  };
+
   int Below(int limit) { return choose(limit); }
   POINT AnyPoint();
   Shape* AnyObject();
@@ -54,11 +70,21 @@ class ChartHand {
   void ObjectCommand();
   void CopyAndPaste();
   void CancelledDrag();
-  void Command(unsigned id) { chart.OnCommand(id); }
+  void Command(unsigned id);
+  void DoubleClick();
+  void OpenMenu();
+  void UseTree();
+  void FindAndEdit();
+  void AnyCommand();
+  void NoteSteps();
 
   Choose choose;
   std::string fault;
   CObjectTree tree;
-  LayoutMgr chart;
+  StepBook book;
+  std::size_t stepCount = 0;
+  bool inHistory = false;  ///< a text that comes is that of an undo or a redo
+  Document document{*this};
+  LayoutMgr& chart;
   FakeWindow window{chart};
 };

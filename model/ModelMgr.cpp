@@ -49,28 +49,41 @@ Shape* TopObject(const std::vector<Shape*>& objects, Layer only, const Hit& hit)
 
 }  // namespace
 
-ModelMgr::ModelMgr(LayoutMgr* view) : view(view), clipboard(std::make_unique<ModelClipboard>()) {}
+ModelMgr::ModelMgr(LayoutMgr* view)
+    : menuWindow(std::make_unique<HiddenWindow>(view)),
+      view(view),
+      clipboard(std::make_unique<ModelClipboard>()) {}
 
 ModelMgr::~ModelMgr() {
   clipboard.reset();
   menuWindow.reset();
   pasteList.clear();
-  if (ObjectBrowser* browser = Browser()) browser->RemoveAllNodes();
+  Hide();
   data.DeleteAll();
 }
 
 ObjectBrowser* ModelMgr::Browser() const {
-  return view != nullptr ? view->GetObjectTree() : nullptr;
+  return shown && view != nullptr ? view->GetObjectTree() : nullptr;
 }
 
 void ModelMgr::PlaceAll() {
-  menuWindow = std::make_unique<HiddenWindow>(view);
   const std::vector<Shape*> list = Objects();
-  placing = true;
   Place(list);
-  placing = false;
+}
+
+void ModelMgr::Show() {
+  shown = true;
   if (view != nullptr) view->Invalidate();
   if (ObjectBrowser* browser = Browser()) browser->AddAllNodes(Objects());
+}
+
+void ModelMgr::Hide() {
+  if (ObjectBrowser* browser = Browser()) browser->RemoveAllNodes();
+  shown = false;
+}
+
+bool ModelMgr::Holds(const Shape* shape) const {
+  return std::ranges::find(Objects(), shape) != Objects().end();
 }
 
 void ModelMgr::Place(const std::vector<Shape*>& list) {
@@ -85,8 +98,7 @@ void ModelMgr::Place(const std::vector<Shape*>& list) {
 }
 
 void ModelMgr::AddShape(Shape* shape, std::int32_t id) {
-  ObjectBrowser* browser = placing ? nullptr : Browser();
-  if (browser != nullptr) browser->AddNode(shape);
+  if (ObjectBrowser* browser = Browser()) browser->AddNode(shape);
   ShapeRegistry::AddShape(shape, id);
 }
 
@@ -103,9 +115,8 @@ POINT ModelMgr::ModelPointOfDrop(POINT& client) const {
 }
 
 void ModelMgr::Adopt(std::unique_ptr<Shape> made) {
-  Shape* shape = made.get();
+  made->AttachTo(this, view);
   data.Append(std::move(made));
-  shape->AttachTo(this, view);
 }
 
 void ModelMgr::InsertGenericState(POINT& client) {
@@ -269,8 +280,11 @@ void ModelMgr::DeleteSelected(bool prompt) {
       ShowMessage(LoadText(IDS_CONFIRM_DELETE_SELECTED), kConfirmFlags) != MessageAnswer::Yes) {
     return;
   }
+  // What is asked above shows the chart behind it; the rest of this is painted once.
+  view->SetRedraw(false);
   // From the back, where nothing has to move up. An object may take another one along.
   while (!selection.IsEmpty()) delete selection.Members().back();
+  view->SetRedraw(true);
 }
 
 void ModelMgr::Write(ModelStream& stream) const { data.Write(stream); }

@@ -32,10 +32,16 @@ class ModelMgr : public ShapeRegistry {
   ModelMgr(const ModelMgr&) = delete;
   ModelMgr& operator=(const ModelMgr&) = delete;
 
-  /// Attaches every object that was read. The view calls it once for each model.
+  /// Attaches every object that was read, while nobody can see the model yet. The view calls it
+  /// once for each model that it reads.
   void PlaceAll();
-  bool IsPlacingAll() const { return placing; }
+  /// The view shows this model from now on, and so does its browser.
+  void Show();
+  /// The view shows another model from now on; this one may live on under an operation.
+  void Hide();
+  bool IsShown() const { return shown; }
   /// Attaches objects layer by layer, so that what is looked up by id stands in the registry first.
+  /// Only then do they go into the list of a model that is shown.
   void Place(const std::vector<Shape*>& list);
 
   void AddShape(Shape* shape, std::int32_t id) override;
@@ -66,6 +72,8 @@ class ModelMgr : public ShapeRegistry {
   /// selected if `selectedOnly`.
   void DrawAll(CDC* dc, bool selectedOnly = false) const;
 
+  /// The object is one of this model, and still lives.
+  bool Holds(const Shape* shape) const;
   Collection& GetSelection() { return selection; }
   const std::vector<Shape*>& Objects() const { return data.Objects(); }
   void DeselectAll();
@@ -114,7 +122,7 @@ class ModelMgr : public ShapeRegistry {
   Collection selection;
   std::unique_ptr<HiddenWindow> menuWindow;
   LayoutMgr* view;
-  bool placing = false;  ///< window and browser hear of all objects at once
+  bool shown = false;  ///< window and browser hear of its objects
   std::unique_ptr<ModelClipboard> clipboard;
   Factory factory;
   ModelData data{factory};

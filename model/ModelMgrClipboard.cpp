@@ -88,12 +88,10 @@ void ModelMgr::MendIds() {
 
 void ModelMgr::AdoptPasted() {
   std::vector<Shape*> pasted;
-  for (auto& shape : pasteList) {
-    pasted.push_back(shape.get());
-    data.Append(std::move(shape));
-  }
-  pasteList.clear();
+  for (const auto& shape : pasteList) pasted.push_back(shape.get());
   Place(pasted);
+  for (auto& shape : pasteList) data.Append(std::move(shape));
+  pasteList.clear();
 
   DeselectAll();
   POINT corner{std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::max()};

@@ -100,6 +100,5 @@ bool ModelMgr::BeginConnection(std::int32_t x, std::int32_t y) {
   if (target == nullptr && targetShape == sourceShape) return false;
   if (target != nullptr && !view->FindAnchorAt(*target, drop, targetKey)) target = nullptr;
   ConnectAnchors(source, target, &sourceKey, &targetKey, &drop);
-  view->TakeSnapshot();
   return true;
 }

@@ -56,7 +56,7 @@ void Shape::ForgetModel() { mgr = nullptr; }
 bool Shape::IsInSelection() const { return mgr != nullptr && mgr->GetSelection().Contains(this); }
 
 void Shape::InvalidateNew() {
-  if (!mgr->IsPlacingAll()) Invalidate();
+  if (mgr->IsShown()) Invalidate();
 }
 
 bool Shape::ConfirmDeletion(unsigned textId) {

@@ -86,7 +86,7 @@ class Shape : public Object, public Collectable {
  protected:
   /// The layer of the class, which holds whatever a record says.
   virtual Layer GetClassLayer() const = 0;
-  /// Asks for a repaint of a shape that has just come; not while all of a chart comes.
+  /// Asks for a repaint of a shape that has just come; not where all of a chart comes.
   void InvalidateNew();
   /// Asks "Please confirm deletion", or another text by id; true on Yes.
   static bool ConfirmDeletion(unsigned textId);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/DataExchange.h"
+#include "platform/ModalLoop.h"
 
 namespace {
 
@@ -21,6 +22,7 @@ DialogHost& DialogHost::Default() {
 }
 
 bool CDialog::DoModal() {
+  const ModalLoop loop;
   open = true;
   accepted = false;
   UpdateData(false);

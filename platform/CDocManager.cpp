@@ -5,6 +5,7 @@
 #include "platform/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/Files.h"
+#include "platform/ModalLoop.h"
 
 CDocManager::CDocManager(CDocTemplate documentTemplate, FrameHost& host)
     : documentTemplate(std::move(documentTemplate)), host(host) {
@@ -14,6 +15,7 @@ CDocManager::CDocManager(CDocTemplate documentTemplate, FrameHost& host)
 CDocManager::~CDocManager() = default;
 
 CDocument* CDocManager::AddDocument() {
+  DropClosed();
   documents.push_back(documentTemplate.makeDocument());
   CDocument& document = *documents.back();
   document.SetView(documentTemplate.makeView());
@@ -77,7 +79,7 @@ CDocument* CDocManager::OpenDocumentFile(const std::string& path) {
 }
 
 void CDocManager::OnFileOpen() {
-  if (const auto path = Service<Dialogs>::Get().AskOpenPath(documentTemplate.filter)) {
+  if (const auto path = AskOpenPath(documentTemplate.filter)) {
     OpenDocumentFile(*path);
   }
 }
@@ -91,7 +93,16 @@ void CDocManager::OnOpenRecentFile(std::size_t index) {
 void CDocManager::CloseDocument(CDocument& document) {
   document.OnCloseDocument();
   host.CloseFrame(document);
-  std::erase_if(documents, [&](const auto& open) { return open.get() == &document; });
+  const auto place =
+      std::ranges::find_if(documents, [&](const auto& open) { return open.get() == &document; });
+  closed.push_back(std::move(*place));
+  documents.erase(place);
+  DropClosed();
+}
+
+/// An operation on a document that was closed may still wait for the user: it lives until then.
+void CDocManager::DropClosed() {
+  if (!ModalLoop::IsRunning()) closed.clear();
 }
 
 bool CDocManager::SaveAllModified() {

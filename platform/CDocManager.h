@@ -71,6 +71,7 @@ class CDocManager {
 
  private:
   CDocument* AddDocument();
+  void DropClosed();
   void ShowDocument(CDocument& document);
   CDocument* FindByPath(const std::string& fullPath) const;
 
@@ -78,5 +79,6 @@ class CDocManager {
   FrameHost& host;
   RecentFiles recent;
   std::vector<std::unique_ptr<CDocument>> documents;
+  std::vector<std::unique_ptr<CDocument>> closed;  ///< until nothing works on them any more
   int lastNumber = 0;
 };

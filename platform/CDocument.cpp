@@ -45,7 +45,7 @@ bool CDocument::DoFileSaveAs() {
   if (manager == nullptr) return false;
   const Dialogs::FileFilter& filter = manager->Template().filter;
   const std::string suggestion = pathName.empty() ? title + filter.extension : pathName;
-  const auto path = Service<Dialogs>::Get().AskSavePath(filter, suggestion);
+  const auto path = AskSavePath(filter, suggestion);
   return path && SaveTo(*path);
 }
 

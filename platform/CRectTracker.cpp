@@ -4,6 +4,7 @@
 
 #include "platform/CDC.h"
 #include "platform/CWnd.h"
+#include "platform/ModalLoop.h"
 
 namespace {
 
@@ -84,6 +85,7 @@ bool CRectTracker::TrackHandle(CWnd& window, int handle, POINT p) {
   const RECT original = rect;
   bool moved = false;
   bool cancelled = false;
+  const ModalLoop loop;
   window.SetCapture();
   window.UpdateWindow();
   for (bool tracking = true; tracking;) {

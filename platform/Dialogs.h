@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Geometry.h"
+#include "platform/ModalLoop.h"
 #include "platform/Service.h"
 
 /// The desktop's own dialogs. The default service has no screen and answers every dialog with
@@ -50,7 +51,23 @@ class Dialogs {
   static Dialogs& Default();
 };
 
+/// Ask for the path to open or to save to, as the service does.
+inline std::optional<std::string> AskOpenPath(const Dialogs::FileFilter& filter) {
+  const ModalLoop loop;
+  return Service<Dialogs>::Get().AskOpenPath(filter);
+}
+inline std::optional<std::string> AskSavePath(const Dialogs::FileFilter& filter,
+                                              const std::string& suggestion) {
+  const ModalLoop loop;
+  return Service<Dialogs>::Get().AskSavePath(filter, suggestion);
+}
+inline std::optional<Dialogs::ExportAnswer> AskExport(const Dialogs::ExportRequest& request) {
+  const ModalLoop loop;
+  return Service<Dialogs>::Get().AskExport(request);
+}
+
 /// Lets the user choose another colour for a field; on Cancel it stays.
 inline void ChooseColor(COLORREF& field) {
+  const ModalLoop loop;
   field = Service<Dialogs>::Get().AskColor(field).value_or(field);
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/ModalLoop.h"
 #include "platform/Service.h"
 
 /// The look of a message box: one of the button sets, an icon and a default button, added up.
@@ -32,5 +33,6 @@ class MessageBoxes {
 };
 
 inline MessageAnswer ShowMessage(const std::string& text, unsigned flags = MB_OK) {
+  const ModalLoop loop;
   return Service<MessageBoxes>::Get().Show(text, flags);
 }

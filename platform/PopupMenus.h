@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/CWnd.h"
+#include "platform/ModalLoop.h"
 #include "platform/Service.h"
 
 /// Popup menus at a point of the screen. The default service has no screen: nothing is chosen.
@@ -20,3 +21,8 @@ class PopupMenus {
   virtual unsigned Track(const std::vector<Item>& items, POINT screen) = 0;
   static PopupMenus& Default();
 };
+
+inline unsigned TrackMenu(const std::vector<PopupMenus::Item>& items, POINT screen) {
+  const ModalLoop loop;
+  return Service<PopupMenus>::Get().Track(items, screen);
+}

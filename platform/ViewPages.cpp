@@ -6,6 +6,7 @@
 #include "platform/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/MessageBox.h"
+#include "platform/ModalLoop.h"
 #include "resources/Texts.h"
 
 std::string ViewPages::Title() const {
@@ -58,6 +59,7 @@ std::string ViewPages::PrintAll() {
 void ViewPages::RunPrint(bool direct) {
   info = {};
   info.direct = direct;
+  const ModalLoop loop;
   if (!view.OnPreparePrinting(info)) return;
   const std::string problem = PrintAll();
   if (!problem.empty()) ShowMessage(problem, MB_ICONHAND);
@@ -66,6 +68,7 @@ void ViewPages::RunPrint(bool direct) {
 void ViewPages::RunPreview() {
   info = {};
   info.preview = true;
+  const ModalLoop loop;
   if (view.OnPreparePrinting(info)) Service<Printing>::Get().ShowPreview(*this);
 }
 

@@ -5,6 +5,7 @@
 #include "connectors/Mesg.h"
 #include "connectors/Transition.h"
 #include "model/ModelMgr.h"
+#include "platform/ModalLoop.h"
 #include "resources/Texts.h"
 #include "states/FinalState.h"
 #include "states/GenericState.h"
@@ -170,8 +171,10 @@ void CObjectTree::UpdateTransition(Transition& transition, TreeItem& item) {
   AddNode(&transition);
 }
 
-/// A gesture is under way: nothing may change the selection under it.
-bool CObjectTree::IsChartBusy() const { return view == nullptr || view->HasCapture(); }
+/// A gesture is under way, or a box waits: nothing may change the selection under it.
+bool CObjectTree::IsChartBusy() const {
+  return view == nullptr || view->HasCapture() || ModalLoop::IsRunning();
+}
 
 void CObjectTree::OnLButtonDown(TreeItem* hit) {
   if (hit == nullptr || IsChartBusy()) return;

@@ -2,10 +2,12 @@
 
 #include "model/DrawResources.h"
 #include "platform/CDC.h"
+#include "platform/ModalLoop.h"
 #include "surface/LayoutMgr.h"
 
 bool BaseTracker::Track(LayoutMgr* view) {
   if (view->HasCapture()) return false;
+  const ModalLoop loop;
   view->SetCapture();
   view->UpdateWindow();
   while (true) {

@@ -1,8 +1,12 @@
 #include "surface/HiddenWindow.h"
 
+#include <memory>
+#include <utility>
+
 #include "connectors/Mesg.h"
 #include "connectors/Transition.h"
 #include "model/ConnectableRectShape.h"
+#include "model/ModelMgr.h"
 #include "platform/PopupMenus.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
@@ -15,8 +19,10 @@ void HiddenWindow::ShowMenu(Shape* shape, POINT screen) {
     items.push_back({entry.id, Translate(entry.text), OnUpdateCommand(entry.id)});
   }
   if (items.empty()) return;
-  const unsigned chosen = Service<PopupMenus>::Get().Track(items, screen);
-  if (chosen != 0) OnCommand(chosen);
+  // The chart may be another one when the menu closes.
+  const std::shared_ptr<ModelMgr> held = view->HoldModel();
+  const unsigned chosen = TrackMenu(items, screen);
+  if (chosen != 0 && view->GetModel().Holds(target)) OnCommand(chosen);
 }
 
 CommandState HiddenWindow::OnUpdateCommand(unsigned id) const {
@@ -45,7 +51,8 @@ void HiddenWindow::OnCommand(unsigned id) {
     return;
   }
   if (target == nullptr) return;
-  target->OnCommand(id);
-  target = nullptr;
-  view->TakeSnapshot();
+  LayoutMgr& chart = *view;
+  const std::shared_ptr<ModelMgr> held = chart.HoldModel();
+  std::exchange(target, nullptr)->OnCommand(id);
+  chart.TakeSnapshot();
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <sstream>
+#include <utility>
 
 #include "dialogs/CDefaultSettingDlg.h"
 #include "model/DrawResources.h"
@@ -14,6 +15,7 @@
 #include "persistence/UndoHistory.h"
 #include "platform/CDC.h"
 #include "platform/MessageBox.h"
+#include "platform/ModalLoop.h"
 #include "resources/Texts.h"
 
 namespace {
@@ -26,9 +28,16 @@ constexpr std::int32_t kPageStep = 6;
 }  // namespace
 
 LayoutMgr::LayoutMgr()
-    : model(std::make_unique<ModelMgr>(this)), undoHistory(std::make_unique<UndoHistory>()) {}
+    : model(std::make_shared<ModelMgr>(this)), undoHistory(std::make_unique<UndoHistory>()) {
+  model->Show();
+}
 
-LayoutMgr::~LayoutMgr() { model.reset(); }
+LayoutMgr::~LayoutMgr() {
+  readChart.reset();
+  model.reset();
+}
+
+bool LayoutMgr::IsBusy() const { return IsGestureRunning() || ModalLoop::IsRunning(); }
 
 RECT LayoutMgr::ToLogical(const RECT& r) const {
   return {ToLogical(r.left), ToLogical(r.top), ToLogical(r.right), ToLogical(r.bottom)};
@@ -98,20 +107,21 @@ void LayoutMgr::MakeFonts() {
 }
 
 void LayoutMgr::OnInitialUpdate() {
-  model->PlaceAll();
+  ShowRead();
   SetScrollSizes({ToLogical(kChartSize.cx), ToLogical(kChartSize.cy)},
                  {ToLogical(zoom), ToLogical(zoom)});
   MakeFonts();
   showGrid = CDefaultSettingDlg::Instance().ShowGrid != 0;
-  TakeSnapshot();
+  KeepSnapshot();
   if (auto* document = dynamic_cast<CMorvaneDoc*>(GetDocument())) document->RememberSavedText();
   if (objectTree != nullptr) objectTree->Attach(this);
   Invalidate();
 }
 
 void LayoutMgr::PlaceWithoutWindow(bool normalSize) {
+  if (normalSize && readChart != nullptr) readChart->zoom = kNormalZoom;
   if (normalSize) zoom = kNormalZoom;
-  model->PlaceAll();
+  ShowRead();
   MakeFonts();
 }
 
@@ -159,10 +169,27 @@ void LayoutMgr::OnDraw(CDC& dc) {
   model->DrawAll(&dc);
 }
 
-void LayoutMgr::TakeSnapshot() {
+void LayoutMgr::KeepSnapshot() {
+  // A click behind a zoom is no step either, and what can be redone stays.
+  KeepZoom();
   undoHistory->Push(ModelText());
   snapshotZoom = zoom;
   TellDocument(undoHistory->Current());
+}
+
+void LayoutMgr::TakeSnapshot() {
+  KeepSnapshot();
+  ShowNotices();
+}
+
+void LayoutMgr::TellLater(std::string text) {
+  if (std::ranges::find(notices, text) == notices.end()) notices.push_back(std::move(text));
+}
+
+/// The view may be gone behind a message.
+void LayoutMgr::ShowNotices() {
+  const std::vector<std::string> texts = std::exchange(notices, {});
+  for (const std::string& text : texts) ShowMessage(text);
 }
 
 void LayoutMgr::TellDocument(const SharedText& text) {
@@ -180,26 +207,39 @@ std::string LayoutMgr::ModelText() const {
 
 void LayoutMgr::Write(ModelStream& stream) const {
   ModelHeader::Write(stream);
-  stream << std::int32_t{zoom} << '\n';
-  model->Write(stream);
-  properties.Write(stream);
+  const bool waits = readChart != nullptr;
+  stream << std::int32_t{waits ? readChart->zoom : zoom} << '\n';
+  (waits ? *readChart->model : *model).Write(stream);
+  (waits ? readChart->properties : properties).Write(stream);
 }
 
 void LayoutMgr::Read(ModelStream& stream) {
-  // All of it first beside what the view holds: a text that is damaged changes nothing.
   ModelHeader::Read(stream);
   std::int16_t storedZoom = kNormalZoom;
   stream >> storedZoom;
   SkipLine(stream.In());
-  auto readModel = std::make_unique<ModelMgr>(this);
-  readModel->Read(stream);
-  ModelProperties readProperties = properties;
-  readProperties.Read(stream);
+  auto chart = std::make_unique<ReadChart>(ReadChart{std::clamp(storedZoom, kMinZoom, kMaxZoom),
+                                                     std::make_unique<ModelMgr>(this), properties});
+  chart->model->Read(stream);
+  chart->properties.Read(stream);
+  readChart = std::move(chart);
+}
 
-  zoom = std::clamp(storedZoom, kMinZoom, kMaxZoom);
-  model = std::move(readModel);
-  properties = std::move(readProperties);
+void LayoutMgr::ShowRead() {
+  if (readChart == nullptr) return;
+  const std::unique_ptr<ReadChart> chart = std::move(readChart);
+  const std::int16_t oldZoom = std::exchange(zoom, chart->zoom);
+  try {
+    chart->model->PlaceAll();
+  } catch (...) {
+    zoom = oldZoom;
+    throw;
+  }
+  properties = std::move(chart->properties);
+  model->Hide();
+  model = std::move(chart->model);
   if (objectTree != nullptr) objectTree->Attach(this);
+  model->Show();
 }
 
 bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
@@ -208,6 +248,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
   ModelStream stream(snapshot);
   try {
     Read(stream);
+    ShowRead();
   } catch (const std::string& thrown) {
     reason = thrown;
     return false;
@@ -215,7 +256,6 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
     reason = LoadText(IDS_UNKNOWN_ERROR);
     return false;
   }
-  model->PlaceAll();
   if (zoom != oldZoom) ApplyZoom();
   Invalidate();
   return true;

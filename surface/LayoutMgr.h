@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "codegen/ModelProperties.h"
 #include "connectors/AnchorMarker.h"
@@ -59,7 +60,11 @@ class LayoutMgr : public CScrollView {
 
   std::int16_t GetZoom() const { return zoom; }
   Collection& GetSelection() const;
+  /// The model that is shown. All of its objects are placed, always.
   ModelMgr& GetModel() const { return *model; }
+  /// Keeps the present model alive for an operation on its objects that waits for the user, should
+  /// the view get another one meanwhile.
+  std::shared_ptr<ModelMgr> HoldModel() const { return model; }
   ModelProperties& GetProperties() { return properties; }
   /// Null for a chart that no browser follows.
   ObjectBrowser* GetObjectTree() const { return objectTree; }
@@ -100,9 +105,13 @@ class LayoutMgr : public CScrollView {
   /// A uniform scale from logical units to device pixels; the origin stays.
   void PrepareMapping(CDC& dc) const;
 
-  /// Puts the present model text on the undo history and shows it to the document; a text that
-  /// hasn't changed adds nothing.
+  /// Ends an operation that may have changed the model: puts the present model text on the undo
+  /// history and shows it to the document; a text that hasn't changed adds nothing. Then the
+  /// messages come that the operation gave rise to, so that it has to be the last thing done.
   void TakeSnapshot();
+  /// Notes a message that came up while the model was changing; it is shown, once, when the
+  /// operation is over and the model whole.
+  void TellLater(std::string text);
   /// Shows another whole model text, as one step that can be undone. False, with nothing changed,
   /// when the text can't be read; `reason` then says why, for the user.
   bool ReplaceText(const std::string& text, std::string& reason);
@@ -111,8 +120,8 @@ class LayoutMgr : public CScrollView {
   /// The whole model text.
   std::string ModelText() const;
   void Write(ModelStream& stream) const;
-  /// Reads the whole text into zoom, model and properties; the objects stay unattached. Throws a
-  /// text for the user, and then the view holds what it held.
+  /// Reads a whole text. What was read waits, unattached and out of everybody's reach, until it is
+  /// placed and shown; the view shows what it showed. Throws a text for the user.
   void Read(ModelStream& stream);
   /// Places a chart that was read with no window, for conversions and pictures. It stands at
   /// normal size if `normalSize`, else at its stored zoom.
@@ -142,12 +151,25 @@ class LayoutMgr : public CScrollView {
   int ScrollStep() const override { return zoom; }
 
  private:
+  /// A chart as it was read.
+  struct ReadChart {
+    std::int16_t zoom;
+    std::unique_ptr<ModelMgr> model;
+    ModelProperties properties;
+  };
+
   /// Nothing may change or go from under a gesture, nor may the chart scroll away from its points.
   bool IsGestureRunning() const { return HasCapture() && !toolDragging; }
+  /// Nor from under a box, a menu or a dialog: what comes from the mouse and the keys passes by.
+  bool IsBusy() const;
   POINT ScrollInModel() const { return ToModel(GetScrollPosition()); }
   void MakeFonts();
   void DrawGrid(CDC& dc) const;
   void ChangeZoom(std::int16_t value);
+  /// Places what was read, if anything was, and only then shows it in the place of what there is.
+  void ShowRead();
+  void KeepSnapshot();
+  void ShowNotices();
   bool Restore(const std::string& text, std::string& reason);
   bool ShowSnapshot(const SharedText& text);
   void TellDocument(const SharedText& text);
@@ -184,7 +206,9 @@ class LayoutMgr : public CScrollView {
   COLORREF textColor = 0;
   std::int16_t zoom = kNormalZoom;
   ModelProperties properties;
-  std::unique_ptr<ModelMgr> model;
+  std::shared_ptr<ModelMgr> model;       ///< never null, all of it placed
+  std::unique_ptr<ReadChart> readChart;  ///< what waits to be placed; mostly null
+  std::vector<std::string> notices;      ///< messages that wait for the end of an operation
   bool showGrid = true;
   SIZE printWindowExt;    ///< of the print mapping, logical units
   SIZE printViewportExt;  ///< of the print mapping, device pixels of the printer

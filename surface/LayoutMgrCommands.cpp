@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
 #include "codegen/GeneratorKind.h"
 #include "dialogs/FindReplaceDlg.h"
 #include "model/Collection.h"
@@ -7,10 +11,22 @@
 #include "platform/CDocument.h"
 #include "platform/CWaitCursor.h"
 #include "platform/MessageBox.h"
+#include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
 #include "surface/LayoutMgr.h"
 
 // The commands of a chart: what each does, and when it can be given.
+
+namespace {
+
+/// All of a model text behind the line of the zoom, which is the second one.
+std::string_view BehindZoom(std::string_view text) {
+  for (int line = 0; line < 2; ++line)
+    text.remove_prefix(std::min(text.find('\n'), text.size() - 1) + 1);
+  return text;
+}
+
+}  // namespace
 
 bool LayoutMgr::ShowSnapshot(const SharedText& text) {
   std::string reason;
@@ -21,9 +37,12 @@ bool LayoutMgr::ShowSnapshot(const SharedText& text) {
   return false;
 }
 
-/// A zoom since the present snapshot comes back with it.
+/// A zoom since the present snapshot becomes a part of it, if nothing else has changed.
 void LayoutMgr::KeepZoom() {
-  if (zoom != snapshotZoom) undoHistory->Amend(ModelText());
+  const SharedText snapshot = undoHistory->Current();
+  if (zoom == snapshotZoom || snapshot == nullptr) return;
+  std::string text = ModelText();
+  if (BehindZoom(text) == BehindZoom(*snapshot)) undoHistory->Amend(std::move(text));
 }
 
 void LayoutMgr::Undo() {
@@ -45,12 +64,10 @@ void LayoutMgr::Redo() {
 }
 
 void LayoutMgr::DeleteSelection() {
-  SetRedraw(false);
   {
     const CWaitCursor wait;
     model->DeleteSelected(true);
   }
-  SetRedraw(true);
   Invalidate();
   TakeSnapshot();
 }
@@ -135,13 +152,17 @@ void LayoutMgr::EditModelProperties() {
 }
 
 void LayoutMgr::FindAndReplace() {
-  FindReplaceDlg(*model).DoModal();
-  Invalidate();
-  TakeSnapshot();
+  // Each edit is a step of its own, and shows behind the dialog at once.
+  FindReplaceDlg dialog(*model, [this] {
+    Invalidate();
+    TakeSnapshot();
+  });
+  dialog.DoModal();
 }
 
 bool LayoutMgr::OnCommand(unsigned id) {
-  if (!OnUpdateCommand(id).enabled) return false;
+  if (ModalLoop::IsRunning() || !OnUpdateCommand(id).enabled) return false;
+  const auto held = HoldModel();
   switch (id) {
     case ID_ZOOM_IN: ChangeZoom(static_cast<std::int16_t>(zoom + 1)); break;
     case ID_ZOOM_OUT: ChangeZoom(static_cast<std::int16_t>(zoom - 1)); break;
@@ -200,7 +221,8 @@ void LayoutMgr::ScrollHome() {
 }
 
 bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
-  if (IsGestureRunning()) return false;
+  if (IsBusy()) return false;
+  const auto held = HoldModel();
   switch (key) {
     case VirtualKey::Escape:
       EndToolDrag();

@@ -4,6 +4,7 @@
 #include "model/ModelMgr.h"
 #include "platform/CDC.h"
 #include "platform/DragImages.h"
+#include "platform/ModalLoop.h"
 #include "platform/PopupMenus.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
@@ -34,26 +35,28 @@ void LayoutMgr::TrackAnchorTarget(POINT& client, void* context) {
 }
 
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
-  if (IsGestureRunning()) return;
-  if (model->OnLButtonDown(flags, p.x, p.y)) TakeSnapshot();
+  if (IsBusy()) return;
+  const auto held = HoldModel();
+  if (held->OnLButtonDown(flags, p.x, p.y)) TakeSnapshot();
 }
 
 void LayoutMgr::OnLButtonDblClk(unsigned flags, POINT p) {
-  if (IsGestureRunning()) return;
-  model->OnLButtonDblClk(flags, p.x, p.y);
+  if (IsBusy()) return;
+  const auto held = HoldModel();
+  if (held->OnLButtonDblClk(flags, p.x, p.y)) TakeSnapshot();
 }
 
 void LayoutMgr::OnLButtonUp(unsigned /*flags*/, POINT p) {
-  if (toolDragging && PtInRect(GetClientRect(), p)) {
-    InsertTool(p);
-    TakeSnapshot();
-  }
+  if (ModalLoop::IsRunning()) return;
+  const bool placed = toolDragging && PtInRect(GetClientRect(), p);
+  if (placed) InsertTool(p);
   EndToolDrag();
+  if (placed) TakeSnapshot();
 }
 
 void LayoutMgr::OnMouseMove(unsigned /*flags*/, POINT p) {
   if (toolDragging) {
-    MoveTool(p);
+    if (!ModalLoop::IsRunning()) MoveTool(p);
     return;
   }
   ShowHover(p);
@@ -81,8 +84,10 @@ void LayoutMgr::OnSetCursor() {
 }
 
 void LayoutMgr::OnContextMenu(POINT screen) {
+  if (IsBusy()) return;
   const POINT client = ScreenToClient(screen);
-  if (model->OnContextMenu(this, client.x, client.y)) return;
+  const auto held = HoldModel();
+  if (held->OnContextMenu(this, client.x, client.y)) return;
   ShowChartMenu(screen);
 }
 
@@ -91,7 +96,7 @@ void LayoutMgr::ShowChartMenu(POINT screen) {
   for (const ObjectMenuEntry& entry : MenuOfChart()) {
     items.push_back({entry.id, Translate(entry.text), OnUpdateCommand(entry.id)});
   }
-  const unsigned chosen = Service<PopupMenus>::Get().Track(items, screen);
+  const unsigned chosen = TrackMenu(items, screen);
   if (chosen != 0) OnCommand(chosen);
   TakeSnapshot();
 }

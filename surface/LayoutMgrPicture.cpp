@@ -73,7 +73,7 @@ void LayoutMgr::ExportPicture() {
   request.kind = LastExportKind();
   request.suggestion = ExportSuggestion(kinds[request.kind].extension);
   request.hasSelection = !GetSelection().IsEmpty();
-  const auto answer = Service<Dialogs>::Get().AskExport(request);
+  const auto answer = AskExport(request);
   if (!answer) return;
   std::string reason;
   {

@@ -12,6 +12,7 @@
 #include <QStyle>
 #include <QTextBlock>
 
+#include "platform/qt/DialogParent.h"
 #include "platform/qt/QtText.h"
 #include "resources/Texts.h"
 
@@ -159,7 +160,7 @@ void GeneratorWindow::reject() { dialog.Click(IDCANCEL); }
 
 void QtGeneratorHost::Run(CGenerateCppDlg& dialog) {
   {
-    GeneratorWindow window(dialog, QApplication::activeWindow());
+    GeneratorWindow window(dialog, DialogParent());
     window.exec();
   }
   // The end of the tool takes a moment, in which nothing is painted: what the window covered comes

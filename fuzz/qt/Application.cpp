@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+#include "tests/ui/LivingWindows.h"
+
 namespace {
 
 void IgnoreMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
@@ -21,6 +23,7 @@ void StartToolkit() {
     auto* made = new QApplication(count, arguments);
     QApplication::setApplicationName("Morvane");
     QApplication::setQuitOnLastWindowClosed(false);
+    static const NestedLoop::Member windows(LetWindowsLive);
     return made;
   }();
   static_cast<void>(application);

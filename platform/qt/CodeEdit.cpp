@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <QEvent>
+#include <QMimeData>
 #include <QScrollBar>
 
 namespace {
@@ -26,6 +27,14 @@ void CodeEdit::changeEvent(QEvent* event) {
   if (event->type() != QEvent::FontChange) return;
   setTabStopDistance(QFontMetricsF(font()).horizontalAdvance(' ') * kTabLetters);
   updateGeometry();
+}
+
+bool CodeEdit::canInsertFromMimeData(const QMimeData* source) const {
+  return source != nullptr && source->hasText();
+}
+
+void CodeEdit::insertFromMimeData(const QMimeData* source) {
+  if (canInsertFromMimeData(source)) QPlainTextEdit::insertFromMimeData(source);
 }
 
 QSize CodeEdit::SizeFor(int letterCount, int lineCount) const {

@@ -13,6 +13,9 @@ class CodeEdit : public QPlainTextEdit {
 
  protected:
   void changeEvent(QEvent* event) override;
+  // The toolkit's box takes for granted that what is pasted or dropped has a format at all.
+  bool canInsertFromMimeData(const QMimeData* source) const override;
+  void insertFromMimeData(const QMimeData* source) override;
 
  private:
   QSize SizeFor(int letterCount, int lineCount) const;

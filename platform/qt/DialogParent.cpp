@@ -5,7 +5,9 @@
 
 QWidget* DialogParent() {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  if (QWidget* active = QApplication::activeWindow()) return active;
+  QWidget* active = QApplication::activeWindow();
+  // The splash goes when its time is up, and would take along what is on top of it.
+  if (active != nullptr && active->windowType() != Qt::SplashScreen) return active;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
   }

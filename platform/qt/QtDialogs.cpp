@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -43,8 +42,7 @@ QCheckBox* AddCheckBox(QFileDialog& dialog, const QString& text) {
 }  // namespace
 
 std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
-  QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Open")),
-                     ToQPath(lastFolder));
+  QFileDialog dialog(DialogParent(), ToQString(Translate("Open")), ToQPath(lastFolder));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters(FiltersFor(filter));
   auto path = Run(dialog);
@@ -54,7 +52,7 @@ std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
 
 std::optional<std::string> QtDialogs::AskSavePath(const FileFilter& filter,
                                                   const std::string& suggestion) {
-  QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Save As")));
+  QFileDialog dialog(DialogParent(), ToQString(Translate("Save As")));
   dialog.setDefaultSuffix(ToQString(filter.extension));
   dialog.setNameFilters(FiltersFor(filter));
   return RunSave(dialog, suggestion);
@@ -74,7 +72,7 @@ std::optional<std::string> QtDialogs::RunSave(QFileDialog& dialog, const std::st
 }
 
 std::optional<Dialogs::ExportAnswer> QtDialogs::AskExport(const ExportRequest& request) {
-  QFileDialog dialog(QApplication::activeWindow(), ToQString(Translate("Export")));
+  QFileDialog dialog(DialogParent(), ToQString(Translate("Export")));
   const QCheckBox* selectionOnly =
       request.hasSelection ? AddCheckBox(dialog, ToQString(Translate("Selection &only"))) : nullptr;
   QStringList filters;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "platform/qt/DialogParent.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -43,7 +44,7 @@ MessageAnswer AnswerOf(int button, unsigned flags) {
 }  // namespace
 
 MessageAnswer QtMessageBoxes::Show(const std::string& text, unsigned flags) {
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(DialogParent());
   box.setWindowTitle(QApplication::applicationName());
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQString(text));

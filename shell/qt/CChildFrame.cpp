@@ -1,5 +1,6 @@
 #include "shell/qt/CChildFrame.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMainWindow>
 #include <QTimer>
@@ -8,6 +9,7 @@
 #include "platform/CDocManager.h"
 #include "platform/CDocument.h"
 #include "platform/CScrollView.h"
+#include "platform/ModalLoop.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
 #include "shell/qt/NoticeBar.h"
@@ -38,7 +40,7 @@ CChildFrame::CChildFrame(CDocument& document, CDocManager& manager)
   rows->addWidget(viewWidget, 1);
   inner->setCentralWidget(middle);
   connect(notices, &NoticeBar::Answered, this, [this](DocumentNotice::Answer answer) {
-    if (this->document != nullptr && !viewWidget->IsWaiting()) {
+    if (this->document != nullptr && !viewWidget->IsWaiting() && !ModalLoop::IsRunning()) {
       this->document->OnNoticeAnswered(answer);
     }
   });
@@ -106,5 +108,7 @@ void CChildFrame::closeEvent(QCloseEvent* event) {
     QTimer::singleShot(0, this, &QWidget::close);
     return;
   }
+  // What waits on top of the chart works on it.
+  if (ModalLoop::IsRunning() || QApplication::activeModalWidget() != nullptr) return;
   if (document->SaveModified()) manager.CloseDocument(*document);
 }

@@ -31,6 +31,9 @@ class CChildFrame : public QMdiSubWindow {
   void UpdateTitle();
   /// Shows the notices of the document above its view, as soon as no gesture runs there.
   void UpdateNotices();
+  /// The chart is whole and shown: from now on commands reach it.
+  void SetReady() { ready = true; }
+  bool IsReady() const { return ready && document != nullptr; }
   /// Lets document and view go.
   void Detach();
   QSize sizeHint() const override;
@@ -45,4 +48,5 @@ class CChildFrame : public QMdiSubWindow {
   QtView* viewWidget;
   NoticeBar* notices;
   ObjectBrowserPane* objectBrowser;
+  bool ready = false;
 };

@@ -16,6 +16,7 @@
 
 #include "platform/CDocument.h"
 #include "platform/CScrollView.h"
+#include "platform/ModalLoop.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
@@ -44,6 +45,16 @@ constexpr QSize kFirstSize(1100, 760);
 constexpr double kScreenPart = 0.9;
 /// The bars follow the program's state at most this often.
 constexpr int kIdleMilliseconds = 100;
+
+/// The files and folders of this machine in what is dragged.
+QStringList LocalPaths(const QMimeData* data) {
+  QStringList paths;
+  if (data == nullptr) return paths;
+  for (const QUrl& url : data->urls()) {
+    if (url.isLocalFile() && !url.toLocalFile().isEmpty()) paths << url.toLocalFile();
+  }
+  return paths;
+}
 
 }  // namespace
 
@@ -104,7 +115,8 @@ void CMainFrame::ShowMenu(bool forChart) {
 void CMainFrame::FillWindowList() {
   qDeleteAll(windowList);
   windowList.clear();
-  const QList<CChildFrame*> children = Children();
+  QList<CChildFrame*> children = Children();
+  children.removeIf([](const CChildFrame* child) { return !child->IsReady(); });
   if (!children.isEmpty()) windowList << windowMenu->addSeparator();
   for (qsizetype i = 0; i < children.size(); ++i) {
     CChildFrame* child = children[i];
@@ -142,7 +154,7 @@ void CMainFrame::CreateBars() {
 
 void CMainFrame::CreateChartBrowser() {
   const auto open = [this](const std::string& path) {
-    if (!IsAnyWaiting()) OpenChartFile(*manager, path);
+    if (!IsBusy()) OpenChartFile(*manager, path);
   };
   chartBrowser = new ChartBrowserPane(open, this);
   addDockWidget(Qt::RightDockWidgetArea, chartBrowser);
@@ -162,7 +174,7 @@ void CMainFrame::OnIdle() {
 }
 
 void CMainFrame::RefreshBars() {
-  if (IsAnyWaiting()) return;
+  if (IsAnyWaiting() || IsInDialog()) return;
   toolBar->Refresh();
   drawingBar->Refresh();
 }
@@ -197,7 +209,7 @@ void CMainFrame::ShowTitle() {
 
 CChildFrame* CMainFrame::ActiveChild() const {
   auto* child = qobject_cast<CChildFrame*>(area->currentSubWindow());
-  return child != nullptr && child->Document() != nullptr ? child : nullptr;
+  return child != nullptr && child->IsReady() ? child : nullptr;
 }
 
 QList<CChildFrame*> CMainFrame::Children() const {
@@ -222,6 +234,7 @@ void CMainFrame::CreateFrame(CDocument& document) {
 void CMainFrame::ShowFrame(CDocument& document) {
   CChildFrame* child = FrameOf(document);
   if (child == nullptr) return;
+  child->SetReady();
   const CChildFrame* active = ActiveChild();
   const bool maximised = active == nullptr || active == child || active->isMaximized();
   child->UpdateTitle();
@@ -269,7 +282,9 @@ bool CMainFrame::IsAnyWaiting() const {
                      [](CChildFrame* child) { return child->Window()->IsWaiting(); });
 }
 
-bool CMainFrame::IsInDialog() const { return QApplication::activeModalWidget() != nullptr; }
+bool CMainFrame::IsInDialog() const {
+  return ModalLoop::IsRunning() || QApplication::activeModalWidget() != nullptr;
+}
 
 bool CMainFrame::IsBusy() const {
   return IsAnyWaiting() || IsInDialog() || QApplication::activePopupWidget() != nullptr;
@@ -287,6 +302,14 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     QTimer::singleShot(0, this, &QWidget::close);
     return;
   }
+  if (IsInDialog()) {
+    // What works on a chart goes first: a menu by itself, a dialog when the user is done with it.
+    QWidget* popup = QApplication::activePopupWidget();
+    if (popup == nullptr) return;
+    popup->close();
+    QTimer::singleShot(0, this, &QWidget::close);
+    return;
+  }
   chartBrowser->StoreFolder();
   if (!manager->SaveAllModified()) return;
   if (listener != nullptr) listener->OnClosing();
@@ -297,16 +320,22 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
-  const QList<QUrl> urls = event->mimeData()->urls();
-  const bool files =
-      std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
-  if (files) event->acceptProposedAction();
+  if (!IsBusy() && !LocalPaths(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void CMainFrame::dropEvent(QDropEvent* event) {
-  if (IsAnyWaiting()) return;
+  const QStringList paths = LocalPaths(event->mimeData());
+  if (IsBusy() || paths.isEmpty()) return;
   event->acceptProposedAction();
-  for (const QUrl& url : event->mimeData()->urls()) {
-    if (url.isLocalFile()) manager->OpenDocumentFile(FromQPath(url.toLocalFile()));
+  // Behind the drop: the program that the files come from waits for its end, and must not wait for
+  // a message about one of them.
+  QTimer::singleShot(0, this, [this, paths] { OpenDropped(paths); });
+}
+
+void CMainFrame::OpenDropped(const QStringList& paths) {
+  if (IsBusy()) {
+    QTimer::singleShot(kIdleMilliseconds, this, [this, paths] { OpenDropped(paths); });
+    return;
   }
+  for (const QString& path : paths) manager->OpenDocumentFile(FromQPath(path));
 }

@@ -45,6 +45,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   CDocManager& Manager() { return *manager; }
   /// Null for none; not owned.
   void SetListener(Listener* other) { listener = other; }
+  /// The chart that commands go to; null without one, and while it is still being opened.
   CChildFrame* ActiveChild() const;
   /// The user is in a dialog or message of the program.
   bool IsInDialog() const;
@@ -89,6 +90,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   QList<CChildFrame*> Children() const;
   bool IsAnyWaiting() const;
   void EndGestures();
+  void OpenDropped(const QStringList& paths);
   QWidget* BarOf(unsigned id) const;
 
   CommandState DocumentState(unsigned id) const;

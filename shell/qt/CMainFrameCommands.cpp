@@ -20,8 +20,9 @@
 // The way of a command: the active view first, then its document, then the frame.
 
 CommandState CMainFrame::StateOf(unsigned id) {
-  // While a gesture waits for its next message, the chart must not change under it.
-  if (IsAnyWaiting()) return CommandState::Enabled(false);
+  // While a gesture waits for its next message, or a dialog for the user, the chart must not change
+  // under it. A key that is meant for the window behind a dialog comes here all the same.
+  if (IsAnyWaiting() || IsInDialog()) return CommandState::Enabled(false);
   if (CChildFrame* child = ActiveChild()) {
     const CommandState state = child->View()->OnUpdateCommand(id);
     if (state.handled) return state;

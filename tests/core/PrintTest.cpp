@@ -15,6 +15,7 @@ std::unique_ptr<LayoutMgr> ChartTo(POINT corner) {
 class PrintSetup : public DialogHost {
  public:
   void Run(CDialog& dialog) override {
+    NestedLoop::Run();
     bool& fits = dialog.Control(PrinterSetup::IDC_PRINT_TO_FIT).checked;
     fits = !fits;
     dialog.Click(PrinterSetup::IDC_PRINTER);

@@ -128,6 +128,7 @@ void ScenarioUser::Note(const Lines& lines, const std::string& prefix) {
 }
 
 void ScenarioUser::Run(CDialog& dialog) {
+  NestedLoop::Run();
   const Lines shown = Shown(dialog);
   Lines& before = dialogs[dialog.Caption()];
   Note("dialog " + dialog.Caption());
@@ -166,6 +167,7 @@ void ScenarioUser::Use(CDialog& dialog, const std::string& step) {
 }
 
 MessageAnswer ScenarioUser::Show(const std::string& text, unsigned flags) {
+  NestedLoop::Run();
   Note("box " + Hex(flags) + " " + Escaped(text));
   if ((flags & kButtonSetMask) == MB_OK) return MessageAnswer::Ok;
   const std::string answer = Next().value_or("");
@@ -175,6 +177,7 @@ MessageAnswer ScenarioUser::Show(const std::string& text, unsigned flags) {
 }
 
 unsigned ScenarioUser::Track(const std::vector<Item>& items, POINT screen) {
+  NestedLoop::Run();
   std::string shown;
   unsigned chosen = 0;
   for (const auto& [id, text, state] : items) {
@@ -191,6 +194,7 @@ unsigned ScenarioUser::Track(const std::vector<Item>& items, POINT screen) {
 }
 
 std::optional<COLORREF> ScenarioUser::AskColor(COLORREF start) {
+  NestedLoop::Run();
   Note("colour from " + Hex(start));
   const std::string answer = Next().value_or("Cancel");
   if (answer == "Cancel") return std::nullopt;
@@ -198,6 +202,7 @@ std::optional<COLORREF> ScenarioUser::AskColor(COLORREF start) {
 }
 
 std::optional<Dialogs::FontChoice> ScenarioUser::AskFont(const FontChoice& start) {
+  NestedLoop::Run();
   Note("font from " + start.face + " " + std::to_string(start.tenths) + " " + Hex(start.color));
   std::istringstream answer(Next().value_or("Cancel"));
   FontChoice choice;
@@ -206,6 +211,7 @@ std::optional<Dialogs::FontChoice> ScenarioUser::AskFont(const FontChoice& start
 }
 
 std::optional<std::string> ScenarioUser::AskPath(const std::string& question) {
+  NestedLoop::Run();
   Note(question);
   const std::string answer = Next().value_or("Cancel");
   return answer != "Cancel" ? std::optional(answer) : std::nullopt;

@@ -9,9 +9,11 @@
 #include "platform/CWnd.h"
 #include "platform/Metafile.h"
 #include "platform/WindowPeer.h"
+#include "tests/support/NestedLoop.h"
 
 /// A window without a screen. Messages are posted before the press that reads them; what is painted
-/// is recorded, and what is drawn to be erased by a second drawing is counted.
+/// is recorded, and what is drawn to be erased by a second drawing is counted. While a box, a menu
+/// or a dialog waits, its events go on: it is resized, painted, and has the pointer over it.
 class FakeWindow : public WindowPeer {
  public:
   explicit FakeWindow(CWnd& window);
@@ -60,4 +62,12 @@ class FakeWindow : public WindowPeer {
   std::set<std::string> toggled;
   std::vector<Metafile::Record> painted;
   bool captured = false;
+
+  /// What a loop does with this window.
+  void Live();
+  void Paint();
+  void Hover(POINT p);
+  /// Nothing that the user does reaches a chart behind what waits on top of it.
+  void TryToChange();
+  const NestedLoop::Member member{[this] { Live(); }};
 };

@@ -5,6 +5,7 @@
 
 #include "platform/Dialogs.h"
 #include "platform/UseService.h"
+#include "tests/support/NestedLoop.h"
 
 /// Answers each dialog for saving with a path, or with Cancel where that is empty, and the others
 /// with Cancel.
@@ -13,6 +14,7 @@ class SaveDialogs : public Dialogs {
   std::optional<std::string> AskOpenPath(const FileFilter&) override { return {}; }
   std::optional<std::string> AskSavePath(const FileFilter&, const std::string& start) override {
     suggestion = start;
+    NestedLoop::Run();
     return path.empty() ? std::nullopt : std::optional(path);
   }
   std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return {}; }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/NestedLoop.h"
+
 ScriptedMessageBoxes::~ScriptedMessageBoxes() {
   for (const auto& left : expected) ADD_FAILURE() << "no message box came: " << left.first;
 }
@@ -9,6 +11,7 @@ ScriptedMessageBoxes::~ScriptedMessageBoxes() {
 MessageAnswer ScriptedMessageBoxes::Show(const std::string& text, unsigned flags) {
   shown.push_back(text);
   lastFlags = flags;
+  NestedLoop::Run();
   if (expected.empty()) {
     ADD_FAILURE() << "unexpected message box: " << text;
     return (flags & kButtonSetMask) == MB_OK ? MessageAnswer::Ok : MessageAnswer::Cancel;

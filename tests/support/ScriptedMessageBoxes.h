@@ -9,7 +9,8 @@
 #include "platform/UseService.h"
 
 /// Takes the place of the message boxes for the length of a test. A box that nobody expected, one
-/// with another text and an answer that nobody asked for each fail the test.
+/// with another text and an answer that nobody asked for each fail the test. The windows live on
+/// while a box waits for its answer.
 class ScriptedMessageBoxes : public MessageBoxes {
  public:
   ~ScriptedMessageBoxes() override;

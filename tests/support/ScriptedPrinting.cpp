@@ -2,6 +2,7 @@
 
 #include "platform/CMetaFileDC.h"
 #include "platform/CNullDC.h"
+#include "tests/support/NestedLoop.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ class ScriptedJob : public PrintJob {
   CDC& DC() override { return dc; }
   bool StartPage(int /*pages*/) override {
     FinishPage();
+    NestedLoop::Run();  // the window that shows how far the job is
     isOpen = ++page != printing.cancelAtPage;
     return isOpen;
   }
@@ -63,9 +65,15 @@ class ScriptedJob : public PrintJob {
 bool ScriptedPrinting::AskPrinter(CPrintInfo& info, const std::string& /*title*/) {
   if (info.direct) return true;
   ++dialogs;
+  NestedLoop::Run();
   info.fromPage = fromPage;
   info.toPage = toPage;
   return accepts;
+}
+
+void ScriptedPrinting::SetUpPrinter() {
+  ++setups;
+  NestedLoop::Run();
 }
 
 std::unique_ptr<PrintJob> ScriptedPrinting::StartJob(const std::string& title) {
@@ -74,7 +82,9 @@ std::unique_ptr<PrintJob> ScriptedPrinting::StartJob(const std::string& title) {
 }
 
 void ScriptedPrinting::ShowPreview(PrintedPages& pages) {
+  NestedLoop::Run();
   PaperDC paper(millimetres, pixels);
   previewPages = pages.Begin(paper, previewProblem);
+  NestedLoop::Run();
   if (previewPages != 0) pages.End(paper);
 }

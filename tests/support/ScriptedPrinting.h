@@ -38,7 +38,7 @@ class ScriptedPrinting : public Printing {
   std::string previewProblem;
 
   bool AskPrinter(CPrintInfo& info, const std::string& title) override;
-  void SetUpPrinter() override { ++setups; }
+  void SetUpPrinter() override;
   std::unique_ptr<PrintJob> StartJob(const std::string& title) override;
   void ShowPreview(PrintedPages& pages) override;
 

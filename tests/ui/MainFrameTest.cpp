@@ -247,6 +247,7 @@ TEST_F(MainFrameTest, DroppedFilesOpen) {
   EXPECT_TRUE(enter.isAccepted());
   QDropEvent drop({50, 50}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(frame.get(), &drop);
+  QApplication::processEvents();
   EXPECT_EQ(OpenCharts(), 2U);
 }
 

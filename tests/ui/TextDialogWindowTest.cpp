@@ -1,4 +1,6 @@
 #include <QClipboard>
+#include <QDropEvent>
+#include <QMimeData>
 
 #include "dialogs/CEventEditor.h"
 #include "dialogs/EntryExitEditor.h"
@@ -72,6 +74,59 @@ TEST_F(TextDialogWindow, OneLineStaysOneLine) {
   }));
   EXPECT_EQ(editor.event, "a b c" + std::string(50000, 'x'));
   EXPECT_EQ(editor.guard, "caf\xE9");
+}
+
+/// What another program can put on the clipboard, or drag here, and what of it is a text.
+struct Content {
+  std::function<void(QMimeData&)> fill;
+  QString text;
+
+  std::unique_ptr<QMimeData> Make() const {
+    auto made = std::make_unique<QMimeData>();
+    fill(*made);
+    return made;
+  }
+};
+
+TEST_F(TextDialogWindow, PastesAndDropsWhatHasATextAndNothingElse) {
+  const Content contents[] = {
+      {[](QMimeData&) {}, ""},
+      {[](QMimeData& data) { data.setImageData(QImage(2, 2, QImage::Format_RGB32)); }, ""},
+      {[](QMimeData& data) { data.setData("application/x-other", "bytes"); }, ""},
+      {[](QMimeData& data) { data.setHtml("<b>bold</b>"); }, ""},
+      {[](QMimeData& data) { data.setText(""); }, ""},
+      {[](QMimeData& data) { data.setData("text/plain", {}); }, ""},
+      {[](QMimeData& data) { data.setText("a\nb"); }, "a\nb"}};
+  for (const Content& content : contents) {
+    const auto [entry, exit] = Edit("", "", [&](QtDialogWindow& window) {
+      QApplication::clipboard()->setMimeData(content.Make().release());
+      window.FocusOn(kEntry);
+      OpenDialog::Key(Qt::Key_V, "\x16", Qt::ControlModifier);
+      OpenDialog::Key(Qt::Key_Insert, {}, Qt::ShiftModifier);
+      auto* box = OpenDialog::Find<QPlainTextEdit>(window, kEntry);
+      EXPECT_EQ(box->toPlainText(), content.text + content.text);
+      EXPECT_EQ(box->canPaste(), content.Make()->hasText());
+      for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        SendMouse(*box->viewport(), type, {5, 5}, Qt::MiddleButton);
+      }
+
+      const std::unique_ptr<QMimeData> dragged = content.Make();
+      QWidget& target = *OpenDialog::Find<QPlainTextEdit>(window, kExit)->viewport();
+      QDragEnterEvent enter({5, 5}, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(&target, &enter);
+      QDropEvent drop({5, 5}, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(&target, &drop);
+    });
+    EXPECT_EQ(exit, content.text.isEmpty() ? "" : "a\r\nb");
+  }
+  QApplication::clipboard()->clear();
+  EXPECT_EQ(Edit("kept", "",
+                 [](QtDialogWindow& window) {
+                   window.FocusOn(kEntry);
+                   OpenDialog::Key(Qt::Key_V, "\x16", Qt::ControlModifier);
+                 })
+                .first,
+            "kept");
 }
 
 TEST_F(TextDialogWindow, LongTextsAreEditedAndEndlessLinesShownInPart) {

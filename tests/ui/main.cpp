@@ -2,11 +2,14 @@
 
 #include <QApplication>
 
+#include "tests/ui/LivingWindows.h"
+
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   QApplication::setApplicationName("Morvane");
   QApplication::setQuitOnLastWindowClosed(false);
+  const NestedLoop::Member windows(LetWindowsLive);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
