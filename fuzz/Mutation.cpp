@@ -23,25 +23,28 @@ std::vector<std::string> LinesOf(const std::string& text) {
 std::size_t Mutation::Below(std::size_t limit) { return limit == 0 ? 0 : random() % limit; }
 
 std::string Mutation::Damage(std::string text) {
+  // One damage is what most files show that still open.
   constexpr std::size_t most = 4;
-  for (std::size_t left = Below(most) + 1; left > 0; --left) Once(text);
+  for (std::size_t left = Below(3) == 0 ? Below(most) + 1 : 1; left > 0; --left) Once(text);
   return text;
 }
 
 void Mutation::Once(std::string& text) {
-  switch (Below(8)) {
+  switch (Below(16)) {
     case 0: text.resize(Below(text.size() + 1)); break;
     case 1:
-    case 2: FlipBytes(text); break;
-    case 3: InsertBytes(text); break;
-    case 4:
-    case 5: MoveLines(text); break;
+    case 2:
+    case 3: FlipBytes(text); break;
+    case 4: InsertBytes(text); break;
+    case 5:
+    case 6:
+    case 7: MoveLines(text); break;
     default: PutExtremeNumber(text);
   }
 }
 
 void Mutation::FlipBytes(std::string& text) {
-  constexpr std::size_t most = 8;
+  constexpr std::size_t most = 3;
   for (std::size_t left = Below(most) + 1; left > 0 && !text.empty(); --left) {
     char& byte = text[Below(text.size())];
     byte = static_cast<char>(Below(2) == 0 ? byte ^ (1 << Below(8)) : static_cast<int>(Below(256)));

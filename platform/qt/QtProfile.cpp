@@ -1,10 +1,10 @@
 #include "platform/qt/QtProfile.h"
 
 #include <cerrno>
+#include <fstream>
 #include <optional>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
@@ -76,12 +76,15 @@ bool IsThere(const QString& file) {
   return read.error != ENOENT && read.error != ENOTDIR;
 }
 
-/// False if the copy could not be made with all bytes, as on a full disk.
+/// Makes a copy that nobody needs for long: it does not wait for the disk. False if it could not be
+/// made with all bytes, as on a full disk.
 bool CopyWhole(const QString& from, const QString& to) {
   std::string bytes;
-  std::string copied;
-  return QFile::copy(from, to) && ReadWholeFile(FromQPath(from), bytes).Ok() &&
-         ReadWholeFile(FromQPath(to), copied).Ok() && copied == bytes;
+  if (!ReadWholeFile(FromQPath(from), bytes).Ok()) return false;
+  std::ofstream copy(FromQPath(to), std::ios::binary);
+  copy << bytes;
+  copy.close();
+  return copy.good();
 }
 
 /// Keeps other running copies of the program from a file of settings.
@@ -229,6 +232,7 @@ bool QtProfile::StoreInFile() {
   if (!ReplaceWholeFile(FromQPath(path), bytes).Ok()) return false;
   unsaved.clear();
   values = TextsOf(wanted);
+  damaged = false;  // what could not be read is gone
   return true;
 }
 

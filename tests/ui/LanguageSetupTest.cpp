@@ -1,5 +1,3 @@
-#include <sys/stat.h>
-
 #include "platform/qt/QtProfile.h"
 #include "resources/Language.h"
 #include "resources/TextSource.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QPointer>
 #include <QWidget>
 
 #include "platform/qt/QtView.h"
