@@ -25,7 +25,7 @@ struct DialogControl {
     MultiEdit,  ///< a box of several lines, which Return breaks
     CheckBox,
     Button,
-    Combo,  ///< a choice of painted items
+    Combo,  ///< a choice of items, painted or as texts
     List    ///< rows of columns, of which several can be selected
   };
   /// Paints item `index` of a combo into a rectangle, in pixels of the context.
@@ -53,9 +53,16 @@ struct DialogControl {
   int selection = 0;  ///< of a combo; `kNoItem` for none
   int itemCount = 0;
   PaintItem paintItem;
+  std::vector<std::string> items;  ///< of a combo that isn't painted: the texts of its items
   std::vector<Column> columns;
   std::vector<std::vector<std::string>> rows;
   std::vector<int> selectedRows;  ///< in rising order
+
+  /// Gives a combo texts to choose from.
+  void SetItems(std::vector<std::string> texts) {
+    items = std::move(texts);
+    itemCount = static_cast<int>(items.size());
+  }
 };
 
 /// The ids of the buttons that close a dialog.

@@ -52,6 +52,7 @@ enum CommandId : unsigned {
   // Frames and bars
   ID_MENU_BAR = 32797,
   ID_DEFAULT_SETTINGS = 32849,
+  ID_PREFERENCES = 32893,
   ID_USER_GUIDE = 32850,
   ID_WEB_PAGE = 32858,
   ID_CHART_BROWSER = 32864,

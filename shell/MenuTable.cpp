@@ -22,6 +22,7 @@ constexpr MenuEntry kStartFile[] = {
 
 constexpr MenuEntry kStartEdit[] = {
     {ID_DEFAULT_SETTINGS, "Default Settings"},
+    {ID_PREFERENCES, "Prefere&nces"},
 };
 
 constexpr MenuEntry kStartView[] = {
@@ -77,6 +78,7 @@ constexpr MenuEntry kChartEdit[] = {
     kSeparator,
     {ID_MODEL_PROPERTIES, "Model &Properties"},
     {ID_DEFAULT_SETTINGS, "&Default Settings"},
+    {ID_PREFERENCES, "Prefere&nces"},
 };
 
 constexpr MenuEntry kInsert[] = {
@@ -222,6 +224,7 @@ constexpr Prompt kPrompts[] = {
     {ID_FIND_REPLACE, "Find and replace a text in the chart\nFind / Replace"},
     {ID_MODEL_PROPERTIES, "Show and change the properties of the model\nModel Properties"},
     {ID_DEFAULT_SETTINGS, "Change what new charts and objects look like\nDefault Settings"},
+    {ID_PREFERENCES, "Choose the language, and what is reopened at the start\nPreferences"},
     {ID_POINTER, "Select and move objects\nPointer"},
     {ID_TOOL_STATE, "Insert a state\nState"},
     {ID_TOOL_TRANSITION, "Insert a transition\nTransition"},

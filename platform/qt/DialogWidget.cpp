@@ -8,6 +8,7 @@
 #include "platform/qt/PaintedCombo.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/RowList.h"
+#include "platform/qt/TextCombo.h"
 #include "resources/Texts.h"
 
 namespace {
@@ -52,7 +53,9 @@ std::unique_ptr<DialogWidget> DialogWidget::Make(const DialogControl& control, Q
     case Kind::Edit: return std::make_unique<LineBox>(control, parent);
     case Kind::MultiEdit: return std::make_unique<LinesBox>(control, parent);
     case Kind::CheckBox: return std::make_unique<CheckWidget>(control, parent, onClick);
-    case Kind::Combo: return std::make_unique<ComboWidget>(control, parent, std::move(onClick));
+    case Kind::Combo:
+      if (!control.paintItem) return std::make_unique<TextCombo>(control, parent, onClick);
+      return std::make_unique<ComboWidget>(control, parent, std::move(onClick));
     case Kind::List: return std::make_unique<RowList>(control, parent, std::move(onClick));
     default: return std::make_unique<ButtonWidget>(control, parent, onClick);
   }

@@ -10,6 +10,7 @@
 #include "resources/CommandIds.h"
 #include "shell/HelpCommands.h"
 #include "shell/MenuTable.h"
+#include "shell/Preferences.h"
 #include "shell/qt/CChildFrame.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/CSplashDlg.h"
@@ -84,6 +85,7 @@ CommandState CMainFrame::FrameState(unsigned id) const {
     case ID_FILE_OPEN:
     case ID_APP_EXIT:
     case ID_DEFAULT_SETTINGS:
+    case ID_PREFERENCES:
     case ID_USER_GUIDE:
     case ID_TUTORIAL:
     case ID_WEB_PAGE:
@@ -118,6 +120,7 @@ void CMainFrame::RunFrameCommand(unsigned id) {
     case ID_WINDOW_TILE: area->tileSubWindows(); break;
     case ID_WINDOW_ARRANGE: ArrangeIcons(); break;
     case ID_DEFAULT_SETTINGS: CDefaultSettingDlg::Instance().ShowDialog(); break;
+    case ID_PREFERENCES: EditPreferences(); break;
     case ID_APP_ABOUT: ShowAbout(); break;
     case ID_APP_EXIT: close(); break;
     default: break;

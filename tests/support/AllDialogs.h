@@ -10,6 +10,7 @@
 #include "dialogs/FindReplaceDlg.h"
 #include "dialogs/LayoutMgrPropDlg.h"
 #include "dialogs/MesgPropDlg.h"
+#include "dialogs/PreferencesDlg.h"
 #include "dialogs/PrinterSetup.h"
 #include "dialogs/StatePropDlg.h"
 #include "surface/LayoutMgr.h"
@@ -26,9 +27,10 @@ struct AllDialogs {
   EditMesgDlg note;
   LayoutMgrPropDlg model;
   CCodegenSheet sheet;
+  PreferencesDlg preferences{{"English"}};
   FindReplaceDlg find{chart.GetModel()};
   CGenerateCppDlg generator{GeneratorKind::Cpp};
   CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
-  std::vector<CDialog*> list{&state, &mesg,  &line,  &printer, &event,     &texts,
-                             &note,  &model, &sheet, &find,    &generator, &settings};
+  std::vector<CDialog*> list{&state, &mesg,  &line, &printer,   &event,    &texts,      &note,
+                             &model, &sheet, &find, &generator, &settings, &preferences};
 };

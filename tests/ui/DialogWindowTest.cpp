@@ -174,6 +174,23 @@ TEST_F(DialogWindow, ComboShowsAndTakesItsItem) {
   EXPECT_EQ(all.line.styleIndex, 99);
 }
 
+TEST_F(DialogWindow, ComboOfTextsShowsAndTakesItsItem) {
+  PreferencesDlg dialog({"English", "Fran\xC3\xA7\x61is"});
+  dialog.language = 1;
+  EXPECT_TRUE(open.Run(dialog, [](QtDialogWindow& window) {
+    auto* languages = OpenDialog::Find<QComboBox>(window, PreferencesDlg::IDC_LANGUAGE);
+    EXPECT_EQ(languages->currentText(), "English");
+    languages->setFocus();
+    OpenDialog::Key(Qt::Key_Down);
+    EXPECT_EQ(languages->currentText(), "Fran\u00E7ais");
+    EXPECT_EQ(OpenDialog::Find<QComboBox>(window, PreferencesDlg::IDC_REOPEN)->currentText(),
+              "Never");
+    OpenDialog::Click(window, IDOK);
+  }));
+  EXPECT_EQ(dialog.language, 2);
+  EXPECT_EQ(dialog.reopen, 0);
+}
+
 TEST(FontDialog, KeepsAFaceThatTheMachineLacks) {
   const QtFontDialog dialog({"No Such Face", 85, 0x112233}, nullptr);
   EXPECT_EQ(dialog.Choice().face, "No Such Face");

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/CDialog.h"
+
+/// What holds for the whole program: its language, and what it opens again when it starts.
+class PreferencesDlg : public CDialog {
+ public:
+  enum ControlId : int { IDC_LANGUAGE = 100, IDC_REOPEN };
+
+  /// Takes the languages that can be chosen, as each calls itself.
+  explicit PreferencesDlg(const std::vector<std::string>& languages);
+
+  std::int32_t language = 0;  ///< 0 is that of the system, and from 1 on those of the constructor
+  std::int32_t reopen = 0;    ///< never, after a crash, always
+
+ protected:
+  void DoDataExchange(DataExchange& exchange) override;
+};

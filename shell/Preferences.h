@@ -1,0 +1,5 @@
+#pragma once
+
+/// Lets the user choose the language and what is reopened at the start, and stores what was
+/// changed.
+void EditPreferences();
