@@ -12,6 +12,7 @@
 #include "resources/Texts.h"
 #include "shell/ChartSession.h"
 #include "shell/RecoveryList.h"
+#include "shell/SessionSettings.h"
 #include "shell/qt/CChildFrame.h"
 #include "shell/qt/CSplashDlg.h"
 #include "shell/qt/FrameState.h"
@@ -60,6 +61,11 @@ void CMorvaneApp::BringBack() {
     RecoveryWindow(list, frame.get()).exec();
   }
   SessionRecord windows = store->TakeCrashedWindows();
+  switch (SessionSettings::Read()) {
+    case Reopen::Never: return;
+    case Reopen::AfterCrash: break;
+    case Reopen::Always: windows.Merge(store->LastWindows()); break;
+  }
   ReopenWindows(frame->Manager(), windows);
 }
 
