@@ -28,7 +28,12 @@ constexpr const char* kVersion = "4.1.0";
 }  // namespace
 
 CMorvaneApp::CMorvaneApp() = default;
-CMorvaneApp::~CMorvaneApp() = default;
+
+CMorvaneApp::~CMorvaneApp() {
+  // An end in order, also of a start that failed, is no crash; unsaved work stays where it is.
+  if (frame != nullptr && !ended) OnClosing();
+  if (frame != nullptr) frame->SetListener(nullptr);
+}
 
 bool CMorvaneApp::InitInstance(const std::string& file) {
   LoadLanguage();
@@ -76,6 +81,7 @@ void CMorvaneApp::OnWindowsChanged() {
 }
 
 void CMorvaneApp::OnClosing() {
+  ended = true;
   const CChildFrame* child = frame->ActiveChild();
   store->EndSession(WindowsOf(frame->Manager(), child != nullptr ? child->Document() : nullptr));
 }

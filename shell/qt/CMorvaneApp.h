@@ -29,6 +29,7 @@ class CMorvaneApp : private CMainFrame::Listener {
   void OnWindowsChanged() override;
   void OnClosing() override;
 
+  bool ended = false;  ///< the session has ended in order
   std::unique_ptr<RecoveryStore> store;
   std::unique_ptr<CMainFrame> frame;
 };

@@ -103,6 +103,7 @@ TEST_F(RecoveryListTest, SavesUnderANameThatTheUserChooses) {
   }
   LayoutMgr chart;
   EXPECT_EQ(ModelFile::Load(copy, chart), "");
+  chart.PlaceWithoutWindow(false);
   EXPECT_EQ(chart.GetProperties().Author, "Ann");
   EXPECT_EQ(folder.Read("a.mrv"), ModelFile::ToDisk(SmallChart()));
   EXPECT_EQ(LeftFor(charts), 1U);

@@ -26,14 +26,16 @@ class ChartWindows : public MainWindow<CMorvaneDoc, LayoutMgr> {
 
 TEST_F(ChartWindows, WhatCanBeChosenFollowsTheCharts) {
   const std::string withoutChart =
-      "&New|&Open...|E&xit|Default Settings|&Toolbar|Drawing Toolbar|Chart Browser|&Status Bar|"
+      "&New|&Open...|E&xit|Default Settings|Prefere&nces|&Toolbar|Drawing Toolbar|Chart Browser|"
+      "&Status Bar|"
       "User Guide (PDF)|Tutorial (PDF)|Morvane on Web|&About Morvane...|";
   EXPECT_EQ(Enabled(StartMenu()), withoutChart);
   Open();
   EXPECT_EQ(Enabled(ChartMenu()),
             "&New|&Open...|&Save|Save &As...|&Close|C&lose All|&Print...|Print Pre&view|"
             "P&rint Setup...|&Export...|E&xit|Copy As &Metafile|&Find / Replace|Model &Properties|"
-            "&Default Settings|&State|&Initial State|&Final State|&Note|&Line|&Refresh|Zoom &In|"
+            "&Default Settings|Prefere&nces|&State|&Initial State|&Final "
+            "State|&Note|&Line|&Refresh|Zoom &In|"
             "Zoom &Out|Object Browser|&Toolbar|Drawing Toolbar|Chart Browser|&Status Bar|"
             "&Properties|Generate C++ File|Generate C File|Generate C# File|Generate Java File|"
             "Generate XML File|&Cascade|&Tile|&Arrange Icons|User Guide (PDF)|Tutorial (PDF)|"

@@ -130,7 +130,7 @@ TEST_F(NestedLoopWindow, OnlyFilesOfThisMachineAreTakenFromADrop) {
   EXPECT_TRUE(Drop({QUrl::fromLocalFile(QString::fromStdString(folder.Root().string())),
                     QUrl("https://example.org/no.mrv"), QUrl::fromLocalFile(lift)}));
   EXPECT_EQ(OpenCharts(), 1U);
-  EXPECT_EQ(frame->windowTitle(), "Lift.mrv - Morvane");
+  EXPECT_EQ(frame->windowTitle(), "Lift.mrv[*] - Morvane");
 }
 
 }  // namespace

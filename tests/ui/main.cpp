@@ -2,10 +2,14 @@
 
 #include <QApplication>
 
+#include "tests/support/TempFolder.h"
 #include "tests/ui/LivingWindows.h"
 
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // What a user left unsaved is nobody's business here.
+  const TempFolder state;
+  qputenv("XDG_STATE_HOME", QByteArray::fromStdString(state.Root().string()));
   QApplication application(argc, argv);
   QApplication::setApplicationName("Morvane");
   QApplication::setQuitOnLastWindowClosed(false);
