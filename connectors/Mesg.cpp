@@ -147,10 +147,7 @@ void Mesg::OnCommand(unsigned command) {
     case ID_MESG_DELETE:
       if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
       break;
-    case ID_MESG_EDIT:
-      EditText();
-      if (transition != nullptr) view->UpdateNodes(transition);
-      break;
+    case ID_MESG_EDIT: EditText(); break;
     case ID_OBJECT_PROPERTIES: EditProperties(); break;
     case ID_MESG_ALIGN: Align(); break;
     default: ConnectableRectShape::OnCommand(command);
@@ -162,7 +159,12 @@ void Mesg::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t 
 }
 
 void Mesg::EditText() {
-  if (text.EditText("Message")) Invalidate();
+  if (text.EditText("Message")) OnTextsChanged();
+}
+
+void Mesg::OnTextsChanged() {
+  Invalidate();
+  if (transition != nullptr) view->UpdateNodes(transition);
 }
 
 void Mesg::EditProperties() {

@@ -27,6 +27,7 @@ class Mesg : public ConnectableRectShape {
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
   void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
+  void OnTextsChanged() override;
   void OnPlaced() override;
   void OnRestored() override;
   void OnRectChanged(const RECT& old, bool sized) override;

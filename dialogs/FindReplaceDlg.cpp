@@ -95,7 +95,7 @@ bool FindReplaceDlg::HasFindText() const {
 void FindReplaceDlg::Find() {
   List().rows.clear();
   List().selectedRows.clear();
-  texts.clear();
+  found.clear();
   UpdateData(true);
   if (!HasFindText()) return;
   for (Shape* object : model.Objects()) ListIfFound(object);
@@ -104,18 +104,19 @@ void FindReplaceDlg::Find() {
 void FindReplaceDlg::ListIfFound(Shape* object) {
   auto* state = lookInStates != 0 ? dynamic_cast<GenericState*>(object) : nullptr;
   if (state != nullptr && state->GetEntryExit().Contains(findText)) {
-    AddRow(LoadText(IDS_FIND_STATE), state->GetName(), state->GetEntryExit());
+    AddRow(LoadText(IDS_FIND_STATE), state->GetName(), *state, state->GetEntryExit());
     return;
   }
   auto* mesg = lookInMessages != 0 ? dynamic_cast<Mesg*>(object) : nullptr;
   if (mesg != nullptr && mesg->GetText().Contains(findText)) {
-    AddRow(LoadText(IDS_FIND_MESSAGE), RouteOf(mesg->GetTransition()), mesg->GetText());
+    AddRow(LoadText(IDS_FIND_MESSAGE), RouteOf(mesg->GetTransition()), *mesg, mesg->GetText());
   }
 }
 
-void FindReplaceDlg::AddRow(std::string kind, std::string detail, TextHandler& text) {
+void FindReplaceDlg::AddRow(std::string kind, std::string detail, Shape& object,
+                            TextHandler& text) {
   List().rows.push_back({std::move(kind), std::move(detail)});
-  texts.push_back(&text);
+  found.push_back({&object, &text});
 }
 
 void FindReplaceDlg::Replace() {
@@ -123,7 +124,10 @@ void FindReplaceDlg::Replace() {
   if (!HasFindText()) return;
   bool changed = false;
   for (const int row : List().selectedRows) {
-    if (texts.at(static_cast<std::size_t>(row))->ReplaceAll(findText, replaceText)) changed = true;
+    const Found& place = found.at(static_cast<std::size_t>(row));
+    if (!place.text->ReplaceAll(findText, replaceText)) continue;
+    place.object->OnTextsChanged();
+    changed = true;
   }
   if (!changed) return;
   Find();
@@ -139,5 +143,7 @@ void FindReplaceDlg::Edit() {
   if (selected.size() != 1) return;
   const auto row = static_cast<std::size_t>(selected.front());
   const std::string detail = List().rows.at(row).at(kDetailColumn);
-  if (texts.at(row)->EditText(detail)) TellChanged();
+  if (!found.at(row).text->EditText(detail)) return;
+  found.at(row).object->OnTextsChanged();
+  TellChanged();
 }

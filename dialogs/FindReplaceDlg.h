@@ -13,7 +13,7 @@ class Shape;
 class TextHandler;
 
 /// Finds and replaces text in the entry and exit texts of the states and the three texts of the
-/// messages of one chart. It changes the objects at once, says so, and repaints nothing.
+/// messages of one chart. It changes the objects at once, which show it, and says so.
 class FindReplaceDlg : public CDialog {
  public:
   enum ControlId : int {
@@ -44,6 +44,12 @@ class FindReplaceDlg : public CDialog {
   void OnClicked(int id) override;
 
  private:
+  /// An object and its texts, both of the model.
+  struct Found {
+    Shape* object;
+    TextHandler* text;
+  };
+
   void AddInput();
   void AddResult();
   void Find();
@@ -53,7 +59,7 @@ class FindReplaceDlg : public CDialog {
   void TellChanged() const;
   bool HasFindText() const;
   void ListIfFound(Shape* object);
-  void AddRow(std::string kind, std::string detail, TextHandler& text);
+  void AddRow(std::string kind, std::string detail, Shape& object, TextHandler& text);
   DialogControl& List() { return Control(IDC_LIST); }
 
   ModelMgr& model;
@@ -62,5 +68,5 @@ class FindReplaceDlg : public CDialog {
   std::int32_t lookInMessages = 1;
   std::string findText;
   std::string replaceText;
-  std::vector<TextHandler*> texts;  ///< of each row
+  std::vector<Found> found;  ///< of each row
 };

@@ -65,6 +65,8 @@ class Shape : public Object, public Collectable {
   virtual void OnPlaced() {}
   /// The same for a model without a view.
   virtual void OnRestored() {}
+  /// The texts of the shape were changed from outside: show them wherever they stand.
+  virtual void OnTextsChanged() { Invalidate(); }
   /// The whole layer of the shape is attached: resolve references within it.
   virtual void OnLayerPlaced() {}
   /// The area that `Draw` may touch, absolute model units; a paint skips what lies outside its

@@ -152,11 +152,8 @@ void LayoutMgr::EditModelProperties() {
 }
 
 void LayoutMgr::FindAndReplace() {
-  // Each edit is a step of its own, and shows behind the dialog at once.
-  FindReplaceDlg dialog(*model, [this] {
-    Invalidate();
-    TakeSnapshot();
-  });
+  // Each edit is a step of its own.
+  FindReplaceDlg dialog(*model, [this] { TakeSnapshot(); });
   dialog.DoModal();
 }
 
