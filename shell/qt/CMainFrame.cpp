@@ -229,6 +229,8 @@ CChildFrame* CMainFrame::FrameOf(const CDocument& document) const {
 
 void CMainFrame::CreateFrame(CDocument& document) {
   area->addSubWindow(new CChildFrame(document, *manager));
+  // The toolkit takes the mark of the chart that is still shown off the main window.
+  ShowTitle();
 }
 
 void CMainFrame::ShowFrame(CDocument& document) {
