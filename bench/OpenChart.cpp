@@ -7,8 +7,8 @@
 #include <QMouseEvent>
 
 #include "model/ModelMgr.h"
+#include "model/ModelStream.h"
 #include "model/Shape.h"
-#include "persistence/ModelStream.h"
 
 namespace {
 

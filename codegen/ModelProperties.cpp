@@ -6,7 +6,7 @@
 
 #include "codegen/CCodegenSheet.h"
 #include "dialogs/LayoutMgrPropDlg.h"
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "resources/Texts.h"
 
 namespace {

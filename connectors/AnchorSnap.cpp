@@ -1,11 +1,11 @@
 #include "connectors/AnchorSnap.h"
 
 #include "connectors/AnchorMarker.h"
+#include "model/ChartView.h"
 #include "model/Connectable.h"
 #include "platform/CDC.h"
-#include "surface/LayoutMgr.h"
 
-bool SnapToAnchor(const Connectable* candidate, LayoutMgr& view, AnchorMarker& marker,
+bool SnapToAnchor(const Connectable* candidate, ChartView& view, AnchorMarker& marker,
                   POINT& client) {
   // The marks of the right and bottom side stand further in.
   constexpr std::int32_t inward = 2;

@@ -1,7 +1,7 @@
 #include "connectors/BoxLook.h"
 
 #include "dialogs/MesgPropDlg.h"
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 
 void BoxLook::Write(ModelStream& stream) const {
   stream << bgTransparent << ' ' << noBorder << ' ' << bgColor << ' ' << borderColor << '\n';

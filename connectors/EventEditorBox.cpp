@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "dialogs/CEventEditor.h"
-#include "persistence/ModelStream.h"
+#include "model/ChartView.h"
+#include "model/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 

@@ -4,14 +4,14 @@
 #include "states/TextHandler.h"
 
 class CDC;
-class LayoutMgr;
+class ChartView;
 class ModelStream;
 
 /// The three texts of a message: what triggers the transition, under which condition, and what is
 /// done.
 class EventEditorBox : public TextHandler {
  public:
-  void SetView(LayoutMgr* layoutMgr) { view = layoutMgr; }
+  void SetView(ChartView* chartView) { view = chartView; }
   const std::string& GetEvent() const { return event; }
   const std::string& GetGuard() const { return guard; }
   const std::string& GetEffect() const { return effect; }
@@ -30,5 +30,5 @@ class EventEditorBox : public TextHandler {
   std::string event;
   std::string guard;
   std::string effect;
-  LayoutMgr* view = nullptr;
+  ChartView* view = nullptr;
 };

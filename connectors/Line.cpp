@@ -2,25 +2,25 @@
 
 #include <algorithm>
 
-#include "dialogs/CDefaultSettingDlg.h"
+#include "connectors/LinePens.h"
 #include "dialogs/CLineProperty.h"
-#include "dialogs/LinePens.h"
+#include "model/ChartView.h"
 #include "model/Connectable.h"
+#include "model/Defaults.h"
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
+#include "model/ModelStream.h"
 #include "model/ShapeGeometry.h"
-#include "persistence/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
 constexpr std::int32_t kHandleReach = 3;
 constexpr double kBandHalfWidth = 4.0;
 /// The band and the handles in model units at the least zoom.
-constexpr std::int32_t kBoundsMargin = 4 / LayoutMgr::kMinZoom + 1;
+constexpr std::int32_t kBoundsMargin = 4 / ChartView::kMinZoom + 1;
 
 RECT HandleAround(POINT lineEnd) { return InflateRect(RectAt(lineEnd), kHandleReach); }
 
@@ -28,12 +28,12 @@ RECT HandleAround(POINT lineEnd) { return InflateRect(RectAt(lineEnd), kHandleRe
 
 Line::Line() = default;
 
-Line::Line(std::int32_t id, LayoutMgr* view, POINT start, POINT end)
+Line::Line(std::int32_t id, ChartView* view, POINT start, POINT end)
     : ComplexShape(id, view, LAYER_NOTE),
       start(start),
       end(end),
-      colourIndex(CDefaultSettingDlg::Instance().LineColor),
-      styleIndex(CDefaultSettingDlg::Instance().LineStyle) {}
+      colourIndex(Defaults::Instance().LineColor),
+      styleIndex(Defaults::Instance().LineStyle) {}
 
 Line::~Line() {
   if (startShape != nullptr) startShape->RemoveConnector(this);

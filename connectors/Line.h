@@ -13,7 +13,7 @@ class Line : public ComplexShape, public Connector {
  public:
   Line();
   /// A line with free ends, model units.
-  Line(std::int32_t id, LayoutMgr* view, POINT start, POINT end);
+  Line(std::int32_t id, ChartView* view, POINT start, POINT end);
   ~Line() override;
 
   void Write(ModelStream& stream) const override;

@@ -2,15 +2,15 @@
 
 #include "connectors/HandleSquare.h"
 #include "connectors/Transition.h"
-#include "dialogs/CDefaultSettingDlg.h"
 #include "dialogs/MesgPropDlg.h"
+#include "model/ChartView.h"
+#include "model/Defaults.h"
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -20,11 +20,11 @@ constexpr std::int32_t kTextMargin = 3;
 
 }  // namespace
 
-Mesg::Mesg(std::int32_t id, LayoutMgr* view, const RECT& rect, Transition* transition)
+Mesg::Mesg(std::int32_t id, ChartView* view, const RECT& rect, Transition* transition)
     : ConnectableRectShape(id, view, rect, LAYER_MESG),
       transition(transition),
       transitionId(transition->GetId()) {
-  const CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
+  const Defaults& settings = Defaults::Instance();
   look.bgTransparent = settings.MesgBgTransparent != 0 ? 1 : 0;
   look.noBorder = settings.MesgBorder != 0 ? 1 : 0;
   look.bgColor = settings.MesgBgColor;

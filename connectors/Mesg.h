@@ -12,7 +12,7 @@ class Transition;
 class Mesg : public ConnectableRectShape {
  public:
   Mesg() = default;
-  Mesg(std::int32_t id, LayoutMgr* view, const RECT& rect, Transition* transition);
+  Mesg(std::int32_t id, ChartView* view, const RECT& rect, Transition* transition);
   ~Mesg() override;
 
   /// The rectangle of a new message at the origin, model units.

@@ -3,11 +3,11 @@
 #include <array>
 
 #include "dialogs/MesgPropDlg.h"
-#include "persistence/ModelStream.h"
+#include "model/ChartView.h"
+#include "model/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ constexpr std::int32_t kTextMargin = 3;
 
 Note::Note() : text(LoadText(IDS_NOTE)) {}
 
-Note::Note(std::int32_t id, LayoutMgr* view, const RECT& rect)
+Note::Note(std::int32_t id, ChartView* view, const RECT& rect)
     : ConnectableRectShape(id, view, rect, LAYER_NOTE), text(LoadText(IDS_NOTE)) {}
 
 const std::string& Note::GetTypeName() const {

@@ -8,7 +8,7 @@
 class Note : public ConnectableRectShape {
  public:
   Note();
-  Note(std::int32_t id, LayoutMgr* view, const RECT& rect);
+  Note(std::int32_t id, ChartView* view, const RECT& rect);
 
   /// The rectangle of a new note at the origin, model units.
   static constexpr RECT DefaultRect() { return {0, 0, 12, 6}; }

@@ -1,10 +1,11 @@
 #include "connectors/SelectionDrag.h"
 
+#include "model/ChartView.h"
+#include "model/Collectable.h"
 #include "model/Collection.h"
-#include "surface/LayoutMgr.h"
-#include "surface/PointTracker.h"
+#include "model/PointTracker.h"
 
-void DragSelection(PointTracker& tracker, LayoutMgr& view, POINT press) {
+void DragSelection(PointTracker& tracker, ChartView& view, POINT press) {
   tracker.fixedPoint = tracker.movingPoint = press;
   Collection& selection = view.GetSelection();
   if (tracker.Track(&view)) {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "dialogs/EditMesgDlg.h"
+#include "model/ChartView.h"
 #include "platform/CDC.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "states/TextHandler.h"
 
 class CDC;
-class LayoutMgr;
+class ChartView;
 
 /// The text of a note.
 class TextBox : public TextHandler {
@@ -12,7 +12,7 @@ class TextBox : public TextHandler {
   TextBox() = default;
   explicit TextBox(std::string text) : text(std::move(text)) {}
 
-  void SetView(LayoutMgr* layoutMgr) { view = layoutMgr; }
+  void SetView(ChartView* chartView) { view = chartView; }
   const std::string& GetText() const { return text; }
   std::string& Text() { return text; }
   /// Paints the text, without the characters "<M>", into a rectangle in logical units.
@@ -24,5 +24,5 @@ class TextBox : public TextHandler {
 
  private:
   std::string text;
-  LayoutMgr* view = nullptr;
+  ChartView* view = nullptr;
 };

@@ -5,19 +5,20 @@
 
 #include "connectors/HeadLink.h"
 #include "connectors/Mesg.h"
+#include "connectors/NewObjects.h"
 #include "connectors/TailLink.h"
+#include "model/ChartView.h"
 #include "model/ModelMgr.h"
+#include "model/ModelStream.h"
 #include "model/ShapeGeometry.h"
-#include "persistence/ModelStream.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 #include "states/EndableState.h"
 #include "states/StartableState.h"
-#include "surface/LayoutMgr.h"
 
 Transition::Transition() = default;
 
-Transition::Transition(std::int32_t id, LayoutMgr* view, POINT sourcePoint, POINT targetPoint)
+Transition::Transition(std::int32_t id, ChartView* view, POINT sourcePoint, POINT targetPoint)
     : ComplexShape(id, view, LAYER_TRANSITION),
       sourcePoint(sourcePoint),
       targetPoint(targetPoint),
@@ -212,6 +213,6 @@ void Transition::OnCommand(unsigned command) {
 void Transition::AddMesg() {
   if (mesg != nullptr) return;
   POINT origin;
-  mesg = mgr->InsertMesg(origin, this);
+  mesg = InsertMesg(*mgr, origin, this);
   mesg->Align();
 }

@@ -25,7 +25,7 @@ class Transition : public ComplexShape {
   /// Empty, until `Read`.
   Transition();
   /// A free upright arrow between two points, model units.
-  Transition(std::int32_t id, LayoutMgr* view, POINT sourcePoint, POINT targetPoint);
+  Transition(std::int32_t id, ChartView* view, POINT sourcePoint, POINT targetPoint);
   /// Takes its messages along.
   ~Transition() override;
 
@@ -40,6 +40,7 @@ class Transition : public ComplexShape {
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;
+  bool TakesPressWithControl() const override { return true; }
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;

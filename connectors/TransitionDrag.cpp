@@ -4,15 +4,15 @@
 #include "connectors/HeadLink.h"
 #include "connectors/SelectionDrag.h"
 #include "connectors/Transition.h"
+#include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/DrawResources.h"
+#include "model/LineTracker.h"
 #include "model/ModelMgr.h"
+#include "model/PointTracker.h"
 #include "platform/CDC.h"
 #include "states/EndableState.h"
 #include "states/StartableState.h"
-#include "surface/LayoutMgr.h"
-#include "surface/LineTracker.h"
-#include "surface/PointTracker.h"
 
 namespace {
 

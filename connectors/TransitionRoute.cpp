@@ -9,9 +9,9 @@
 #include "connectors/RoutePainter.h"
 #include "connectors/TailLink.h"
 #include "connectors/Transition.h"
+#include "model/ChartView.h"
 #include "model/ShapeGeometry.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ constexpr std::int32_t kLinkReach = 4;
 constexpr std::int32_t kArrowReach = 8;
 constexpr std::int32_t kLabelReach = 5;
 /// The same and more in model units at the least zoom.
-constexpr std::int32_t kBoundsMargin = kArrowReach / LayoutMgr::kMinZoom + 1;
+constexpr std::int32_t kBoundsMargin = kArrowReach / ChartView::kMinZoom + 1;
 
 RECT Surround(const RECT& r, POINT p) {
   return {std::min(r.left, p.x), std::min(r.top, p.y), std::max(r.right, p.x),

@@ -1,6 +1,6 @@
 #include "dialogs/CColorComboEx.h"
 
-#include "dialogs/LinePens.h"
+#include "connectors/LinePens.h"
 #include "platform/CDC.h"
 #include "platform/CDialog.h"
 

@@ -2,81 +2,23 @@
 
 #include "dialogs/CColorComboEx.h"
 #include "dialogs/PenPicker.h"
+#include "model/Defaults.h"
 #include "platform/DataExchange.h"
 #include "platform/Dialogs.h"
-#include "platform/Profile.h"
-#include "resources/Texts.h"
 
-namespace {
-
-constexpr const char* kSection = "Settings";
-constexpr const char* kDefaultFace = "Verdana";
-
-std::string ReadText(const char* key, const std::string& fallback) {
-  return Service<Profile>::Get().GetString(kSection, key, fallback);
-}
-
-std::int32_t ReadInt(const char* key, std::int32_t fallback) {
-  return Service<Profile>::Get().GetInt(kSection, key, fallback);
-}
-
-COLORREF ReadColour(const char* key, COLORREF fallback) {
-  constexpr COLORREF colourBits = 0xFFFFFF;
-  return static_cast<COLORREF>(ReadInt(key, static_cast<std::int32_t>(fallback))) & colourBits;
-}
-
-/// A text of several lines as the model keeps it: every line break is CR LF.
-std::string ReadLines(const char* key) {
-  std::string lines;
-  for (const char c : ReadText(key, "")) {
-    if (c == '\r') continue;
-    if (c == '\n') lines += '\r';
-    lines += c;
-  }
-  return lines;
-}
-
-/// A text of one line: what follows a line break in a damaged profile is dropped.
-std::string ReadOneLine(const char* key, const std::string& fallback) {
-  const std::string text = ReadText(key, fallback);
-  return text.substr(0, text.find_first_of("\r\n"));
-}
-
-}  // namespace
-
-CDefaultSettingDlg::CDefaultSettingDlg() : CDialog("Default Settings") {
+CDefaultSettingDlg::CDefaultSettingDlg()
+    : CDialog("Default Settings"), defaults(Defaults::Instance()) {
   Add(DialogControl::Kind::Row, IDC_GROUPS, "");
   AddState();
   AddMesg();
   AddLine();
   AddGrid();
   AddButtons("Save", "Cancel");
-  LoadSettings();
 }
 
 CDefaultSettingDlg& CDefaultSettingDlg::Instance() {
   static CDefaultSettingDlg instance;
   return instance;
-}
-
-void CDefaultSettingDlg::LoadSettings() {
-  StateName = ReadOneLine("StateName", LoadText(IDS_STATE_NAME));
-  StateAnchor = ReadInt("StateAnchor", 1);
-  Entry = ReadLines("Entry");
-  Exit = ReadLines("Exit");
-  StateBgTransparent = ReadInt("StateBgTransparent", 0);
-  MesgAnchor = ReadInt("MesgAnchor", 1);
-  MesgBorder = ReadInt("MesgBorder", 1);
-  MesgBgTransparent = ReadInt("MesgBgTransparent", 1);
-  ShowGrid = ReadInt("ShowGrid", 1);
-  StateBgColor = ReadColour("StateBgColor", 0xBFFFFF);
-  MesgBorderColor = ReadColour("MesgBorderColor", 0x00FF00);
-  MesgBgColor = ReadColour("MesgBgColor", 0xFFFFFF);
-  LineColor = ReadInt("LineColor", 0);
-  LineStyle = ReadInt("LineStyle", 0);
-  FontName = ReadOneLine("FontName", kDefaultFace);
-  FontSize = ReadInt("FontSize", 80);
-  FontColor = ReadColour("FontColor", 0x000080);
 }
 
 void CDefaultSettingDlg::AddColorRow(int group, int row, int box, const char* label, int button) {
@@ -133,30 +75,30 @@ void CDefaultSettingDlg::AddGrid() {
 
 void CDefaultSettingDlg::ShowDialog() {
   if (IsOpen()) return;
-  LoadSettings();
-  if (!DoModal()) LoadSettings();
+  defaults.Load();
+  if (!DoModal()) defaults.Load();
 }
 
 void CDefaultSettingDlg::DoDataExchange(DataExchange& exchange) {
-  exchange.Text(IDC_STATE_NAME, StateName);
-  exchange.Check(IDC_STATE_ANCHOR, StateAnchor);
-  exchange.Text(IDC_ENTRY, Entry);
-  exchange.Text(IDC_EXIT, Exit);
-  exchange.Check(IDC_STATE_TRANSPARENT, StateBgTransparent);
-  exchange.Check(IDC_MESG_ANCHOR, MesgAnchor);
-  exchange.Check(IDC_NO_BORDER, MesgBorder);
-  exchange.Check(IDC_MESG_TRANSPARENT, MesgBgTransparent);
-  exchange.Check(IDC_SHOW_GRID, ShowGrid);
-  exchange.Index(IDC_LINE_COLOR, LineColor);
-  exchange.Index(IDC_LINE_STYLE, LineStyle);
+  exchange.Text(IDC_STATE_NAME, defaults.StateName);
+  exchange.Check(IDC_STATE_ANCHOR, defaults.StateAnchor);
+  exchange.Text(IDC_ENTRY, defaults.Entry);
+  exchange.Text(IDC_EXIT, defaults.Exit);
+  exchange.Check(IDC_STATE_TRANSPARENT, defaults.StateBgTransparent);
+  exchange.Check(IDC_MESG_ANCHOR, defaults.MesgAnchor);
+  exchange.Check(IDC_NO_BORDER, defaults.MesgBorder);
+  exchange.Check(IDC_MESG_TRANSPARENT, defaults.MesgBgTransparent);
+  exchange.Check(IDC_SHOW_GRID, defaults.ShowGrid);
+  exchange.Index(IDC_LINE_COLOR, defaults.LineColor);
+  exchange.Index(IDC_LINE_STYLE, defaults.LineStyle);
 }
 
 void CDefaultSettingDlg::OnInitDialog() { EnableButtons(); }
 
 void CDefaultSettingDlg::EnableButtons() {
-  Enable(IDC_STATE_BG_COLOR, StateBgTransparent == 0);
-  Enable(IDC_MESG_BG_COLOR, MesgBgTransparent == 0);
-  Enable(IDC_BORDER_COLOR, MesgBorder == 0);
+  Enable(IDC_STATE_BG_COLOR, defaults.StateBgTransparent == 0);
+  Enable(IDC_MESG_BG_COLOR, defaults.MesgBgTransparent == 0);
+  Enable(IDC_BORDER_COLOR, defaults.MesgBorder == 0);
 }
 
 void CDefaultSettingDlg::OnClicked(int id) {
@@ -167,9 +109,9 @@ void CDefaultSettingDlg::OnClicked(int id) {
       UpdateData(true);
       EnableButtons();
       break;
-    case IDC_STATE_BG_COLOR: ChooseColor(StateBgColor); break;
-    case IDC_MESG_BG_COLOR: ChooseColor(MesgBgColor); break;
-    case IDC_BORDER_COLOR: ChooseColor(MesgBorderColor); break;
+    case IDC_STATE_BG_COLOR: ChooseColor(defaults.StateBgColor); break;
+    case IDC_MESG_BG_COLOR: ChooseColor(defaults.MesgBgColor); break;
+    case IDC_BORDER_COLOR: ChooseColor(defaults.MesgBorderColor); break;
     case IDC_TEXT_STYLE: ChooseFont(); break;
     default: break;
   }
@@ -179,36 +121,15 @@ void CDefaultSettingDlg::OnClicked(int id) {
 void CDefaultSettingDlg::ChooseFont() {
   constexpr std::int32_t tenthsPerPoint = 10;
   const auto chosen = Service<Dialogs>::Get().AskFont(
-      {FontName, FontSize / tenthsPerPoint * tenthsPerPoint, FontColor});
+      {defaults.FontName, defaults.FontSize / tenthsPerPoint * tenthsPerPoint, defaults.FontColor});
   if (!chosen) return;
-  FontName = chosen->face;
-  FontSize = chosen->tenths;
-  FontColor = chosen->color;
+  defaults.FontName = chosen->face;
+  defaults.FontSize = chosen->tenths;
+  defaults.FontColor = chosen->color;
 }
 
 bool CDefaultSettingDlg::OnOk() {
   UpdateData(true);
-  SaveSettings();
+  defaults.Save();
   return true;
-}
-
-void CDefaultSettingDlg::SaveSettings() const {
-  const auto text = [](auto number) { return std::to_string(number); };
-  Service<Profile>::Get().Write(kSection, {{"StateName", StateName},
-                                           {"StateAnchor", text(StateAnchor)},
-                                           {"Entry", Entry},
-                                           {"Exit", Exit},
-                                           {"StateBgTransparent", text(StateBgTransparent)},
-                                           {"MesgAnchor", text(MesgAnchor)},
-                                           {"MesgBorder", text(MesgBorder)},
-                                           {"MesgBgTransparent", text(MesgBgTransparent)},
-                                           {"ShowGrid", text(ShowGrid)},
-                                           {"StateBgColor", text(StateBgColor)},
-                                           {"MesgBorderColor", text(MesgBorderColor)},
-                                           {"MesgBgColor", text(MesgBgColor)},
-                                           {"LineColor", text(LineColor)},
-                                           {"LineStyle", text(LineStyle)},
-                                           {"FontName", FontName},
-                                           {"FontSize", text(FontSize)},
-                                           {"FontColor", text(FontColor)}});
 }

@@ -6,6 +6,7 @@
 #include "fuzz/AnyUser.h"
 #include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
+#include "model/Defaults.h"
 #include "platform/CNullDC.h"
 #include "platform/RecentFiles.h"
 #include "resources/CommandIds.h"
@@ -76,7 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Fill(profile, input.substr(0, lines));
   Profile* former = Service<Profile>::Set(&profile);
   LoadLanguage("");
-  CDefaultSettingDlg::Instance().LoadSettings();
+  Defaults::Instance().Load();
   RecentFiles recent;
   recent.Load();
   recent.Add("chart.mrv");

@@ -1,7 +1,7 @@
 #include "model/ComplexShape.h"
 
+#include "model/ChartView.h"
 #include "model/ShapeGeometry.h"
-#include "surface/LayoutMgr.h"
 
 void ComplexShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
   right = 0;

@@ -11,7 +11,7 @@
 class ComplexShape : public Shape {
  public:
   ComplexShape() = default;
-  ComplexShape(std::int32_t id, LayoutMgr* view, Layer layer) : Shape(id, view, layer) {}
+  ComplexShape(std::int32_t id, ChartView* view, Layer layer) : Shape(id, view, layer) {}
 
   /// That of the region at normal size, so that a chart on paper is the same at every zoom.
   void GetExtent(std::int32_t& right, std::int32_t& bottom) const override;

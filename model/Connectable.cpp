@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "model/ChartView.h"
 #include "model/Connector.h"
-#include "surface/LayoutMgr.h"
 
 Connectable::~Connectable() = default;
 

@@ -7,7 +7,7 @@
 #include "platform/Geometry.h"
 
 class Connector;
-class LayoutMgr;
+class ChartView;
 
 /// Owns the anchors of a shape, in model units, and knows which connectors hang on them.
 class Connectable {
@@ -21,7 +21,7 @@ class Connectable {
   virtual bool IsSelected() const = 0;
   /// How far around its point an anchor answers, logical units.
   virtual std::uint16_t GetAnchorReach() const = 0;
-  virtual LayoutMgr* GetView() const = 0;
+  virtual ChartView* GetView() const = 0;
 
   /// Appends; it doesn't test for a duplicate.
   void AddConnector(Connector* connector) { connectors.push_back(connector); }

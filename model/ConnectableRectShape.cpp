@@ -1,10 +1,10 @@
 #include "model/ConnectableRectShape.h"
 
+#include "model/ChartView.h"
 #include "model/DrawResources.h"
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/CommandIds.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 

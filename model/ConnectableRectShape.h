@@ -7,7 +7,7 @@
 class ConnectableRectShape : public RectShape, public Connectable {
  public:
   ConnectableRectShape() = default;
-  ConnectableRectShape(std::int32_t id, LayoutMgr* view, const RECT& rect, Layer layer)
+  ConnectableRectShape(std::int32_t id, ChartView* view, const RECT& rect, Layer layer)
       : RectShape(id, view, rect, layer) {}
   ~ConnectableRectShape() override;
 
@@ -25,7 +25,7 @@ class ConnectableRectShape : public RectShape, public Connectable {
   std::int32_t GetId() const override { return id; }
   bool IsSelected() const override { return IsInSelection(); }
   std::uint16_t GetAnchorReach() const override;
-  LayoutMgr* GetView() const override { return view; }
+  ChartView* GetView() const override { return view; }
 
   /// Paints the anchor marks on a client context of the view. Without `draw` it asks for a repaint
   /// of the places where they stood and empties the map.

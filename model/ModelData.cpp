@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "model/Factory.h"
+#include "model/ModelStream.h"
+#include "model/RecordLine.h"
 #include "model/Shape.h"
-#include "persistence/ModelStream.h"
-#include "persistence/RecordLine.h"
 #include "resources/Texts.h"
 
 ModelData::~ModelData() { DeleteAll(); }

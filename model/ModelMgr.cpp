@@ -3,23 +3,14 @@
 #include <algorithm>
 #include <array>
 
-#include "connectors/Line.h"
-#include "connectors/Mesg.h"
-#include "connectors/Note.h"
-#include "connectors/Transition.h"
-#include "dialogs/CDefaultSettingDlg.h"
+#include "model/ChartView.h"
+#include "model/ModelClipboard.h"
+#include "model/ModelStream.h"
 #include "model/ObjectBrowser.h"
-#include "persistence/ModelClipboard.h"
-#include "persistence/ModelStream.h"
-#include "persistence/RecordLine.h"
+#include "model/RecordLine.h"
 #include "platform/CDC.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
-#include "states/FinalState.h"
-#include "states/GenericState.h"
-#include "states/InitialState.h"
-#include "surface/HiddenWindow.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -29,10 +20,6 @@ constexpr std::array kPaintOrder = {LAYER_STATE, LAYER_MESG, LAYER_RESERVED, LAY
 /// What is looked up by id stands in the registry before what looks it up.
 constexpr std::array kPlaceOrder = {LAYER_STATE, LAYER_TRANSITION, LAYER_MESG, LAYER_NOTE,
                                     LAYER_RESERVED};
-
-/// Half the height of a transition that is inserted by itself, and of a line's box, model units.
-constexpr std::int32_t kNewTransitionReach = 4;
-constexpr std::int32_t kNewLineReach = 8;
 
 /// The top object, by layer and then by place in the list, for which `hit` holds.
 template <class Hit>
@@ -49,14 +36,11 @@ Shape* TopObject(const std::vector<Shape*>& objects, Layer only, const Hit& hit)
 
 }  // namespace
 
-ModelMgr::ModelMgr(LayoutMgr* view)
-    : menuWindow(std::make_unique<HiddenWindow>(view)),
-      view(view),
-      clipboard(std::make_unique<ModelClipboard>()) {}
+ModelMgr::ModelMgr(ChartView* view, const Factory& factory)
+    : view(view), clipboard(std::make_unique<ModelClipboard>()), factory(factory) {}
 
 ModelMgr::~ModelMgr() {
   clipboard.reset();
-  menuWindow.reset();
   pasteList.clear();
   Hide();
   data.DeleteAll();
@@ -109,77 +93,9 @@ void ModelMgr::RemoveShape(Shape* shape) {
   view->Invalidate();
 }
 
-POINT ModelMgr::ModelPointOfDrop(POINT& client) const {
-  client = client + view->GetScrollPosition();
-  return view->ToModel(client);
-}
-
 void ModelMgr::Adopt(std::unique_ptr<Shape> made) {
   made->AttachTo(this, view);
   data.Append(std::move(made));
-}
-
-void ModelMgr::InsertGenericState(POINT& client) {
-  const POINT p = ModelPointOfDrop(client);
-  Adopt(std::make_unique<GenericState>(NextId(), view, GenericState::DefaultRect() + p,
-                                       CDefaultSettingDlg::Instance().StateName));
-}
-
-void ModelMgr::InsertInitialState(POINT& client) {
-  const POINT p = ModelPointOfDrop(client);
-  Adopt(std::make_unique<InitialState>(NextId(), view, InitialState::DefaultRect() + p));
-}
-
-void ModelMgr::InsertFinalState(POINT& client) {
-  const POINT p = ModelPointOfDrop(client);
-  Adopt(std::make_unique<FinalState>(NextId(), view, FinalState::DefaultRect() + p));
-}
-
-Mesg* ModelMgr::InsertMesg(POINT& client, Transition* transition) {
-  const POINT p = ModelPointOfDrop(client);
-  auto made = std::make_unique<Mesg>(NextId(), view, Mesg::DefaultRect() + p, transition);
-  Mesg* mesg = made.get();
-  Adopt(std::move(made));
-  return mesg;
-}
-
-void ModelMgr::InsertNote(POINT& client) {
-  const POINT p = ModelPointOfDrop(client);
-  Adopt(std::make_unique<Note>(NextId(), view, Note::DefaultRect() + p));
-}
-
-void ModelMgr::InsertTransition(POINT& client) {
-  const POINT p = ModelPointOfDrop(client);
-  const POINT reach{0, kNewTransitionReach};
-  Adopt(std::make_unique<Transition>(NextId(), view, p - reach, p + reach));
-}
-
-void ModelMgr::InsertLine(POINT& client) {
-  const POINT p = ModelPointOfDrop(client);
-  Adopt(std::make_unique<Line>(NextId(), view, p + POINT{-kNewLineReach, kNewLineReach},
-                               p + POINT{kNewLineReach, -kNewLineReach}));
-}
-
-void ModelMgr::ConnectAnchors(StartableState* from, EndableState* to, const AnchorKey* fromKey,
-                              const AnchorKey* toKey, const POINT* endPoint) {
-  const State* fromState = from;
-  const State* toState = to;
-  if (fromState == toState && *fromKey == *toKey) return;
-  const POINT* anchor = from->AnchorAt(*fromKey);
-  if (anchor == nullptr) return;
-
-  POINT client = view->ToClient(*anchor);
-  const POINT p = ModelPointOfDrop(client);
-  const POINT reach{0, kNewTransitionReach};
-  auto made = std::make_unique<Transition>(NextId(), view, p - reach, p + reach);
-  Transition* transition = made.get();
-  Adopt(std::move(made));
-  transition->AttachSource(from, *fromKey);
-  if (to != nullptr) {
-    transition->AttachTarget(to, *toKey);
-  } else {
-    transition->MoveTargetFree(endPoint->x, endPoint->y);
-  }
 }
 
 Shape* ModelMgr::ObjectAt(const POINT& client) const {

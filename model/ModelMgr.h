@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "model/AnchorKey.h"
 #include "model/Collection.h"
 #include "model/Factory.h"
 #include "model/ModelData.h"
@@ -14,20 +13,16 @@
 
 class CDC;
 class CWnd;
-class EndableState;
-class HiddenWindow;
-class LayoutMgr;
-class Mesg;
+class ChartView;
 class ModelClipboard;
 class ObjectBrowser;
-class StartableState;
-class Transition;
 
 /// The model of one open chart: it owns the objects, knows which are selected, gives out ids and
 /// answers what lies where. Client points and rectangles are device pixels.
 class ModelMgr : public ShapeRegistry {
  public:
-  explicit ModelMgr(LayoutMgr* view);
+  /// An empty model of a view, whose objects the factory makes; neither is owned.
+  ModelMgr(ChartView* view, const Factory& factory);
   ~ModelMgr() override;
   ModelMgr(const ModelMgr&) = delete;
   ModelMgr& operator=(const ModelMgr&) = delete;
@@ -47,18 +42,9 @@ class ModelMgr : public ShapeRegistry {
   void AddShape(Shape* shape, std::int32_t id) override;
   void RemoveShape(Shape* shape) override;
 
-  // New objects at a client point, to which the scroll position is added in place.
-  void InsertGenericState(POINT& client);
-  void InsertInitialState(POINT& client);
-  void InsertFinalState(POINT& client);
-  Mesg* InsertMesg(POINT& client, Transition* transition);
-  void InsertNote(POINT& client);
-  void InsertTransition(POINT& client);
-  void InsertLine(POINT& client);
-  /// A transition between two anchors. Without `to` its free end goes to `endPoint`, a client
-  /// point. From an anchor to the same anchor nothing is made.
-  void ConnectAnchors(StartableState* from, EndableState* to, const AnchorKey* fromKey,
-                      const AnchorKey* toKey, const POINT* endPoint);
+  /// Takes a new object over and attaches it.
+  void Adopt(std::unique_ptr<Shape> made);
+  ChartView* GetView() const { return view; }
 
   /// The top object under a client point, or null.
   Shape* ObjectAt(const POINT& client) const;
@@ -106,12 +92,8 @@ class ModelMgr : public ShapeRegistry {
   void Read(ModelStream& stream);
 
  private:
-  void Adopt(std::unique_ptr<Shape> made);
-  POINT ModelPointOfDrop(POINT& client) const;
   ObjectBrowser* Browser() const;
   bool TrackRubberBand(std::int32_t x, std::int32_t y);
-  /// The connection gesture of a press on an anchor; true if the press was used up.
-  bool BeginConnection(std::int32_t x, std::int32_t y);
   std::string SelectionText() const;
   /// Reads records into `pasteList`.
   void ReadPasted(const std::string& text);
@@ -120,11 +102,10 @@ class ModelMgr : public ShapeRegistry {
   void AdoptPasted();
 
   Collection selection;
-  std::unique_ptr<HiddenWindow> menuWindow;
-  LayoutMgr* view;
+  ChartView* view;
   bool shown = false;  ///< window and browser hear of its objects
   std::unique_ptr<ModelClipboard> clipboard;
-  Factory factory;
+  const Factory& factory;
   ModelData data{factory};
   std::vector<std::unique_ptr<Shape>> pasteList;
 };

@@ -2,12 +2,12 @@
 #include <limits>
 #include <sstream>
 
+#include "model/ChartView.h"
+#include "model/ModelClipboard.h"
 #include "model/ModelMgr.h"
-#include "persistence/ModelClipboard.h"
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 // Copying and pasting of objects: the selected records as text, closed by a NUL.
 

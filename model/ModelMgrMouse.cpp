@@ -1,12 +1,7 @@
-#include "connectors/Transition.h"
+#include "model/ChartView.h"
 #include "model/ModelMgr.h"
 #include "platform/CRectTracker.h"
 #include "platform/CWnd.h"
-#include "states/EndableState.h"
-#include "states/StartableState.h"
-#include "surface/HiddenWindow.h"
-#include "surface/LayoutMgr.h"
-#include "surface/PointTracker.h"
 
 // What a press of the mouse means by what lies under it. All points are device pixels.
 
@@ -21,7 +16,8 @@ bool ModelMgr::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   Shape* hit = ObjectAt({x, y});
   const bool withControl = (flags & MK_CONTROL) != 0;
   const bool withShift = (flags & MK_SHIFT) != 0;
-  if (withControl && dynamic_cast<Transition*>(hit) == nullptr) return TrackRubberBand(x, y);
+  if (withControl && (hit == nullptr || !hit->TakesPressWithControl()))
+    return TrackRubberBand(x, y);
   if (hit == nullptr) {
     if (TrackRubberBand(x, y)) return true;
     DeselectAll();
@@ -29,7 +25,7 @@ bool ModelMgr::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   }
   const bool connects = view->IsOverAnchor() && !selection.Contains(hit);
   if (!selection.Contains(hit)) {
-    if (connects && BeginConnection(x, y)) return true;
+    if (connects && view->BeginConnection({x, y})) return true;
     if (!withShift) DeselectAll();
   } else if (withShift) {
     selection.Remove(hit);
@@ -66,8 +62,7 @@ bool ModelMgr::OnContextMenu(CWnd* /*window*/, std::int32_t x, std::int32_t y) {
 bool ModelMgr::ShowObjectMenu(Shape* shape, std::int32_t screenX, std::int32_t screenY) {
   selection.Add(shape);
   shape->OnBroadcast(BROADCAST_SELECTED, nullptr);
-  menuWindow->SetTarget(shape);
-  menuWindow->ShowMenu(shape, {screenX, screenY});
+  view->ShowObjectMenu(shape, {screenX, screenY});
   return true;
 }
 
@@ -78,27 +73,5 @@ bool ModelMgr::TrackRubberBand(std::int32_t x, std::int32_t y) {
   if (found.empty()) return true;
   for (Shape* shape : found) selection.Add(shape);
   selection.Broadcast(BROADCAST_SELECTED, nullptr, nullptr);
-  return true;
-}
-
-bool ModelMgr::BeginConnection(std::int32_t x, std::int32_t y) {
-  const POINT press{x, y};
-  PointTracker tracker(view, LayoutMgr::TrackAnchorTarget, true);
-  tracker.fixedPoint = press;
-  tracker.movingPoint = press;
-  if (!tracker.Track(view)) return true;
-
-  Shape* sourceShape = ObjectNear(press, LAYER_STATE);
-  auto* source = dynamic_cast<StartableState*>(sourceShape);
-  AnchorKey sourceKey;
-  if (source == nullptr || !view->FindAnchorAt(*source, press, sourceKey)) return false;
-
-  const POINT drop = tracker.movingPoint;
-  Shape* targetShape = ObjectNear(drop, LAYER_STATE);
-  auto* target = dynamic_cast<EndableState*>(targetShape);
-  AnchorKey targetKey;
-  if (target == nullptr && targetShape == sourceShape) return false;
-  if (target != nullptr && !view->FindAnchorAt(*target, drop, targetKey)) target = nullptr;
-  ConnectAnchors(source, target, &sourceKey, &targetKey, &drop);
   return true;
 }

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "model/ChartView.h"
 #include "model/Collection.h"
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/CDC.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ bool HasSizeOf(const RECT& a, const RECT& b) {
 
 RectShape::RectShape() = default;
 
-RectShape::RectShape(std::int32_t id, LayoutMgr* view, const RECT& rect, Layer layer)
+RectShape::RectShape(std::int32_t id, ChartView* view, const RECT& rect, Layer layer)
     : Shape(id, view, layer), rect(NormalizeRect(rect)) {}
 
 RectShape::~RectShape() = default;

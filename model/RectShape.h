@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "model/RectTracker.h"
 #include "model/Shape.h"
-#include "surface/RectTracker.h"
 
 /// A shape whose extent is one rectangle, in model units.
 class RectShape : public Shape {
@@ -12,7 +12,7 @@ class RectShape : public Shape {
   static constexpr std::int32_t kMinimumSize = 4;
 
   RectShape();
-  RectShape(std::int32_t id, LayoutMgr* view, const RECT& rect, Layer layer);
+  RectShape(std::int32_t id, ChartView* view, const RECT& rect, Layer layer);
   ~RectShape() override;
 
   void Write(ModelStream& stream) const override;

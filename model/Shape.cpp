@@ -1,13 +1,13 @@
 #include "model/Shape.h"
 
+#include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
-Shape::Shape(std::int32_t id, LayoutMgr* view, Layer layer)
+Shape::Shape(std::int32_t id, ChartView* view, Layer layer)
     : Object(id), view(view), layer(layer) {}
 
 Shape::~Shape() {
@@ -40,11 +40,11 @@ bool Shape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*messa
   return true;
 }
 
-void Shape::AttachTo(ModelMgr* manager, LayoutMgr* layoutMgr) {
+void Shape::AttachTo(ModelMgr* manager, ChartView* chartView) {
   mgr = manager;
   manager->AddShape(this, id);
-  if (layoutMgr != nullptr) {
-    view = layoutMgr;
+  if (chartView != nullptr) {
+    view = chartView;
     OnPlaced();
   } else {
     OnRestored();

@@ -9,7 +9,7 @@
 
 class CDC;
 class CWnd;
-class LayoutMgr;
+class ChartView;
 class ModelMgr;
 
 /// Drawing layers. A higher one paints over a lower one.
@@ -30,7 +30,7 @@ class Shape : public Object, public Collectable {
   using IdMap = std::map<std::int32_t, std::int32_t>;
 
   Shape() = default;
-  Shape(std::int32_t id, LayoutMgr* view, Layer layer);
+  Shape(std::int32_t id, ChartView* view, Layer layer);
   ~Shape() override;
 
   void Write(ModelStream& stream) const override;
@@ -59,6 +59,8 @@ class Shape : public Object, public Collectable {
   /// Mouse events, device pixels of the client area.
   virtual void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y);
   virtual void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y);
+  /// A press with the control key is a gesture of the shape, and draws no rubber band.
+  virtual bool TakesPressWithControl() const { return false; }
   /// Sets the cursor over the shape; false leaves it to the view.
   virtual bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message);
   /// The shape has got a view and a manager: resolve references, make helpers.
@@ -76,12 +78,12 @@ class Shape : public Object, public Collectable {
   virtual RECT GetPaperBounds() const { return GetPaintBounds(); }
 
   /// Puts the shape into a model and, with a view, on a chart.
-  void AttachTo(ModelMgr* manager, LayoutMgr* layoutMgr);
+  void AttachTo(ModelMgr* manager, ChartView* chartView);
   /// The model dies as a whole: the destructor needs to take nothing out of it any more.
   void ForgetModel();
 
   Layer GetLayer() const { return layer; }
-  LayoutMgr* GetView() const { return view; }
+  ChartView* GetView() const { return view; }
   /// This shape is in the selection of its view.
   bool IsInSelection() const;
 
@@ -93,7 +95,7 @@ class Shape : public Object, public Collectable {
   /// Asks "Please confirm deletion", or another text by id; true on Yes.
   static bool ConfirmDeletion(unsigned textId);
 
-  LayoutMgr* view = nullptr;
+  ChartView* view = nullptr;
   ModelMgr* mgr = nullptr;
   Layer layer = LAYER_STATE;
 };

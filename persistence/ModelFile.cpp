@@ -3,7 +3,7 @@
 #include <exception>
 #include <sstream>
 
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/Files.h"
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"

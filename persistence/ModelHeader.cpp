@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/Decimal.h"
 #include "resources/Texts.h"
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "connectors/Transition.h"
-#include "surface/LayoutMgr.h"
+#include "model/ChartView.h"
 
 EndableState::~EndableState() {
   for (Transition* transition : std::exchange(incoming, {})) transition->DetachTarget();

@@ -1,9 +1,9 @@
 #include "states/EntryExitTextBox.h"
 
 #include "dialogs/EntryExitEditor.h"
+#include "model/ChartView.h"
 #include "platform/CDC.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 void EntryExitTextBox::SetTexts(const std::string& entryText, const std::string& exitText) {
   entry = entryText;

@@ -4,16 +4,16 @@
 #include "states/TextHandler.h"
 
 class CDC;
-class LayoutMgr;
+class ChartView;
 
 /// The entry text and the exit text of a state, verbatim, and how they are painted in its
 /// compartment.
 class EntryExitTextBox : public TextHandler {
  public:
   EntryExitTextBox() = default;
-  explicit EntryExitTextBox(LayoutMgr* view) : view(view) {}
+  explicit EntryExitTextBox(ChartView* view) : view(view) {}
 
-  void SetView(LayoutMgr* layoutMgr) { view = layoutMgr; }
+  void SetView(ChartView* chartView) { view = chartView; }
   void SetTexts(const std::string& entryText, const std::string& exitText);
   const std::string& GetEntry() const { return entry; }
   const std::string& GetExit() const { return exit; }
@@ -28,5 +28,5 @@ class EntryExitTextBox : public TextHandler {
  private:
   std::string entry;
   std::string exit;
-  LayoutMgr* view = nullptr;
+  ChartView* view = nullptr;
 };

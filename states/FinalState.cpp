@@ -1,8 +1,8 @@
 #include "states/FinalState.h"
 
+#include "model/ChartView.h"
 #include "model/DrawResources.h"
 #include "platform/CDC.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -14,7 +14,7 @@ const std::string kKeyword = "FinalState";
 
 }  // namespace
 
-FinalState::FinalState(std::int32_t id, LayoutMgr* view, const RECT& rect)
+FinalState::FinalState(std::int32_t id, ChartView* view, const RECT& rect)
     : State(id, view, rect, kKeyword) {}
 
 const std::string& FinalState::GetTypeName() const { return kKeyword; }

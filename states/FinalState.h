@@ -6,7 +6,7 @@
 class FinalState : public EndableState {
  public:
   FinalState() = default;
-  FinalState(std::int32_t id, LayoutMgr* view, const RECT& rect);
+  FinalState(std::int32_t id, ChartView* view, const RECT& rect);
 
   /// The rectangle of a new mark at the origin, model units.
   static constexpr RECT DefaultRect() { return {0, 0, 4, 4}; }

@@ -1,11 +1,11 @@
 #include "states/GenericState.h"
 
-#include "dialogs/CDefaultSettingDlg.h"
 #include "dialogs/StatePropDlg.h"
-#include "persistence/ModelStream.h"
+#include "model/ChartView.h"
+#include "model/Defaults.h"
+#include "model/ModelStream.h"
 #include "platform/CDC.h"
 #include "resources/CommandIds.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -18,10 +18,10 @@ constexpr const char* kNameOfNameless = "State";
 
 }  // namespace
 
-GenericState::GenericState(std::int32_t id, LayoutMgr* view, const RECT& rect,
+GenericState::GenericState(std::int32_t id, ChartView* view, const RECT& rect,
                            const std::string& name)
     : State(id, view, rect, name), entryExit(view) {
-  const CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
+  const Defaults& settings = Defaults::Instance();
   bgColor = settings.StateBgColor;
   transparent = settings.StateBgTransparent;
   entryExit.SetTexts(settings.Entry, settings.Exit);

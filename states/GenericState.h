@@ -8,7 +8,7 @@
 class GenericState : public StartableState, public EndableState {
  public:
   GenericState() = default;
-  GenericState(std::int32_t id, LayoutMgr* view, const RECT& rect, const std::string& name);
+  GenericState(std::int32_t id, ChartView* view, const RECT& rect, const std::string& name);
 
   /// The rectangle of a new state at the origin, model units.
   static constexpr RECT DefaultRect() { return {0, 0, 10, 8}; }

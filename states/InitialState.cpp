@@ -1,8 +1,8 @@
 #include "states/InitialState.h"
 
+#include "model/ChartView.h"
 #include "model/DrawResources.h"
 #include "platform/CDC.h"
-#include "surface/LayoutMgr.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ const std::string kKeyword = "InitialState";
 
 }  // namespace
 
-InitialState::InitialState(std::int32_t id, LayoutMgr* view, const RECT& rect)
+InitialState::InitialState(std::int32_t id, ChartView* view, const RECT& rect)
     : State(id, view, rect, kKeyword) {}
 
 const std::string& InitialState::GetTypeName() const { return kKeyword; }

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "connectors/Transition.h"
-#include "surface/LayoutMgr.h"
+#include "model/ChartView.h"
 
 StartableState::~StartableState() {
   for (Transition* transition : std::exchange(outgoing, {})) transition->DetachSource();

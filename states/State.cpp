@@ -1,13 +1,13 @@
 #include "states/State.h"
 
-#include "dialogs/CDefaultSettingDlg.h"
-#include "persistence/ModelStream.h"
+#include "model/Defaults.h"
+#include "model/ModelStream.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
-State::State(std::int32_t id, LayoutMgr* view, const RECT& rect, const std::string& name)
+State::State(std::int32_t id, ChartView* view, const RECT& rect, const std::string& name)
     : ConnectableRectShape(id, view, rect, LAYER_STATE), name(name) {
-  showAnchors = CDefaultSettingDlg::Instance().StateAnchor != 0;
+  showAnchors = Defaults::Instance().StateAnchor != 0;
 }
 
 void State::Write(ModelStream& stream) const {

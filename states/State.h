@@ -8,7 +8,7 @@
 class State : public ConnectableRectShape {
  public:
   State() = default;
-  State(std::int32_t id, LayoutMgr* view, const RECT& rect, const std::string& name);
+  State(std::int32_t id, ChartView* view, const RECT& rect, const std::string& name);
 
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;

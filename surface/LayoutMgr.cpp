@@ -5,13 +5,14 @@
 #include <sstream>
 #include <utility>
 
-#include "dialogs/CDefaultSettingDlg.h"
+#include "connectors/ChartFactory.h"
+#include "model/Defaults.h"
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
+#include "model/ModelStream.h"
 #include "model/ObjectBrowser.h"
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelHeader.h"
-#include "persistence/ModelStream.h"
 #include "persistence/UndoHistory.h"
 #include "platform/CDC.h"
 #include "platform/MessageBox.h"
@@ -28,7 +29,8 @@ constexpr std::int32_t kPageStep = 6;
 }  // namespace
 
 LayoutMgr::LayoutMgr()
-    : model(std::make_shared<ModelMgr>(this)), undoHistory(std::make_unique<UndoHistory>()) {
+    : model(std::make_shared<ModelMgr>(this, ChartFactory())),
+      undoHistory(std::make_unique<UndoHistory>()) {
   model->Show();
 }
 
@@ -39,31 +41,10 @@ LayoutMgr::~LayoutMgr() {
 
 bool LayoutMgr::IsBusy() const { return IsGestureRunning() || ModalLoop::IsRunning(); }
 
-RECT LayoutMgr::ToLogical(const RECT& r) const {
-  return {ToLogical(r.left), ToLogical(r.top), ToLogical(r.right), ToLogical(r.bottom)};
-}
-
-RECT LayoutMgr::ToDevice(const RECT& r) const {
-  return {ToDevice(r.left), ToDevice(r.top), ToDevice(r.right), ToDevice(r.bottom)};
-}
-
-RECT LayoutMgr::ToModel(const RECT& r) const {
-  return {ToModel(r.left), ToModel(r.top), ToModel(r.right), ToModel(r.bottom)};
-}
-
 Collection& LayoutMgr::GetSelection() const { return model->GetSelection(); }
-
-void LayoutMgr::UpdateNodes(Shape* shape) {
-  if (objectTree != nullptr) objectTree->UpdateNodes(shape);
-}
 
 Shape* LayoutMgr::FindShapeNear(const POINT& client, Layer layer) const {
   return model->ObjectNear(client, layer);
-}
-
-void LayoutMgr::InvalidateModelRect(const RECT& first, const RECT& second) {
-  InvalidateRect(first);
-  InvalidateRect(second);
 }
 
 void LayoutMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const {
@@ -98,7 +79,7 @@ void LayoutMgr::MakeFonts() {
   constexpr std::int32_t smallest = 10;
   constexpr std::int32_t greatest = 5000;
   constexpr std::int32_t tenthsPerPoint = 10;
-  const CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
+  const Defaults& settings = Defaults::Instance();
   const std::int32_t size = std::clamp(settings.FontSize, smallest, greatest);
   font = CFont::FromTenthsOfPoint(size, settings.FontName);
   boldFont = CFont::FromTenthsOfPoint(size / tenthsPerPoint * tenthsPerPoint, settings.FontName);
@@ -111,7 +92,7 @@ void LayoutMgr::OnInitialUpdate() {
   SetScrollSizes({ToLogical(kChartSize.cx), ToLogical(kChartSize.cy)},
                  {ToLogical(zoom), ToLogical(zoom)});
   MakeFonts();
-  showGrid = CDefaultSettingDlg::Instance().ShowGrid != 0;
+  showGrid = Defaults::Instance().ShowGrid != 0;
   KeepSnapshot();
   if (auto* document = dynamic_cast<CMorvaneDoc*>(GetDocument())) document->RememberSavedText();
   if (objectTree != nullptr) objectTree->Attach(this);
@@ -218,8 +199,9 @@ void LayoutMgr::Read(ModelStream& stream) {
   std::int16_t storedZoom = kNormalZoom;
   stream >> storedZoom;
   SkipLine(stream.In());
-  auto chart = std::make_unique<ReadChart>(ReadChart{std::clamp(storedZoom, kMinZoom, kMaxZoom),
-                                                     std::make_unique<ModelMgr>(this), properties});
+  auto chart = std::make_unique<ReadChart>(
+      ReadChart{std::clamp(storedZoom, kMinZoom, kMaxZoom),
+                std::make_unique<ModelMgr>(this, ChartFactory()), properties});
   chart->model->Read(stream);
   chart->properties.Read(stream);
   readChart = std::move(chart);

@@ -7,92 +7,50 @@
 
 #include "codegen/ModelProperties.h"
 #include "connectors/AnchorMarker.h"
-#include "model/AnchorKey.h"
+#include "model/ChartView.h"
 #include "model/Shape.h"
-#include "model/ShapeGeometry.h"
-#include "platform/CScrollView.h"
 #include "platform/DrawingTools.h"
 #include "platform/SharedText.h"
+#include "surface/HiddenWindow.h"
 
 class Collection;
-class Connectable;
 class ModelMgr;
 class ModelStream;
 class ObjectBrowser;
 class UndoHistory;
 enum class GeneratorKind;
 
-/// The view of a chart. It owns the model and all else that belongs to one open chart, and turns
-/// between model units (stored), logical units (painted, six to a model unit) and device pixels
-/// (the mouse, `zoom` to a model unit).
-class LayoutMgr : public CScrollView {
+/// The view of a chart. It owns the model and all else that belongs to one open chart.
+class LayoutMgr : public ChartView {
  public:
-  static constexpr std::int16_t kMinZoom = 2;
-  static constexpr std::int16_t kMaxZoom = 13;
-  static constexpr std::int16_t kNormalZoom = 6;
-  static constexpr std::int32_t kLogicalPerModel = 6;
-  static constexpr SIZE kChartSize{1500, 1500};  ///< model units
-
   LayoutMgr();
   ~LayoutMgr() override;
 
-  // Conversions. The point and rectangle forms treat each coordinate alone.
-  std::int32_t ToLogical(std::int32_t model) const { return MulSat(model, kLogicalPerModel); }
-  std::int32_t ToDevice(std::int32_t model) const { return MulSat(model, zoom); }
-  std::int32_t ToModel(std::int32_t device) const {
-    return RoundHalfAway(static_cast<double>(device) / zoom);
-  }
-  POINT ToLogical(POINT p) const { return {ToLogical(p.x), ToLogical(p.y)}; }
-  POINT ToDevice(POINT p) const { return {ToDevice(p.x), ToDevice(p.y)}; }
-  POINT ToModel(POINT p) const { return {ToModel(p.x), ToModel(p.y)}; }
-  RECT ToLogical(const RECT& r) const;
-  RECT ToDevice(const RECT& r) const;
-  RECT ToModel(const RECT& r) const;
-  /// Adds or subtracts the scroll position, in model units.
-  POINT AddScroll(POINT p) const { return p + ScrollInModel(); }
-  POINT SubScroll(POINT p) const { return p - ScrollInModel(); }
-  RECT AddScroll(const RECT& r) const { return r + ScrollInModel(); }
-  RECT SubScroll(const RECT& r) const { return r - ScrollInModel(); }
-  /// Device pixels of an absolute model point, and back.
-  POINT ToClient(POINT model) const { return ToDevice(SubScroll(model)); }
-  RECT ToClient(const RECT& model) const { return ToDevice(SubScroll(model)); }
-  POINT ToAbsolute(POINT client) const { return AddScroll(ToModel(client)); }
-
-  std::int16_t GetZoom() const { return zoom; }
-  Collection& GetSelection() const;
+  Collection& GetSelection() const override;
   /// The model that is shown. All of its objects are placed, always.
   ModelMgr& GetModel() const { return *model; }
   /// Keeps the present model alive for an operation on its objects that waits for the user, should
   /// the view get another one meanwhile.
   std::shared_ptr<ModelMgr> HoldModel() const { return model; }
   ModelProperties& GetProperties() { return properties; }
-  /// Null for a chart that no browser follows.
-  ObjectBrowser* GetObjectTree() const { return objectTree; }
+  ObjectBrowser* GetObjectTree() const override { return objectTree; }
   void SetObjectTree(ObjectBrowser* tree) { objectTree = tree; }
-  /// Tells the browser, if there is one, that an object shows differently now.
-  void UpdateNodes(Shape* shape);
   const CFont& GetFont() const { return font; }
-  const CFont& GetBoldFont() const { return boldFont; }
-  COLORREF GetTextColor() const { return textColor; }
-  /// Sets a text in the chart's font and colour into a rectangle in logical units, broken at words
-  /// and cut off at the rectangle.
-  void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const;
+  const CFont& GetBoldFont() const override { return boldFont; }
+  COLORREF GetTextColor() const override { return textColor; }
+  void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const override;
   bool IsGridShown() const { return showGrid; }
   bool IsPrintedToFit() const { return printToFit != 0; }
   int GetPagesAcross() const { return pagesAcross; }
   int GetPagesDown() const { return pagesDown; }
 
   Shape* FindShapeNear(const POINT& client, Layer layer) const;
-  /// Asks for a repaint of rectangles in device pixels.
-  void InvalidateModelRect(const RECT& device) { InvalidateRect(device); }
-  void InvalidateModelRect(const RECT& first, const RECT& second);
   /// The lower right corner of all objects, model units.
   void GetChartExtent(std::int32_t& right, std::int32_t& bottom) const;
   void BringToFront(Shape* shape);
-  /// The anchor of a shape that answers at a client point.
-  bool FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const;
-  /// The pointer is on an anchor where a connection can start.
-  bool IsOverAnchor() const { return overAnchor; }
+  bool IsOverAnchor() const override { return overAnchor; }
+  bool BeginConnection(POINT press) override;
+  void ShowObjectMenu(Shape* shape, POINT screen) override;
   /// The callback while a connection is drawn: `context` is the view; the point is in device pixels
   /// and jumps to an anchor where the connection can end.
   static void TrackAnchorTarget(POINT& client, void* context);
@@ -109,9 +67,7 @@ class LayoutMgr : public CScrollView {
   /// history and shows it to the document; a text that hasn't changed adds nothing. Then the
   /// messages come that the operation gave rise to, so that it has to be the last thing done.
   void TakeSnapshot();
-  /// Notes a message that came up while the model was changing; it is shown, once, when the
-  /// operation is over and the model whole.
-  void TellLater(std::string text);
+  void TellLater(std::string text) override;
   /// Shows another whole model text, as one step that can be undone. False, with nothing changed,
   /// when the text can't be read; `reason` then says why, for the user.
   bool ReplaceText(const std::string& text, std::string& reason);
@@ -162,7 +118,6 @@ class LayoutMgr : public CScrollView {
   bool IsGestureRunning() const { return HasCapture() && !toolDragging; }
   /// Nor from under a box, a menu or a dialog: what comes from the mouse and the keys passes by.
   bool IsBusy() const;
-  POINT ScrollInModel() const { return ToModel(GetScrollPosition()); }
   void MakeFonts();
   void DrawGrid(CDC& dc) const;
   void ChangeZoom(std::int16_t value);
@@ -204,7 +159,7 @@ class LayoutMgr : public CScrollView {
   CFont font;
   CFont boldFont;
   COLORREF textColor = 0;
-  std::int16_t zoom = kNormalZoom;
+  HiddenWindow menuWindow{this};  ///< takes the commands of the objects' menus
   ModelProperties properties;
   std::shared_ptr<ModelMgr> model;       ///< never null, all of it placed
   std::unique_ptr<ReadChart> readChart;  ///< what waits to be placed; mostly null

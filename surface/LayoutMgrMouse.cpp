@@ -1,7 +1,9 @@
 #include "connectors/AnchorSnap.h"
+#include "connectors/NewObjects.h"
 #include "model/Collection.h"
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
+#include "model/PointTracker.h"
 #include "platform/CDC.h"
 #include "platform/DragImages.h"
 #include "platform/ModalLoop.h"
@@ -24,14 +26,31 @@ bool IsTool(unsigned id) { return id >= ID_TOOL_STATE && id <= ID_TOOL_LINE; }
 
 }  // namespace
 
-bool LayoutMgr::FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const {
-  return shape.FindAnchorNear(ToLogical(ToAbsolute(client)), key);
-}
-
 void LayoutMgr::TrackAnchorTarget(POINT& client, void* context) {
   auto& view = *static_cast<LayoutMgr*>(context);
   const auto* target = dynamic_cast<EndableState*>(view.FindShapeNear(client, LAYER_STATE));
   SnapToAnchor(target, view, view.targetMark, client);
+}
+
+bool LayoutMgr::BeginConnection(POINT press) {
+  PointTracker tracker(this, TrackAnchorTarget, true);
+  tracker.fixedPoint = press;
+  tracker.movingPoint = press;
+  if (!tracker.Track(this)) return true;
+
+  Shape* sourceShape = FindShapeNear(press, LAYER_STATE);
+  auto* source = dynamic_cast<StartableState*>(sourceShape);
+  AnchorKey sourceKey;
+  if (source == nullptr || !FindAnchorAt(*source, press, sourceKey)) return false;
+
+  const POINT drop = tracker.movingPoint;
+  Shape* targetShape = FindShapeNear(drop, LAYER_STATE);
+  auto* target = dynamic_cast<EndableState*>(targetShape);
+  AnchorKey targetKey;
+  if (target == nullptr && targetShape == sourceShape) return false;
+  if (target != nullptr && !FindAnchorAt(*target, drop, targetKey)) target = nullptr;
+  ConnectAnchors(*model, source, target, &sourceKey, &targetKey, &drop);
+  return true;
 }
 
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
@@ -91,6 +110,11 @@ void LayoutMgr::OnContextMenu(POINT screen) {
   ShowChartMenu(screen);
 }
 
+void LayoutMgr::ShowObjectMenu(Shape* shape, POINT screen) {
+  menuWindow.SetTarget(shape);
+  menuWindow.ShowMenu(shape, screen);
+}
+
 void LayoutMgr::ShowChartMenu(POINT screen) {
   std::vector<PopupMenus::Item> items;
   for (const ObjectMenuEntry& entry : MenuOfChart()) {
@@ -135,12 +159,12 @@ void LayoutMgr::EndToolDrag() {
 
 void LayoutMgr::InsertTool(POINT client) {
   switch (tool) {
-    case ID_TOOL_STATE: model->InsertGenericState(client); break;
-    case ID_TOOL_TRANSITION: model->InsertTransition(client); break;
-    case ID_TOOL_INITIAL_STATE: model->InsertInitialState(client); break;
-    case ID_TOOL_FINAL_STATE: model->InsertFinalState(client); break;
-    case ID_TOOL_NOTE: model->InsertNote(client); break;
-    case ID_TOOL_LINE: model->InsertLine(client); break;
+    case ID_TOOL_STATE: InsertGenericState(*model, client); break;
+    case ID_TOOL_TRANSITION: InsertTransition(*model, client); break;
+    case ID_TOOL_INITIAL_STATE: InsertInitialState(*model, client); break;
+    case ID_TOOL_FINAL_STATE: InsertFinalState(*model, client); break;
+    case ID_TOOL_NOTE: InsertNote(*model, client); break;
+    case ID_TOOL_LINE: InsertLine(*model, client); break;
     default: break;
   }
 }

@@ -1,9 +1,9 @@
 #include <QApplication>
 
-#include "dialogs/CDefaultSettingDlg.h"
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/qt/AnyHand.h"
 #include "fuzz/qt/Application.h"
+#include "model/Defaults.h"
 #include "platform/Clipboard.h"
 #include "platform/Files.h"
 #include "platform/Profile.h"
@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   ByteSource source(data, size);
   MemoryProfile profile;
   Profile* former = Service<Profile>::Set(&profile);
-  CDefaultSettingDlg::Instance().LoadSettings();
+  Defaults::Instance().Load();
   Service<Clipboard>::Get().Put({});
   const std::string path = Folder().Path("chart.mrv");
   const std::string charts[] = {ChartText(""), FullChart(), SmallChart()};

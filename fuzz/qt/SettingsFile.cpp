@@ -1,10 +1,10 @@
 #include <QMainWindow>
 #include <QToolBar>
 
-#include "dialogs/CDefaultSettingDlg.h"
 #include "fuzz/AgreeingMessageBoxes.h"
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/qt/Application.h"
+#include "model/Defaults.h"
 #include "platform/Files.h"
 #include "platform/RecentFiles.h"
 #include "platform/qt/QtProfile.h"
@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QtProfile profile(path);
     Profile* former = Service<Profile>::Set(&profile);
     LoadLanguage("");
-    CDefaultSettingDlg::Instance().LoadSettings();
+    Defaults::Instance().Load();
     RecentFiles recent;
     recent.Load();
     recent.Add("chart.mrv");
@@ -60,12 +60,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     Service<Profile>::Set(former);
   }
-  const std::string entry = CDefaultSettingDlg::Instance().Entry;
+  const std::string entry = Defaults::Instance().Entry;
   QtProfile again(path);
   Profile* former = Service<Profile>::Set(&again);
-  CDefaultSettingDlg::Instance().LoadSettings();
+  Defaults::Instance().Load();
   Service<Profile>::Set(former);
-  Require(CDefaultSettingDlg::Instance().Entry == entry, "a setting changes in the file");
+  Require(Defaults::Instance().Entry == entry, "a setting changes in the file");
   Service<TextSource>::Set(nullptr);
   return 0;
 }

@@ -1,4 +1,4 @@
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 

@@ -1,4 +1,4 @@
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/CDialog.h"
 #include "platform/CDocManager.h"
 #include "platform/PopupMenus.h"

@@ -1,7 +1,8 @@
 #include "tests/scenarios/Scenario.h"
 
 #include "dialogs/CDefaultSettingDlg.h"
-#include "persistence/ModelClipboard.h"
+#include "model/Defaults.h"
+#include "model/ModelClipboard.h"
 #include "shell/HelpCommands.h"
 #include "shell/MenuTable.h"
 #include "tests/support/Routes.h"
@@ -73,7 +74,7 @@ std::string Records(const FakeClipboard& clipboard) {
 Scenario::~Scenario() {
   manager.CloseAllDocuments();
   static_cast<MemoryProfile&>(settings) = {};
-  CDefaultSettingDlg::Instance().LoadSettings();
+  Defaults::Instance().Load();
 }
 
 Scenario::Frame::Frame(CDocument& document)
@@ -292,7 +293,7 @@ void Scenario::Set(const std::string& setting) {
   const std::size_t equals = setting.find('=');
   settings.MemoryProfile::Write(
       "Settings", {{setting.substr(0, equals), Unescaped(setting.substr(equals + 1))}});
-  CDefaultSettingDlg::Instance().LoadSettings();
+  Defaults::Instance().Load();
 }
 
 /// What another program put there, or that it keeps the clipboard to itself.

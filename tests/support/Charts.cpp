@@ -3,7 +3,7 @@
 #include <sstream>
 
 #include "model/ModelMgr.h"
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 #include "platform/CMetaFileDC.h"
 #include "platform/CNullDC.h"
 #include "surface/LayoutMgr.h"

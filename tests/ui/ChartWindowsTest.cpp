@@ -1,3 +1,4 @@
+#include "connectors/NewObjects.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "shell/MenuTable.h"
 #include "shell/qt/ChartBrowserPane.h"
@@ -53,7 +54,7 @@ TEST_F(ChartWindows, EachHasAnObjectBrowserOfItsChart) {
   Open();
   QWidget& first = frame->ActiveChild()->ObjectBrowser();
   POINT place{50, 50};
-  ViewOf(Open()).GetModel().InsertInitialState(place);
+  InsertInitialState(ViewOf(Open()).GetModel(), place);
   QApplication::processEvents();
   ObjectBrowserPane& second = frame->ActiveChild()->ObjectBrowser();
   const QAbstractItemModel& shown = *second.Window().model();

@@ -1,6 +1,6 @@
 #include <QSvgRenderer>
 
-#include "dialogs/CDefaultSettingDlg.h"
+#include "model/Defaults.h"
 #include "platform/CSvgDC.h"
 #include "platform/EmfWriter.h"
 #include "platform/qt/QtPictures.h"
@@ -119,7 +119,7 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
   }
   ~GoldenPicture() override { Settings().FontName = formerFace; }
 
-  static CDefaultSettingDlg& Settings() { return CDefaultSettingDlg::Instance(); }
+  static Defaults& Settings() { return Defaults::Instance(); }
   static QString GoldenPath() {
     return QStringLiteral(MORVANE_SOURCE_DIR "/tests/golden/%1.png").arg(GetParam().name);
   }

@@ -1,4 +1,4 @@
-#include "surface/RectTracker.h"
+#include "model/RectTracker.h"
 
 #include "model/RectShape.h"
 

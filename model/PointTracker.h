@@ -1,6 +1,6 @@
 #pragma once
 
-#include "surface/BaseTracker.h"
+#include "model/BaseTracker.h"
 
 /// Draws a line from a fixed point to the pointer, or nothing: then it only runs the loop and the
 /// callback.

@@ -1,4 +1,4 @@
-#include "persistence/RecordLine.h"
+#include "model/RecordLine.h"
 
 #include <string_view>
 

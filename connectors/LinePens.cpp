@@ -1,4 +1,4 @@
-#include "dialogs/LinePens.h"
+#include "connectors/LinePens.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "surface/PointTracker.h"
+#include "model/PointTracker.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "surface/BaseTracker.h"
+#include "model/BaseTracker.h"
 
 /// Shows a segment that moves parallel to itself, joined to its old ends. A horizontal segment
 /// moves up and down, any other one left and right.

@@ -1,4 +1,4 @@
-#include "persistence/ModelClipboard.h"
+#include "model/ModelClipboard.h"
 
 #include "platform/Clipboard.h"
 #include "platform/MessageBox.h"

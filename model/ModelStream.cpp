@@ -1,4 +1,4 @@
-#include "persistence/ModelStream.h"
+#include "model/ModelStream.h"
 
 #include <array>
 #include <charconv>

@@ -1,11 +1,11 @@
-#include "surface/BaseTracker.h"
+#include "model/BaseTracker.h"
 
+#include "model/ChartView.h"
 #include "model/DrawResources.h"
 #include "platform/CDC.h"
 #include "platform/ModalLoop.h"
-#include "surface/LayoutMgr.h"
 
-bool BaseTracker::Track(LayoutMgr* view) {
+bool BaseTracker::Track(ChartView* view) {
   if (view->HasCapture()) return false;
   const ModalLoop loop;
   view->SetCapture();

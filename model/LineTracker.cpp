@@ -1,4 +1,4 @@
-#include "surface/LineTracker.h"
+#include "model/LineTracker.h"
 
 #include <array>
 

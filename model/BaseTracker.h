@@ -3,7 +3,7 @@
 #include "platform/Geometry.h"
 
 class CDC;
-class LayoutMgr;
+class ChartView;
 
 /// The feedback of a mouse drag: a short modal loop that takes the mouse and draws something that
 /// follows the pointer. Nothing of the model changes meanwhile. It lives on the stack of a gesture:
@@ -20,7 +20,7 @@ class BaseTracker {
 
   /// True when the drag ended with the button and with a result; false when it was cancelled or the
   /// mouse was lost, and at once while something else, as a tool that is placed, holds the mouse.
-  bool Track(LayoutMgr* view);
+  bool Track(ChartView* view);
 
   /// The button came up: takes the feedback away and gives the result of `Track`.
   virtual bool Finish(POINT& point, CDC* dc) = 0;

@@ -1,0 +1,6 @@
+#pragma once
+
+class Factory;
+
+/// The factory of all kinds of objects that a chart can hold. A new kind is a row of its table.
+const Factory& ChartFactory();

@@ -1,0 +1,88 @@
+#include "connectors/NewObjects.h"
+
+#include <memory>
+#include <utility>
+
+#include "connectors/Line.h"
+#include "connectors/Mesg.h"
+#include "connectors/Note.h"
+#include "connectors/Transition.h"
+#include "model/ChartView.h"
+#include "model/Defaults.h"
+#include "model/ModelMgr.h"
+#include "states/FinalState.h"
+#include "states/GenericState.h"
+#include "states/InitialState.h"
+
+namespace {
+
+/// Half the height of a transition that is inserted by itself, and of a line's box, model units.
+constexpr POINT kNewTransitionReach{0, 4};
+constexpr std::int32_t kNewLineReach = 8;
+
+POINT ModelPointOfDrop(const ModelMgr& model, POINT& client) {
+  client = client + model.GetView()->GetScrollPosition();
+  return model.GetView()->ToModel(client);
+}
+
+/// An object of a class whose new ones have a default rectangle.
+template <class Made, class... Rest>
+Made* InsertAt(ModelMgr& model, POINT& client, Rest... rest) {
+  const RECT rect = Made::DefaultRect() + ModelPointOfDrop(model, client);
+  auto made = std::make_unique<Made>(model.NextId(), model.GetView(), rect, rest...);
+  Made* object = made.get();
+  model.Adopt(std::move(made));
+  return object;
+}
+
+Transition* NewTransition(ModelMgr& model, POINT& client) {
+  const POINT p = ModelPointOfDrop(model, client);
+  auto made = std::make_unique<Transition>(model.NextId(), model.GetView(), p - kNewTransitionReach,
+                                           p + kNewTransitionReach);
+  Transition* transition = made.get();
+  model.Adopt(std::move(made));
+  return transition;
+}
+
+}  // namespace
+
+void InsertGenericState(ModelMgr& model, POINT& client) {
+  InsertAt<GenericState>(model, client, Defaults::Instance().StateName);
+}
+
+void InsertInitialState(ModelMgr& model, POINT& client) { InsertAt<InitialState>(model, client); }
+
+void InsertFinalState(ModelMgr& model, POINT& client) { InsertAt<FinalState>(model, client); }
+
+Mesg* InsertMesg(ModelMgr& model, POINT& client, Transition* transition) {
+  return InsertAt<Mesg>(model, client, transition);
+}
+
+void InsertNote(ModelMgr& model, POINT& client) { InsertAt<Note>(model, client); }
+
+void InsertTransition(ModelMgr& model, POINT& client) { NewTransition(model, client); }
+
+void InsertLine(ModelMgr& model, POINT& client) {
+  const POINT p = ModelPointOfDrop(model, client);
+  model.Adopt(std::make_unique<Line>(model.NextId(), model.GetView(),
+                                     p + POINT{-kNewLineReach, kNewLineReach},
+                                     p + POINT{kNewLineReach, -kNewLineReach}));
+}
+
+void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
+                    const AnchorKey* fromKey, const AnchorKey* toKey, const POINT* endPoint) {
+  const State* fromState = from;
+  const State* toState = to;
+  if (fromState == toState && *fromKey == *toKey) return;
+  const POINT* anchor = from->AnchorAt(*fromKey);
+  if (anchor == nullptr) return;
+
+  POINT client = model.GetView()->ToClient(*anchor);
+  Transition* transition = NewTransition(model, client);
+  transition->AttachSource(from, *fromKey);
+  if (to != nullptr) {
+    transition->AttachTarget(to, *toKey);
+  } else {
+    transition->MoveTargetFree(endPoint->x, endPoint->y);
+  }
+}

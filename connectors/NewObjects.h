@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Geometry.h"
+
+class EndableState;
+class Mesg;
+class ModelMgr;
+class StartableState;
+class Transition;
+struct AnchorKey;
+
+// New objects of a model with a view. `client` is a client point, device pixels, to which the
+// scroll position is added in place.
+void InsertGenericState(ModelMgr& model, POINT& client);
+void InsertInitialState(ModelMgr& model, POINT& client);
+void InsertFinalState(ModelMgr& model, POINT& client);
+Mesg* InsertMesg(ModelMgr& model, POINT& client, Transition* transition);
+void InsertNote(ModelMgr& model, POINT& client);
+void InsertTransition(ModelMgr& model, POINT& client);
+void InsertLine(ModelMgr& model, POINT& client);
+/// A transition between two anchors. Without `to` its free end goes to `endPoint`, a client point.
+/// From an anchor to the same anchor nothing is made.
+void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
+                    const AnchorKey* fromKey, const AnchorKey* toKey, const POINT* endPoint);

@@ -1,0 +1,29 @@
+#include "model/ChartView.h"
+
+#include "model/Connectable.h"
+#include "model/ObjectBrowser.h"
+
+RECT ChartView::ToLogical(const RECT& r) const {
+  return {ToLogical(r.left), ToLogical(r.top), ToLogical(r.right), ToLogical(r.bottom)};
+}
+
+RECT ChartView::ToDevice(const RECT& r) const {
+  return {ToDevice(r.left), ToDevice(r.top), ToDevice(r.right), ToDevice(r.bottom)};
+}
+
+RECT ChartView::ToModel(const RECT& r) const {
+  return {ToModel(r.left), ToModel(r.top), ToModel(r.right), ToModel(r.bottom)};
+}
+
+void ChartView::InvalidateModelRect(const RECT& first, const RECT& second) {
+  InvalidateRect(first);
+  InvalidateRect(second);
+}
+
+void ChartView::UpdateNodes(Shape* shape) {
+  if (ObjectBrowser* browser = GetObjectTree()) browser->UpdateNodes(shape);
+}
+
+bool ChartView::FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const {
+  return shape.FindAnchorNear(ToLogical(ToAbsolute(client)), key);
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/AnchorKey.h"
+#include "model/ShapeGeometry.h"
+#include "platform/CScrollView.h"
+#include "platform/DrawingTools.h"
+
+class Collection;
+class Connectable;
+class ObjectBrowser;
+class Shape;
+
+/// What the objects of a chart know of the view that shows them: a window that scrolls and can be
+/// drawn on, the conversions between its three kinds of coordinates, and what they ask of it. Model
+/// units are stored, logical units are painted, six to a model unit, and device pixels are the
+/// mouse's, `zoom` to a model unit.
+class ChartView : public CScrollView {
+ public:
+  static constexpr std::int16_t kMinZoom = 2;
+  static constexpr std::int16_t kMaxZoom = 13;
+  static constexpr std::int16_t kNormalZoom = 6;
+  static constexpr std::int32_t kLogicalPerModel = 6;
+  static constexpr SIZE kChartSize{1500, 1500};  ///< model units
+
+  // Conversions. The point and rectangle forms treat each coordinate alone.
+  std::int32_t ToLogical(std::int32_t model) const { return MulSat(model, kLogicalPerModel); }
+  std::int32_t ToDevice(std::int32_t model) const { return MulSat(model, zoom); }
+  std::int32_t ToModel(std::int32_t device) const {
+    return RoundHalfAway(static_cast<double>(device) / zoom);
+  }
+  POINT ToLogical(POINT p) const { return {ToLogical(p.x), ToLogical(p.y)}; }
+  POINT ToDevice(POINT p) const { return {ToDevice(p.x), ToDevice(p.y)}; }
+  POINT ToModel(POINT p) const { return {ToModel(p.x), ToModel(p.y)}; }
+  RECT ToLogical(const RECT& r) const;
+  RECT ToDevice(const RECT& r) const;
+  RECT ToModel(const RECT& r) const;
+  /// Adds or subtracts the scroll position, in model units.
+  POINT AddScroll(POINT p) const { return p + ScrollInModel(); }
+  POINT SubScroll(POINT p) const { return p - ScrollInModel(); }
+  RECT AddScroll(const RECT& r) const { return r + ScrollInModel(); }
+  RECT SubScroll(const RECT& r) const { return r - ScrollInModel(); }
+  /// Device pixels of an absolute model point, and back.
+  POINT ToClient(POINT model) const { return ToDevice(SubScroll(model)); }
+  RECT ToClient(const RECT& model) const { return ToDevice(SubScroll(model)); }
+  POINT ToAbsolute(POINT client) const { return AddScroll(ToModel(client)); }
+  std::int16_t GetZoom() const { return zoom; }
+
+  /// Asks for a repaint of rectangles in device pixels.
+  void InvalidateModelRect(const RECT& device) { InvalidateRect(device); }
+  void InvalidateModelRect(const RECT& first, const RECT& second);
+
+  virtual Collection& GetSelection() const = 0;
+  /// Null for a chart that no browser follows.
+  virtual ObjectBrowser* GetObjectTree() const = 0;
+  /// Tells the browser, if there is one, that an object shows differently now.
+  void UpdateNodes(Shape* shape);
+
+  virtual const CFont& GetBoldFont() const = 0;
+  virtual COLORREF GetTextColor() const = 0;
+  /// Sets a text in the chart's font and colour into a rectangle in logical units, broken at words
+  /// and cut off at the rectangle.
+  virtual void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const = 0;
+
+  /// The anchor of a shape that answers at a client point.
+  bool FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const;
+  /// The pointer is on an anchor where a connection can start.
+  virtual bool IsOverAnchor() const = 0;
+  /// Draws a connection from a press on an anchor, a client point, to where the button comes up;
+  /// true if the press was used up.
+  virtual bool BeginConnection(POINT press) = 0;
+  /// Opens the context menu of an object at a screen point and carries out what is chosen.
+  virtual void ShowObjectMenu(Shape* shape, POINT screen) = 0;
+  /// Notes a message that came up while the model was changing; it is shown, once, when the
+  /// operation is over and the model whole.
+  virtual void TellLater(std::string text) = 0;
+
+ protected:
+  POINT ScrollInModel() const { return ToModel(GetScrollPosition()); }
+
+  std::int16_t zoom = kNormalZoom;
+};
