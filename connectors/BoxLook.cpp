@@ -1,6 +1,6 @@
 #include "connectors/BoxLook.h"
 
-#include "dialogs/MesgPropDlg.h"
+#include "model/Editors.h"
 #include "model/ModelStream.h"
 
 void BoxLook::Write(ModelStream& stream) const {
@@ -11,17 +11,14 @@ void BoxLook::Read(ModelStream& stream) {
   stream >> bgTransparent >> noBorder >> bgColor >> borderColor;
 }
 
-bool BoxLook::Edit(MesgPropDlg& dialog, bool& showAnchors) {
-  dialog.transparent = bgTransparent;
-  dialog.noBorder = noBorder;
-  dialog.hidden = showAnchors ? 0 : 1;
-  dialog.bgColor = bgColor;
-  dialog.borderColor = borderColor;
-  if (!dialog.DoModal()) return false;
-  bgTransparent = dialog.transparent;
-  noBorder = dialog.noBorder;
-  showAnchors = dialog.hidden == 0;
-  bgColor = dialog.bgColor;
-  borderColor = dialog.borderColor;
-  return true;
+BoxFields BoxLook::Fields(bool showAnchors) const {
+  return {bgTransparent, noBorder, showAnchors ? 0 : 1, bgColor, borderColor};
+}
+
+void BoxLook::Take(const BoxFields& fields, bool& showAnchors) {
+  bgTransparent = fields.transparent;
+  noBorder = fields.noBorder;
+  showAnchors = fields.hidden == 0;
+  bgColor = fields.bgColor;
+  borderColor = fields.borderColor;
 }

@@ -4,15 +4,16 @@
 
 #include "platform/Geometry.h"
 
-class MesgPropDlg;
 class ModelStream;
+struct BoxFields;
 
 /// How the box of a message or a note is filled and framed.
 struct BoxLook {
   void Write(ModelStream& stream) const;
   void Read(ModelStream& stream);
-  /// Lets the user change the look and whether the anchors show; false on Cancel.
-  bool Edit(MesgPropDlg& dialog, bool& showAnchors);
+  /// What the user can change of the look, and of the anchors; and the same back.
+  BoxFields Fields(bool showAnchors) const;
+  void Take(const BoxFields& fields, bool& showAnchors);
 
   std::int32_t bgTransparent = 0;
   std::int32_t noBorder = 0;

@@ -2,10 +2,11 @@
 
 #include <utility>
 
-#include "dialogs/CEventEditor.h"
 #include "model/ChartView.h"
+#include "model/Editors.h"
 #include "model/ModelStream.h"
 #include "platform/CDC.h"
+#include "platform/Service.h"
 #include "resources/Texts.h"
 
 namespace {
@@ -64,11 +65,5 @@ bool EventEditorBox::ReplaceAll(const std::string& findText, const std::string& 
 }
 
 bool EventEditorBox::EditText(const std::string& /*title*/) {
-  CEventEditor editor;
-  if (!event.empty()) editor.event = event;
-  editor.guard = guard;
-  editor.effect = effect;
-  if (!editor.DoModal()) return false;
-  SetTexts(std::move(editor.event), std::move(editor.guard), std::move(editor.effect));
-  return true;
+  return Service<Editors>::Get().EditEvent(event, guard, effect);
 }

@@ -3,15 +3,16 @@
 #include <algorithm>
 
 #include "connectors/LinePens.h"
-#include "dialogs/CLineProperty.h"
 #include "model/ChartView.h"
 #include "model/Connectable.h"
 #include "model/Defaults.h"
 #include "model/DrawResources.h"
+#include "model/Editors.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "model/ShapeGeometry.h"
 #include "platform/CDC.h"
+#include "platform/Service.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
@@ -192,11 +193,6 @@ void Line::OnCommand(unsigned command) {
 }
 
 void Line::EditProperties() {
-  CLineProperty dialog;
-  dialog.colourIndex = colourIndex;
-  dialog.styleIndex = styleIndex;
-  if (!dialog.DoModal()) return;
-  colourIndex = dialog.colourIndex;
-  styleIndex = dialog.styleIndex;
+  if (!Service<Editors>::Get().EditLine(colourIndex, styleIndex)) return;
   Invalidate();
 }

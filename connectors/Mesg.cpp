@@ -2,13 +2,14 @@
 
 #include "connectors/HandleSquare.h"
 #include "connectors/Transition.h"
-#include "dialogs/MesgPropDlg.h"
 #include "model/ChartView.h"
 #include "model/Defaults.h"
 #include "model/DrawResources.h"
+#include "model/Editors.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "platform/CDC.h"
+#include "platform/Service.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
@@ -168,6 +169,8 @@ void Mesg::OnTextsChanged() {
 }
 
 void Mesg::EditProperties() {
-  MesgPropDlg dialog;
-  if (look.Edit(dialog, showAnchors)) Invalidate();
+  BoxFields fields = look.Fields(showAnchors);
+  if (!Service<Editors>::Get().EditMesg(fields)) return;
+  look.Take(fields, showAnchors);
+  Invalidate();
 }

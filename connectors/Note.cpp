@@ -2,10 +2,11 @@
 
 #include <array>
 
-#include "dialogs/MesgPropDlg.h"
 #include "model/ChartView.h"
+#include "model/Editors.h"
 #include "model/ModelStream.h"
 #include "platform/CDC.h"
+#include "platform/Service.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
@@ -101,8 +102,8 @@ void Note::OnCommand(unsigned command) {
 }
 
 void Note::EditProperties() {
-  MesgPropDlg dialog;
-  dialog.title = LoadText(IDS_NOTE_PROPERTIES);
-  dialog.mayChangeBorder = 0;
-  if (look.Edit(dialog, showAnchors)) Invalidate();
+  BoxFields fields = look.Fields(showAnchors);
+  if (!Service<Editors>::Get().EditNote(fields)) return;
+  look.Take(fields, showAnchors);
+  Invalidate();
 }

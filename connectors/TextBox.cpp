@@ -3,9 +3,10 @@
 #include <string_view>
 #include <utility>
 
-#include "dialogs/EditMesgDlg.h"
 #include "model/ChartView.h"
+#include "model/Editors.h"
 #include "platform/CDC.h"
+#include "platform/Service.h"
 
 namespace {
 
@@ -37,10 +38,5 @@ bool TextBox::ReplaceAll(const std::string& findText, const std::string& replace
 }
 
 bool TextBox::EditText(const std::string& title) {
-  EditMesgDlg editor;
-  editor.title = title;
-  editor.text = text;
-  if (!editor.DoModal()) return false;
-  text = std::move(editor.text);
-  return true;
+  return Service<Editors>::Get().EditText(title, text);
 }

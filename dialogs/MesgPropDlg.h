@@ -3,10 +3,11 @@
 #include <cstdint>
 #include <string>
 
+#include "model/Editors.h"
 #include "platform/CDialog.h"
 
 /// The properties of a message or a note. The owner fills the fields and takes them back after OK.
-class MesgPropDlg : public CDialog {
+class MesgPropDlg : public CDialog, public BoxFields {
  public:
   enum ControlId : int {
     IDC_BACKGROUND = 100,
@@ -25,11 +26,6 @@ class MesgPropDlg : public CDialog {
 
   std::string title;  ///< the caption
   std::int32_t mayChangeBorder = 1;
-  std::int32_t transparent = 0;
-  std::int32_t noBorder = 0;
-  std::int32_t hidden = 0;
-  COLORREF bgColor = 0;
-  COLORREF borderColor = 0;
 
  protected:
   void DoDataExchange(DataExchange& exchange) override;

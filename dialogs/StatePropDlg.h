@@ -3,10 +3,11 @@
 #include <cstdint>
 #include <string>
 
+#include "model/Editors.h"
 #include "platform/CDialog.h"
 
 /// The properties of a state. The owner fills the fields and takes them back after OK.
-class StatePropDlg : public CDialog {
+class StatePropDlg : public CDialog, public StateFields {
  public:
   enum ControlId : int {
     IDC_NAME = 100,
@@ -18,11 +19,6 @@ class StatePropDlg : public CDialog {
   };
 
   StatePropDlg();
-
-  std::string name;
-  std::int32_t history = 0;
-  COLORREF bgColor = 0xC0C0C0;
-  std::int32_t transparent = 0;
 
  protected:
   void DoDataExchange(DataExchange& exchange) override;

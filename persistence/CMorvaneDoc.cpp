@@ -3,13 +3,14 @@
 #include <exception>
 #include <utility>
 
+#include "persistence/ChartText.h"
 #include "persistence/ModelFile.h"
+#include "platform/CScrollView.h"
 #include "platform/CWaitCursor.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "recovery/RecoveryStore.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 // What a chart says of its file to the user, and the way back to it, is in CMorvaneDocFile.cpp.
 
@@ -18,19 +19,19 @@ CMorvaneDoc::CMorvaneDoc(RecoveryStore* store)
 
 CMorvaneDoc::~CMorvaneDoc() = default;
 
-LayoutMgr* CMorvaneDoc::View() const { return dynamic_cast<LayoutMgr*>(GetView()); }
+ChartText* CMorvaneDoc::Chart() const { return dynamic_cast<ChartText*>(GetView()); }
 
 /// The text of the chart, shared with the undo history where that has the same.
 SharedText CMorvaneDoc::PresentText() const {
-  std::string text = View()->ModelText();
-  const SharedText snapshot = View()->SnapshotText();
+  std::string text = Chart()->ModelText();
+  const SharedText snapshot = Chart()->SnapshotText();
   if (snapshot != nullptr && *snapshot == text) return snapshot;
   return std::make_shared<const std::string>(std::move(text));
 }
 
 bool CMorvaneDoc::IsModified() {
   try {
-    return savedText == nullptr || View()->ModelText() != *savedText;
+    return savedText == nullptr || Chart()->ModelText() != *savedText;
   } catch (const std::exception&) {
     return true;
   }
@@ -92,7 +93,7 @@ bool CMorvaneDoc::OnOpenDocument(const std::string& path) {
     const CWaitCursor wait;
     std::string text;
     reason = ModelFile::ReadText(path, text);
-    if (reason.empty()) reason = ModelFile::Parse(text, *View());
+    if (reason.empty()) reason = ModelFile::Parse(text, *Chart());
     if (reason.empty()) file.Remember(path, stamp, text);
   }
   if (!reason.empty()) ReportError(path, reason);
@@ -141,7 +142,7 @@ void CMorvaneDoc::OnCloseDocument() {
 
 bool CMorvaneDoc::Recover(RecoveryOffer& offer) {
   std::string reason;
-  if (!View()->ReplaceText(offer.text, reason)) {
+  if (!Chart()->ReplaceText(offer.text, reason)) {
     ReportError(offer.path.empty() ? offer.title : offer.path, reason);
     return false;
   }
@@ -154,7 +155,7 @@ bool CMorvaneDoc::Recover(RecoveryOffer& offer) {
     return true;
   }
   Describe(GetPathName(), file.Stamp());
-  if (entry->KeepNow(View()->SnapshotText())) offer.entry->Drop();
+  if (entry->KeepNow(Chart()->SnapshotText())) offer.entry->Drop();
   return true;
 }
 

@@ -8,7 +8,7 @@
 #include "platform/FileWatch.h"
 #include "platform/SharedText.h"
 
-class LayoutMgr;
+class ChartText;
 class RecoveryEntry;
 class RecoveryStore;
 struct RecoveryOffer;
@@ -51,7 +51,7 @@ class CMorvaneDoc : public CDocument {
   bool MayOverwrite(const std::string& path) override;
 
  private:
-  LayoutMgr* View() const;
+  ChartText* Chart() const;
   SharedText PresentText() const;
   void SetMarked(bool on);
   /// What the store shall know: the file at `path`, which may be about to change.

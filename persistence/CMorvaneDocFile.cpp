@@ -1,11 +1,11 @@
 #include "persistence/CMorvaneDoc.h"
+#include "persistence/ChartText.h"
 #include "persistence/ModelFile.h"
 #include "platform/CWaitCursor.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "recovery/RecoveryStore.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 // What others do to the file of an open chart, what the user is told of it, and the way back to the
 // file.
@@ -32,7 +32,7 @@ void CMorvaneDoc::LookAtFile() {
   if (now == DiskFile::State::Gone) {
     // The chart stands nowhere but here.
     savedText = nullptr;
-    OnTextChanged(View()->SnapshotText());
+    OnTextChanged(Chart()->SnapshotText());
   }
   ShowNotices();
 }
@@ -71,7 +71,7 @@ void CMorvaneDoc::OnNoticeAnswered(Answer answer) {
       file.Accept();
       // What is on the disk is another chart than this one.
       savedText = nullptr;
-      OnTextChanged(View()->SnapshotText());
+      OnTextChanged(Chart()->SnapshotText());
       break;
     case Answer::Dismiss: openElsewhere = false; break;
   }
@@ -104,8 +104,8 @@ bool CMorvaneDoc::Reload() {
   std::string onDisk;
   std::string reason = ModelFile::ReadText(path, onDisk);
   const bool isEmpty = reason.empty() && onDisk.empty();
-  const std::string text = isEmpty ? LayoutMgr().ModelText() : onDisk;
-  if (reason.empty() && View()->ReplaceText(text, reason)) {
+  const std::string text = isEmpty ? Chart()->EmptyText() : onDisk;
+  if (reason.empty() && Chart()->ReplaceText(text, reason)) {
     emptyFile = isEmpty;
     file.Remember(path, stamp, onDisk);
     RememberSavedText();

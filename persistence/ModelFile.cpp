@@ -4,9 +4,9 @@
 #include <sstream>
 
 #include "model/ModelStream.h"
+#include "persistence/ChartText.h"
 #include "platform/Files.h"
 #include "resources/Texts.h"
-#include "surface/LayoutMgr.h"
 
 std::string ModelFile::ReadText(const std::string& path, std::string& text) {
   try {
@@ -20,11 +20,11 @@ std::string ModelFile::ReadText(const std::string& path, std::string& text) {
   }
 }
 
-std::string ModelFile::Parse(const std::string& text, LayoutMgr& view) {
+std::string ModelFile::Parse(const std::string& text, ChartText& chart) {
   try {
     std::istringstream in(text);
     ModelStream stream(in);
-    stream >> view;
+    chart.Read(stream);
     return {};
   } catch (const std::string& reason) {
     return reason;
@@ -33,10 +33,10 @@ std::string ModelFile::Parse(const std::string& text, LayoutMgr& view) {
   }
 }
 
-std::string ModelFile::Load(const std::string& path, LayoutMgr& view) {
+std::string ModelFile::Load(const std::string& path, ChartText& chart) {
   std::string text;
   std::string reason = ReadText(path, text);
-  return reason.empty() ? Parse(text, view) : reason;
+  return reason.empty() ? Parse(text, chart) : reason;
 }
 
 std::string ModelFile::Save(const std::string& path, const std::string& text) {

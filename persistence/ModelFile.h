@@ -2,19 +2,19 @@
 
 #include <string>
 
-class LayoutMgr;
+class ChartText;
 struct FileResult;
 
 /// A model text on disk, where lines end in CR LF.
 class ModelFile {
  public:
-  /// Reads a chart into a view. The text is empty on success and else holds the reason for the
+  /// Reads a file into a chart. The text is empty on success and else holds the reason for the
   /// user.
-  static std::string Load(const std::string& path, LayoutMgr& view);
+  static std::string Load(const std::string& path, ChartText& chart);
   /// Reads the text of a file, with LF between the lines. Empty on success, else the reason.
   static std::string ReadText(const std::string& path, std::string& text);
-  /// Reads a model text into a view, as `Load` does.
-  static std::string Parse(const std::string& text, LayoutMgr& view);
+  /// Reads a model text into a chart, as `Load` does.
+  static std::string Parse(const std::string& text, ChartText& chart);
   /// Writes a model text with the line ends of a file. Empty on success, else the reason.
   static std::string Save(const std::string& path, const std::string& text);
 

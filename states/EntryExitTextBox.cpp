@@ -1,8 +1,9 @@
 #include "states/EntryExitTextBox.h"
 
-#include "dialogs/EntryExitEditor.h"
 #include "model/ChartView.h"
+#include "model/Editors.h"
 #include "platform/CDC.h"
+#include "platform/Service.h"
 #include "resources/Texts.h"
 
 void EntryExitTextBox::SetTexts(const std::string& entryText, const std::string& exitText) {
@@ -30,11 +31,5 @@ bool EntryExitTextBox::ReplaceAll(const std::string& findText, const std::string
 }
 
 bool EntryExitTextBox::EditText(const std::string& title) {
-  EntryExitEditor editor;
-  editor.title = title;
-  editor.entry = entry;
-  editor.exit = exit;
-  if (!editor.DoModal()) return false;
-  SetTexts(editor.entry, editor.exit);
-  return true;
+  return Service<Editors>::Get().EditEntryExit(title, entry, exit);
 }

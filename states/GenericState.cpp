@@ -1,10 +1,11 @@
 #include "states/GenericState.h"
 
-#include "dialogs/StatePropDlg.h"
 #include "model/ChartView.h"
 #include "model/Defaults.h"
+#include "model/Editors.h"
 #include "model/ModelStream.h"
 #include "platform/CDC.h"
+#include "platform/Service.h"
 #include "resources/CommandIds.h"
 
 namespace {
@@ -117,16 +118,12 @@ void GenericState::EditTexts() {
 }
 
 void GenericState::EditProperties() {
-  StatePropDlg dialog;
-  dialog.name = name;
-  dialog.history = history;
-  dialog.bgColor = bgColor;
-  dialog.transparent = transparent;
-  if (!dialog.DoModal()) return;
-  name = dialog.name.empty() ? kNameOfNameless : dialog.name;
-  history = dialog.history;
-  transparent = dialog.transparent;
-  bgColor = dialog.bgColor;
+  StateFields fields{name, history, bgColor, transparent};
+  if (!Service<Editors>::Get().EditState(fields)) return;
+  name = fields.name.empty() ? kNameOfNameless : fields.name;
+  history = fields.history;
+  transparent = fields.transparent;
+  bgColor = fields.bgColor;
   view->UpdateNodes(this);
   Invalidate();
 }

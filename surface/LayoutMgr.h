@@ -9,6 +9,7 @@
 #include "connectors/AnchorMarker.h"
 #include "model/ChartView.h"
 #include "model/Shape.h"
+#include "persistence/ChartText.h"
 #include "platform/DrawingTools.h"
 #include "platform/SharedText.h"
 #include "surface/HiddenWindow.h"
@@ -21,7 +22,7 @@ class UndoHistory;
 enum class GeneratorKind;
 
 /// The view of a chart. It owns the model and all else that belongs to one open chart.
-class LayoutMgr : public ChartView {
+class LayoutMgr : public ChartView, public ChartText {
  public:
   LayoutMgr();
   ~LayoutMgr() override;
@@ -68,17 +69,12 @@ class LayoutMgr : public ChartView {
   /// messages come that the operation gave rise to, so that it has to be the last thing done.
   void TakeSnapshot();
   void TellLater(std::string text) override;
-  /// Shows another whole model text, as one step that can be undone. False, with nothing changed,
-  /// when the text can't be read; `reason` then says why, for the user.
-  bool ReplaceText(const std::string& text, std::string& reason);
-  /// The text of the present snapshot; null before the first showing.
-  SharedText SnapshotText() const;
-  /// The whole model text.
-  std::string ModelText() const;
+  bool ReplaceText(const std::string& text, std::string& reason) override;
+  SharedText SnapshotText() const override;
+  std::string ModelText() const override;
+  std::string EmptyText() const override { return LayoutMgr().ModelText(); }
   void Write(ModelStream& stream) const;
-  /// Reads a whole text. What was read waits, unattached and out of everybody's reach, until it is
-  /// placed and shown; the view shows what it showed. Throws a text for the user.
-  void Read(ModelStream& stream);
+  void Read(ModelStream& stream) override;
   /// Places a chart that was read with no window, for conversions and pictures. It stands at
   /// normal size if `normalSize`, else at its stored zoom.
   void PlaceWithoutWindow(bool normalSize);

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include "dialogs/DialogEditors.h"
 #include "platform/CDocManager.h"
 #include "shell/qt/CommandTarget.h"
 #include "shell/qt/ToolImage.h"
@@ -102,6 +103,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   void ArrangeIcons();
   void ShowAbout();
 
+  DialogEditors editors;
   ToolImage toolImage;
   QMdiArea* area;
   std::unique_ptr<CDocManager> manager;

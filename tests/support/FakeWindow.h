@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/DialogEditors.h"
 #include "platform/CDC.h"
 #include "platform/CWnd.h"
 #include "platform/Metafile.h"
@@ -57,6 +58,7 @@ class FakeWindow : public WindowPeer {
   void TakePainted(Metafile drawn);
 
  private:
+  DialogEditors editors;
   CWnd& window;
   std::deque<Message> queue;
   std::set<std::string> toggled;

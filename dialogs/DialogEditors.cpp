@@ -1,0 +1,85 @@
+#include "dialogs/DialogEditors.h"
+
+#include <utility>
+
+#include "dialogs/CEventEditor.h"
+#include "dialogs/CLineProperty.h"
+#include "dialogs/EditMesgDlg.h"
+#include "dialogs/EntryExitEditor.h"
+#include "dialogs/MesgPropDlg.h"
+#include "dialogs/StatePropDlg.h"
+#include "resources/Texts.h"
+
+namespace {
+
+bool EditBox(MesgPropDlg& dialog, BoxFields& fields) {
+  static_cast<BoxFields&>(dialog) = fields;
+  if (!dialog.DoModal()) return false;
+  fields = dialog;
+  return true;
+}
+
+}  // namespace
+
+bool DialogEditors::EditState(StateFields& fields) {
+  StatePropDlg dialog;
+  static_cast<StateFields&>(dialog) = fields;
+  if (!dialog.DoModal()) return false;
+  fields = dialog;
+  return true;
+}
+
+bool DialogEditors::EditEntryExit(const std::string& name, std::string& entry, std::string& exit) {
+  EntryExitEditor editor;
+  editor.title = name;
+  editor.entry = entry;
+  editor.exit = exit;
+  if (!editor.DoModal()) return false;
+  entry = std::move(editor.entry);
+  exit = std::move(editor.exit);
+  return true;
+}
+
+bool DialogEditors::EditEvent(std::string& event, std::string& guard, std::string& effect) {
+  CEventEditor editor;
+  if (!event.empty()) editor.event = event;
+  editor.guard = guard;
+  editor.effect = effect;
+  if (!editor.DoModal()) return false;
+  event = std::move(editor.event);
+  guard = std::move(editor.guard);
+  effect = std::move(editor.effect);
+  return true;
+}
+
+bool DialogEditors::EditMesg(BoxFields& fields) {
+  MesgPropDlg dialog;
+  return EditBox(dialog, fields);
+}
+
+/// A note has always its border.
+bool DialogEditors::EditNote(BoxFields& fields) {
+  MesgPropDlg dialog;
+  dialog.title = LoadText(IDS_NOTE_PROPERTIES);
+  dialog.mayChangeBorder = 0;
+  return EditBox(dialog, fields);
+}
+
+bool DialogEditors::EditText(const std::string& title, std::string& text) {
+  EditMesgDlg editor;
+  editor.title = title;
+  editor.text = text;
+  if (!editor.DoModal()) return false;
+  text = std::move(editor.text);
+  return true;
+}
+
+bool DialogEditors::EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex) {
+  CLineProperty dialog;
+  dialog.colourIndex = colourIndex;
+  dialog.styleIndex = styleIndex;
+  if (!dialog.DoModal()) return false;
+  colourIndex = dialog.colourIndex;
+  styleIndex = dialog.styleIndex;
+  return true;
+}

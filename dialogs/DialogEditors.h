@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/Editors.h"
+#include "platform/UseService.h"
+
+/// Edits the objects of charts in the program's dialogs, as long as it lives.
+class DialogEditors : public Editors {
+ public:
+  bool EditState(StateFields& fields) override;
+  bool EditEntryExit(const std::string& name, std::string& entry, std::string& exit) override;
+  bool EditEvent(std::string& event, std::string& guard, std::string& effect) override;
+  bool EditMesg(BoxFields& fields) override;
+  bool EditNote(BoxFields& fields) override;
+  bool EditText(const std::string& title, std::string& text) override;
+  bool EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex) override;
+
+ private:
+  const UseService<Editors> use{*this};
+};

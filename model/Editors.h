@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Geometry.h"
+
+/// What the user can change of a state, without its texts.
+struct StateFields {
+  std::string name;
+  std::int32_t history = 0;
+  COLORREF bgColor = 0;
+  std::int32_t transparent = 0;
+};
+
+/// What the user can change of the box of a message or a note.
+struct BoxFields {
+  std::int32_t transparent = 0;
+  std::int32_t noBorder = 0;
+  std::int32_t hidden = 0;  ///< the anchors do not show
+  COLORREF bgColor = 0;
+  COLORREF borderColor = 0;
+};
+
+/// The dialogs in which the user edits an object of a chart, for which the object asks by this
+/// service. Each takes what is there, and changes it only when it gives true: the user took the
+/// dialog's values over. The default service has no dialogs and gives false.
+class Editors {
+ public:
+  virtual ~Editors() = default;
+  virtual bool EditState(StateFields& fields) = 0;
+  /// Entry and exit text of the state of that name.
+  virtual bool EditEntryExit(const std::string& name, std::string& entry, std::string& exit) = 0;
+  virtual bool EditEvent(std::string& event, std::string& guard, std::string& effect) = 0;
+  virtual bool EditMesg(BoxFields& fields) = 0;
+  virtual bool EditNote(BoxFields& fields) = 0;
+  /// A text of several lines; `title` begins the caption.
+  virtual bool EditText(const std::string& title, std::string& text) = 0;
+  /// Colour and pen style of a line, as indices into their tables.
+  virtual bool EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex) = 0;
+
+  static Editors& Default();
+};

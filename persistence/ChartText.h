@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "platform/SharedText.h"
+
+class ModelStream;
+
+/// What a document knows of the chart that it holds: its text, in and out.
+class ChartText {
+ public:
+  virtual ~ChartText() = default;
+  /// The whole model text.
+  virtual std::string ModelText() const = 0;
+  /// The model text of a chart with nothing in it.
+  virtual std::string EmptyText() const = 0;
+  /// The text of the present snapshot; null before the first showing.
+  virtual SharedText SnapshotText() const = 0;
+  /// Reads a whole text. What was read waits, unattached and out of everybody's reach, until it is
+  /// placed and shown; the chart shows what it showed. Throws a text for the user.
+  virtual void Read(ModelStream& stream) = 0;
+  /// Shows another whole model text, as one step that can be undone. False, with nothing changed,
+  /// when the text can't be read; `reason` then says why, for the user.
+  virtual bool ReplaceText(const std::string& text, std::string& reason) = 0;
+};
