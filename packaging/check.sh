@@ -39,7 +39,15 @@ done
 
 # The program from its start script, and what it looks for beside itself
 version=$("$root/bin/morvane" --version)
-[[ $version == Morvane\ * ]] || fail "the start script answers: $version"
+[[ $version == Morvane\ [0-9]* ]] || fail "the start script answers: $version"
+number=${version#Morvane }
+# What tells of the releases has a place for this one.
+release=$(sed -n 's/.*<release version="\([^"]*\)".*/\1/p' "$root"/share/metainfo/*.xml | sed -n 1p)
+[[ $release == "$number" ]] || fail "$version, but the metainfo begins with $release"
+zcat "$root/share/doc/morvane/changelog.gz" | sed -n 1p | grep -F "($number)" >/dev/null ||
+  fail "$version, but the package's changelog begins with another one"
+zcat "$root/share/man/man1/morvane.1.gz" | sed -n 1p | grep -F "\"$version\"" >/dev/null ||
+  fail "$version, but the manual page is of another one"
 [[ ! -e $XDG_CONFIG_HOME/Halvern ]] || fail "a job has changed the profile"
 for file in bin/_sp.mo bin/lang{fra,ger,esp}.dll Docs/Morvane-{UserGuide,Tutorial}.pdf \
   Examples/Socket_C++/Socket.mrv; do

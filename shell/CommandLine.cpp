@@ -7,6 +7,7 @@
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
 #include "resources/Texts.h"
+#include "resources/Version.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 
@@ -20,7 +21,6 @@ constexpr const char* kUsage =
     "       morvane --export OUT FILE     draw the whole chart; OUT ends in .png, .svg,\n"
     "                                     .pdf or .emf\n"
     "       morvane --help | --version\n";
-constexpr const char* kVersion = "Morvane 4.1.0\n";
 
 bool IsOption(std::string_view argument) { return argument.size() > 1 && argument[0] == '-'; }
 
@@ -75,7 +75,7 @@ CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
 int CommandLine::Run(std::ostream& out, std::ostream& err) const {
   switch (job) {
     case Job::Help: out << kUsage; return kSuccess;
-    case Job::Version: out << kVersion; return kSuccess;
+    case Job::Version: out << "Morvane " << kProductVersion << '\n'; return kSuccess;
     case Job::Convert: return RunConvert(err);
     case Job::Export: return RunExport(err);
     case Job::WrongUse: err << kUsage; return kWrongUse;

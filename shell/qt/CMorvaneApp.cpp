@@ -10,6 +10,7 @@
 #include "recovery/RecoveryStore.h"
 #include "resources/Language.h"
 #include "resources/Texts.h"
+#include "resources/Version.h"
 #include "shell/ChartSession.h"
 #include "shell/RecoveryList.h"
 #include "shell/SessionSettings.h"
@@ -23,7 +24,6 @@ namespace {
 
 /// Gives the splash the time to come up before the work of the start goes on.
 constexpr unsigned long kSplashLead = 100;
-constexpr const char* kVersion = "4.1.0";
 
 }  // namespace
 
@@ -44,7 +44,7 @@ bool CMorvaneApp::InitInstance(const std::string& file) {
   }
   QThread::msleep(kSplashLead);
   store = std::make_unique<RecoveryStore>(RecoveryStore::DefaultFolder());
-  CrashReport::Install(store->CrashReportPath(), kVersion);
+  CrashReport::Install(store->CrashReportPath(), kProductVersion);
   frame = std::make_unique<CMainFrame>(
       CMainFrame::Factories{[this] { return std::make_unique<CMorvaneDoc>(store.get()); },
                             [] { return std::make_unique<LayoutMgr>(); }});

@@ -12,6 +12,7 @@
 #include "platform/qt/QtText.h"
 #include "resources/InstallFolder.h"
 #include "resources/Texts.h"
+#include "resources/Version.h"
 
 namespace {
 
@@ -19,8 +20,6 @@ constexpr QSize kSize(387, 242);
 constexpr QPoint kVersionPlace(270, 150);
 constexpr int kShowMilliseconds = 800;
 constexpr const char* kPicture = "bin/_sp.mo";
-constexpr double kVersion = 4.1;
-constexpr int kBuild = 0;
 
 Qt::WindowFlags FlagsOf(bool modal) {
   return modal ? Qt::Dialog | Qt::FramelessWindowHint
@@ -61,10 +60,7 @@ void CSplashDlg::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (loaded) painter.drawImage(0, 0, bitmap);
   painter.setPen(Qt::black);
-  const QString version = QStringLiteral("%1 %2.%3")
-                              .arg(ToQString(LoadText(IDS_VERSION)))
-                              .arg(kVersion, 2, 'f', 1)
-                              .arg(kBuild);
+  const QString version = ToQString(LoadText(IDS_VERSION)) + ' ' + kProductVersion;
   painter.drawText(kVersionPlace + QPoint(0, painter.fontMetrics().ascent()), version);
 }
 

@@ -1,0 +1,3 @@
+#include "resources/Version.h"
+
+const char* const kProductVersion = MORVANE_VERSION;
