@@ -4,7 +4,7 @@
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-rooms=(codegen connectors dialogs model persistence platform resources shell states surface)
+rooms=(codegen connectors dialogs model persistence platform recovery resources shell states surface)
 filter=${1:-"^$root/(main|($(IFS='|' && echo "${rooms[*]}"))/.*)\\.cpp\$"}
 
 "$root/scripts/setup.sh" clang-tidy cppcheck
