@@ -16,7 +16,8 @@ using namespace std::chrono_literals;
 
 constexpr auto kPauseAfterSignal = 500ms;
 constexpr auto kPause = 100ms;
-constexpr auto kWatchTurn = 1ms;
+/// So often the watcher looks whether it was stopped; of the end of the tool it hears at once.
+constexpr auto kWatchTurn = 50ms;
 constexpr std::size_t kChunkSize = 4096;
 constexpr const char* kCannotStart = "Unable to start ";
 

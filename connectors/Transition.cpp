@@ -19,7 +19,7 @@
 Transition::Transition() = default;
 
 Transition::Transition(std::int32_t id, ChartView* view, POINT sourcePoint, POINT targetPoint)
-    : ComplexShape(id, view, LAYER_TRANSITION),
+    : StateTransition(id, view, LAYER_TRANSITION),
       sourcePoint(sourcePoint),
       targetPoint(targetPoint),
       sourceKey{1, SIDE_BOTTOM},

@@ -8,7 +8,7 @@
 #include "connectors/LinkChain.h"
 #include "connectors/MetafileStamp.h"
 #include "model/AnchorKey.h"
-#include "model/ComplexShape.h"
+#include "states/StateTransition.h"
 
 class EndableState;
 class Mesg;
@@ -20,7 +20,7 @@ struct CPen;
 ///
 /// Its operations stand in several sources: the object and its ends here, its route in
 /// TransitionRoute, its painting in TransitionPaint, the mouse in TransitionDrag.
-class Transition : public ComplexShape {
+class Transition : public StateTransition {
  public:
   /// Empty, until `Read`.
   Transition();
@@ -48,24 +48,17 @@ class Transition : public ComplexShape {
   void OnDragMove(POINT& client) override;
   void OnBroadcast(int op, void* arg) override;
 
-  StartableState* GetSource() const { return source; }
-  EndableState* GetTarget() const { return target; }
-  void SetSource(StartableState* state) { source = state; }
-  void SetTarget(EndableState* state) { target = state; }
   /// Ties an end to an anchor: leaves the former state, sets pointer and key, enters the state's
   /// list, moves the end there.
   void AttachSource(StartableState* state, const AnchorKey& key);
   void AttachTarget(EndableState* state, const AnchorKey& key);
 
-  /// The state's anchors have changed: the end follows the anchor of its key. With a key that names
-  /// none it stays.
-  void OnSourceMoved();
-  void OnTargetMoved();
+  void OnSourceMoved() override;
+  void OnTargetMoved() override;
   /// Detaches the tail end and takes it to a client point.
   void MoveTargetFree(std::int32_t x, std::int32_t y);
-  /// The state is being destroyed: the end is free and stays where it is.
-  void DetachSource();
-  void DetachTarget();
+  void DetachSource() override;
+  void DetachTarget() override;
 
   /// The message; null if none.
   Mesg* GetMesg() const { return mesg; }
@@ -133,8 +126,6 @@ class Transition : public ComplexShape {
 
   POINT sourcePoint;
   POINT targetPoint;
-  StartableState* source = nullptr;
-  EndableState* target = nullptr;
   AnchorKey sourceKey;
   AnchorKey targetKey;
   LinkChain chain{this};

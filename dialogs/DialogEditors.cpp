@@ -6,8 +6,12 @@
 #include "dialogs/CLineProperty.h"
 #include "dialogs/EditMesgDlg.h"
 #include "dialogs/EntryExitEditor.h"
+#include "dialogs/FindReplaceDlg.h"
+#include "dialogs/LayoutMgrPropDlg.h"
 #include "dialogs/MesgPropDlg.h"
+#include "dialogs/PrinterSetup.h"
 #include "dialogs/StatePropDlg.h"
+#include "model/ModelProperties.h"
 #include "resources/Texts.h"
 
 namespace {
@@ -82,4 +86,32 @@ bool DialogEditors::EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex
   colourIndex = dialog.colourIndex;
   styleIndex = dialog.styleIndex;
   return true;
+}
+
+bool DialogEditors::EditModelProperties(ModelProperties& properties) {
+  LayoutMgrPropDlg dialog;
+  dialog.author = properties.Author;
+  dialog.description = properties.Description;
+  dialog.modelName = properties.ModelName;
+  if (!dialog.DoModal()) return false;
+  const auto orElse = [](const std::string& text, const std::string& fallback) {
+    return text.empty() ? fallback : text;
+  };
+  properties.ModelName = orElse(dialog.modelName, LoadText(IDS_UNTITLED));
+  properties.Author = orElse(dialog.author, LoadText(IDS_UNTITLED));
+  properties.Description = orElse(dialog.description, " ");
+  return true;
+}
+
+bool DialogEditors::EditPaper(std::int32_t& printToFit) {
+  PrinterSetup dialog;
+  dialog.printToFit = printToFit;
+  if (!dialog.DoModal()) return false;
+  printToFit = dialog.printToFit;
+  return true;
+}
+
+void DialogEditors::FindAndReplace(ModelMgr& model, std::function<void()> onChanged) {
+  FindReplaceDlg dialog(model, std::move(onChanged));
+  dialog.DoModal();
 }

@@ -3,7 +3,7 @@
 #include "model/Editors.h"
 #include "platform/UseService.h"
 
-/// Edits the objects of charts in the program's dialogs, as long as it lives.
+/// Edits charts and their objects in the program's dialogs, as long as it lives.
 class DialogEditors : public Editors {
  public:
   bool EditState(StateFields& fields) override;
@@ -13,6 +13,9 @@ class DialogEditors : public Editors {
   bool EditNote(BoxFields& fields) override;
   bool EditText(const std::string& title, std::string& text) override;
   bool EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex) override;
+  bool EditModelProperties(ModelProperties& properties) override;
+  bool EditPaper(std::int32_t& printToFit) override;
+  void FindAndReplace(ModelMgr& model, std::function<void()> onChanged) override;
 
  private:
   const UseService<Editors> use{*this};

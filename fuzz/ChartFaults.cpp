@@ -52,12 +52,12 @@ std::string LineFault(Line& line) {
 
 std::string StateFault(Shape& shape) {
   if (const auto* state = dynamic_cast<StartableState*>(&shape)) {
-    for (const Transition* transition : state->GetOutgoing()) {
+    for (const StateTransition* transition : state->GetOutgoing()) {
       if (transition->GetSource() != state) return "a transition does not know its source";
     }
   }
   if (const auto* state = dynamic_cast<EndableState*>(&shape)) {
-    for (const Transition* transition : state->GetIncoming()) {
+    for (const StateTransition* transition : state->GetIncoming()) {
       if (transition->GetTarget() != state) return "a transition does not know its target";
     }
   }

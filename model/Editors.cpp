@@ -18,6 +18,9 @@ class NoEditors : public Editors {
   bool EditLine(std::int32_t& /*colourIndex*/, std::int32_t& /*styleIndex*/) override {
     return false;
   }
+  bool EditModelProperties(ModelProperties& /*properties*/) override { return false; }
+  bool EditPaper(std::int32_t& /*printToFit*/) override { return false; }
+  void FindAndReplace(ModelMgr& /*model*/, std::function<void()> /*onChanged*/) override {}
 };
 
 }  // namespace

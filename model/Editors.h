@@ -1,9 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "platform/Geometry.h"
+
+class ModelMgr;
+class ModelProperties;
 
 /// What the user can change of a state, without its texts.
 struct StateFields {
@@ -22,9 +26,9 @@ struct BoxFields {
   COLORREF borderColor = 0;
 };
 
-/// The dialogs in which the user edits an object of a chart, for which the object asks by this
-/// service. Each takes what is there, and changes it only when it gives true: the user took the
-/// dialog's values over. The default service has no dialogs and gives false.
+/// The dialogs in which the user edits a chart and its objects, which ask for them by this service.
+/// Each takes what is there, and changes it only when it gives true: the user took the dialog's
+/// values over. The default service has no dialogs and gives false.
 class Editors {
  public:
   virtual ~Editors() = default;
@@ -38,6 +42,14 @@ class Editors {
   virtual bool EditText(const std::string& title, std::string& text) = 0;
   /// Colour and pen style of a line, as indices into their tables.
   virtual bool EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex) = 0;
+
+  /// The texts that describe a model.
+  virtual bool EditModelProperties(ModelProperties& properties) = 0;
+  /// Whether a chart goes on one page; the printer of the desktop can be set up meanwhile.
+  virtual bool EditPaper(std::int32_t& printToFit) = 0;
+  /// Lets the user find and replace texts in a model, which must not change otherwise meanwhile;
+  /// `onChanged` is called after each edit and each replacement that changed it.
+  virtual void FindAndReplace(ModelMgr& model, std::function<void()> onChanged) = 0;
 
   static Editors& Default();
 };

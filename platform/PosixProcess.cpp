@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -126,6 +127,7 @@ bool PosixProcess::Spawn(const CommandParts& command) {
     return false;
   }
   pid = started;
+  ended = FileHandle(static_cast<int>(syscall(SYS_pidfd_open, pid, 0U)));
   return true;
 }
 
@@ -159,8 +161,11 @@ bool PosixProcess::HasEnded() const {
 }
 
 bool PosixProcess::WaitForEnd(std::chrono::milliseconds limit) {
-  for (; limit.count() > 0 && !HasEnded(); limit -= kTurn) {
-    poll(nullptr, 0, static_cast<int>(kTurn.count()));
+  // An older system gives no handle that tells of the end.
+  const auto turn = ended.IsOpen() ? limit : kTurn;
+  for (; limit.count() > 0 && !HasEnded(); limit -= turn) {
+    pollfd end{ended.Get(), POLLIN, 0};
+    poll(&end, 1, static_cast<int>(turn.count()));
   }
   return HasEnded();
 }

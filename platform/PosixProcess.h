@@ -69,6 +69,7 @@ class PosixProcess : public Process {
   FileHandle input;
   std::array<OwnEnd, 2> outputs;  ///< by `Stream`
   pid_t pid = 0;
+  FileHandle ended;  ///< ready once the process has ended
 };
 
 /// Programs of this system.

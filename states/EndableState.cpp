@@ -3,19 +3,19 @@
 #include <algorithm>
 #include <utility>
 
-#include "connectors/Transition.h"
 #include "model/ChartView.h"
+#include "states/StateTransition.h"
 
 EndableState::~EndableState() {
-  for (Transition* transition : std::exchange(incoming, {})) transition->DetachTarget();
+  for (StateTransition* transition : std::exchange(incoming, {})) transition->DetachTarget();
 }
 
-void EndableState::AddTransition(Transition* transition) {
+void EndableState::AddTransition(StateTransition* transition) {
   incoming.push_back(transition);
   view->UpdateNodes(transition);
 }
 
-void EndableState::RemoveTransition(Transition* transition) {
+void EndableState::RemoveTransition(StateTransition* transition) {
   const auto found = std::find(incoming.begin(), incoming.end(), transition);
   if (found == incoming.end()) return;
   incoming.erase(found);
@@ -24,7 +24,7 @@ void EndableState::RemoveTransition(Transition* transition) {
 }
 
 void EndableState::UpdateIncoming(bool sized) {
-  for (Transition* transition : incoming) {
+  for (StateTransition* transition : incoming) {
     if (sized || !transition->IsInSelection()) transition->OnTargetMoved();
   }
 }

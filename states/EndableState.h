@@ -4,7 +4,7 @@
 
 #include "states/State.h"
 
-class Transition;
+class StateTransition;
 
 /// A state at which transitions can end.
 class EndableState : public virtual State {
@@ -14,13 +14,13 @@ class EndableState : public virtual State {
   ~EndableState() override;
 
   /// Appends; the transition's pointer is set by the caller before.
-  virtual void AddTransition(Transition* transition);
+  virtual void AddTransition(StateTransition* transition);
   /// Takes the transition out and clears its `target`; nothing if it isn't in the list.
-  virtual void RemoveTransition(Transition* transition);
+  virtual void RemoveTransition(StateTransition* transition);
   /// Lets the transitions follow, but for selected ones after a mere move.
   void UpdateIncoming(bool sized);
-  const std::vector<Transition*>& GetIncoming() const { return incoming; }
+  const std::vector<StateTransition*>& GetIncoming() const { return incoming; }
 
  protected:
-  std::vector<Transition*> incoming;
+  std::vector<StateTransition*> incoming;
 };

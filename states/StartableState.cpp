@@ -3,19 +3,19 @@
 #include <algorithm>
 #include <utility>
 
-#include "connectors/Transition.h"
 #include "model/ChartView.h"
+#include "states/StateTransition.h"
 
 StartableState::~StartableState() {
-  for (Transition* transition : std::exchange(outgoing, {})) transition->DetachSource();
+  for (StateTransition* transition : std::exchange(outgoing, {})) transition->DetachSource();
 }
 
-void StartableState::AddTransition(Transition* transition) {
+void StartableState::AddTransition(StateTransition* transition) {
   outgoing.push_back(transition);
   view->UpdateNodes(transition);
 }
 
-void StartableState::RemoveTransition(Transition* transition) {
+void StartableState::RemoveTransition(StateTransition* transition) {
   const auto found = std::find(outgoing.begin(), outgoing.end(), transition);
   if (found == outgoing.end()) return;
   outgoing.erase(found);
@@ -24,7 +24,7 @@ void StartableState::RemoveTransition(Transition* transition) {
 }
 
 void StartableState::UpdateOutgoing(bool sized) {
-  for (Transition* transition : outgoing) {
+  for (StateTransition* transition : outgoing) {
     if (sized || !transition->IsInSelection()) transition->OnSourceMoved();
   }
 }

@@ -4,7 +4,7 @@
 
 #include "states/State.h"
 
-class Transition;
+class StateTransition;
 
 /// A state at which transitions can start.
 class StartableState : public virtual State {
@@ -14,13 +14,13 @@ class StartableState : public virtual State {
   ~StartableState() override;
 
   /// Appends; the transition's pointer is set by the caller before.
-  virtual void AddTransition(Transition* transition);
+  virtual void AddTransition(StateTransition* transition);
   /// Takes the transition out and clears its `source`; nothing if it isn't in the list.
-  virtual void RemoveTransition(Transition* transition);
+  virtual void RemoveTransition(StateTransition* transition);
   /// Lets the transitions follow, but for selected ones after a mere move.
   void UpdateOutgoing(bool sized);
-  const std::vector<Transition*>& GetOutgoing() const { return outgoing; }
+  const std::vector<StateTransition*>& GetOutgoing() const { return outgoing; }
 
  protected:
-  std::vector<Transition*> outgoing;
+  std::vector<StateTransition*> outgoing;
 };

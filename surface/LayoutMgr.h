@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "codegen/ModelProperties.h"
 #include "connectors/AnchorMarker.h"
 #include "model/ChartView.h"
+#include "model/ModelProperties.h"
 #include "model/Shape.h"
 #include "persistence/ChartText.h"
 #include "platform/DrawingTools.h"
@@ -19,7 +19,6 @@ class ModelMgr;
 class ModelStream;
 class ObjectBrowser;
 class UndoHistory;
-enum class GeneratorKind;
 
 /// The view of a chart. It owns the model and all else that belongs to one open chart.
 class LayoutMgr : public ChartView, public ChartText {
@@ -142,7 +141,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void EditModelProperties();
   void FindAndReplace();
   void SetPrintMapping(CDC& dc) const;
-  void GenerateFile(GeneratorKind kind);
+  void GenerateFile(unsigned command);
   bool EnsureModelSaved();
   void Undo();
   void Redo();

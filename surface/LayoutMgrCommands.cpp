@@ -2,9 +2,8 @@
 #include <string_view>
 #include <utility>
 
-#include "codegen/GeneratorKind.h"
-#include "dialogs/FindReplaceDlg.h"
 #include "model/Collection.h"
+#include "model/Editors.h"
 #include "model/ModelMgr.h"
 #include "model/ObjectBrowser.h"
 #include "persistence/UndoHistory.h"
@@ -13,6 +12,7 @@
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
+#include "surface/Generators.h"
 #include "surface/LayoutMgr.h"
 
 // The commands of a chart: what each does, and when it can be given.
@@ -145,7 +145,7 @@ void LayoutMgr::RunSelectionCommand(unsigned id) {
 }
 
 void LayoutMgr::EditModelProperties() {
-  properties.EditModelProperties();
+  Service<Editors>::Get().EditModelProperties(properties);
   if (objectTree != nullptr) objectTree->SetRootText(properties.ModelName);
   Invalidate();
   TakeSnapshot();
@@ -153,8 +153,7 @@ void LayoutMgr::EditModelProperties() {
 
 void LayoutMgr::FindAndReplace() {
   // Each edit is a step of its own.
-  FindReplaceDlg dialog(*model, [this] { TakeSnapshot(); });
-  dialog.DoModal();
+  Service<Editors>::Get().FindAndReplace(*model, [this] { TakeSnapshot(); });
 }
 
 bool LayoutMgr::OnCommand(unsigned id) {
@@ -189,7 +188,7 @@ bool LayoutMgr::OnCommand(unsigned id) {
     case ID_MODEL_PROPERTIES:
     case ID_OBJECT_PROPERTIES: EditModelProperties(); break;
     case ID_CODEGEN_PROPERTIES:
-      properties.EditCodegenProperties();
+      Service<Generators>::Get().EditProperties(properties);
       TakeSnapshot();
       break;
     case ID_FIND_REPLACE: FindAndReplace(); break;
@@ -201,7 +200,7 @@ bool LayoutMgr::OnCommand(unsigned id) {
     case ID_GENERATE_C:
     case ID_GENERATE_CSHARP:
     case ID_GENERATE_JAVA:
-    case ID_GENERATE_XML: GenerateFile(GeneratorTraits::KindOf(id)); break;
+    case ID_GENERATE_XML: GenerateFile(id); break;
     case ID_BRING_TO_FRONT:
     case ID_SEND_TO_BACK:
       model->OrderSelection(id == ID_BRING_TO_FRONT);

@@ -1,22 +1,15 @@
-#include <memory>
-
-#include "codegen/CGenerateCppDlg.h"
 #include "platform/CDocument.h"
-#include "platform/CWaitCursor.h"
 #include "platform/MessageBox.h"
+#include "platform/Service.h"
 #include "resources/Texts.h"
+#include "surface/Generators.h"
 #include "surface/LayoutMgr.h"
 
 // The run of a generator on the saved chart.
 
-void LayoutMgr::GenerateFile(GeneratorKind kind) {
+void LayoutMgr::GenerateFile(unsigned command) {
   if (!EnsureModelSaved()) return;
-  auto dialog = std::make_unique<CGenerateCppDlg>(kind);
-  dialog->SetDesignFile(GetDocument()->GetPathName());
-  dialog->DoModal();
-  // The end of the tool takes its time.
-  const CWaitCursor wait;
-  dialog.reset();
+  Service<Generators>::Get().Run(command, GetDocument()->GetPathName());
 }
 
 bool LayoutMgr::EnsureModelSaved() {

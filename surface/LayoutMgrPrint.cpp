@@ -1,6 +1,7 @@
-#include "dialogs/PrinterSetup.h"
+#include "model/Editors.h"
 #include "platform/CDC.h"
 #include "platform/CPrintInfo.h"
+#include "platform/Service.h"
 #include "surface/LayoutMgr.h"
 
 // The chart on paper: the same drawing as on the screen, under a mapping of 120 logical units to
@@ -65,8 +66,4 @@ void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
 
 void LayoutMgr::OnEndPrinting(CDC& /*dc*/, CPrintInfo& /*info*/) {}
 
-void LayoutMgr::OnFilePrintSetup() {
-  PrinterSetup dialog;
-  dialog.printToFit = printToFit;
-  if (dialog.DoModal()) printToFit = dialog.printToFit;
-}
+void LayoutMgr::OnFilePrintSetup() { Service<Editors>::Get().EditPaper(printToFit); }

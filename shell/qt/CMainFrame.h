@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
 #include "platform/CDocManager.h"
 #include "shell/qt/CommandTarget.h"
@@ -104,6 +105,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   void ShowAbout();
 
   DialogEditors editors;
+  DialogGenerators generators;
   ToolImage toolImage;
   QMdiArea* area;
   std::unique_ptr<CDocManager> manager;

@@ -26,15 +26,12 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"platform", {"resources"}},
     {"recovery", {"resources", "platform"}},
     {"model", {"resources", "platform"}},
-    // A state and its transitions are one thought; the lists of a state's ends hold transitions.
-    {"states", {"resources", "platform", "model", "connectors"}},
+    {"states", {"resources", "platform", "model"}},
     {"connectors", {"resources", "platform", "model", "states"}},
     {"persistence", {"resources", "platform", "model", "recovery"}},
-    {"surface",
-     {"resources", "platform", "model", "states", "connectors", "persistence", "dialogs",
-      "codegen"}},
+    {"surface", {"resources", "platform", "model", "states", "connectors", "persistence"}},
     {"dialogs", {"resources", "platform", "model", "states", "connectors"}},
-    {"codegen", {"resources", "platform", "model", "dialogs"}},
+    {"codegen", {"resources", "platform", "model", "surface"}},
     {"shell",
      {"resources", "platform", "recovery", "model", "states", "connectors", "persistence",
       "surface", "dialogs", "codegen"}}};

@@ -1,3 +1,4 @@
+#include "dialogs/DialogEditors.h"
 #include "dialogs/PrinterSetup.h"
 #include "platform/ViewPages.h"
 #include "tests/support/ChartTest.h"
@@ -25,6 +26,7 @@ class PrintSetup : public DialogHost {
   int button = IDOK;
 
  private:
+  const DialogEditors editors;
   const UseService<DialogHost> use{*this};
 };
 

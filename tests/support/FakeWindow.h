@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
 #include "platform/CDC.h"
 #include "platform/CWnd.h"
@@ -59,6 +60,7 @@ class FakeWindow : public WindowPeer {
 
  private:
   DialogEditors editors;
+  DialogGenerators generators;
   CWnd& window;
   std::deque<Message> queue;
   std::set<std::string> toggled;

@@ -1,18 +1,12 @@
-#include "codegen/ModelProperties.h"
+#include "model/ModelProperties.h"
 
-#include <array>
 #include <istream>
 #include <ostream>
 
-#include "codegen/CCodegenSheet.h"
-#include "dialogs/LayoutMgrPropDlg.h"
 #include "model/ModelStream.h"
 #include "resources/Texts.h"
 
 namespace {
-
-constexpr const char* kDefaultClass = "Context";
-constexpr const char* kDefaultInclude = "Context.h";
 
 /// One field as the model text holds it: a whole line, or a block between tags.
 struct Field {
@@ -47,33 +41,6 @@ constexpr Field kFields[] = {
 std::string BeginTag(const Field& field) { return std::string(field.tag) + " BEGIN"; }
 std::string EndTag(const Field& field) { return std::string(field.tag) + " END"; }
 
-void ReplaceEmpty(std::string& text, const std::string& by) {
-  if (text.empty()) text = by;
-}
-
-/// A field of the block, and the box of a page that edits it.
-struct PageField {
-  std::string ModelProperties::*field;
-  std::string* box;
-};
-
-std::array<PageField, 13> PageFields(CCodegenSheet& sheet) {
-  using P = ModelProperties;
-  return {{{&P::CppClassName, &sheet.pageCpp.className},
-           {&P::CppIncludeFile, &sheet.pageCpp.includeFile},
-           {&P::CppNamespace, &sheet.pageCpp.nameSpace},
-           {&P::CppIncludes, &sheet.pageCpp.includes},
-           {&P::CppDeclarations, &sheet.pageCpp.declarations},
-           {&P::CIncludes, &sheet.pageC.includes},
-           {&P::CDeclarations, &sheet.pageC.declarations},
-           {&P::JavaClassName, &sheet.pageJava.className},
-           {&P::JavaPackage, &sheet.pageJava.package},
-           {&P::JavaDeclarations, &sheet.pageJava.declarations},
-           {&P::CSharpClassName, &sheet.pageCSharp.className},
-           {&P::CSharpPackage, &sheet.pageCSharp.package},
-           {&P::CSharpDeclarations, &sheet.pageCSharp.declarations}}};
-}
-
 }  // namespace
 
 ModelProperties::ModelProperties()
@@ -105,30 +72,4 @@ void ModelProperties::Read(ModelStream& stream) {
       ReadTextBlock(stream.In(), text, BeginTag(field), EndTag(field));
     }
   }
-}
-
-void ModelProperties::EditModelProperties() {
-  LayoutMgrPropDlg dialog;
-  dialog.author = Author;
-  dialog.description = Description;
-  dialog.modelName = ModelName;
-  if (!dialog.DoModal()) return;
-  ModelName = dialog.modelName;
-  Author = dialog.author;
-  Description = dialog.description;
-  ReplaceEmpty(ModelName, LoadText(IDS_UNTITLED));
-  ReplaceEmpty(Author, LoadText(IDS_UNTITLED));
-  ReplaceEmpty(Description, " ");
-}
-
-void ModelProperties::EditCodegenProperties() {
-  CCodegenSheet sheet;
-  const auto fields = PageFields(sheet);
-  for (const PageField& each : fields) *each.box = this->*each.field;
-  if (!sheet.DoModal()) return;
-  for (const PageField& each : fields) this->*each.field = *each.box;
-  ReplaceEmpty(CppClassName, kDefaultClass);
-  ReplaceEmpty(CppIncludeFile, kDefaultInclude);
-  ReplaceEmpty(JavaClassName, kDefaultClass);
-  ReplaceEmpty(CSharpClassName, kDefaultClass);
 }

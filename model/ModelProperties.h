@@ -8,17 +8,15 @@ class ModelStream;
 /// block holds the defaults of a new chart.
 class ModelProperties {
  public:
+  static constexpr const char* kDefaultClass = "Context";
+  static constexpr const char* kDefaultInclude = "Context.h";
+
   ModelProperties();
 
   void Write(ModelStream& stream) const;
   /// Reads the fields that the version of the text has; the others keep what they hold. Throws a
   /// text for the user.
   void Read(ModelStream& stream);
-
-  /// Runs the dialog of the texts that describe the model.
-  void EditModelProperties();
-  /// Runs the sheet of the texts for the generators.
-  void EditCodegenProperties();
 
   std::string ModelName;
   std::string Description;

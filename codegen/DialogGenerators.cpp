@@ -1,0 +1,62 @@
+#include "codegen/DialogGenerators.h"
+
+#include <array>
+#include <memory>
+
+#include "codegen/CCodegenSheet.h"
+#include "codegen/CGenerateCppDlg.h"
+#include "codegen/GeneratorKind.h"
+#include "model/ModelProperties.h"
+#include "platform/CWaitCursor.h"
+
+namespace {
+
+/// A field of the block, and the box of a page that edits it.
+struct PageField {
+  std::string ModelProperties::*field;
+  std::string* box;
+};
+
+std::array<PageField, 13> PageFields(CCodegenSheet& sheet) {
+  using P = ModelProperties;
+  return {{{&P::CppClassName, &sheet.pageCpp.className},
+           {&P::CppIncludeFile, &sheet.pageCpp.includeFile},
+           {&P::CppNamespace, &sheet.pageCpp.nameSpace},
+           {&P::CppIncludes, &sheet.pageCpp.includes},
+           {&P::CppDeclarations, &sheet.pageCpp.declarations},
+           {&P::CIncludes, &sheet.pageC.includes},
+           {&P::CDeclarations, &sheet.pageC.declarations},
+           {&P::JavaClassName, &sheet.pageJava.className},
+           {&P::JavaPackage, &sheet.pageJava.package},
+           {&P::JavaDeclarations, &sheet.pageJava.declarations},
+           {&P::CSharpClassName, &sheet.pageCSharp.className},
+           {&P::CSharpPackage, &sheet.pageCSharp.package},
+           {&P::CSharpDeclarations, &sheet.pageCSharp.declarations}}};
+}
+
+}  // namespace
+
+bool DialogGenerators::EditProperties(ModelProperties& properties) {
+  CCodegenSheet sheet;
+  const auto fields = PageFields(sheet);
+  for (const PageField& each : fields) *each.box = properties.*each.field;
+  if (!sheet.DoModal()) return false;
+  for (const PageField& each : fields) properties.*each.field = *each.box;
+  const auto replaceEmpty = [](std::string& text, const char* by) {
+    if (text.empty()) text = by;
+  };
+  replaceEmpty(properties.CppClassName, ModelProperties::kDefaultClass);
+  replaceEmpty(properties.CppIncludeFile, ModelProperties::kDefaultInclude);
+  replaceEmpty(properties.JavaClassName, ModelProperties::kDefaultClass);
+  replaceEmpty(properties.CSharpClassName, ModelProperties::kDefaultClass);
+  return true;
+}
+
+void DialogGenerators::Run(unsigned command, const std::string& path) {
+  auto dialog = std::make_unique<CGenerateCppDlg>(GeneratorTraits::KindOf(command));
+  dialog->SetDesignFile(path);
+  dialog->DoModal();
+  // The end of the tool takes its time.
+  const CWaitCursor wait;
+  dialog.reset();
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/UseService.h"
+#include "surface/Generators.h"
+
+/// Shows the sheet of the generators' texts and the dialog of their run, as long as it lives.
+class DialogGenerators : public Generators {
+ public:
+  bool EditProperties(ModelProperties& properties) override;
+  void Run(unsigned command, const std::string& path) override;
+
+ private:
+  const UseService<Generators> use{*this};
+};

@@ -1,0 +1,16 @@
+#include "surface/Generators.h"
+
+namespace {
+
+class NoGenerators : public Generators {
+ public:
+  bool EditProperties(ModelProperties& /*properties*/) override { return false; }
+  void Run(unsigned /*command*/, const std::string& /*path*/) override {}
+};
+
+}  // namespace
+
+Generators& Generators::Default() {
+  static NoGenerators none;
+  return none;
+}
