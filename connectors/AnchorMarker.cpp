@@ -1,7 +1,7 @@
 #include "connectors/AnchorMarker.h"
 
+#include "drawing/CDC.h"
 #include "model/DrawResources.h"
-#include "platform/CDC.h"
 
 namespace {
 constexpr std::int32_t kReach = 6;

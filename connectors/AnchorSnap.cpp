@@ -1,9 +1,9 @@
 #include "connectors/AnchorSnap.h"
 
 #include "connectors/AnchorMarker.h"
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Connectable.h"
-#include "platform/CDC.h"
 
 bool SnapToAnchor(const Connectable* candidate, ChartView& view, AnchorMarker& marker,
                   POINT& client) {

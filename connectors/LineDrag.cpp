@@ -3,13 +3,13 @@
 #include "connectors/AnchorSnap.h"
 #include "connectors/Line.h"
 #include "connectors/SelectionDrag.h"
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/Connectable.h"
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
-#include "platform/CDC.h"
 
 namespace {
 

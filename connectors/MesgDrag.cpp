@@ -3,10 +3,10 @@
 
 #include "connectors/Mesg.h"
 #include "connectors/Transition.h"
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
 #include "model/PointTracker.h"
-#include "platform/CDC.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "connectors/MetafileStamp.h"
 
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 
 void MetafileStamp::Show(POINT point, CDC& dc) {
   if (active && point == position) return;

@@ -3,8 +3,8 @@
 #include <optional>
 #include <utility>
 
-#include "platform/Geometry.h"
-#include "platform/Metafile.h"
+#include "drawing/Geometry.h"
+#include "drawing/Metafile.h"
 
 class CDC;
 

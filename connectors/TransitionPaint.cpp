@@ -4,10 +4,10 @@
 #include "connectors/Mesg.h"
 #include "connectors/RoutePainter.h"
 #include "connectors/Transition.h"
+#include "drawing/CDC.h"
+#include "drawing/CMetaFileDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
-#include "platform/CDC.h"
-#include "platform/CMetaFileDC.h"
 
 namespace {
 

@@ -36,7 +36,7 @@ void LookUpEverything() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   TextLibrary library;
   if (!library.Read(TextOf(data, size))) return 0;
-  Service<TextSource>::Set(&library);
+  TextSource::Use(&library);
   LookUpEverything();
   for (const char* text : {"", "9999 7 8", "9999 4 1\n", "9999 4 1\n6\nBEGIN DATA\nEND DATA\n"}) {
     Require(!ReasonOf(text).empty(), "a chart is refused without a reason");
@@ -44,6 +44,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   LayoutMgr chart;
   chart.PlaceWithoutWindow(false);
   Require(TextFault(chart));
-  Service<TextSource>::Set(nullptr);
+  TextSource::Use(nullptr);
   return 0;
 }

@@ -1,8 +1,8 @@
 #include "model/BaseTracker.h"
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
-#include "platform/CDC.h"
 #include "platform/ModalLoop.h"
 
 bool BaseTracker::Track(ChartView* view) {

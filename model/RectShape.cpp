@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/ModelStream.h"
-#include "platform/CDC.h"
 
 namespace {
 

@@ -4,12 +4,16 @@
 
 #include "platform/SharedText.h"
 
+class CDocument;
 class ModelStream;
 
 /// What a document knows of the chart that it holds: its text, in and out.
 class ChartText {
  public:
   virtual ~ChartText() = default;
+  /// The document that holds the chart; null for a chart that no document holds.
+  CDocument* GetDocument() const { return document; }
+  void SetDocument(CDocument* owner) { document = owner; }
   /// The whole model text.
   virtual std::string ModelText() const = 0;
   /// The model text of a chart with nothing in it.
@@ -22,4 +26,7 @@ class ChartText {
   /// Shows another whole model text, as one step that can be undone. False, with nothing changed,
   /// when the text can't be read; `reason` then says why, for the user.
   virtual bool ReplaceText(const std::string& text, std::string& reason) = 0;
+
+ private:
+  CDocument* document = nullptr;
 };

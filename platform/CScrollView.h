@@ -1,16 +1,14 @@
 #pragma once
 
+#include <string>
+
 #include "platform/CWnd.h"
 
-class CDocument;
 class CPrintInfo;
 
-/// A window onto a larger surface, scrolled in device pixels. It belongs to a document.
+/// A window onto a larger surface, scrolled in device pixels.
 class CScrollView : public CWnd {
  public:
-  CDocument* GetDocument() const { return document; }
-  void SetDocument(CDocument* owner) { document = owner; }
-
   /// The size of the whole surface and of a page step, device pixels.
   void SetScrollSizes(SIZE total, SIZE page);
   SIZE GetTotalSize() const { return total; }
@@ -32,6 +30,10 @@ class CScrollView : public CWnd {
   virtual bool OnScrollBy(SIZE distance);
   /// A step of a scroll bar, of the wheel or of a key.
   virtual void OnScroll(ScrollBar bar, ScrollCode code, int target = 0);
+  /// Steps of the wheel that ask for a larger picture, or for a smaller one if negative.
+  virtual void OnZoom(int /*steps*/) {}
+  /// What the pages of the surface are called.
+  virtual std::string GetTitle() const { return {}; }
   /// The wish to close the window; true lets it close.
   virtual bool OnClose() { return true; }
 
@@ -62,7 +64,6 @@ class CScrollView : public CWnd {
   int PageStep(ScrollBar bar) const;
   int DistanceOf(ScrollBar bar, ScrollCode code, int target) const;
 
-  CDocument* document = nullptr;
   SIZE total;
   SIZE page;
   POINT position;

@@ -1,7 +1,7 @@
 #include "platform/CWnd.h"
 
-#include "platform/CNullDC.h"
-#include "platform/CRgn.h"
+#include "drawing/CNullDC.h"
+#include "drawing/CRgn.h"
 #include "platform/WindowPeer.h"
 
 std::unique_ptr<CDC> CWnd::GetDC() {

@@ -2,17 +2,13 @@
 
 #include <algorithm>
 
-#include "platform/CDC.h"
-#include "platform/CDocument.h"
+#include "drawing/CDC.h"
 #include "platform/CScrollView.h"
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"
-#include "resources/Texts.h"
+#include "platform/Wording.h"
 
-std::string ViewPages::Title() const {
-  const CDocument* document = view.GetDocument();
-  return document != nullptr ? document->GetTitle() : LoadText(IDS_UNTITLED);
-}
+std::string ViewPages::Title() const { return view.GetTitle(); }
 
 int ViewPages::Begin(CDC& dc, std::string& problem) {
   dc.SetPrinting(true);
@@ -20,13 +16,13 @@ int ViewPages::Begin(CDC& dc, std::string& problem) {
       dc.GetDeviceCaps(DeviceCap::HorzRes) > 0 && dc.GetDeviceCaps(DeviceCap::VertRes) > 0 &&
       dc.GetDeviceCaps(DeviceCap::HorzSize) > 0 && dc.GetDeviceCaps(DeviceCap::VertSize) > 0;
   if (!hasRoom) {
-    problem = LoadText(IDS_PRINT_NO_ROOM);
+    problem = Worded(kNoRoomToPrint);
     return 0;
   }
   view.OnBeginPrinting(dc, info);
   if (info.GetMaxPage() <= kMaxPages) return info.GetMaxPage();
   End(dc);
-  problem = LoadText(IDS_PRINT_TOO_LARGE);
+  problem = Worded(kTooManyPages);
   return 0;
 }
 
@@ -48,12 +44,12 @@ std::string ViewPages::PrintOn(PrintJob& job) {
     Paint(job.DC(), page);
   }
   End(job.DC());
-  return first <= last ? job.End() : LoadText(IDS_PRINT_NO_SUCH_PAGE);
+  return first <= last ? job.End() : Worded(kNoSuchPages);
 }
 
 std::string ViewPages::PrintAll() {
   const std::unique_ptr<PrintJob> job = Service<Printing>::Get().StartJob(Title());
-  return job != nullptr ? PrintOn(*job) : LoadText(IDS_PRINT_FAILED);
+  return job != nullptr ? PrintOn(*job) : Worded(kPrinterFails);
 }
 
 void ViewPages::RunPrint(bool direct) {

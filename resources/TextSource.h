@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Service.h"
-
 /// Where the texts that a user sees come from. The default source is the English of the program.
 class TextSource {
  public:
@@ -17,5 +15,10 @@ class TextSource {
   virtual std::optional<std::string> Translation(std::string_view english) const = 0;
   /// The two letters by which the toolkit knows the language of its own texts, such as "fr".
   virtual std::string Locale() const = 0;
-  static TextSource& Default();
+
+  /// The source in use.
+  static TextSource& Current();
+  /// Puts another one in use, which has to outlive that; null goes back to the program's English.
+  /// Gives the former one.
+  static TextSource* Use(TextSource* source);
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "resources/TextSource.h"
 
@@ -69,16 +70,6 @@ constexpr std::array kTexts = {
     Text{IDS_SAVE_CHANGES, "Save changes to %1?"},
     Text{IDS_PICTURE_TOO_LARGE, "The chart is too large for a picture of this kind"},
     Text{IDS_PICTURE_KIND, "Pictures end in .png, .svg, .pdf or .emf"},
-    Text{IDS_PRINT_NO_ROOM,
-         "The page has no room to print on.\n\nPlease choose another paper or smaller margins."},
-    Text{IDS_PRINT_TOO_LARGE,
-         "The chart is too large for that many pages.\n\n"
-         "Please choose \"Print to Fit\" in the print setup."},
-    Text{IDS_PRINT_NO_SUCH_PAGE, "The chart does not have these pages"},
-    Text{IDS_PRINT_FAILED, "The printer does not take the chart"},
-    Text{IDS_PRINT_PAGE, "Page %1 of %2"},
-    Text{IDS_SETTINGS_UNSAVED, "The settings cannot be saved"},
-    Text{IDS_LINE_TOO_LONG, "A line of this text is too long to be edited here"},
     Text{IDS_RECOVERY_CAPTION, "Recover Charts"},
     Text{IDS_RECOVERY_CRASHED, "Morvane has crashed before these changes were saved."},
     Text{IDS_RECOVERY_ENDED, "Morvane has ended before these changes were saved."},
@@ -134,18 +125,20 @@ class BuiltInEnglish : public TextSource {
   std::string Locale() const override { return "en"; }
 };
 
+TextSource* current = nullptr;
+
 }  // namespace
 
-TextSource& TextSource::Default() {
-  static BuiltInEnglish source;
-  return source;
+TextSource& TextSource::Current() {
+  static BuiltInEnglish english;
+  return current != nullptr ? *current : english;
 }
+
+TextSource* TextSource::Use(TextSource* source) { return std::exchange(current, source); }
 
 std::span<const EnglishText> EnglishTexts() { return kTexts; }
 
-std::string LoadText(unsigned id) {
-  return Service<TextSource>::Get().Text(id).value_or("-MISSING-");
-}
+std::string LoadText(unsigned id) { return TextSource::Current().Text(id).value_or("-MISSING-"); }
 
 std::string WithName(std::string text, std::string_view name) {
   const std::size_t place = text.find("%1");
@@ -156,6 +149,6 @@ std::string WithName(std::string text, std::string_view name) {
 std::string Translate(std::string_view english) {
   const std::size_t end = std::min(english.find('\t'), english.size());
   const std::string_view text = english.substr(0, end);
-  return Service<TextSource>::Get().Translation(text).value_or(std::string(text)) +
+  return TextSource::Current().Translation(text).value_or(std::string(text)) +
          std::string(english.substr(end));
 }

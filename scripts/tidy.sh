@@ -4,7 +4,8 @@
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-rooms=(codegen connectors dialogs model persistence platform recovery resources shell states surface)
+rooms=(codegen connectors dialogs drawing model persistence platform recovery resources shell states
+  surface)
 filter=${1:-"^$root/(main|($(IFS='|' && echo "${rooms[*]}"))/.*)\\.cpp\$"}
 
 "$root/scripts/setup.sh" clang-tidy cppcheck
@@ -13,5 +14,5 @@ cppcheck --enable=warning,performance,portability --library=qt --std=c++20 --err
   --quiet -I . main.cpp "${rooms[@]}" bench tools
 # A folder of its own: clang can't read the compiler's precompiled headers.
 cmake --preset tidy
-cmake --build build/tidy --target morvane_ui_autogen
+cmake --build build/tidy --target morvane_{drawing,platform,codegen,shell}_qt_autogen
 run-clang-tidy -quiet -p build/tidy -j "$(nproc)" "$filter"

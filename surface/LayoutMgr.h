@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "connectors/AnchorMarker.h"
+#include "drawing/DrawingTools.h"
 #include "model/ChartView.h"
 #include "model/ModelProperties.h"
 #include "model/Shape.h"
 #include "persistence/ChartText.h"
-#include "platform/DrawingTools.h"
 #include "platform/SharedText.h"
 #include "surface/HiddenWindow.h"
 
@@ -96,6 +96,8 @@ class LayoutMgr : public ChartView, public ChartText {
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
   bool OnCommand(unsigned id) override;
   CommandState OnUpdateCommand(unsigned id) override;
+  void OnZoom(int steps) override;
+  std::string GetTitle() const override;
   bool OnClose() override;
 
  protected:

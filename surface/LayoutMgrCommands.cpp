@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -6,12 +7,13 @@
 #include "model/Editors.h"
 #include "model/ModelMgr.h"
 #include "model/ObjectBrowser.h"
+#include "persistence/CDocument.h"
 #include "persistence/UndoHistory.h"
-#include "platform/CDocument.h"
 #include "platform/CWaitCursor.h"
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
+#include "resources/Texts.h"
 #include "surface/Generators.h"
 #include "surface/LayoutMgr.h"
 
@@ -236,6 +238,14 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
     case VirtualKey::Other: return false;
   }
   return true;
+}
+
+void LayoutMgr::OnZoom(int steps) {
+  for (int i = 0; i < std::abs(steps); ++i) OnCommand(steps > 0 ? ID_ZOOM_IN : ID_ZOOM_OUT);
+}
+
+std::string LayoutMgr::GetTitle() const {
+  return GetDocument() != nullptr ? GetDocument()->GetTitle() : LoadText(IDS_UNTITLED);
 }
 
 bool LayoutMgr::OnClose() { return GetDocument() == nullptr || GetDocument()->SaveModified(); }

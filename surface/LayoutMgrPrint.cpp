@@ -1,5 +1,5 @@
+#include "drawing/CDC.h"
 #include "model/Editors.h"
-#include "platform/CDC.h"
 #include "platform/CPrintInfo.h"
 #include "platform/Service.h"
 #include "surface/LayoutMgr.h"

@@ -5,11 +5,11 @@
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/qt/Application.h"
 #include "model/Defaults.h"
+#include "persistence/RecentFiles.h"
 #include "platform/Files.h"
-#include "platform/RecentFiles.h"
 #include "platform/qt/QtProfile.h"
-#include "resources/Language.h"
 #include "resources/TextSource.h"
+#include "shell/Language.h"
 #include "shell/qt/FrameState.h"
 #include "tests/support/TempFolder.h"
 
@@ -66,6 +66,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Defaults::Instance().Load();
   Service<Profile>::Set(former);
   Require(Defaults::Instance().Entry == entry, "a setting changes in the file");
-  Service<TextSource>::Set(nullptr);
+  TextSource::Use(nullptr);
   return 0;
 }

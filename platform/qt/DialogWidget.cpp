@@ -3,13 +3,13 @@
 #include <QCheckBox>
 #include <QPushButton>
 
+#include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 #include "platform/qt/LineBox.h"
 #include "platform/qt/LinesBox.h"
 #include "platform/qt/PaintedCombo.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/RowList.h"
 #include "platform/qt/TextCombo.h"
-#include "resources/Texts.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ class ButtonWidget : public DialogWidget {
 
 }  // namespace
 
-QString ShownLabel(const DialogControl& control) { return ToQString(Translate(control.label)); }
+QString ShownLabel(const DialogControl& control) { return ToQString(Worded(control.label)); }
 
 std::unique_ptr<DialogWidget> DialogWidget::Make(const DialogControl& control, QWidget* parent,
                                                  OnClick onClick) {

@@ -5,9 +5,9 @@
 #include <QFontDatabase>
 #include <QLineEdit>
 
+#include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 #include "platform/qt/BoxText.h"
-#include "platform/qt/QtText.h"
-#include "resources/Texts.h"
 
 LineBox::LineBox(const DialogControl& control, QWidget* parent) : box(new QLineEdit(parent)) {
   box->setMaxLength(std::numeric_limits<int>::max());
@@ -38,7 +38,7 @@ void LineBox::Show(const DialogControl& control) {
   const BoxText text(control.text);
   box->setText(FromUtf8(text.utf8));
   box->setReadOnly(!text.whole);
-  box->setToolTip(text.whole ? QString() : ToQString(LoadText(IDS_LINE_TOO_LONG)));
+  box->setToolTip(text.whole ? QString() : ToQString(Worded(kLineTooLong)));
   box->setCursorPosition(0);
   shown = box->text();
 }

@@ -3,10 +3,10 @@
 #include <QFontDatabase>
 #include <QTextDocument>
 
+#include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 #include "platform/qt/BoxText.h"
 #include "platform/qt/CodeEdit.h"
-#include "platform/qt/QtText.h"
-#include "resources/Texts.h"
 
 LinesBox::LinesBox(const DialogControl& control, QWidget* parent)
     : box(new CodeEdit(control.width, control.lines, parent)) {
@@ -30,6 +30,6 @@ void LinesBox::Show(const DialogControl& control) {
   const BoxText text(control.text);
   box->setPlainText(FromUtf8(text.utf8));
   box->setReadOnly(!text.whole);
-  box->setToolTip(text.whole ? QString() : ToQString(LoadText(IDS_LINE_TOO_LONG)));
+  box->setToolTip(text.whole ? QString() : ToQString(Worded(kLineTooLong)));
   box->document()->setModified(false);
 }

@@ -8,8 +8,8 @@
 #include <QLayout>
 #include <QScreen>
 
-#include "platform/qt/QtText.h"
-#include "resources/Texts.h"
+#include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 
 namespace {
 
@@ -141,7 +141,7 @@ void QtDialogWindow::FitToScreen() {
 }
 
 void QtDialogWindow::Refresh() {
-  setWindowTitle(ToQString(Translate(dialog.Caption())));
+  setWindowTitle(ToQString(Worded(dialog.Caption())));
   for (const Entry& entry : widgets) {
     const DialogControl& control = dialog.Control(entry.id);
     entry.widget->Show(control);

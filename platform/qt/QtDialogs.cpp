@@ -7,18 +7,18 @@
 #include <QFileDialog>
 #include <QGridLayout>
 
+#include "drawing/qt/QtText.h"
 #include "platform/Files.h"
+#include "platform/Wording.h"
 #include "platform/qt/DialogParent.h"
 #include "platform/qt/QtFontDialog.h"
-#include "platform/qt/QtText.h"
-#include "resources/Texts.h"
 
 namespace {
 
 constexpr const char* kAllFiles = "All Files (*)";
 
 QStringList FiltersFor(const Dialogs::FileFilter& filter) {
-  return {ToQString(filter.text), ToQString(Translate(kAllFiles))};
+  return {ToQString(filter.text), ToQString(Worded(kAllFiles))};
 }
 
 std::optional<std::string> Run(QFileDialog& dialog) {
@@ -42,7 +42,7 @@ QCheckBox* AddCheckBox(QFileDialog& dialog, const QString& text) {
 }  // namespace
 
 std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
-  QFileDialog dialog(DialogParent(), ToQString(Translate("Open")), ToQPath(lastFolder));
+  QFileDialog dialog(DialogParent(), ToQString(Worded("Open")), ToQPath(lastFolder));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters(FiltersFor(filter));
   auto path = Run(dialog);
@@ -52,7 +52,7 @@ std::optional<std::string> QtDialogs::AskOpenPath(const FileFilter& filter) {
 
 std::optional<std::string> QtDialogs::AskSavePath(const FileFilter& filter,
                                                   const std::string& suggestion) {
-  QFileDialog dialog(DialogParent(), ToQString(Translate("Save As")));
+  QFileDialog dialog(DialogParent(), ToQString(Worded("Save As")));
   dialog.setDefaultSuffix(ToQString(filter.extension));
   dialog.setNameFilters(FiltersFor(filter));
   return RunSave(dialog, suggestion);
@@ -72,9 +72,9 @@ std::optional<std::string> QtDialogs::RunSave(QFileDialog& dialog, const std::st
 }
 
 std::optional<Dialogs::ExportAnswer> QtDialogs::AskExport(const ExportRequest& request) {
-  QFileDialog dialog(DialogParent(), ToQString(Translate("Export")));
+  QFileDialog dialog(DialogParent(), ToQString(Worded("Export")));
   const QCheckBox* selectionOnly =
-      request.hasSelection ? AddCheckBox(dialog, ToQString(Translate("Selection &only"))) : nullptr;
+      request.hasSelection ? AddCheckBox(dialog, ToQString(Worded("Selection &only"))) : nullptr;
   QStringList filters;
   for (const FileFilter& kind : request.kinds) filters << ToQString(kind.text);
   dialog.setNameFilters(filters);

@@ -12,8 +12,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "platform/qt/QtText.h"
-#include "resources/Texts.h"
+#include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ QtFontDialog::QtFontDialog(const Dialogs::FontChoice& start, QWidget* parent)
       colorButton(new QToolButton(this)),
       color(static_cast<int>(GetRValue(start.color)), static_cast<int>(GetGValue(start.color)),
             static_cast<int>(GetBValue(start.color))) {
-  setWindowTitle(ToQString(Translate("Font")));
+  setWindowTitle(ToQString(Worded("Font")));
   fonts->setWindowFlags(Qt::Widget);
   fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
   QFont font;
@@ -42,9 +42,9 @@ QtFontDialog::QtFontDialog(const Dialogs::FontChoice& start, QWidget* parent)
   fonts->setSizeGripEnabled(false);
   fonts->layout()->setContentsMargins(0, 0, 0, 0);
 
-  auto* label = new QLabel(ToQString(Translate("&Color:")), this);
+  auto* label = new QLabel(ToQString(Worded("&Color:")), this);
   label->setBuddy(colorButton);
-  colorButton->setAccessibleName(ToQString(Translate("Color")));
+  colorButton->setAccessibleName(ToQString(Worded("Color")));
   colorButton->setIconSize(kSwatch);
   ShowColor();
   auto* colorRow = new QHBoxLayout;

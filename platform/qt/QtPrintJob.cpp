@@ -4,11 +4,11 @@
 #include <QPrinter>
 #include <QProgressDialog>
 
+#include "drawing/qt/QtDC.h"
+#include "drawing/qt/QtText.h"
 #include "platform/Files.h"
+#include "platform/Wording.h"
 #include "platform/qt/DialogParent.h"
-#include "platform/qt/QtDC.h"
-#include "platform/qt/QtText.h"
-#include "resources/Texts.h"
 
 namespace {
 
@@ -56,10 +56,9 @@ CDC& QtPrintJob::DC() { return *dc; }
 bool QtPrintJob::ShowProgress(int pages) {
   if (pages == 1) return true;
   if (progress == nullptr) {
-    progress =
-        std::make_unique<QProgressDialog>(ToQString(Translate("Printing...")),
-                                          ToQString(Translate("Cancel")), 0, pages, DialogParent());
-    progress->setWindowTitle(ToQString(Translate("Print")));
+    progress = std::make_unique<QProgressDialog>(
+        ToQString(Worded("Printing...")), ToQString(Worded("Cancel")), 0, pages, DialogParent());
+    progress->setWindowTitle(ToQString(Worded("Print")));
     progress->setWindowModality(Qt::ApplicationModal);
     progress->setMinimumDuration(kProgressDelay);
   }
@@ -85,7 +84,7 @@ std::string QtPrintJob::End() {
   dc.reset();
   if (pdf != nullptr && !failed) return WriteFile();
   failed = failed || printer.printerState() == QPrinter::Error;
-  return failed ? LoadText(IDS_PRINT_FAILED) : std::string();
+  return failed ? Worded(kPrinterFails) : std::string();
 }
 
 std::string QtPrintJob::WriteFile() {

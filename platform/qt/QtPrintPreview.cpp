@@ -7,12 +7,12 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "drawing/qt/QtDC.h"
+#include "drawing/qt/QtText.h"
 #include "platform/Printing.h"
-#include "platform/qt/QtDC.h"
+#include "platform/Wording.h"
 #include "platform/qt/QtPrintJob.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/SvgIcon.h"
-#include "resources/Texts.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ QtPrintPreview::QtPrintPreview(PrintedPages& pages, QPrinter& printer, QtFontCac
       bar(new QToolBar(this)),
       view(new QPrintPreviewWidget(&printer, this)),
       position(new QLabel(this)) {
-  setWindowTitle(ToQString(Translate("Print Preview") + " - " + pages.Title()));
+  setWindowTitle(ToQString(Worded("Print Preview") + " - " + pages.Title()));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   resize(kFirstSize);
   CreateBar();
@@ -50,7 +50,7 @@ QtPrintPreview::QtPrintPreview(PrintedPages& pages, QPrinter& printer, QtFontCac
 
 QAction* QtPrintPreview::AddButton(const char* text, const char* icon,
                                    void (QtPrintPreview::*run)()) {
-  QAction* action = bar->addAction(ToQString(Translate(text)), this, run);
+  QAction* action = bar->addAction(ToQString(Worded(text)), this, run);
   const SvgColors colors =
       SvgColors::On(palette().color(QPalette::Button), palette().color(QPalette::ButtonText));
   QIcon picture;
@@ -82,7 +82,7 @@ void QtPrintPreview::CreateBar() {
   AddButton("Zoom Out", "zoomout", &QtPrintPreview::ZoomOut)->setShortcut(QKeySequence::ZoomOut);
   AddButton("Whole Page", "zoomnormal", &QtPrintPreview::FitPage);
   bar->addSeparator();
-  bar->addAction(ToQString(Translate("Close")), this, &QDialog::accept);
+  bar->addAction(ToQString(Worded("Close")), this, &QDialog::accept);
 }
 
 void QtPrintPreview::PaintPages(QPrinter* device) {
@@ -110,7 +110,7 @@ void QtPrintPreview::Refresh() {
   next->setEnabled(hasPages && page < count);
   all->setEnabled(hasPages && (count > 1 || all->isChecked()));
   all->setChecked(view->viewMode() == QPrintPreviewWidget::AllPagesView);
-  const QString counted = ToQString(LoadText(IDS_PRINT_PAGE)).arg(page).arg(count);
+  const QString counted = ToQString(Worded(kPageOfPages)).arg(page).arg(count);
   position->setText(hasPages ? counted : QString(problem).replace("\n\n", " "));
 }
 

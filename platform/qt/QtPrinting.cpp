@@ -5,10 +5,10 @@
 #include <QPrinter>
 
 #include "platform/CPrintInfo.h"
+#include "platform/Wording.h"
 #include "platform/qt/DialogParent.h"
 #include "platform/qt/QtPrintJob.h"
 #include "platform/qt/QtPrintPreview.h"
-#include "resources/Texts.h"
 
 QtPrinting::QtPrinting() = default;
 
@@ -33,7 +33,7 @@ bool QtPrinting::AskPrinter(CPrintInfo& info, const std::string& title) {
 
   chosen.setPrintRange(QPrinter::AllPages);
   QPrintDialog dialog(&chosen, DialogParent());
-  dialog.setWindowTitle(ToQString(Translate("Print")));
+  dialog.setWindowTitle(ToQString(Worded("Print")));
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
                     QAbstractPrintDialog::PrintCollateCopies |
                     QAbstractPrintDialog::PrintShowPageSize);

@@ -10,11 +10,11 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include "drawing/TextCodec.h"
+#include "drawing/qt/QtText.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
-#include "platform/TextCodec.h"
-#include "platform/qt/QtText.h"
-#include "resources/Texts.h"
+#include "platform/Wording.h"
 
 namespace {
 
@@ -239,5 +239,5 @@ bool QtProfile::StoreInFile() {
 void QtProfile::ShowFailure() {
   if (failureShown) return;
   failureShown = true;
-  ShowMessage(LoadText(IDS_SETTINGS_UNSAVED) + "\n\n" + FromQPath(path), MB_ICONEXCLAMATION);
+  ShowMessage(Worded(kSettingsUnsaved) + "\n\n" + FromQPath(path), MB_ICONEXCLAMATION);
 }

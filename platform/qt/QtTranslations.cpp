@@ -6,13 +6,12 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
-#include "platform/qt/QtText.h"
-#include "resources/TextSource.h"
+#include "drawing/qt/QtText.h"
 
-void LoadToolkitTexts() {
-  const QString locale = ToQString(Service<TextSource>::Get().Locale());
+void LoadToolkitTexts(const std::string& locale) {
   auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
-  if (translator->load("qtbase_" + locale, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+  if (translator->load("qtbase_" + ToQString(locale),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(translator.release());
   }
 }

@@ -8,9 +8,9 @@
 #include <QRegion>
 #include <QTimer>
 
+#include "drawing/qt/QtText.h"
 #include "platform/WindowPeer.h"
 #include "platform/qt/QtOverlay.h"
-#include "platform/qt/QtText.h"
 
 class CScrollView;
 

@@ -7,7 +7,6 @@
 #include "platform/CScrollView.h"
 #include "platform/qt/QtCursors.h"
 #include "platform/qt/QtView.h"
-#include "resources/CommandIds.h"
 
 namespace {
 
@@ -204,10 +203,7 @@ void QtView::ZoomByWheel(int angle) {
   zoomRest += angle;
   const int steps = zoomRest / kWheelNotch;
   zoomRest -= steps * kWheelNotch;
-  const unsigned command = steps > 0 ? ID_ZOOM_IN : ID_ZOOM_OUT;
-  for (int i = 0; i < std::abs(steps); ++i) {
-    if (view->OnUpdateCommand(command).enabled) view->OnCommand(command);
-  }
+  if (steps != 0) view->OnZoom(steps);
 }
 
 void QtView::contextMenuEvent(QContextMenuEvent* event) {

@@ -11,7 +11,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "resources/TextSource.h"
 #include "resources/Texts.h"
 #include "shell/qt/ChartThumbnail.h"
@@ -30,7 +30,7 @@ QString Text(unsigned id) { return ToQString(LoadText(id)); }
 
 /// How the user writes numbers, as far as that is in the language of the program.
 QLocale ProgramLocale() {
-  const QLocale own(ToQString(Service<TextSource>::Get().Locale()));
+  const QLocale own(ToQString(TextSource::Current().Locale()));
   const QLocale system = QLocale::system();
   return system.language() == own.language() ? system : own;
 }

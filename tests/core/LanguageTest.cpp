@@ -1,8 +1,9 @@
 #include <regex>
 
-#include "platform/TextCodec.h"
-#include "resources/Language.h"
+#include "drawing/TextCodec.h"
+#include "platform/Wording.h"
 #include "resources/TextLibrary.h"
+#include "shell/Language.h"
 #include "shell/MenuTable.h"
 #include "states/FinalState.h"
 #include "surface/ObjectMenus.h"
@@ -61,6 +62,33 @@ std::size_t CountDialogClasses() {
   return count;
 }
 
+/// The labels in the windows of the platform.
+std::vector<std::string> PlatformLabels() {
+  static const std::regex label("Worded\\(\"([^\"]+)\"\\)");
+  std::vector<std::string> labels;
+  for (const auto& entry : fs::directory_iterator(MORVANE_SOURCE_DIR "/platform/qt")) {
+    std::string text;
+    ReadWholeFile(entry.path().string(), text);
+    for (std::sregex_iterator found(text.begin(), text.end(), label), end; found != end; ++found) {
+      labels.push_back(found->str(1));
+    }
+  }
+  EXPECT_GT(labels.size(), 5);
+  return labels;
+}
+
+/// Has a source of texts in use for as long as it lives.
+class UseTexts {
+ public:
+  explicit UseTexts(TextSource& source) : former(TextSource::Use(&source)) {}
+  ~UseTexts() { TextSource::Use(former); }
+  UseTexts(const UseTexts&) = delete;
+  UseTexts& operator=(const UseTexts&) = delete;
+
+ private:
+  TextSource* former;
+};
+
 class LanguageLibrary : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
@@ -86,7 +114,8 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
     ExpectTranslated(CommandToolTip(id));
   }
   for (const auto& kind : ChartPicture::FileKinds()) ExpectTranslated(kind.filter);
-  ExpectTranslated("Selection &only");
+  for (const std::string_view text : kPlatformTexts) ExpectTranslated(text);
+  for (const std::string& label : PlatformLabels()) ExpectTranslated(label);
   AllDialogs all;
   for (const CDialog* dialog : all.list) {
     ExpectTranslated(dialog->Caption());
@@ -96,7 +125,7 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
 }
 
 TEST_P(LanguageLibrary, HasEveryTextOfMenusAndNoMnemonicTwiceInOne) {
-  const UseService<TextSource> use(library);
+  const UseTexts use(library);
   for (const Texts& menu : AllMenus()) {
     EXPECT_FALSE(menu.empty());
     std::set<int> letters;
@@ -126,7 +155,7 @@ TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
   EXPECT_EQ(library.Text(7), "one\ntwo\\three\tfour");
   EXPECT_FALSE(library.Text(5));
   EXPECT_FALSE(library.Text(33008)) << "it lacks the place for the name";
-  const UseService<TextSource> use(library);
+  const UseTexts use(library);
   EXPECT_EQ(Translate("&Open...\tCtrl+O"), "&Auf...\tCtrl+O");
   EXPECT_EQ(Translate("Unheard of\tF9"), "Unheard of\tF9");
   for (const unsigned id : {IDS_UNTITLED, IDS_STATE_NAME}) {
@@ -170,7 +199,7 @@ class LoadLanguageTest : public testing::Test {
     folder.Write("langfra.dll", "Morvane texts\tfr\n32952\tSans titre\n");
     folder.Write("langger.dll", "no library");
   }
-  ~LoadLanguageTest() override { Service<TextSource>::Set(nullptr); }
+  ~LoadLanguageTest() override { TextSource::Use(nullptr); }
   /// What the program calls a new chart.
   std::string Untitled() {
     LoadLanguage(folder.Root().string());

@@ -7,8 +7,8 @@
 #include <sstream>
 #include <utility>
 
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
+#include "drawing/CMetaFileDC.h"
+#include "drawing/CNullDC.h"
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"

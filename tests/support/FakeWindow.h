@@ -7,9 +7,9 @@
 
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
+#include "drawing/Metafile.h"
 #include "platform/CWnd.h"
-#include "platform/Metafile.h"
 #include "platform/WindowPeer.h"
 #include "tests/support/NestedLoop.h"
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/CNullDC.h"
+#include "drawing/CNullDC.h"
 #include "platform/Pictures.h"
 #include "platform/UseService.h"
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/CDC.h"
-#include "platform/CDocument.h"
+#include "drawing/CDC.h"
+#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "resources/CommandIds.h"
 
@@ -57,6 +57,7 @@ class FakeView : public CScrollView {
     }
     return {};
   }
+  void OnZoom(int steps) override { log.push_back("z" + std::to_string(steps)); }
   bool OnCommand(unsigned id) override {
     commands.push_back(id);
     return true;

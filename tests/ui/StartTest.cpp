@@ -35,9 +35,9 @@ TEST(Start, OpensTheNamedChartOrANewOne) {
     CMorvaneApp program;
     EXPECT_EQ(program.InitInstance(c.file), c.message == nullptr);
     EXPECT_EQ(Title(), c.title);
-    EXPECT_EQ(Service<TextSource>::Get().Locale(), "fr");
+    EXPECT_EQ(TextSource::Current().Locale(), "fr");
   }
-  Service<TextSource>::Set(nullptr);
+  TextSource::Use(nullptr);
 }
 
 TEST(Start, TheAboutBoxShowsThePictureAndGoesWithAKey) {

@@ -1,0 +1,335 @@
+#include "drawing/EmfWriter.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "drawing/CDC.h"
+#include "drawing/Utf16.h"
+
+enum class EmfWriter::RecordType : std::uint32_t {
+  Header = 1,
+  Polygon = 3,
+  Polyline = 4,
+  EndOfFile = 14,
+  SetMapMode = 17,
+  SetBkMode = 18,
+  SetPolyFillMode = 19,
+  SetTextAlign = 22,
+  SetTextColor = 24,
+  SelectObject = 37,
+  CreatePen = 38,
+  CreateBrush = 39,
+  DeleteObject = 40,
+  Ellipse = 42,
+  Rectangle = 43,
+  RoundRect = 44,
+  Arc = 45,
+  CreateFont = 82,
+  ExtTextOut = 84
+};
+
+namespace {
+
+constexpr std::uint32_t kSignature = 0x464D4520;  // " EMF"
+constexpr std::uint32_t kVersion = 0x00010000;
+constexpr std::uint32_t kHeaderSize = 108;
+
+/// The reference device: a screen of exactly 96 pixels to the inch.
+constexpr SIZE kDevicePixels{3840, 2400};
+constexpr SIZE kDeviceMillimetres{1016, 635};
+constexpr std::int32_t kMicrometresPerMillimetre = 1000;
+constexpr double kHundredthsPerPixel = 2540.0 / 96;
+
+constexpr std::uint32_t kMapModeText = 1;
+constexpr std::uint32_t kTransparent = 1;
+constexpr std::uint32_t kWinding = 2;
+constexpr std::uint32_t kAlignTopLeft = 0;
+constexpr std::uint32_t kCompatible = 1;
+constexpr std::uint32_t kClipped = 4;
+/// Handles of the system's own objects.
+constexpr std::uint32_t kStockNullBrush = 0x80000005;
+constexpr std::uint32_t kStockBlackPen = 0x80000007;
+constexpr std::uint32_t kStockNullPen = 0x80000008;
+
+constexpr std::size_t kFaceLetters = 32;
+constexpr std::size_t kFontTail = 228;  ///< what follows the face in the longer form of a font
+
+}  // namespace
+
+/// The bytes of one record while it grows.
+class EmfWriter::Record {
+ public:
+  explicit Record(RecordType type) {
+    Number(static_cast<std::uint32_t>(type));
+    Number(std::uint32_t{0});
+  }
+
+  template <class Value>
+  Record& Number(Value v) {
+    std::array<char, sizeof v> raw{};
+    std::memcpy(raw.data(), &v, sizeof v);
+    bytes.append(raw.data(), raw.size());
+    return *this;
+  }
+  Record& Point(POINT p) { return Number(p.x).Number(p.y); }
+  Record& Size(SIZE s) { return Number(s.cx).Number(s.cy); }
+  Record& Rect(const RECT& r) {
+    return Number(r.left).Number(r.top).Number(r.right).Number(r.bottom);
+  }
+  /// The box of a shape: its right and bottom edges are inside, but without an outline the shape
+  /// comes out one unit smaller.
+  Record& Outline(const RECT& r, const CPen& pen) {
+    return pen.style == PenStyle::Null ? Rect(r) : Inclusive(r);
+  }
+  /// A rectangle whose right and bottom edges are inside.
+  Record& Inclusive(const RECT& r) {
+    return Rect({r.left, r.top, SubSat(r.right, 1), SubSat(r.bottom, 1)});
+  }
+  Record& Text(std::u16string_view text) {
+    for (const char16_t unit : text) Number(static_cast<std::uint16_t>(unit));
+    return *this;
+  }
+  Record& Zeros(std::size_t count) {
+    bytes.append(count, '\0');
+    return *this;
+  }
+  std::uint32_t Length() const { return static_cast<std::uint32_t>(bytes.size()); }
+  /// The record with its size set, padded to whole 32-bit words.
+  std::string Finish() const {
+    std::string whole = bytes;
+    whole.resize((whole.size() + 3) / 4 * 4, '\0');
+    const auto size = static_cast<std::uint32_t>(whole.size());
+    std::memcpy(whole.data() + sizeof size, &size, sizeof size);
+    return whole;
+  }
+
+ private:
+  std::string bytes;
+};
+
+std::string EmfWriter::Encode(const Metafile& metafile, CDC& reference,
+                              std::string_view description, const RECT* frame) {
+  EmfWriter writer(metafile, reference);
+  writer.WriteSetUp();
+  for (const Metafile::Record& call : metafile.records) writer.WriteCall(call);
+  writer.WriteEnd();
+  if (frame != nullptr) writer.bounds = *frame;
+  return writer.Header(description) + writer.body;
+}
+
+void EmfWriter::Append(const Record& record) {
+  body += record.Finish();
+  ++records;
+}
+
+void EmfWriter::Cover(const RECT& r) { bounds = UnionRect(bounds, r); }
+
+void EmfWriter::WriteSetUp() {
+  Append(Record(RecordType::SetMapMode).Number(kMapModeText));
+  Append(Record(RecordType::SetBkMode).Number(kTransparent));
+  Append(Record(RecordType::SetPolyFillMode).Number(kWinding));
+  Append(Record(RecordType::SetTextAlign).Number(kAlignTopLeft));
+  Append(Record(RecordType::SetTextColor).Number(textColor));
+}
+
+void EmfWriter::SelectHandle(std::uint32_t handle) {
+  Append(Record(RecordType::SelectObject).Number(handle));
+}
+
+void EmfWriter::Select(const CPen& pen) {
+  std::uint32_t handle = pen.style == PenStyle::Null ? kStockNullPen : kStockBlackPen;
+  if (pen.style != PenStyle::Null && pen != CPen{}) {
+    const auto known =
+        std::ranges::find_if(pens, [&](const auto& made) { return made.first == pen; });
+    handle = known != pens.end() ? known->second : handles++;
+    if (known == pens.end()) {
+      pens.emplace_back(pen, handle);
+      Append(Record(RecordType::CreatePen)
+                 .Number(handle)
+                 .Number(static_cast<std::uint32_t>(pen.style))
+                 .Point({pen.width, 0})
+                 .Number(pen.color));
+    }
+  }
+  if (handle == selectedPen) return;
+  selectedPen = handle;
+  SelectHandle(handle);
+}
+
+void EmfWriter::Select(const CBrush& brush) {
+  std::uint32_t handle = kStockNullBrush;
+  if (!brush.hollow) {
+    const auto known =
+        std::ranges::find_if(brushes, [&](const auto& made) { return made.first == brush; });
+    handle = known != brushes.end() ? known->second : handles++;
+    if (known == brushes.end()) {
+      brushes.emplace_back(brush, handle);
+      constexpr std::uint32_t solid = 0;
+      constexpr std::uint32_t noHatch = 0;
+      Append(Record(RecordType::CreateBrush)
+                 .Number(handle)
+                 .Number(solid)
+                 .Number(brush.color)
+                 .Number(noHatch));
+    }
+  }
+  if (handle == selectedBrush) return;
+  selectedBrush = handle;
+  SelectHandle(handle);
+}
+
+void EmfWriter::SelectFont(int index) {
+  const auto known = fonts.find(index);
+  const std::uint32_t handle = known != fonts.end() ? known->second : handles++;
+  if (known == fonts.end()) {
+    fonts[index] = handle;
+    const CFont& font = metafile.fonts[static_cast<std::size_t>(index)];
+    std::u16string face = ToUtf16(font.face).substr(0, kFaceLetters - 1);
+    face.resize(kFaceLetters, u'\0');
+    constexpr std::uint8_t defaultCharset = 1;
+    constexpr std::uint8_t proofQuality = 2;
+    Append(Record(RecordType::CreateFont)
+               .Number(handle)
+               .Number(font.height)
+               .Zeros(3 * sizeof(std::int32_t))  // width, escapement, orientation
+               .Number(std::int32_t{font.weight})
+               .Zeros(3)  // not italic, underlined or struck out
+               .Number(defaultCharset)
+               .Zeros(2)  // default precisions
+               .Number(proofQuality)
+               .Zeros(1)  // default pitch
+               .Text(face)
+               .Zeros(kFontTail));
+  }
+  if (handle == selectedFont) return;
+  selectedFont = handle;
+  SelectHandle(handle);
+}
+
+void EmfWriter::SelectColor(COLORREF color) {
+  if (color == textColor) return;
+  textColor = color;
+  Append(Record(RecordType::SetTextColor).Number(color));
+}
+
+void EmfWriter::WriteCall(const Metafile::Record& call) {
+  using Kind = Metafile::Kind;
+  switch (call.kind) {
+    case Kind::FillRect: WriteFill(call.rect, call.brush); return;
+    case Kind::FillMask: WriteMask(call); return;
+    case Kind::TextOut: WriteText(call); return;
+    default: break;
+  }
+  Select(call.pen);
+  Select(call.brush);
+  switch (call.kind) {
+    case Kind::Polyline: WritePoints(RecordType::Polyline, call.points); return;
+    case Kind::Polygon: WritePoints(RecordType::Polygon, call.points); return;
+    case Kind::Rectangle: Append(Record(RecordType::Rectangle).Outline(call.rect, call.pen)); break;
+    case Kind::Ellipse: Append(Record(RecordType::Ellipse).Outline(call.rect, call.pen)); break;
+    case Kind::RoundRect:
+      Append(Record(RecordType::RoundRect).Outline(call.rect, call.pen).Size(call.corner));
+      break;
+    case Kind::Arc:
+      Append(
+          Record(RecordType::Arc).Inclusive(call.rect).Point(call.points[0]).Point(call.points[1]));
+      break;
+    default: break;
+  }
+  Cover(call.rect);
+}
+
+void EmfWriter::WritePoints(RecordType type, const std::vector<POINT>& points) {
+  if (points.empty()) return;
+  RECT box = RectAt(points[0]);
+  for (const POINT p : points) {
+    box = {std::min(box.left, p.x), std::min(box.top, p.y), std::max(box.right, p.x),
+           std::max(box.bottom, p.y)};
+  }
+  Record record(type);
+  record.Rect(box).Number(static_cast<std::uint32_t>(points.size()));
+  for (const POINT p : points) record.Point(p);
+  Append(record);
+  Cover({box.left, box.top, AddSat(box.right, 1), AddSat(box.bottom, 1)});
+}
+
+void EmfWriter::WriteFill(const RECT& r, const CBrush& brush) {
+  if (brush.hollow || IsRectEmpty(r)) return;
+  Select(CPen{PenStyle::Null, 0, 0});
+  Select(brush);
+  // Without an outline a rectangle comes out one unit smaller.
+  Append(Record(RecordType::Rectangle).Rect(r));
+  Cover(r);
+}
+
+void EmfWriter::WriteMask(const Metafile::Record& call) {
+  for (int y = 0; y < call.mask.height; ++y) {
+    for (int x = 0; x < call.mask.width; ++x) {
+      if (!call.mask.IsSet(x, y)) continue;
+      const POINT p = call.points[0] + POINT{x, y};
+      WriteFill({p.x, p.y, AddSat(p.x, 1), AddSat(p.y, 1)}, call.brush);
+    }
+  }
+}
+
+void EmfWriter::WriteText(const Metafile::Record& call) {
+  const std::u16string text = ToUtf16(call.text);
+  if (text.empty()) return;
+  SelectFont(call.font);
+  SelectColor(call.textColor);
+  reference.SelectFont(metafile.fonts[static_cast<std::size_t>(call.font)]);
+  const SIZE extent = reference.GetTextExtent(call.text);
+  const POINT place = call.points[0];
+  RECT box{place.x, place.y, AddSat(place.x, extent.cx), AddSat(place.y, extent.cy)};
+  if (call.clipped) box = IntersectRect(box, call.rect);
+
+  Record record(RecordType::ExtTextOut);
+  const auto scale = static_cast<float>(kHundredthsPerPixel);
+  record.Inclusive(box).Number(kCompatible).Number(scale).Number(scale);
+  record.Point(place).Number(static_cast<std::uint32_t>(text.size()));
+  constexpr std::uint32_t fieldsBehind = 4 + 4 + 16 + 4;  // offset, options, clip, offset
+  const std::uint32_t textOffset = record.Length() + fieldsBehind;
+  const auto textSize = static_cast<std::uint32_t>((text.size() * 2 + 3) / 4 * 4);
+  record.Number(textOffset).Number(call.clipped ? kClipped : 0U).Rect(call.rect);
+  record.Number(textOffset + textSize).Text(text).Zeros(textSize - text.size() * 2);
+  for (const std::int32_t advance : Advances(call.text, reference)) record.Number(advance);
+  Append(record);
+  Cover(box);
+}
+
+void EmfWriter::WriteEnd() {
+  for (std::uint32_t handle = 1; handle < handles; ++handle) {
+    Append(Record(RecordType::DeleteObject).Number(handle));
+  }
+  constexpr std::uint32_t noPalette = 0;
+  constexpr std::uint32_t paletteOffset = 16;
+  constexpr std::uint32_t ownSize = 20;
+  Append(Record(RecordType::EndOfFile).Number(noPalette).Number(paletteOffset).Number(ownSize));
+}
+
+std::string EmfWriter::Header(std::string_view description) const {
+  // Two texts, each with its NUL, and one more at the end.
+  std::u16string about = ToUtf16(description);
+  about.append(2, u'\0');
+  const auto hundredths = [](std::int32_t v) {
+    return Saturate(static_cast<std::int64_t>(v * kHundredthsPerPixel));
+  };
+  const RECT frame{hundredths(bounds.left), hundredths(bounds.top), hundredths(bounds.right),
+                   hundredths(bounds.bottom)};
+  const std::size_t aboutSize = (about.size() * 2 + 3) / 4 * 4;
+  const auto total = static_cast<std::uint32_t>(kHeaderSize + aboutSize + body.size());
+  Record header(RecordType::Header);
+  header.Inclusive(bounds).Inclusive(frame);
+  header.Number(kSignature).Number(kVersion).Number(total).Number(records);
+  header.Number(static_cast<std::uint16_t>(std::min<std::uint32_t>(handles, 0xFFFF)));
+  header.Number(std::uint16_t{0});
+  header.Number(static_cast<std::uint32_t>(about.size())).Number(kHeaderSize);
+  header.Number(std::uint32_t{0});  // no palette
+  header.Size(kDevicePixels).Size(kDeviceMillimetres);
+  header.Zeros(3 * sizeof(std::uint32_t));  // no pixel format, no OpenGL
+  header.Size({kDeviceMillimetres.cx * kMicrometresPerMillimetre,
+               kDeviceMillimetres.cy * kMicrometresPerMillimetre});
+  header.Text(about);
+  return header.Finish();
+}

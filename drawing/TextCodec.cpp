@@ -1,0 +1,89 @@
+#include "drawing/TextCodec.h"
+
+#include <array>
+
+namespace {
+
+/// Windows-1252 from 0x80 to 0x9F; the five bytes that it leaves open stand for themselves.
+constexpr std::array<std::uint16_t, 32> kWindows1252 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+bool IsContinuation(std::string_view bytes, std::size_t at) {
+  return at < bytes.size() && (static_cast<unsigned char>(bytes[at]) & 0xC0) == 0x80;
+}
+
+/// The length of the valid sequence at `at`, 0 if there is none.
+std::size_t SequenceLength(std::string_view bytes, std::size_t at) {
+  const auto byte = [&](std::size_t offset) {
+    return static_cast<unsigned char>(bytes[at + offset]);
+  };
+  const unsigned lead = byte(0);
+  if (lead < 0x80) return 1;
+  if (lead >= 0xC2 && lead <= 0xDF) return IsContinuation(bytes, at + 1) ? 2 : 0;
+  if (lead >= 0xE0 && lead <= 0xEF) {
+    if (!IsContinuation(bytes, at + 1) || !IsContinuation(bytes, at + 2)) return 0;
+    const bool overlong = lead == 0xE0 && byte(1) < 0xA0;
+    const bool surrogate = lead == 0xED && byte(1) >= 0xA0;
+    return overlong || surrogate ? 0 : 3;
+  }
+  if (lead >= 0xF0 && lead <= 0xF4) {
+    for (std::size_t i = 1; i <= 3; ++i) {
+      if (!IsContinuation(bytes, at + i)) return 0;
+    }
+    const bool overlong = lead == 0xF0 && byte(1) < 0x90;
+    const bool beyond = lead == 0xF4 && byte(1) >= 0x90;
+    return overlong || beyond ? 0 : 4;
+  }
+  return 0;
+}
+
+}  // namespace
+
+bool IsValidUtf8(std::string_view bytes) {
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t length = SequenceLength(bytes, at);
+    if (length == 0) return false;
+    at += length;
+  }
+  return true;
+}
+
+void AppendUtf8(std::string& out, std::uint32_t codePoint) {
+  const auto put = [&out](std::uint32_t byte) { out.push_back(static_cast<char>(byte)); };
+  if (codePoint < 0x80) {
+    put(codePoint);
+  } else if (codePoint < 0x800) {
+    put(0xC0 | codePoint >> 6);
+    put(0x80 | (codePoint & 0x3F));
+  } else if (codePoint < 0x10000) {
+    put(0xE0 | codePoint >> 12);
+    put(0x80 | (codePoint >> 6 & 0x3F));
+    put(0x80 | (codePoint & 0x3F));
+  } else {
+    put(0xF0 | codePoint >> 18);
+    put(0x80 | (codePoint >> 12 & 0x3F));
+    put(0x80 | (codePoint >> 6 & 0x3F));
+    put(0x80 | (codePoint & 0x3F));
+  }
+}
+
+std::string ToUtf8(std::string_view bytes) {
+  if (IsValidUtf8(bytes)) return std::string(bytes);
+  std::string out;
+  out.reserve(bytes.size() + bytes.size() / 8);
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool special = byte >= 0x80 && byte < 0xA0;
+    AppendUtf8(out, special ? kWindows1252[byte - 0x80U] : byte);
+  }
+  return out;
+}
+
+std::string_view Utf8Prefix(std::string_view utf8, std::size_t limit) {
+  if (utf8.size() <= limit) return utf8;
+  std::size_t end = limit;
+  while (end > 0 && IsContinuation(utf8, end)) --end;
+  return utf8.substr(0, end);
+}

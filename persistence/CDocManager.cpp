@@ -1,0 +1,115 @@
+#include "persistence/CDocManager.h"
+
+#include <algorithm>
+
+#include "persistence/CDocument.h"
+#include "platform/CScrollView.h"
+#include "platform/Files.h"
+#include "platform/ModalLoop.h"
+
+CDocManager::CDocManager(CDocTemplate documentTemplate, FrameHost& host)
+    : documentTemplate(std::move(documentTemplate)), host(host) {
+  recent.Load();
+}
+
+CDocManager::~CDocManager() = default;
+
+CDocument* CDocManager::AddDocument() {
+  DropClosed();
+  documents.push_back(documentTemplate.makeDocument());
+  CDocument& document = *documents.back();
+  document.SetView(documentTemplate.makeView());
+  host.CreateFrame(document);
+  document.SetManager(this);
+  return &document;
+}
+
+void CDocManager::ShowDocument(CDocument& document) {
+  document.GetView()->OnInitialUpdate();
+  host.ShowFrame(document);
+}
+
+CDocument* CDocManager::NewDocument() {
+  CDocument* document = AddDocument();
+  document->SetTitle(documentTemplate.baseName + std::to_string(++lastNumber));
+  if (!document->OnNewDocument()) {
+    CloseDocument(*document);
+    return nullptr;
+  }
+  ShowDocument(*document);
+  return document;
+}
+
+CDocument* CDocManager::FindByPath(const std::string& fullPath) const {
+  const auto found = std::find_if(documents.begin(), documents.end(), [&](const auto& document) {
+    return !document->GetPathName().empty() && FullPath(document->GetPathName()) == fullPath;
+  });
+  return found == documents.end() ? nullptr : found->get();
+}
+
+bool CDocManager::IsOpenInOther(const CDocument& document, const std::string& path) const {
+  const std::string fullPath = FullPath(path);
+  return std::ranges::any_of(documents, [&](const auto& open) {
+    return open.get() != &document && !open->GetPathName().empty() &&
+           FullPath(open->GetPathName()) == fullPath;
+  });
+}
+
+void CDocManager::LookAtFiles() {
+  for (const auto& document : documents) document->LookAtFile();
+}
+
+CDocument* CDocManager::OpenDocumentFile(const std::string& path) {
+  const std::string fullPath = FullPath(path);
+  if (CDocument* open = FindByPath(fullPath)) {
+    host.ActivateFrame(*open);
+    return open;
+  }
+  CDocument* document = AddDocument();
+  if (!document->OnOpenDocument(path)) {
+    CloseDocument(*document);
+    recent.Remove(fullPath);
+    return nullptr;
+  }
+  document->SetPathName(fullPath);
+  ShowDocument(*document);
+  // Last: a message that the list cannot be stored shows the chart behind it.
+  recent.Add(fullPath);
+  return document;
+}
+
+void CDocManager::OnFileOpen() {
+  if (const auto path = AskOpenPath(documentTemplate.filter)) {
+    OpenDocumentFile(*path);
+  }
+}
+
+void CDocManager::OnOpenRecentFile(std::size_t index) {
+  if (index >= recent.Paths().size()) return;
+  const std::string path = recent.Paths()[index];
+  OpenDocumentFile(path);
+}
+
+void CDocManager::CloseDocument(CDocument& document) {
+  document.OnCloseDocument();
+  host.CloseFrame(document);
+  const auto place =
+      std::ranges::find_if(documents, [&](const auto& open) { return open.get() == &document; });
+  closed.push_back(std::move(*place));
+  documents.erase(place);
+  DropClosed();
+}
+
+/// An operation on a document that was closed may still wait for the user: it lives until then.
+void CDocManager::DropClosed() {
+  if (!ModalLoop::IsRunning()) closed.clear();
+}
+
+bool CDocManager::SaveAllModified() {
+  return std::all_of(documents.begin(), documents.end(),
+                     [](const auto& document) { return document->SaveModified(); });
+}
+
+void CDocManager::CloseAllDocuments() {
+  while (!documents.empty()) CloseDocument(*documents.back());
+}

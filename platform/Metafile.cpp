@@ -1,8 +1,0 @@
-#include "platform/Metafile.h"
-
-void Metafile::MoveBy(POINT offset) {
-  for (Record& record : records) {
-    record.rect = record.rect + offset;
-    for (POINT& p : record.points) p = p + offset;
-  }
-}

@@ -1,0 +1,11 @@
+#include "platform/Wording.h"
+
+namespace {
+Translator translate = nullptr;
+}
+
+void SetTranslator(Translator translator) { translate = translator; }
+
+std::string Worded(std::string_view english) {
+  return translate != nullptr ? translate(english) : std::string(english);
+}
