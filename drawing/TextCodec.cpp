@@ -14,36 +14,26 @@ bool IsContinuation(std::string_view bytes, std::size_t at) {
   return at < bytes.size() && (static_cast<unsigned char>(bytes[at]) & 0xC0) == 0x80;
 }
 
-/// The length of the valid sequence at `at`, 0 if there is none.
-std::size_t SequenceLength(std::string_view bytes, std::size_t at) {
-  const auto byte = [&](std::size_t offset) {
-    return static_cast<unsigned char>(bytes[at + offset]);
-  };
-  const unsigned lead = byte(0);
-  if (lead < 0x80) return 1;
-  if (lead >= 0xC2 && lead <= 0xDF) return IsContinuation(bytes, at + 1) ? 2 : 0;
-  if (lead >= 0xE0 && lead <= 0xEF) {
-    if (!IsContinuation(bytes, at + 1) || !IsContinuation(bytes, at + 2)) return 0;
-    const bool overlong = lead == 0xE0 && byte(1) < 0xA0;
-    const bool surrogate = lead == 0xED && byte(1) >= 0xA0;
-    return overlong || surrogate ? 0 : 3;
-  }
-  if (lead >= 0xF0 && lead <= 0xF4) {
-    for (std::size_t i = 1; i <= 3; ++i) {
-      if (!IsContinuation(bytes, at + i)) return 0;
-    }
-    const bool overlong = lead == 0xF0 && byte(1) < 0x90;
-    const bool beyond = lead == 0xF4 && byte(1) >= 0x90;
-    return overlong || beyond ? 0 : 4;
-  }
-  return 0;
-}
-
 }  // namespace
+
+CodePoint DecodeUtf8(std::string_view bytes, std::size_t at) {
+  const auto lead = static_cast<unsigned char>(bytes[at]);
+  if (lead < 0x80) return {lead, 1};
+  if (lead < 0xC2 || lead > 0xF4) return {};
+  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  std::uint32_t value = lead & (0xFFU >> (length + 1));
+  for (std::size_t i = 1; i < length; ++i) {
+    if (!IsContinuation(bytes, at + i)) return {};
+    value = value << 6 | (static_cast<unsigned char>(bytes[at + i]) & 0x3FU);
+  }
+  const bool overlong = (length == 3 && value < 0x800) || (length == 4 && value < 0x10000);
+  const bool surrogate = value >= 0xD800 && value < 0xE000;
+  return overlong || surrogate || value > 0x10FFFF ? CodePoint{} : CodePoint{value, length};
+}
 
 bool IsValidUtf8(std::string_view bytes) {
   for (std::size_t at = 0; at < bytes.size();) {
-    const std::size_t length = SequenceLength(bytes, at);
+    const std::size_t length = DecodeUtf8(bytes, at).length;
     if (length == 0) return false;
     at += length;
   }

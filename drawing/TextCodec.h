@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -7,6 +8,15 @@
 // Texts are bytes as the file holds them. For the screen, valid UTF-8 is UTF-8, and anything else
 // is taken as Windows-1252.
 
+/// A code point, and how many bytes it takes.
+struct CodePoint {
+  std::uint32_t value = 0;
+  std::size_t length = 0;
+};
+
+/// The code point whose sequence begins at `at`, which lies within the text; no bytes if that is no
+/// valid sequence.
+CodePoint DecodeUtf8(std::string_view bytes, std::size_t at);
 bool IsValidUtf8(std::string_view bytes);
 void AppendUtf8(std::string& out, std::uint32_t codePoint);
 /// The text as valid UTF-8.

@@ -3,14 +3,29 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/TreePeer.h"
-
 CTreeCtrl::CTreeCtrl(std::vector<std::string> images) : images(std::move(images)) {}
 
 CTreeCtrl::~CTreeCtrl() = default;
 
 void CTreeCtrl::Changing() {
-  if (peer != nullptr) peer->OnTreeChanging();
+  rows.clear();
+  if (listener.changing) listener.changing();
+}
+
+const std::vector<TreeItem*>& CTreeCtrl::Children(const TreeItem* parent) const {
+  const auto [found, isNew] = rows.try_emplace(parent);
+  if (isNew) {
+    TreeItem* child = parent != nullptr ? parent->FirstChild() : FirstItem();
+    for (; child != nullptr; child = child->Next()) found->second.push_back(child);
+  }
+  return found->second;
+}
+
+std::size_t CTreeCtrl::RowOf(const TreeItem& item) const {
+  const std::vector<TreeItem*>& siblings = Children(item.Parent());
+  const auto older = [](const TreeItem* a, const TreeItem* b) { return a->IsOlder(*b); };
+  return static_cast<std::size_t>(std::ranges::lower_bound(siblings, &item, older) -
+                                  siblings.begin());
 }
 
 TreeItem* CTreeCtrl::FirstWithData(const void* data) const {
@@ -147,5 +162,5 @@ void CTreeCtrl::Collapse(TreeItem& item) {
 void CTreeCtrl::Select(TreeItem* item) {
   if (selected == item) return;
   selected = item;
-  if (peer != nullptr) peer->OnTreeSelected();
+  if (listener.selected) listener.selected();
 }

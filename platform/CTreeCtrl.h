@@ -2,16 +2,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <memory_resource>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "drawing/Geometry.h"
 #include "platform/TreeItem.h"
-
-class TreePeer;
 
 /// A tree of items, with a window before it or without. New items come behind their siblings. To
 /// insert an item, or to find those of a datum, takes no longer in a large tree; to delete one
@@ -24,11 +24,24 @@ class CTreeCtrl {
   CTreeCtrl(const CTreeCtrl&) = delete;
   CTreeCtrl& operator=(const CTreeCtrl&) = delete;
 
-  /// Ties the real window, which isn't owned and takes itself back before it goes.
-  void SetPeer(TreePeer* window) { peer = window; }
+  /// What the real window hears, until it takes itself back with none before it goes. Between
+  /// `changing` and its next look at the tree it must hold on to no item.
+  struct Listener {
+    /// Items are about to come, change or go. There may be thousands of calls before the window
+    /// looks anew.
+    std::function<void()> changing;
+    /// Another item is selected, or none.
+    std::function<void()> selected;
+  };
+  void SetListener(Listener window) { listener = std::move(window); }
   const std::vector<std::string>& Images() const { return images; }
 
   TreeItem* FirstItem() const { return top.FirstChild(); }
+  /// The items below one, or at the top level if that is null, in their order. The list holds until
+  /// something changes.
+  const std::vector<TreeItem*>& Children(const TreeItem* parent) const;
+  /// The place of an item among its siblings, from 0.
+  std::size_t RowOf(const TreeItem& item) const;
   /// How many items the tree has, whether they can be seen or not.
   std::size_t Count() const { return items.size(); }
   TreeItem* Selected() const { return selected; }
@@ -78,12 +91,14 @@ class CTreeCtrl {
   void TakeFromChain(TreeItem& item);
 
   std::vector<std::string> images;
-  TreePeer* peer = nullptr;
+  Listener listener;
   TreeItem top;  ///< hidden, above the top level
   std::pmr::unsynchronized_pool_resource memory;
   std::pmr::list<TreeItem> items{&memory};
   std::pmr::unordered_map<const void*, Chain> chains{
       &memory};  ///< the items of each datum, as they were made
+  /// Items aren't numbered; that is done for the parents that somebody looks into.
+  mutable std::unordered_map<const TreeItem*, std::vector<TreeItem*>> rows;
   TreeItem* selected = nullptr;
   std::uint64_t lastSerial = 0;
 };

@@ -51,11 +51,11 @@ QtTreeCtrl::QtTreeCtrl(CTreeCtrl& tree, int firstWidth, QWidget* parent)
           [this](const QModelIndex& index) { OnToggled(index, true); });
   connect(this, &QTreeView::collapsed, this,
           [this](const QModelIndex& index) { OnToggled(index, false); });
-  tree.SetPeer(this);
-  QtTreeCtrl::OnTreeChanging();
+  tree.SetListener({[this] { OnTreeChanging(); }, [this] { OnTreeSelected(); }});
+  OnTreeChanging();
 }
 
-QtTreeCtrl::~QtTreeCtrl() { tree.SetPeer(nullptr); }
+QtTreeCtrl::~QtTreeCtrl() { tree.SetListener({}); }
 
 QSize QtTreeCtrl::sizeHint() const { return {firstWidth, QTreeView::sizeHint().height()}; }
 

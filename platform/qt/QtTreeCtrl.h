@@ -3,15 +3,13 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include "platform/TreePeer.h"
-
 class CTreeCtrl;
 class QtTreeModel;
 class TreeItem;
 
 /// The window of a `CTreeCtrl`. Whatever changes in the tree, the window looks at it anew once,
 /// when the program is idle or somebody looks at the window.
-class QtTreeCtrl : public QTreeView, public TreePeer {
+class QtTreeCtrl : public QTreeView {
   Q_OBJECT
 
  public:
@@ -22,9 +20,6 @@ class QtTreeCtrl : public QTreeView, public TreePeer {
   /// Shows the tree as it is now.
   void Sync();
   QSize sizeHint() const override;
-
-  void OnTreeChanging() override;
-  void OnTreeSelected() override;
 
  protected:
   bool event(QEvent* event) override;
@@ -37,6 +32,9 @@ class QtTreeCtrl : public QTreeView, public TreePeer {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
+  /// The window looks anew when it is idle.
+  void OnTreeChanging();
+  void OnTreeSelected();
   void LoadIcons();
   void SyncFor(const QEvent& event);
   void ShowExpanded(const TreeItem* item);

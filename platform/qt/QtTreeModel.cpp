@@ -1,6 +1,5 @@
 #include "platform/qt/QtTreeModel.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "drawing/TextCodec.h"
@@ -21,7 +20,6 @@ void QtTreeModel::Close() {
   if (!open) return;
   beginResetModel();
   open = false;
-  children.clear();
 }
 
 void QtTreeModel::Open() {
@@ -36,28 +34,14 @@ TreeItem* QtTreeModel::ItemOf(const QModelIndex& index) {
   return static_cast<TreeItem*>(index.internalPointer());
 }
 
-const QList<TreeItem*>& QtTreeModel::Children(const TreeItem* parent) const {
-  const auto found = children.constFind(parent);
-  if (found != children.constEnd()) return *found;
-  QList<TreeItem*>& list = children[parent];
-  TreeItem* child = parent != nullptr ? parent->FirstChild() : tree.FirstItem();
-  for (; child != nullptr; child = child->Next()) list.append(child);
-  return list;
-}
-
 QModelIndex QtTreeModel::IndexOf(const TreeItem* item) const {
   if (item == nullptr || !open) return {};
-  const QList<TreeItem*>& siblings = Children(item->Parent());
-  const auto place =
-      std::lower_bound(siblings.begin(), siblings.end(), item,
-                       [](const TreeItem* a, const TreeItem* b) { return a->IsOlder(*b); });
-  return createIndex(static_cast<int>(place - siblings.begin()), 0, item);
+  return createIndex(static_cast<int>(tree.RowOf(*item)), 0, item);
 }
 
 QModelIndex QtTreeModel::index(int row, int column, const QModelIndex& parent) const {
-  if (!open || column != 0 || row < 0) return {};
-  const QList<TreeItem*>& siblings = Children(ItemOf(parent));
-  return row < siblings.size() ? createIndex(row, 0, siblings[row]) : QModelIndex();
+  if (column != 0 || row < 0 || row >= rowCount(parent)) return {};
+  return createIndex(row, 0, tree.Children(ItemOf(parent))[static_cast<std::size_t>(row)]);
 }
 
 QModelIndex QtTreeModel::parent(const QModelIndex& index) const {
@@ -67,7 +51,7 @@ QModelIndex QtTreeModel::parent(const QModelIndex& index) const {
 int QtTreeModel::rowCount(const QModelIndex& parent) const {
   if (!open) return 0;
   if (parent.isValid()) return ItemOf(parent)->ChildCount();
-  return static_cast<int>(Children(nullptr).size());
+  return static_cast<int>(tree.Children(nullptr).size());
 }
 
 int QtTreeModel::columnCount(const QModelIndex& /*parent*/) const { return 1; }

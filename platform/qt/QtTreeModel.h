@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractItemModel>
-#include <QHash>
 #include <QIcon>
 #include <QList>
 
@@ -32,11 +31,7 @@ class QtTreeModel : public QAbstractItemModel {
   QVariant data(const QModelIndex& index, int role) const override;
 
  private:
-  const QList<TreeItem*>& Children(const TreeItem* parent) const;
-
   const CTreeCtrl& tree;
   bool open = true;
   QList<QIcon> icons;
-  // A tree doesn't number its items; that is done for the parents that a view looks into.
-  mutable QHash<const TreeItem*, QList<TreeItem*>> children;
 };

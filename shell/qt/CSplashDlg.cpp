@@ -1,18 +1,16 @@
 #include "shell/qt/CSplashDlg.h"
 
-#include <fstream>
-
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
 
-#include "drawing/BitmapFile.h"
 #include "drawing/qt/QtText.h"
 #include "platform/Files.h"
 #include "platform/InstallFolder.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 #include "resources/Version.h"
+#include "shell/qt/SplashPicture.h"
 
 namespace {
 
@@ -40,19 +38,9 @@ CSplashDlg::CSplashDlg(bool modal, QWidget* parent)
 }
 
 bool CSplashDlg::LoadSplashBitmap(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return false;
-  const std::optional<BitmapFile> picture = ReadBitmapFile(file);
-  if (!picture) return false;
-  bitmap = QImage(picture->Width(), picture->Height(), QImage::Format_RGB32);
-  for (int y = 0; y < bitmap.height(); ++y) {
-    auto* line = reinterpret_cast<QRgb*>(bitmap.scanLine(y));
-    for (int x = 0; x < bitmap.width(); ++x) {
-      const COLORREF c = picture->Pixel(x, y);
-      line[x] = qRgb(static_cast<int>(GetRValue(c)), static_cast<int>(GetGValue(c)),
-                     static_cast<int>(GetBValue(c)));
-    }
-  }
+  std::string bytes;
+  if (!ReadWholeFile(path, bytes).Ok()) return false;
+  bitmap = ReadSplashPicture(QByteArray::fromStdString(bytes));
   return !bitmap.isNull();
 }
 

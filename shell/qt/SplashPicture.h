@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+/// The picture in the bytes of a bitmap file; a null image if they are none, or of the old kind
+/// with the core header, or fewer than the file says of itself.
+QImage ReadSplashPicture(const QByteArray& bytes);
