@@ -20,5 +20,5 @@ QImage ReadSplashPicture(const QByteArray& bytes) {
   const bool isRead = bytes.size() >= kSmallest && bytes.startsWith("BM") &&
                       DoubleWord(bytes, kFileSizeAt) <= static_cast<quint32>(bytes.size()) &&
                       DoubleWord(bytes, kHeaderSizeAt) != kCoreHeaderSize;
-  return isRead ? QImage::fromData(bytes, "BMP") : QImage();
+  return isRead ? QImage::fromData(bytes, "BMP").convertToFormat(QImage::Format_RGB32) : QImage();
 }
