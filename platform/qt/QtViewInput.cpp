@@ -205,9 +205,7 @@ void QtView::ZoomByWheel(int angle) {
   const int steps = zoomRest / kWheelNotch;
   zoomRest -= steps * kWheelNotch;
   const unsigned command = steps > 0 ? ID_ZOOM_IN : ID_ZOOM_OUT;
-  for (int i = 0; i < std::abs(steps); ++i) {
-    if (view->OnUpdateCommand(command).enabled) view->OnCommand(command);
-  }
+  for (int i = 0; i < std::abs(steps); ++i) view->OnCommand(command);
 }
 
 void QtView::contextMenuEvent(QContextMenuEvent* event) {

@@ -17,6 +17,7 @@ class FakeView : public CScrollView {
  public:
   COLORREF color = 0x0000FF;
   int paints = 0;
+  int asked = 0;  ///< how often, for the state of a command
   std::vector<std::string> log;
   std::vector<unsigned> commands;
   std::vector<unsigned> disabled;
@@ -51,14 +52,18 @@ class FakeView : public CScrollView {
     return key != VirtualKey::Other;
   }
   CommandState OnUpdateCommand(unsigned id) override {
-    if (id == ID_ZOOM_IN || id == ID_ZOOM_OUT || id == ID_EDIT_UNDO || id == ID_REFRESH) {
+    ++asked;
+    if (id == ID_ZOOM_IN || id == ID_ZOOM_OUT || id == ID_EDIT_UNDO || id == ID_REFRESH ||
+        id == ID_FILE_SAVE) {
       return CommandState::Enabled(std::find(disabled.begin(), disabled.end(), id) ==
                                    disabled.end());
     }
     return {};
   }
   bool OnCommand(unsigned id) override {
+    if (!OnUpdateCommand(id).enabled) return false;
     commands.push_back(id);
+    if (id == ID_FILE_SAVE) GetDocument()->DoFileSave();
     return true;
   }
 
