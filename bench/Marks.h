@@ -13,8 +13,9 @@ class Marks : public benchmark::ConsoleReporter {
 
   void ReportRuns(const std::vector<Run>& runs) override;
   /// Prints what was measured beside its mark. True if all hold; a mark whose runs were filtered
-  /// out is passed over.
-  bool Report() const;
+  /// out is passed over. With a slack other than 1 a ratio may be so many times its mark, and marks
+  /// in seconds are left out.
+  bool Report(double slack) const;
 
  private:
   double TimeOf(const std::string& work) const;

@@ -13,6 +13,7 @@
 #include "resources/CommandIds.h"
 #include "states/State.h"
 #include "surface/HiddenWindow.h"
+#include "surface/ToolDrag.h"
 
 namespace {
 
@@ -102,7 +103,7 @@ void ChartHand::OpenMenu() {
   const Shape* shape = Below(4) == 0 ? nullptr : AnyObject();
   chart.OnContextMenu(shape != nullptr ? CentreOf(chart.ToClient(shape->GetBounds())) : AnyPoint());
   // A tool of the menu waits for its place.
-  if (chart.GetTool() != 0) chart.OnLButtonUp(0, AnyPoint());
+  if (chart.GetTools().Tool() != 0) chart.OnLButtonUp(0, AnyPoint());
 }
 
 void ChartHand::UseTree() {
@@ -115,7 +116,7 @@ void ChartHand::UseTree() {
   }
   TreeItem* hit = items[static_cast<std::size_t>(Below(static_cast<int>(items.size())))];
   Below(2) == 0 ? tree.OnLButtonDown(hit) : void(tree.OnRButtonDown(hit, AnyPoint()));
-  if (chart.GetTool() != 0) chart.OnLButtonUp(0, AnyPoint());
+  if (chart.GetTools().Tool() != 0) chart.OnLButtonUp(0, AnyPoint());
 }
 
 void ChartHand::FindAndEdit() { Command(ID_FIND_REPLACE); }

@@ -25,7 +25,7 @@ void LookUpEverything() {
   for (const EnglishText& text : EnglishTexts()) letters += LoadText(text.id).size();
   for (const auto& menu : {StartMenu(), ChartMenu()}) {
     for (const MenuPopup& popup : menu) {
-      for (const MenuEntry& entry : popup.entries) letters += Translate(entry.text).size();
+      for (const MenuEntry& entry : popup.entries) letters += MenuText(entry).size();
     }
   }
   Require(letters > 0, "a language without a letter");

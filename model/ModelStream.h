@@ -11,7 +11,10 @@ class Object;
 /// is made on the stack for one pass and doesn't own the stream.
 class ModelStream {
  public:
-  static constexpr float kSupportedVersion = 4.1F;
+  /// The version of the format, which the header of a text names.
+  static constexpr std::int32_t kMajor = 4;
+  static constexpr std::int32_t kMinor = 1;
+  static constexpr float kSupportedVersion = kMajor + kMinor * 0.1F;
 
   explicit ModelStream(std::istream& stream) : input(&stream) {}
   explicit ModelStream(std::ostream& stream) : output(&stream) {}

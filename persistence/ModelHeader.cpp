@@ -9,8 +9,8 @@
 namespace {
 
 constexpr std::int32_t kMagic = 9999;
-constexpr std::int32_t kMajor = 4;
-constexpr std::int32_t kMinor = 1;
+constexpr std::int32_t kMajor = ModelStream::kMajor;
+constexpr std::int32_t kMinor = ModelStream::kMinor;
 
 std::string VersionText(double version) {
   constexpr std::string_view place = "%2.1f";

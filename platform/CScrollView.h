@@ -47,15 +47,15 @@ class CScrollView : public CWnd {
   virtual void OnEndPrinting(CDC& /*dc*/, CPrintInfo& /*info*/) {}
   /// Lets the user choose how the surface is put on paper.
   virtual void OnFilePrintSetup() {}
+  /// Prints, after the print dialog unless `direct`, or shows the pages in a window.
+  void OnFilePrint(bool direct);
+  void OnFilePrintPreview();
 
   void OnSize() override;
 
  protected:
   /// The print dialog, unless the pages are for the screen.
   bool DoPreparePrinting(CPrintInfo& info);
-  /// Prints, or shows the pages in a window.
-  void OnFilePrint(bool direct);
-  void OnFilePrintPreview();
   /// The smallest distance that the surface scrolls by.
   virtual int ScrollStep() const { return 1; }
   void UpdateBars();

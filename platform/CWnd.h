@@ -3,20 +3,12 @@
 #include <memory>
 
 #include "drawing/Geometry.h"
+#include "platform/Command.h"
 #include "platform/Message.h"
 
 class CDC;
 class CRgn;
 class WindowPeer;
-
-/// What a menu or a bar shows of a command.
-struct CommandState {
-  bool handled = false;  ///< the target knows the command
-  bool enabled = false;
-  bool checked = false;
-  static CommandState Enabled(bool on) { return {true, on, false}; }
-  static CommandState Checked(bool on) { return {true, true, on}; }
-};
 
 /// A window as the program sees it. Without a real window behind it everything but painting works:
 /// contexts paint nowhere, invalidation is forgotten, the client area is empty. All points and

@@ -147,8 +147,5 @@ std::string WithName(std::string text, std::string_view name) {
 }
 
 std::string Translate(std::string_view english) {
-  const std::size_t end = std::min(english.find('\t'), english.size());
-  const std::string_view text = english.substr(0, end);
-  return TextSource::Current().Translation(text).value_or(std::string(text)) +
-         std::string(english.substr(end));
+  return TextSource::Current().Translation(english).value_or(std::string(english));
 }

@@ -112,5 +112,5 @@ std::string LoadText(unsigned id);
 std::string WithName(std::string text, std::string_view name);
 
 /// What the current text source has for an English text of a menu, a prompt or a dialog; the
-/// English text itself if it has nothing. A key behind a tab stays as it is.
+/// English text itself if it has nothing.
 std::string Translate(std::string_view english);

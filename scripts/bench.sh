@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Builds and runs the benchmarks and prints each ratio beside its mark; fails when one is missed:
-# bench.sh [BENCHMARK_OPTION...], such as --benchmark_filter=Read
+# bench.sh [--slack=FACTOR] [BENCHMARK_OPTION...], such as --benchmark_filter=Read. With a factor
+# ratios may be so many times their mark, and marks in seconds are left out: for a machine that runs
+# other work, too.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, checks the formatting, builds, and runs every test:
-# test.sh [PRESET [CTEST_OPTION...]], where PRESET is release, debug or asan.
+# test.sh [PRESET [CTEST_OPTION...]], where PRESET is release, debug, asan or tsan.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

@@ -6,20 +6,14 @@
 #include "platform/InstallFolder.h"
 #include "platform/MessageBox.h"
 #include "platform/ShellOpen.h"
-#include "resources/CommandIds.h"
 #include "resources/Texts.h"
-#include "shell/MenuTable.h"
 
-bool HelpCommands::Run(unsigned id) {
-  switch (id) {
-    case ID_USER_GUIDE: OpenDocument("Docs/Morvane-UserGuide.pdf"); return true;
-    case ID_TUTORIAL: OpenDocument("Docs/Morvane-Tutorial.pdf"); return true;
-    case ID_WEB_PAGE: OpenWebPage(); return true;
-    default: return false;
-  }
-}
+namespace {
 
-void HelpCommands::OpenDocument(const char* name) {
+constexpr const char* kWebAddress = "https://morvane.halvern.example";
+
+/// Opens a document that was installed with the program.
+void OpenDocument(const char* name) {
   const std::string path = FindPath(GetInstallFolder() + name);
   switch (Service<ShellOpen>::Get().OpenFile(path)) {
     case OpenResult::NotFound: ShowMessage(LoadText(IDS_HELP_NOT_FOUND)); break;
@@ -29,7 +23,13 @@ void HelpCommands::OpenDocument(const char* name) {
   }
 }
 
-void HelpCommands::OpenWebPage() {
+}  // namespace
+
+void HelpCommands::ShowUserGuide() { OpenDocument("Docs/Morvane-UserGuide.pdf"); }
+
+void HelpCommands::ShowTutorial() { OpenDocument("Docs/Morvane-Tutorial.pdf"); }
+
+void HelpCommands::ShowWebPage() {
   const std::string address(kWebAddress);
   if (Service<ShellOpen>::Get().OpenWeb(address) == OpenResult::NoProgram) {
     ShowMessage(LoadText(IDS_WEB_NO_BROWSER) + address);

@@ -1,12 +1,10 @@
 #pragma once
 
-/// The commands that show the documents beside the program and the maker's page on the web.
+/// The documents beside the program and the maker's page on the web, each shown by the desktop's
+/// own program, or a message that says why not.
 class HelpCommands {
  public:
-  /// Carries a command out, with its messages; false for any other command.
-  static bool Run(unsigned id);
-
- private:
-  static void OpenDocument(const char* name);
-  static void OpenWebPage();
+  static void ShowUserGuide();
+  static void ShowTutorial();
+  static void ShowWebPage();
 };

@@ -7,30 +7,41 @@
 
 #include "connectors/ChartFactory.h"
 #include "drawing/CDC.h"
-#include "model/Defaults.h"
-#include "model/DrawResources.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "model/ObjectBrowser.h"
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelHeader.h"
-#include "persistence/UndoHistory.h"
+#include "platform/CPrintInfo.h"
+#include "platform/CWaitCursor.h"
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"
+#include "resources/CommandIds.h"
 #include "resources/Texts.h"
+#include "surface/ChartCommands.h"
+#include "surface/ChartHistory.h"
+#include "surface/ChartLook.h"
+#include "surface/PrintMapping.h"
+#include "surface/ToolDrag.h"
+#include "surface/ViewGeometry.h"
+
+// The view as the owner of its model: read, shown, written, painted. The mouse and the keys are in
+// LayoutMgrMouse.cpp.
 
 namespace {
 
-/// Every so many model units the grid has a line.
-constexpr std::int32_t kGridStep = 3;
-/// A page step of the scroll bars, model units.
-constexpr std::int32_t kPageStep = 6;
+/// Given to the chart, the command for the properties of an object means those of the model.
+unsigned OfChart(unsigned id) { return id == ID_OBJECT_PROPERTIES ? ID_MODEL_PROPERTIES : id; }
 
 }  // namespace
 
 LayoutMgr::LayoutMgr()
     : model(std::make_shared<ModelMgr>(this, ChartFactory())),
-      undoHistory(std::make_unique<UndoHistory>()) {
+      look(std::make_unique<ChartLook>()),
+      geometry(std::make_unique<ViewGeometry>(*this)),
+      tools(std::make_unique<ToolDrag>(*this)),
+      printMapping(std::make_unique<PrintMapping>()),
+      history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
 }
 
@@ -39,7 +50,9 @@ LayoutMgr::~LayoutMgr() {
   model.reset();
 }
 
-bool LayoutMgr::IsBusy() const { return IsGestureRunning() || ModalLoop::IsRunning(); }
+bool LayoutMgr::IsBusy() const {
+  return (HasCapture() && !tools->IsRunning()) || ModalLoop::IsRunning();
+}
 
 Collection& LayoutMgr::GetSelection() const { return model->GetSelection(); }
 
@@ -53,47 +66,43 @@ void LayoutMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const 
 
 void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
-void LayoutMgr::ApplyZoom() {
-  SetScrollSizes({ToDevice(kChartSize.cx), ToDevice(kChartSize.cy)},
-                 {ToDevice(kPageStep), ToDevice(kPageStep)});
-  for (const ScrollBar bar : {ScrollBar::Horizontal, ScrollBar::Vertical}) {
-    SetScrollPos(bar, ToDevice(ToModel(GetScrollPos(bar))));
+void LayoutMgr::DeleteSelection() {
+  {
+    const CWaitCursor wait;
+    model->DeleteSelected(true);
   }
   Invalidate();
+  TakeSnapshot();
 }
 
-void LayoutMgr::ChangeZoom(std::int16_t value) {
+void LayoutMgr::ChangeZoom(int value) {
   if (value < kMinZoom || value > kMaxZoom) return;
-  zoom = value;
+  zoom = static_cast<std::int16_t>(value);
   ApplyZoom();
-  // The zoom is part of the text and yet no step to undo.
-  TellDocument(std::make_shared<const std::string>(ModelText()));
+  history->OnZoomChanged();
 }
+
+void LayoutMgr::ApplyZoom() { geometry->ApplyZoom(); }
+
+void LayoutMgr::PrepareMapping(CDC& dc) const { geometry->PrepareMapping(dc); }
 
 bool LayoutMgr::OnScrollBy(SIZE distance) {
   return CScrollView::OnScrollBy({distance.cx / zoom * zoom, distance.cy / zoom * zoom});
 }
 
-void LayoutMgr::MakeFonts() {
-  // What no screen could show is taken as the nearest size that one can.
-  constexpr std::int32_t smallest = 10;
-  constexpr std::int32_t greatest = 5000;
-  constexpr std::int32_t tenthsPerPoint = 10;
-  const Defaults& settings = Defaults::Instance();
-  const std::int32_t size = std::clamp(settings.FontSize, smallest, greatest);
-  font = CFont::FromTenthsOfPoint(size, settings.FontName);
-  boldFont = CFont::FromTenthsOfPoint(size / tenthsPerPoint * tenthsPerPoint, settings.FontName);
-  boldFont.weight = CFont::kBoldWeight;
-  textColor = settings.FontColor;
+const CFont& LayoutMgr::GetBoldFont() const { return look->BoldFont(); }
+
+COLORREF LayoutMgr::GetTextColor() const { return look->TextColour(); }
+
+void LayoutMgr::DrawChartText(CDC& dc, std::string_view text, const RECT& area) const {
+  look->DrawText(dc, text, area);
 }
 
 void LayoutMgr::OnInitialUpdate() {
   ShowRead();
-  SetScrollSizes({ToLogical(kChartSize.cx), ToLogical(kChartSize.cy)},
-                 {ToLogical(zoom), ToLogical(zoom)});
-  MakeFonts();
-  showGrid = Defaults::Instance().ShowGrid != 0;
-  KeepSnapshot();
+  geometry->Begin();
+  look->TakeDefaults();
+  history->Keep();
   if (auto* document = dynamic_cast<CMorvaneDoc*>(GetDocument())) document->RememberSavedText();
   if (objectTree != nullptr) objectTree->Attach(this);
   Invalidate();
@@ -103,81 +112,31 @@ void LayoutMgr::PlaceWithoutWindow(bool normalSize) {
   if (normalSize && readChart != nullptr) readChart->zoom = kNormalZoom;
   if (normalSize) zoom = kNormalZoom;
   ShowRead();
-  MakeFonts();
-}
-
-void LayoutMgr::PrepareMapping(CDC& dc) const {
-  dc.SetMapMode(MapMode::Isotropic);
-  dc.SetWindowExt({ToLogical(kChartSize.cx), ToLogical(kChartSize.cy)});
-  dc.SetViewportExt({ToDevice(kChartSize.cx), ToDevice(kChartSize.cy)});
-}
-
-void LayoutMgr::DrawChartText(CDC& dc, std::string_view text, const RECT& area) const {
-  const BkMode oldMode = dc.SetBkMode(BkMode::Transparent);
-  const COLORREF oldColor = dc.SetTextColor(textColor);
-  const CFont oldFont = dc.SelectFont(font);
-  RECT room = area;
-  dc.DrawText(text, room, DT_WORDBREAK);
-  dc.SelectFont(oldFont);
-  dc.SetTextColor(oldColor);
-  dc.SetBkMode(oldMode);
-}
-
-void LayoutMgr::DrawGrid(CDC& dc) const {
-  const CPen oldPen = dc.SelectPen(DrawResources::Instance().gridPen);
-  const std::int32_t step = ToDevice(kGridStep);
-  const SIZE size{ToDevice(kChartSize.cx), ToDevice(kChartSize.cy)};
-  const RECT clip = dc.GetClipBox();
-  const auto firstLine = [step](std::int32_t from) { return std::max(from / step, 1) * step; };
-  for (std::int32_t x = firstLine(clip.left); x < std::min(size.cx, clip.right); x += step) {
-    dc.MoveTo({x, 0});
-    dc.LineTo({x, size.cy});
-  }
-  for (std::int32_t y = firstLine(clip.top); y < std::min(size.cy, clip.bottom); y += step) {
-    dc.MoveTo({0, y});
-    dc.LineTo({size.cx, y});
-  }
-  dc.SelectPen(oldPen);
+  look->TakeDefaults();
 }
 
 void LayoutMgr::OnDraw(CDC& dc) {
   if (!dc.IsPrinting()) {
     dc.SetBkMode(BkMode::Transparent);
-    if (showGrid) DrawGrid(dc);
+    geometry->DrawGrid(dc);
     PrepareMapping(dc);
   }
-  dc.SetTextColor(textColor);
+  dc.SetTextColor(GetTextColor());
   model->DrawAll(&dc);
 }
 
-void LayoutMgr::KeepSnapshot() {
-  // A click behind a zoom is no step either, and what can be redone stays.
-  KeepZoom();
-  undoHistory->Push(ModelText());
-  snapshotZoom = zoom;
-  TellDocument(undoHistory->Current());
-}
-
 void LayoutMgr::TakeSnapshot() {
-  KeepSnapshot();
-  ShowNotices();
+  history->Keep();
+  // The view may be gone behind a message.
+  const std::vector<std::string> texts = std::exchange(notices, {});
+  for (const std::string& text : texts) ShowMessage(text);
 }
 
 void LayoutMgr::TellLater(std::string text) {
   if (std::ranges::find(notices, text) == notices.end()) notices.push_back(std::move(text));
 }
 
-/// The view may be gone behind a message.
-void LayoutMgr::ShowNotices() {
-  const std::vector<std::string> texts = std::exchange(notices, {});
-  for (const std::string& text : texts) ShowMessage(text);
-}
-
-void LayoutMgr::TellDocument(const SharedText& text) {
-  if (GetDocument() != nullptr) GetDocument()->OnTextChanged(text);
-}
-
-SharedText LayoutMgr::SnapshotText() const { return undoHistory->Current(); }
+SharedText LayoutMgr::SnapshotText() const { return history->Current(); }
 
 std::string LayoutMgr::ModelText() const {
   std::ostringstream text;
@@ -248,6 +207,36 @@ bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
   TakeSnapshot();
   return true;
 }
+
+void LayoutMgr::OnBeginPrinting(CDC& dc, CPrintInfo& info) {
+  std::int32_t right = 0;
+  std::int32_t bottom = 0;
+  GetChartExtent(right, bottom);
+  info.SetMaxPage(printMapping->Begin(dc, {ToLogical(right), ToLogical(bottom)}));
+}
+
+void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
+  printMapping->SelectPage(dc, info.curPage);
+  OnDraw(dc);
+}
+
+void LayoutMgr::OnFilePrintSetup() { printMapping->Edit(); }
+
+CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
+  return ChartCommands().StateOf(*this, OfChart(id));
+}
+
+bool LayoutMgr::OnCommand(unsigned id) {
+  if (ModalLoop::IsRunning()) return false;
+  const auto held = HoldModel();
+  return ChartCommands().Run(*this, OfChart(id));
+}
+
+std::string LayoutMgr::GetTitle() const {
+  return GetDocument() != nullptr ? GetDocument()->GetTitle() : LoadText(IDS_UNTITLED);
+}
+
+bool LayoutMgr::OnClose() { return GetDocument() == nullptr || GetDocument()->SaveModified(); }
 
 ModelStream& operator<<(ModelStream& stream, const LayoutMgr& view) {
   view.Write(stream);

@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include "connectors/AnchorSnap.h"
 #include "connectors/NewObjects.h"
 #include "drawing/CDC.h"
@@ -5,26 +7,16 @@
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
-#include "platform/DragImages.h"
 #include "platform/ModalLoop.h"
-#include "platform/PopupMenus.h"
 #include "resources/CommandIds.h"
-#include "resources/Texts.h"
 #include "states/EndableState.h"
 #include "states/StartableState.h"
 #include "surface/LayoutMgr.h"
 #include "surface/ObjectMenus.h"
+#include "surface/ToolDrag.h"
+#include "surface/ViewGeometry.h"
 
-// The mouse over a chart: the hover marks, the tools and their picture at the pointer, the menu.
-
-namespace {
-
-/// The picture of a tool hangs so far to the lower right of the pointer, pixels.
-constexpr POINT kToolImageOffset{10, 10};
-
-bool IsTool(unsigned id) { return id >= ID_TOOL_STATE && id <= ID_TOOL_LINE; }
-
-}  // namespace
+// The mouse and the keys over a chart.
 
 void LayoutMgr::TrackAnchorTarget(POINT& client, void* context) {
   auto& view = *static_cast<LayoutMgr*>(context);
@@ -67,15 +59,12 @@ void LayoutMgr::OnLButtonDblClk(unsigned flags, POINT p) {
 
 void LayoutMgr::OnLButtonUp(unsigned /*flags*/, POINT p) {
   if (ModalLoop::IsRunning()) return;
-  const bool placed = toolDragging && PtInRect(GetClientRect(), p);
-  if (placed) InsertTool(p);
-  EndToolDrag();
-  if (placed) TakeSnapshot();
+  if (tools->Drop(p)) TakeSnapshot();
 }
 
 void LayoutMgr::OnMouseMove(unsigned /*flags*/, POINT p) {
-  if (toolDragging) {
-    if (!ModalLoop::IsRunning()) MoveTool(p);
+  if (tools->IsRunning()) {
+    if (!ModalLoop::IsRunning()) tools->Move(p);
     return;
   }
   ShowHover(p);
@@ -116,55 +105,25 @@ void LayoutMgr::ShowObjectMenu(Shape* shape, POINT screen) {
 }
 
 void LayoutMgr::ShowChartMenu(POINT screen) {
-  std::vector<PopupMenus::Item> items;
-  for (const ObjectMenuEntry& entry : MenuOfChart()) {
-    items.push_back({entry.id, Translate(entry.text), OnUpdateCommand(entry.id)});
-  }
-  const unsigned chosen = TrackMenu(items, screen);
+  const unsigned chosen =
+      TrackContextMenu(MenuOfChart(), screen, [this](unsigned id) { return OnUpdateCommand(id); });
   if (chosen != 0) OnCommand(chosen);
   TakeSnapshot();
 }
 
-void LayoutMgr::ChooseTool(unsigned id) {
-  tool = id;
-  // A transition goes from the bar to the chart with the button down; its drag begins there.
-  if (id != ID_TOOL_TRANSITION) BeginToolDrag();
+void LayoutMgr::OnZoom(int steps) {
+  for (int i = 0; i < std::abs(steps); ++i) OnCommand(steps > 0 ? ID_ZOOM_IN : ID_ZOOM_OUT);
 }
 
-void LayoutMgr::BeginToolDrag() {
-  if (!IsTool(tool)) return;
-  toolDragging = true;
-  HideHover();
-  Service<DragImages>::Get().Show(tool, ClientToScreen(GetCursorPos()) + kToolImageOffset);
-  SetCapture();
-}
-
-void LayoutMgr::MoveTool(POINT client) {
-  if (PtInRect(GetClientRect(), client)) {
-    BeginToolDrag();
-    return;
-  }
-  // Away: the tool goes on when the pointer comes back.
-  Service<DragImages>::Get().Hide();
-  ReleaseCapture();
-}
-
-void LayoutMgr::EndToolDrag() {
-  if (!toolDragging) return;
-  toolDragging = false;
-  Service<DragImages>::Get().Hide();
-  ReleaseCapture();
-  tool = 0;
-}
-
-void LayoutMgr::InsertTool(POINT client) {
-  switch (tool) {
-    case ID_TOOL_STATE: InsertGenericState(*model, client); break;
-    case ID_TOOL_TRANSITION: InsertTransition(*model, client); break;
-    case ID_TOOL_INITIAL_STATE: InsertInitialState(*model, client); break;
-    case ID_TOOL_FINAL_STATE: InsertFinalState(*model, client); break;
-    case ID_TOOL_NOTE: InsertNote(*model, client); break;
-    case ID_TOOL_LINE: InsertLine(*model, client); break;
-    default: break;
+bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
+  if (IsBusy()) return false;
+  const auto held = HoldModel();
+  switch (key) {
+    case VirtualKey::Escape:
+      tools->EndToolDrag();
+      model->DeselectAll();
+      return true;
+    case VirtualKey::Delete: DeleteSelection(); return true;
+    default: return geometry->ScrollByKey(key);
   }
 }

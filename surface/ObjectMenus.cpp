@@ -4,81 +4,84 @@
 #include "connectors/Mesg.h"
 #include "connectors/Note.h"
 #include "connectors/Transition.h"
+#include "platform/PopupMenus.h"
 #include "resources/CommandIds.h"
+#include "resources/Texts.h"
 #include "states/FinalState.h"
 #include "states/GenericState.h"
 #include "states/InitialState.h"
+#include "surface/ChartCommands.h"
+#include "surface/ObjectCommands.h"
 
 namespace {
 
-constexpr ObjectMenuEntry kSeparator{0, ""};
-constexpr ObjectMenuEntry kProperties{ID_OBJECT_PROPERTIES, "Properties..."};
-constexpr ObjectMenuEntry kShowAnchors{ID_SHOW_ANCHORS, "Show Anchors"};
-constexpr ObjectMenuEntry kToFront{ID_BRING_TO_FRONT, "Bring to &front"};
-constexpr ObjectMenuEntry kToBack{ID_SEND_TO_BACK, "Send to &back"};
+constexpr MenuEntry kSeparator{};
+constexpr MenuEntry kToFront{ID_BRING_TO_FRONT};
+constexpr MenuEntry kToBack{ID_SEND_TO_BACK};
 
-constexpr ObjectMenuEntry kGenericStateMenu[] = {kProperties,
-                                                 {ID_STATE_EDIT_TEXTS, "Edit Entry/Exit"},
-                                                 kShowAnchors,
-                                                 kSeparator,
-                                                 {ID_STATE_DELETE, "Delete State"},
-                                                 kSeparator,
-                                                 kToFront,
-                                                 kToBack};
-constexpr ObjectMenuEntry kInitialStateMenu[] = {
-    kShowAnchors, kSeparator, {ID_STATE_DELETE, "Delete Initial State"},
-    kSeparator,   kToFront,   kToBack};
-constexpr ObjectMenuEntry kFinalStateMenu[] = {
-    kShowAnchors, kSeparator, {ID_STATE_DELETE, "Delete Final State"},
-    kSeparator,   kToFront,   kToBack};
-constexpr ObjectMenuEntry kTransitionMenu[] = {{ID_TRANSITION_ADD_MESG, "Add Message"},
-                                               {ID_TRANSITION_ALIGN_MESG, "Align Message"},
-                                               {ID_TRANSITION_DELETE_MESG, "Delete Message"},
-                                               kSeparator,
-                                               {ID_TRANSITION_DELETE, "Delete Transition"},
-                                               kSeparator,
-                                               kToFront,
-                                               kToBack};
-constexpr ObjectMenuEntry kMesgMenu[] = {kProperties,
-                                         {ID_MESG_EDIT, "Edit..."},
-                                         {ID_MESG_ALIGN, "Align"},
-                                         kShowAnchors,
+constexpr MenuEntry kGenericStateMenu[] = {{ID_OBJECT_PROPERTIES},
+                                           {ID_STATE_EDIT_TEXTS},
+                                           {ID_SHOW_ANCHORS},
+                                           kSeparator,
+                                           {ID_STATE_DELETE},
+                                           kSeparator,
+                                           kToFront,
+                                           kToBack};
+constexpr MenuEntry kInitialStateMenu[] = {
+    {ID_SHOW_ANCHORS}, kSeparator, {ID_STATE_DELETE, "Delete Initial State"},
+    kSeparator,        kToFront,   kToBack};
+constexpr MenuEntry kFinalStateMenu[] = {
+    {ID_SHOW_ANCHORS}, kSeparator, {ID_STATE_DELETE, "Delete Final State"},
+    kSeparator,        kToFront,   kToBack};
+constexpr MenuEntry kTransitionMenu[] = {{ID_TRANSITION_ADD_MESG},
+                                         {ID_TRANSITION_ALIGN_MESG},
+                                         {ID_TRANSITION_DELETE_MESG},
                                          kSeparator,
-                                         {ID_MESG_DELETE, "Delete Mesg"},
+                                         {ID_TRANSITION_DELETE},
                                          kSeparator,
                                          kToFront,
                                          kToBack};
-constexpr ObjectMenuEntry kNoteMenu[] = {kProperties,
-                                         {ID_NOTE_EDIT, "Edit..."},
-                                         kShowAnchors,
-                                         kSeparator,
-                                         {ID_NOTE_DELETE, "Delete Note"},
-                                         kSeparator,
-                                         kToFront,
-                                         kToBack};
-constexpr ObjectMenuEntry kLineMenu[] = {kProperties, kSeparator, {ID_LINE_DELETE, "Delete Line"},
-                                         kSeparator,  kToFront,   kToBack};
-constexpr ObjectMenuEntry kChartMenu[] = {{ID_TOOL_STATE, "Insert &State"},
-                                          {ID_TOOL_INITIAL_STATE, "Insert &Initial State"},
-                                          {ID_TOOL_FINAL_STATE, "Insert &Final State"},
-                                          {ID_TOOL_NOTE, "Insert &Note"},
-                                          {ID_TOOL_LINE, "Insert &Line"},
-                                          kSeparator,
-                                          {ID_EDIT_SELECT_ALL, "Select &All"},
-                                          {ID_REFRESH, "&Refresh"},
-                                          kSeparator,
-                                          {ID_MODEL_PROPERTIES, "&Model Properties..."},
-                                          kSeparator,
-                                          {ID_CODEGEN_PROPERTIES, "CodeGen &Properties"}};
+constexpr MenuEntry kMesgMenu[] = {{ID_OBJECT_PROPERTIES},
+                                   {ID_MESG_EDIT},
+                                   {ID_MESG_ALIGN},
+                                   {ID_SHOW_ANCHORS},
+                                   kSeparator,
+                                   {ID_MESG_DELETE},
+                                   kSeparator,
+                                   kToFront,
+                                   kToBack};
+constexpr MenuEntry kNoteMenu[] = {
+    {ID_OBJECT_PROPERTIES}, {ID_NOTE_EDIT}, {ID_SHOW_ANCHORS}, kSeparator,
+    {ID_NOTE_DELETE},       kSeparator,     kToFront,          kToBack};
+constexpr MenuEntry kLineMenu[] = {
+    {ID_OBJECT_PROPERTIES}, kSeparator, {ID_LINE_DELETE}, kSeparator, kToFront, kToBack};
+constexpr MenuEntry kChartMenu[] = {{ID_TOOL_STATE, "Insert &State"},
+                                    {ID_TOOL_INITIAL_STATE, "Insert &Initial State"},
+                                    {ID_TOOL_FINAL_STATE, "Insert &Final State"},
+                                    {ID_TOOL_NOTE, "Insert &Note"},
+                                    {ID_TOOL_LINE, "Insert &Line"},
+                                    kSeparator,
+                                    {ID_EDIT_SELECT_ALL},
+                                    {ID_REFRESH},
+                                    kSeparator,
+                                    {ID_MODEL_PROPERTIES, "&Model Properties..."},
+                                    kSeparator,
+                                    {ID_CODEGEN_PROPERTIES, "CodeGen &Properties"}};
 
 template <class Kind>
 bool Is(const Shape* shape) {
   return dynamic_cast<const Kind*>(shape) != nullptr;
 }
 
+std::string_view TextOf(const MenuEntry& entry) {
+  if (const auto* row = ObjectCommands().Find(entry.id)) return entry.TextOf(row->command);
+  const auto* row = ChartCommands().Find(entry.id);
+  return row != nullptr ? entry.TextOf(row->command) : entry.ownText;
+}
+
 }  // namespace
 
-std::span<const ObjectMenuEntry> MenuOf(const Shape* shape) {
+std::span<const MenuEntry> MenuOf(const Shape* shape) {
   if (Is<GenericState>(shape)) return kGenericStateMenu;
   if (Is<InitialState>(shape)) return kInitialStateMenu;
   if (Is<FinalState>(shape)) return kFinalStateMenu;
@@ -89,4 +92,13 @@ std::span<const ObjectMenuEntry> MenuOf(const Shape* shape) {
   return {};
 }
 
-std::span<const ObjectMenuEntry> MenuOfChart() { return kChartMenu; }
+std::span<const MenuEntry> MenuOfChart() { return kChartMenu; }
+
+unsigned TrackContextMenu(std::span<const MenuEntry> menu, POINT screen,
+                          const std::function<CommandState(unsigned id)>& stateOf) {
+  std::vector<PopupMenus::Item> items;
+  for (const MenuEntry& entry : menu) {
+    items.push_back({entry.id, Translate(TextOf(entry)), stateOf(entry.id)});
+  }
+  return TrackMenu(items, screen);
+}

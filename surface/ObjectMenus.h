@@ -1,18 +1,18 @@
 #pragma once
 
+#include <functional>
 #include <span>
-#include <string>
+
+#include "drawing/Geometry.h"
+#include "platform/Command.h"
 
 class Shape;
 
-/// An entry of a context menu: a command and its text with "&" before the mnemonic. The id 0 is a
-/// separator.
-struct ObjectMenuEntry {
-  unsigned id;
-  const char* text;
-};
-
 /// The context menu of an object, by its class; empty for a class that has none.
-std::span<const ObjectMenuEntry> MenuOf(const Shape* shape);
+std::span<const MenuEntry> MenuOf(const Shape* shape);
 /// The context menu of the chart itself.
-std::span<const ObjectMenuEntry> MenuOfChart();
+std::span<const MenuEntry> MenuOfChart();
+
+/// Shows a context menu at a screen point and waits; gives the chosen command, or 0.
+unsigned TrackContextMenu(std::span<const MenuEntry> menu, POINT screen,
+                          const std::function<CommandState(unsigned id)>& stateOf);

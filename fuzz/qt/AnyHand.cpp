@@ -16,7 +16,7 @@
 #include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
-#include "shell/MenuTable.h"
+#include "shell/AllCommands.h"
 #include "shell/qt/CChildFrame.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/ChartBrowserPane.h"
@@ -60,18 +60,6 @@ bool IsSame(const QImage& a, const QImage& b) {
     }
   }
   return true;
-}
-
-std::vector<unsigned> AllCommands() {
-  std::vector<unsigned> ids;
-  for (const MenuPopup& popup : ChartMenu()) {
-    for (const MenuEntry& entry : popup.entries) {
-      if (entry.id != 0) ids.push_back(entry.id);
-    }
-  }
-  for (const Accelerator& accelerator : Accelerators()) ids.push_back(accelerator.id);
-  ids.insert(ids.end(), {ID_POINTER, ID_TOOL_DRAG_STARTED, ID_OBJECT_PROPERTIES});
-  return ids;
 }
 
 }  // namespace
@@ -282,9 +270,9 @@ void AnyHand::PressKey() {
 }
 
 void AnyHand::RunCommand() {
-  static const std::vector<unsigned> commands = AllCommands();
+  const std::span<const Command* const> commands = AllCommands();
   const unsigned id =
-      commands[static_cast<std::size_t>(source.Below(static_cast<int>(commands.size())))];
+      commands[static_cast<std::size_t>(source.Below(static_cast<int>(commands.size())))]->id;
   const CChildFrame* child = Child();
   if (id == ID_FILE_NEW && frame->Manager().Documents().size() >= kMostCharts) return;
   if (child != nullptr && (id == ID_EDIT_PASTE || id == ID_EDIT_COPY)) {

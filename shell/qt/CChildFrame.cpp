@@ -11,7 +11,6 @@
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
 #include "platform/qt/QtView.h"
-#include "resources/CommandIds.h"
 #include "shell/qt/NoticeBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "shell/qt/WindowTitle.h"
@@ -56,17 +55,6 @@ CChildFrame::~CChildFrame() { Detach(); }
 QSize CChildFrame::sizeHint() const { return kNormalSize; }
 
 CScrollView* CChildFrame::View() const { return viewWidget->View(); }
-
-CommandState CChildFrame::StateOf(unsigned id) const {
-  return id == ID_OBJECT_BROWSER ? CommandState::Checked(!objectBrowser->isHidden())
-                                 : CommandState{};
-}
-
-bool CChildFrame::RunCommand(unsigned id) {
-  if (id != ID_OBJECT_BROWSER) return false;
-  objectBrowser->setVisible(objectBrowser->isHidden());
-  return true;
-}
 
 void CChildFrame::Detach() {
   objectBrowser->Detach();

@@ -2,8 +2,6 @@
 
 #include <QMdiSubWindow>
 
-#include "platform/CWnd.h"
-
 class CDocManager;
 class CDocument;
 class CScrollView;
@@ -24,9 +22,6 @@ class CChildFrame : public QMdiSubWindow {
   CScrollView* View() const;
   QtView* Window() const { return viewWidget; }
   ObjectBrowserPane& ObjectBrowser() { return *objectBrowser; }
-  /// The commands of the window itself, beside those of its view.
-  CommandState StateOf(unsigned id) const;
-  bool RunCommand(unsigned id);
   /// Shows the title of the document.
   void UpdateTitle();
   /// Shows the notices of the document above its view, as soon as no gesture runs there.

@@ -21,6 +21,7 @@
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
+#include "shell/AllCommands.h"
 #include "shell/ChartFiles.h"
 #include "shell/MenuTable.h"
 #include "shell/qt/CChildFrame.h"
@@ -131,10 +132,12 @@ void CMainFrame::FillWindowList() {
 }
 
 void CMainFrame::CreateKeys() {
-  for (const Accelerator& accelerator : Accelerators()) {
-    auto* shortcut = new QShortcut(QKeySequence(FromUtf8(accelerator.key)), this);
-    const unsigned id = accelerator.id;
-    connect(shortcut, &QShortcut::activated, this, [this, id] { RunCommand(id); });
+  for (const Command* command : AllCommands()) {
+    for (const QString& keys : FromUtf8(command->keys).split(' ', Qt::SkipEmptyParts)) {
+      auto* shortcut = new QShortcut(QKeySequence(keys), this);
+      const unsigned id = command->id;
+      connect(shortcut, &QShortcut::activated, this, [this, id] { RunCommand(id); });
+    }
   }
 }
 

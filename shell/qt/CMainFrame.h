@@ -9,6 +9,7 @@
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
 #include "persistence/CDocManager.h"
+#include "shell/FrameActions.h"
 #include "shell/qt/CommandTarget.h"
 #include "shell/qt/ToolImage.h"
 
@@ -21,7 +22,7 @@ class QMdiArea;
 
 /// The main window: the charts' windows inside it, menus, bars and keys, and the way of a command
 /// to its target.
-class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
+class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, public CommandTarget {
   Q_OBJECT
 
  public:
@@ -44,7 +45,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   explicit CMainFrame(Factories factories);
   ~CMainFrame() override;
 
-  CDocManager& Manager() { return *manager; }
+  CDocManager& Manager() override { return *manager; }
   /// Null for none; not owned.
   void SetListener(Listener* other) { listener = other; }
   /// The chart that commands go to; null without one, and while it is still being opened.
@@ -58,6 +59,15 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   CommandState StateOf(unsigned id) override;
   bool RunCommand(unsigned id) override;
   const std::vector<std::string>& RecentPaths() const override;
+
+  CDocument* ActiveDocument() const override;
+  void CloseActive() override;
+  bool IsPartShown(unsigned id) const override;
+  void ShowPart(unsigned id, bool show) override;
+  void FocusPane(int step) override;
+  void ArrangeWindows(Arrangement arrangement) override;
+  void ShowAbout() override;
+  void Exit() override { close(); }
 
   void CreateFrame(CDocument& document) override;
   void ShowFrame(CDocument& document) override;
@@ -93,16 +103,8 @@ class CMainFrame : public QMainWindow, public FrameHost, public CommandTarget {
   bool IsAnyWaiting() const;
   void EndGestures();
   void OpenDropped(const QStringList& paths);
-  QWidget* BarOf(unsigned id) const;
-
-  CommandState DocumentState(unsigned id) const;
-  CommandState FrameState(unsigned id) const;
-  void RunDocumentCommand(unsigned id);
-  void RunFrameCommand(unsigned id);
-  void FocusPane(int step);
-  void CloseAll();
+  QWidget* PartOf(unsigned id) const;
   void ArrangeIcons();
-  void ShowAbout();
 
   DialogEditors editors;
   DialogGenerators generators;

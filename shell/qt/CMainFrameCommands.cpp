@@ -2,15 +2,11 @@
 #include <QMdiArea>
 #include <QStatusBar>
 
-#include "dialogs/CDefaultSettingDlg.h"
-#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
-#include "shell/HelpCommands.h"
-#include "shell/MenuTable.h"
-#include "shell/Preferences.h"
+#include "shell/FrameCommands.h"
 #include "shell/qt/CChildFrame.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/CSplashDlg.h"
@@ -18,7 +14,8 @@
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
 
-// The way of a command: the active view first, then its document, then the frame.
+// The way of a command, to the active view or else to the frame, and what the commands of the frame
+// do with its windows.
 
 CommandState CMainFrame::StateOf(unsigned id) {
   // While a gesture waits for its next message, or a dialog for the user, the chart must not change
@@ -27,104 +24,16 @@ CommandState CMainFrame::StateOf(unsigned id) {
   if (CChildFrame* child = ActiveChild()) {
     const CommandState state = child->View()->OnUpdateCommand(id);
     if (state.handled) return state;
-    const CommandState frame = child->StateOf(id);
-    if (frame.handled) return frame;
-    const CommandState own = DocumentState(id);
-    if (own.handled) return own;
   }
-  return FrameState(id);
+  return FrameCommands().StateOf(*this, id);
 }
 
 bool CMainFrame::RunCommand(unsigned id) {
-  if (!StateOf(id).enabled) return false;
-  if (CChildFrame* child = ActiveChild()) {
-    if (child->View()->OnUpdateCommand(id).handled) return child->View()->OnCommand(id);
-    if (child->RunCommand(id)) return true;
-    if (DocumentState(id).handled) {
-      RunDocumentCommand(id);
-      return true;
-    }
-  }
-  RunFrameCommand(id);
-  return true;
-}
-
-CommandState CMainFrame::DocumentState(unsigned id) const {
-  if (id == ID_FILE_REVERT) return CommandState::Enabled(ActiveChild()->Document()->CanRevert());
-  const bool known = id == ID_FILE_SAVE || id == ID_FILE_SAVE_AS || id == ID_FILE_CLOSE;
-  return known ? CommandState::Enabled(true) : CommandState{};
-}
-
-void CMainFrame::RunDocumentCommand(unsigned id) {
+  if (IsAnyWaiting() || IsInDialog()) return false;
+  // What the view refuses is not in the other table.
   CChildFrame* child = ActiveChild();
-  switch (id) {
-    case ID_FILE_SAVE: child->Document()->DoFileSave(); break;
-    case ID_FILE_SAVE_AS: child->Document()->DoFileSaveAs(); break;
-    case ID_FILE_REVERT: child->Document()->Revert(); break;
-    default: child->close(); break;
-  }
-}
-
-QWidget* CMainFrame::BarOf(unsigned id) const {
-  switch (id) {
-    case ID_VIEW_TOOLBAR: return toolBar;
-    case ID_DRAWING_BAR: return drawingBar;
-    case ID_CHART_BROWSER: return chartBrowser;
-    case ID_VIEW_STATUS_BAR: return statusBar();
-    default: return nullptr;
-  }
-}
-
-CommandState CMainFrame::FrameState(unsigned id) const {
-  if (const QWidget* bar = BarOf(id)) return CommandState::Checked(!bar->isHidden());
-  if (IsRecentFileCommand(id)) {
-    return CommandState::Enabled(id - ID_FILE_RECENT < RecentPaths().size());
-  }
-  switch (id) {
-    case ID_FILE_NEW:
-    case ID_FILE_OPEN:
-    case ID_APP_EXIT:
-    case ID_DEFAULT_SETTINGS:
-    case ID_PREFERENCES:
-    case ID_USER_GUIDE:
-    case ID_TUTORIAL:
-    case ID_WEB_PAGE:
-    case ID_APP_ABOUT: return CommandState::Enabled(true);
-    case ID_CLOSE_ALL:
-    case ID_NEXT_PANE:
-    case ID_PREV_PANE:
-    case ID_WINDOW_CASCADE:
-    case ID_WINDOW_TILE:
-    case ID_WINDOW_ARRANGE: return CommandState::Enabled(ActiveChild() != nullptr);
-    default: return {};
-  }
-}
-
-void CMainFrame::RunFrameCommand(unsigned id) {
-  if (QWidget* bar = BarOf(id)) {
-    bar->setVisible(bar->isHidden());
-    return;
-  }
-  if (IsRecentFileCommand(id)) {
-    manager->OnOpenRecentFile(id - ID_FILE_RECENT);
-    return;
-  }
-  if (HelpCommands::Run(id)) return;
-  switch (id) {
-    case ID_FILE_NEW: manager->NewDocument(); break;
-    case ID_FILE_OPEN: manager->OnFileOpen(); break;
-    case ID_CLOSE_ALL: CloseAll(); break;
-    case ID_NEXT_PANE: FocusPane(1); break;
-    case ID_PREV_PANE: FocusPane(-1); break;
-    case ID_WINDOW_CASCADE: area->cascadeSubWindows(); break;
-    case ID_WINDOW_TILE: area->tileSubWindows(); break;
-    case ID_WINDOW_ARRANGE: ArrangeIcons(); break;
-    case ID_DEFAULT_SETTINGS: CDefaultSettingDlg::Instance().ShowDialog(); break;
-    case ID_PREFERENCES: EditPreferences(); break;
-    case ID_APP_ABOUT: ShowAbout(); break;
-    case ID_APP_EXIT: close(); break;
-    default: break;
-  }
+  if (child != nullptr && child->View()->OnCommand(id)) return true;
+  return FrameCommands().Run(*this, id);
 }
 
 const std::vector<std::string>& CMainFrame::RecentPaths() const {
@@ -132,7 +41,27 @@ const std::vector<std::string>& CMainFrame::RecentPaths() const {
   return manager->Recent().Paths();
 }
 
-/// Moves the keyboard from pane to pane: the chart, its object browser, the chart browser.
+CDocument* CMainFrame::ActiveDocument() const {
+  const CChildFrame* child = ActiveChild();
+  return child != nullptr ? child->Document() : nullptr;
+}
+
+void CMainFrame::CloseActive() { ActiveChild()->close(); }
+
+QWidget* CMainFrame::PartOf(unsigned id) const {
+  switch (id) {
+    case ID_OBJECT_BROWSER: return &ActiveChild()->ObjectBrowser();
+    case ID_VIEW_TOOLBAR: return toolBar;
+    case ID_DRAWING_BAR: return drawingBar;
+    case ID_CHART_BROWSER: return chartBrowser;
+    default: return statusBar();
+  }
+}
+
+bool CMainFrame::IsPartShown(unsigned id) const { return !PartOf(id)->isHidden(); }
+
+void CMainFrame::ShowPart(unsigned id, bool show) { PartOf(id)->setVisible(show); }
+
 void CMainFrame::FocusPane(int step) {
   CChildFrame* child = ActiveChild();
   QList<QWidget*> panes{child->Window(), &child->ObjectBrowser().Window(), &chartBrowser->Window()};
@@ -143,8 +72,12 @@ void CMainFrame::FocusPane(int step) {
   panes[next]->setFocus(Qt::ShortcutFocusReason);
 }
 
-void CMainFrame::CloseAll() {
-  if (manager->SaveAllModified()) manager->CloseAllDocuments();
+void CMainFrame::ArrangeWindows(Arrangement arrangement) {
+  switch (arrangement) {
+    case Arrangement::Cascade: area->cascadeSubWindows(); break;
+    case Arrangement::Tile: area->tileSubWindows(); break;
+    case Arrangement::Icons: ArrangeIcons(); break;
+  }
 }
 
 void CMainFrame::ArrangeIcons() {

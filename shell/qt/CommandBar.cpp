@@ -5,7 +5,7 @@
 
 #include "drawing/qt/QtText.h"
 #include "resources/Texts.h"
-#include "shell/MenuTable.h"
+#include "shell/AllCommands.h"
 #include "shell/qt/CommandIcons.h"
 #include "shell/qt/CommandTarget.h"
 
@@ -24,11 +24,12 @@ CommandBar::CommandBar(const QString& title, std::span<const unsigned> buttons,
       addSeparator();
       continue;
     }
-    const QString toolTip = FromUtf8(Translate(CommandToolTip(id)));
+    const Command& command = FindCommand(id);
+    const QString toolTip = FromUtf8(Translate(command.toolTip));
     QAction* action = addAction(toolTip);
     action->setData(id);
     action->setToolTip(toolTip);
-    action->setStatusTip(FromUtf8(Translate(CommandPrompt(id))));
+    action->setStatusTip(FromUtf8(Translate(command.prompt)));
     connect(action, &QAction::triggered, this, [this, id] {
       this->target.RunCommand(id);
       Refresh();

@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
+#include "shell/AllCommands.h"
 #include "shell/qt/CommandTarget.h"
 
 namespace {
@@ -36,7 +37,7 @@ void CommandMenu::Build(std::span<const MenuEntry> entries) {
       addSeparator();
       continue;
     }
-    QAction* action = AddCommand(entry.id, FromUtf8(Translate(entry.text)));
+    QAction* action = AddCommand(entry.id, FromUtf8(MenuText(entry)));
     addAction(action);
     if (entry.id == ID_FILE_RECENT) recentPlace = action;
   }
@@ -46,7 +47,7 @@ void CommandMenu::Build(std::span<const MenuEntry> entries) {
 QAction* CommandMenu::AddCommand(unsigned id, const QString& text) {
   auto* action = new QAction(text, this);
   action->setData(id);
-  action->setStatusTip(FromUtf8(Translate(CommandPrompt(id))));
+  action->setStatusTip(FromUtf8(Translate(FindCommand(id).prompt)));
   connect(action, &QAction::triggered, this, [this, id] { target.RunCommand(id); });
   return action;
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/CWnd.h"
+#include "platform/Command.h"
 
 /// Where menus, bars and keys send their commands, and where they ask what to show.
 class CommandTarget {

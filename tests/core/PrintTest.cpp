@@ -1,6 +1,8 @@
 #include "dialogs/DialogEditors.h"
 #include "dialogs/PrinterSetup.h"
 #include "platform/ViewPages.h"
+#include "surface/PrintMapping.h"
+#include "surface/ViewGeometry.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 #include "tests/support/ScriptedPrinting.h"
@@ -64,8 +66,8 @@ TEST_F(Print, TheExtentDividesIntoPages) {
     const bool tooMany = count > ViewPages::kMaxPages;
     if (tooMany) boxes.Expect("too large for that many pages");
     EXPECT_EQ(Printed(*chart).size(), tooMany ? 0U : static_cast<std::size_t>(count));
-    EXPECT_EQ(chart->GetPagesAcross(), c.pages.cx) << c.corner.x;
-    EXPECT_EQ(chart->GetPagesDown(), c.pages.cy) << c.corner.x;
+    EXPECT_EQ(chart->GetPrintMapping().PagesAcross(), c.pages.cx) << c.corner.x;
+    EXPECT_EQ(chart->GetPrintMapping().PagesDown(), c.pages.cy) << c.corner.x;
     EXPECT_EQ(printing.documents.back().ended, !tooMany);
   }
 }
@@ -76,7 +78,7 @@ TEST_F(Print, TheSetupIsOfTheViewAndNotOfTheChart) {
   for (const bool ok : {false, true}) {
     setup.button = ok ? IDOK : IDCANCEL;
     EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_SETUP));
-    EXPECT_EQ(chart->IsPrintedToFit(), ok);
+    EXPECT_EQ(chart->GetPrintMapping().IsToFit(), ok);
   }
   EXPECT_EQ(printing.setups, 2);
   chart->TakeSnapshot();
@@ -109,7 +111,7 @@ TEST_F(Print, NeitherZoomNorPositionNorSelectionChangesThePaper) {
   chart->OnCommand(ID_ZOOM_IN);
   chart->OnCommand(ID_EDIT_SELECT_ALL);
   const std::string before = chart->ModelText();
-  EXPECT_TRUE(chart->IsGridShown());
+  EXPECT_TRUE(chart->GetGeometry().IsGridShown());
   FakeWindow window(*chart);
   EXPECT_EQ(shapes(), plain);
   EXPECT_TRUE(window.Painted().empty());

@@ -3,8 +3,9 @@
 #include "dialogs/CDefaultSettingDlg.h"
 #include "model/Defaults.h"
 #include "model/ModelClipboard.h"
-#include "shell/HelpCommands.h"
+#include "shell/FrameCommands.h"
 #include "shell/MenuTable.h"
+#include "surface/ViewGeometry.h"
 #include "tests/support/Routes.h"
 #include "tests/support/TreeRows.h"
 
@@ -14,7 +15,7 @@ namespace {
 unsigned CommandOf(const std::string& text) {
   for (const MenuPopup& popup : ChartMenu()) {
     for (const MenuEntry& entry : popup.entries) {
-      if (entry.id != 0 && Plain(entry.text) == text) return entry.id;
+      if (entry.id != 0 && Plain(MenuText(entry)) == text) return entry.id;
     }
   }
   return 0;
@@ -98,6 +99,19 @@ void Scenario::CloseFrame(CDocument& document) {
   chart = frames.empty() ? nullptr : &frames.back()->chart;
 }
 
+const std::vector<std::string>& Scenario::RecentPaths() const {
+  manager.Recent().Load();
+  return manager.Recent().Paths();
+}
+
+CDocument* Scenario::ActiveDocument() const {
+  return frames.empty() ? nullptr : &frames.back()->document;
+}
+
+void Scenario::CloseActive() {
+  if (chart->OnClose()) manager.CloseDocument(frames.back()->document);
+}
+
 void Scenario::Settings::Write(const std::string& section, const std::vector<Setting>& values) {
   for (const auto& [key, value] : values) {
     if (section == "Settings") user.Note("setting " + key + " = " + Escaped(value));
@@ -175,7 +189,7 @@ void Scenario::Open(const std::string& name) {
   const std::string file = name + ".mrv";
   EXPECT_TRUE(ReadWholeFile(MORVANE_SOURCE_DIR "/tests/scenarios/" + file, bytes).Ok());
   if (manager.OpenDocumentFile(user.Folder().Write(file, bytes)) == nullptr) return;
-  if (!chart->IsGridShown()) user.Note("no grid");
+  if (!chart->GetGeometry().IsGridShown()) user.Note("no grid");
   before = Now();
   before.document.clear();
   noted = chart;
@@ -208,23 +222,9 @@ void Scenario::ReadFile(const std::string& path) {
 }
 
 void Scenario::GiveCommand(const std::string& text) {
-  if (!Run(CommandOf(text))) user.Note("disabled");
-}
-
-bool Scenario::Run(unsigned command) {
-  if (chart == nullptr && (command == ID_FILE_SAVE_AS || command == ID_FILE_CLOSE)) return false;
-  switch (command) {
-    case ID_FILE_NEW: return manager.NewDocument() != nullptr;
-    case ID_FILE_OPEN: manager.OnFileOpen(); return true;
-    case ID_FILE_SAVE_AS: frames.back()->document.DoFileSaveAs(); return true;
-    case ID_FILE_CLOSE:
-      if (chart->OnClose()) manager.CloseDocument(frames.back()->document);
-      return true;
-    case ID_CLOSE_ALL:
-      if (manager.SaveAllModified()) manager.CloseAllDocuments();
-      return true;
-    default: return HelpCommands::Run(command) || (chart != nullptr && chart->OnCommand(command));
-  }
+  const unsigned id = CommandOf(text);
+  if (chart != nullptr && chart->OnCommand(id)) return;
+  if (!FrameCommands().Run(*this, id)) user.Note("disabled");
 }
 
 /// What can be done with the chart now.
@@ -326,7 +326,8 @@ Scenario::Picture Scenario::Now() const {
   for (const MenuPopup& popup : ChartMenu()) {
     for (const MenuEntry& entry : popup.entries) {
       const CommandState state = chart->OnUpdateCommand(entry.id);
-      if (state.enabled) now.commands.push_back((state.checked ? "+" : "") + Plain(entry.text));
+      if (state.enabled)
+        now.commands.push_back((state.checked ? "+" : "") + Plain(MenuText(entry)));
     }
   }
   now.position =

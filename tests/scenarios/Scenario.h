@@ -2,6 +2,7 @@
 
 #include "persistence/CDocManager.h"
 #include "shell/CObjectTree.h"
+#include "shell/FrameActions.h"
 #include "tests/scenarios/ScenarioUser.h"
 #include "tests/support/FakeClipboard.h"
 #include "tests/support/SizedPictures.h"
@@ -10,7 +11,7 @@
 /// The program with its charts, the active one beside its tree, and a user who does steps with
 /// them. What comes of each is written down: the lines of the model text and of the tree that
 /// change, the selection, the commands that can be given, the settings that are stored.
-class Scenario : public FrameHost {
+class Scenario : public FrameHost, public FrameActions {
  public:
   explicit Scenario(std::deque<std::string> steps) : user(std::move(steps)) {}
   ~Scenario() override;
@@ -23,6 +24,17 @@ class Scenario : public FrameHost {
   void ActivateFrame(CDocument& document) override;
   void CloseFrame(CDocument& document) override;
   void UpdateTitle(CDocument& /*document*/) override {}
+
+  CDocManager& Manager() override { return manager; }
+  const std::vector<std::string>& RecentPaths() const override;
+  CDocument* ActiveDocument() const override;
+  void CloseActive() override;
+  bool IsPartShown(unsigned /*id*/) const override { return true; }
+  void ShowPart(unsigned /*id*/, bool /*show*/) override {}
+  void FocusPane(int /*step*/) override {}
+  void ArrangeWindows(Arrangement /*arrangement*/) override {}
+  void ShowAbout() override {}
+  void Exit() override {}
 
  private:
   /// Settings in memory that are written down in the order in which they are stored.
@@ -60,7 +72,6 @@ class Scenario : public FrameHost {
   void ListFiles(const std::string&);
   void ReadFile(const std::string& path);
   void GiveCommand(const std::string& text);
-  bool Run(unsigned command);
   void ListCommands(const std::string&);
   void PressKey(const std::string& name);
   void OpenSettings(const std::string&);
@@ -84,9 +95,9 @@ class Scenario : public FrameHost {
   LayoutMgr* chart = nullptr;                  ///< of the active one
   Picture before;
   const LayoutMgr* noted = nullptr;  ///< the chart of that picture
-  CDocManager manager{{"Morvane_Diagram",
-                       {"Morvane Files (*.mrv)", ".mrv"},
-                       std::make_unique<CMorvaneDoc>,
-                       std::make_unique<LayoutMgr>},
-                      *this};
+  mutable CDocManager manager{{"Morvane_Diagram",
+                               {"Morvane Files (*.mrv)", ".mrv"},
+                               std::make_unique<CMorvaneDoc>,
+                               std::make_unique<LayoutMgr>},
+                              *this};
 };

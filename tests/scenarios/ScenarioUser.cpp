@@ -1,5 +1,6 @@
 #include "tests/scenarios/ScenarioUser.h"
 
+#include <fstream>
 #include <iomanip>
 
 #include "platform/InstallFolder.h"
@@ -79,6 +80,28 @@ DialogControl* FindControl(CDialog& dialog, std::string name) {
   return nullptr;
 }
 
+/// What each dialog shows when it opens first, by the end of its caption: the file "forms".
+std::map<std::string, Lines> ReadForms() {
+  std::map<std::string, Lines> forms;
+  std::ifstream in(MORVANE_SOURCE_DIR "/tests/scenarios/forms");
+  const std::string begin = "dialog ";
+  std::string caption;
+  for (std::string line; std::getline(in, line);) {
+    if (line.starts_with(begin)) {
+      caption = line.substr(begin.size());
+    } else if (line.starts_with("  ")) {
+      forms[caption].push_back(line.substr(2));
+    }
+  }
+  return forms;
+}
+
+/// Without the name of the object that a dialog is about.
+std::string KindOf(const std::string& caption) {
+  const std::size_t colon = caption.find(" : ");
+  return colon != std::string::npos ? caption.substr(colon + 3) : caption;
+}
+
 }  // namespace
 
 std::string Escaped(const std::string& text) {
@@ -117,11 +140,13 @@ std::optional<std::string> ScenarioUser::Next() {
   return Replaced(step, "FOLDER", folder.Root().string());
 }
 
-void ScenarioUser::Note(const std::string& line) {
+std::string ScenarioUser::Placed(const std::string& line) const {
   const std::string placed = Replaced(line, folder.Root().string(), "FOLDER");
   const std::string installed = Replaced(placed, FindPath(GetInstallFolder()), "INSTALLED/");
-  transcript += Replaced(installed, GetInstallFolder(), "INSTALLED/") + "\n";
+  return Replaced(installed, GetInstallFolder(), "INSTALLED/");
 }
+
+void ScenarioUser::Note(const std::string& line) { transcript += Placed(line) + "\n"; }
 
 void ScenarioUser::Note(const Lines& lines, const std::string& prefix) {
   for (const std::string& line : lines) Note(prefix + line);
@@ -129,10 +154,14 @@ void ScenarioUser::Note(const Lines& lines, const std::string& prefix) {
 
 void ScenarioUser::Run(CDialog& dialog) {
   NestedLoop::Run();
-  const Lines shown = Shown(dialog);
-  Lines& before = dialogs[dialog.Caption()];
+  Lines shown = Shown(dialog);
+  for (std::string& line : shown) line = Placed(line);
+  static const std::map<std::string, Lines> forms = ReadForms();
+  const auto form = forms.find(KindOf(dialog.Caption()));
+  ASSERT_NE(form, forms.end()) << dialog.Caption();
+  Lines& before = dialogs.try_emplace(dialog.Caption(), form->second).first->second;
   Note("dialog " + dialog.Caption());
-  Note(before.empty() ? shown : LineDiff(before, shown), "  ");
+  Note(LineDiff(before, shown), "  ");
   before = shown;
   while (dialog.IsOpen()) {
     if (const auto step = Next()) {

@@ -52,6 +52,8 @@ class ScenarioUser : public DialogHost,
   void Sleep(std::chrono::milliseconds time) override;
 
  private:
+  /// A line without the places of this machine.
+  std::string Placed(const std::string& line) const;
   std::optional<std::string> AskPath(const std::string& question);
   void Use(CDialog& dialog, const std::string& step);
 

@@ -16,7 +16,8 @@ class ChartWindows : public MainWindow<CMorvaneDoc, LayoutMgr> {
     for (const MenuPopup& popup : bar) {
       for (const MenuEntry& entry : popup.entries) {
         if (entry.id == 0 || !frame->StateOf(entry.id).enabled) continue;
-        enabled += std::string(entry.text.substr(0, entry.text.find('\t'))) + "|";
+        const std::string text = MenuText(entry);
+        enabled += text.substr(0, text.find('\t')) + "|";
       }
     }
     return enabled;

@@ -17,8 +17,10 @@ class FakeView : public CScrollView {
  public:
   COLORREF color = 0x0000FF;
   int paints = 0;
+  int asked = 0;  ///< how often, for the state of a command
   std::vector<std::string> log;
   std::vector<unsigned> commands;
+  CDocument* document = nullptr;
   std::vector<unsigned> disabled;
   std::function<void()> onPress;
   std::function<void(CDC&)> onDraw;
@@ -51,7 +53,9 @@ class FakeView : public CScrollView {
     return key != VirtualKey::Other;
   }
   CommandState OnUpdateCommand(unsigned id) override {
-    if (id == ID_ZOOM_IN || id == ID_ZOOM_OUT || id == ID_EDIT_UNDO || id == ID_REFRESH) {
+    ++asked;
+    if (id == ID_ZOOM_IN || id == ID_ZOOM_OUT || id == ID_EDIT_UNDO || id == ID_REFRESH ||
+        id == ID_FILE_SAVE) {
       return CommandState::Enabled(std::find(disabled.begin(), disabled.end(), id) ==
                                    disabled.end());
     }
@@ -59,7 +63,9 @@ class FakeView : public CScrollView {
   }
   void OnZoom(int steps) override { log.push_back("z" + std::to_string(steps)); }
   bool OnCommand(unsigned id) override {
+    if (!OnUpdateCommand(id).enabled) return false;
     commands.push_back(id);
+    if (id == ID_FILE_SAVE) document->DoFileSave();
     return true;
   }
 
@@ -75,7 +81,12 @@ class FakeView : public CScrollView {
 /// A document whose files are names alone. A path with "bad" in it can't be opened.
 class FakeDocument : public CDocument {
  public:
+  bool OnNewDocument() override {
+    Meet();
+    return CDocument::OnNewDocument();
+  }
   bool OnOpenDocument(const std::string& path) override {
+    Meet();
     return path.find("bad") == std::string::npos;
   }
   bool OnSaveDocument(const std::string& path) override {
@@ -94,6 +105,10 @@ class FakeDocument : public CDocument {
   std::string saved;
 
  private:
+  void Meet() {
+    if (auto* fake = dynamic_cast<FakeView*>(GetView())) fake->document = this;
+  }
+
   bool marked = false;
   std::string status;
 };

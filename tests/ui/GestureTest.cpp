@@ -1,6 +1,7 @@
 #include <deque>
 
 #include "platform/qt/QtView.h"
+#include "surface/ToolDrag.h"
 #include "tests/support/Routes.h"
 #include "tests/ui/WindowTest.h"
 
@@ -263,7 +264,7 @@ TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscapeOrOutside) {
   Post(QEvent::MouseButtonRelease, place);
   QApplication::processEvents();
   EXPECT_EQ(chart->GetModel().Objects().back()->GetBounds(), (RECT{67, 17, 77, 25}));
-  EXPECT_EQ(chart->GetTool(), 0U);
+  EXPECT_EQ(chart->GetTools().Tool(), 0U);
   EXPECT_TRUE(CanUndo());
   for (const QPoint drop : {place, QPoint(-20, 400)}) {
     chart->OnCommand(ID_TOOL_NOTE);
@@ -271,7 +272,7 @@ TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscapeOrOutside) {
     Post(QEvent::MouseButtonRelease, drop);
     QApplication::processEvents();
     EXPECT_EQ(chart->GetModel().Objects().size(), 9U);
-    EXPECT_EQ(chart->GetTool(), 0U);
+    EXPECT_EQ(chart->GetTools().Tool(), 0U);
     EXPECT_FALSE(widget->HasCapture());
   }
 }

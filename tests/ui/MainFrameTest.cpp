@@ -87,6 +87,10 @@ TEST_F(MainFrameTest, EntriesKeysAndButtonsFollowTheirCommands) {
   PressKey(Qt::Key_F5, Qt::NoModifier);
   PressKey(Qt::Key_Backspace, Qt::AltModifier);
   EXPECT_EQ(view.commands, (std::vector<unsigned>{ID_ZOOM_OUT, ID_REFRESH, ID_EDIT_UNDO}));
+  view.asked = 0;
+  EXPECT_TRUE(frame->RunCommand(ID_REFRESH));
+  EXPECT_FALSE(frame->RunCommand(ID_ZOOM_IN));
+  EXPECT_EQ(view.asked, 2) << "each command is asked for its state once";
   const auto buttons = frame->findChild<QToolBar*>("toolBar")->actions();
   const auto zoomIn = std::find_if(buttons.begin(), buttons.end(), [](const QAction* action) {
     return action->data().toUInt() == ID_ZOOM_IN;

@@ -15,15 +15,17 @@ int Fail(const QString& what) {
 
 }  // namespace
 
-/// Sets a document in Markdown as PDF: morvane_pdf IN.md OUT.pdf
+/// Sets a document in Markdown as PDF, with the version of the program where it says @VERSION@:
+/// morvane_pdf IN.md OUT.pdf VERSION
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
   const QStringList arguments = QGuiApplication::arguments();
-  if (arguments.size() != 3) return Fail("usage: morvane_pdf IN.md OUT.pdf");
+  if (arguments.size() != 4) return Fail("usage: morvane_pdf IN.md OUT.pdf VERSION");
   QFile file(arguments[1]);
   if (!file.open(QIODevice::ReadOnly)) return Fail(arguments[1] + ": " + file.errorString());
-  PdfBook book(QString::fromUtf8(file.readAll()), QFileInfo(file).absolutePath());
+  const QString text = QString::fromUtf8(file.readAll()).replace("@VERSION@", arguments[3]);
+  PdfBook book(text, QFileInfo(file).absolutePath());
   if (!book.MissingPictures().isEmpty()) {
     return Fail(arguments[1] + ": no such picture: " + book.MissingPictures().join(", "));
   }

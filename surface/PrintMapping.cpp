@@ -1,11 +1,8 @@
+#include "surface/PrintMapping.h"
+
 #include "drawing/CDC.h"
 #include "model/Editors.h"
-#include "platform/CPrintInfo.h"
 #include "platform/Service.h"
-#include "surface/LayoutMgr.h"
-
-// The chart on paper: the same drawing as on the screen, under a mapping of 120 logical units to
-// the inch, cut into pages row by row.
 
 namespace {
 
@@ -27,23 +24,12 @@ int CountPages(std::int32_t extent, std::int32_t windowExt, int pixels, int mill
 
 }  // namespace
 
-bool LayoutMgr::OnPreparePrinting(CPrintInfo& info) { return DoPreparePrinting(info); }
+void PrintMapping::Edit() { Service<Editors>::Get().EditPaper(printToFit); }
 
-void LayoutMgr::SetPrintMapping(CDC& dc) const {
-  dc.SetMapMode(MapMode::Isotropic);
-  dc.SetWindowExt(printWindowExt);
-  dc.SetViewportExt(printViewportExt);
-}
-
-void LayoutMgr::OnBeginPrinting(CDC& dc, CPrintInfo& info) {
+int PrintMapping::Begin(CDC& dc, SIZE extent) {
   const SIZE paper{dc.GetDeviceCaps(DeviceCap::HorzSize), dc.GetDeviceCaps(DeviceCap::VertSize)};
   printWindowExt = {ToPaperUnits(paper.cx), ToPaperUnits(paper.cy)};
   printViewportExt = {dc.GetDeviceCaps(DeviceCap::HorzRes), dc.GetDeviceCaps(DeviceCap::VertRes)};
-
-  std::int32_t right = 0;
-  std::int32_t bottom = 0;
-  GetChartExtent(right, bottom);
-  const SIZE extent{ToLogical(right), ToLogical(bottom)};
   if (printToFit != 0 && extent.cx != 0 && extent.cy != 0) {
     printWindowExt = extent;
     pagesAcross = 1;
@@ -52,18 +38,19 @@ void LayoutMgr::OnBeginPrinting(CDC& dc, CPrintInfo& info) {
     pagesAcross = CountPages(extent.cx, printWindowExt.cx, printViewportExt.cx, paper.cx);
     pagesDown = CountPages(extent.cy, printWindowExt.cy, printViewportExt.cy, paper.cy);
   }
-  SetPrintMapping(dc);
-  info.SetMaxPage(MulSat(pagesAcross, pagesDown));
+  Select(dc);
+  return MulSat(pagesAcross, pagesDown);
 }
 
-void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
-  SetPrintMapping(dc);
-  const int row = (info.curPage - 1) / pagesAcross;
-  const int column = (info.curPage - 1) % pagesAcross;
+void PrintMapping::SelectPage(CDC& dc, int page) const {
+  Select(dc);
+  const int row = (page - 1) / pagesAcross;
+  const int column = (page - 1) % pagesAcross;
   dc.SetViewportOrg({MulSat(-printViewportExt.cx, column), MulSat(-printViewportExt.cy, row)});
-  OnDraw(dc);
 }
 
-void LayoutMgr::OnEndPrinting(CDC& /*dc*/, CPrintInfo& /*info*/) {}
-
-void LayoutMgr::OnFilePrintSetup() { Service<Editors>::Get().EditPaper(printToFit); }
+void PrintMapping::Select(CDC& dc) const {
+  dc.SetMapMode(MapMode::Isotropic);
+  dc.SetWindowExt(printWindowExt);
+  dc.SetViewportExt(printViewportExt);
+}

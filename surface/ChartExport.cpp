@@ -1,3 +1,5 @@
+#include "surface/ChartExport.h"
+
 #include <algorithm>
 
 #include "model/Collection.h"
@@ -11,8 +13,6 @@
 #include "resources/Texts.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
-
-// The chart handed to other programs: on the clipboard and as a file.
 
 namespace {
 
@@ -34,10 +34,19 @@ std::size_t LastExportKind() {
   return found != kinds.end() ? static_cast<std::size_t>(found - kinds.begin()) : 0;
 }
 
+/// The chart's own path with another extension.
+std::string ExportSuggestion(const CDocument* document, std::string_view extension) {
+  std::string name = document == nullptr ? LoadText(IDS_UNTITLED) : document->GetPathName();
+  if (name.empty()) name = document->GetTitle();
+  const std::string former = ExtensionOf(name);
+  if (FileNameOf(name).size() > former.size()) name.resize(name.size() - former.size());
+  return name.append(extension);
+}
+
 }  // namespace
 
-void LayoutMgr::CopyAsMetafile() {
-  const ChartPicture picture(*this);
+void CopyAsMetafile(LayoutMgr& chart) {
+  const ChartPicture picture(chart);
   std::vector<Clipboard::Item> items;
   const std::string emf = picture.MakeEmf();
   for (const char* format : kEmfFormats) items.push_back({format, emf});
@@ -54,31 +63,21 @@ void LayoutMgr::CopyAsMetafile() {
   }
 }
 
-/// The chart's own path with another extension.
-std::string LayoutMgr::ExportSuggestion(std::string_view extension) const {
-  const CDocument* document = GetDocument();
-  std::string name = document == nullptr ? LoadText(IDS_UNTITLED) : document->GetPathName();
-  if (name.empty()) name = document->GetTitle();
-  const std::string former = ExtensionOf(name);
-  if (FileNameOf(name).size() > former.size()) name.resize(name.size() - former.size());
-  return name.append(extension);
-}
-
-void LayoutMgr::ExportPicture() {
+void ExportPicture(LayoutMgr& chart) {
   const auto kinds = ChartPicture::FileKinds();
   Dialogs::ExportRequest request;
   for (const auto& kind : kinds) {
     request.kinds.push_back({Translate(kind.filter), std::string(kind.extension)});
   }
   request.kind = LastExportKind();
-  request.suggestion = ExportSuggestion(kinds[request.kind].extension);
-  request.hasSelection = !GetSelection().IsEmpty();
+  request.suggestion = ExportSuggestion(chart.GetDocument(), kinds[request.kind].extension);
+  request.hasSelection = !chart.GetSelection().IsEmpty();
   const auto answer = AskExport(request);
   if (!answer) return;
   std::string reason;
   {
     const CWaitCursor wait;
-    reason = ChartPicture(*this, answer->selectionOnly).Save(answer->path);
+    reason = ChartPicture(chart, answer->selectionOnly).Save(answer->path);
   }
   if (reason.empty()) {
     Service<Profile>::Get().WriteString(kExportSection, kExportKind, ExtensionOf(answer->path));

@@ -1,0 +1,278 @@
+#include "surface/ChartCommands.h"
+
+#include "model/Collection.h"
+#include "model/Editors.h"
+#include "model/ModelMgr.h"
+#include "model/ObjectBrowser.h"
+#include "persistence/CDocument.h"
+#include "platform/CWaitCursor.h"
+#include "platform/MessageBox.h"
+#include "platform/Service.h"
+#include "resources/CommandIds.h"
+#include "resources/Texts.h"
+#include "surface/ChartExport.h"
+#include "surface/ChartHistory.h"
+#include "surface/Generators.h"
+#include "surface/LayoutMgr.h"
+#include "surface/ToolDrag.h"
+
+namespace {
+
+// When a command can be given.
+
+CommandState Always(const LayoutMgr& /*chart*/, unsigned /*id*/) {
+  return CommandState::Enabled(true);
+}
+
+CommandState IfZoomChanges(const LayoutMgr& chart, unsigned id) {
+  switch (id) {
+    case ID_ZOOM_IN: return CommandState::Enabled(chart.GetZoom() < LayoutMgr::kMaxZoom);
+    case ID_ZOOM_OUT: return CommandState::Enabled(chart.GetZoom() > LayoutMgr::kMinZoom);
+    default: return CommandState::Enabled(chart.GetZoom() != LayoutMgr::kNormalZoom);
+  }
+}
+
+CommandState IfSelected(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(!chart.GetSelection().IsEmpty());
+}
+
+CommandState IfAnyObject(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(!chart.GetModel().Objects().empty());
+}
+
+CommandState IfCopied(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(chart.GetModel().CanPaste());
+}
+
+CommandState IfUndoable(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(chart.GetHistory().CanUndo());
+}
+
+CommandState IfRedoable(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(chart.GetHistory().CanRedo());
+}
+
+CommandState WhetherChosen(const LayoutMgr& chart, unsigned id) {
+  return CommandState::Checked(chart.GetTools().Tool() == id);
+}
+
+// What a command does. One that may have changed the model ends with a snapshot.
+
+void Save(LayoutMgr& chart, unsigned /*id*/) { chart.GetDocument()->DoFileSave(); }
+
+void Print(LayoutMgr& chart, unsigned id) { chart.OnFilePrint(id == ID_FILE_PRINT_DIRECT); }
+
+void PreviewPrint(LayoutMgr& chart, unsigned /*id*/) { chart.OnFilePrintPreview(); }
+
+void SetUpPrint(LayoutMgr& chart, unsigned /*id*/) { chart.OnFilePrintSetup(); }
+
+void Export(LayoutMgr& chart, unsigned /*id*/) { ExportPicture(chart); }
+
+void Undo(LayoutMgr& chart, unsigned /*id*/) { chart.GetHistory().Undo(); }
+
+void Redo(LayoutMgr& chart, unsigned /*id*/) { chart.GetHistory().Redo(); }
+
+void Delete(LayoutMgr& chart, unsigned /*id*/) { chart.DeleteSelection(); }
+
+void Order(LayoutMgr& chart, unsigned id) {
+  chart.GetModel().OrderSelection(id == ID_BRING_TO_FRONT);
+  chart.TakeSnapshot();
+}
+
+void Cut(LayoutMgr& chart, unsigned /*id*/) {
+  const CWaitCursor wait;
+  chart.GetModel().Cut();
+  chart.TakeSnapshot();
+}
+
+void Copy(LayoutMgr& chart, unsigned /*id*/) {
+  const CWaitCursor wait;
+  chart.GetModel().Copy();
+}
+
+void Paste(LayoutMgr& chart, unsigned /*id*/) {
+  const CWaitCursor wait;
+  chart.GetModel().Paste();
+  chart.TakeSnapshot();
+}
+
+void CopyPicture(LayoutMgr& chart, unsigned /*id*/) { CopyAsMetafile(chart); }
+
+void SelectAll(LayoutMgr& chart, unsigned /*id*/) {
+  const CWaitCursor wait;
+  chart.GetModel().SelectAll();
+}
+
+void FindAndReplace(LayoutMgr& chart, unsigned /*id*/) {
+  // Each edit is a step of its own.
+  Service<Editors>::Get().FindAndReplace(chart.GetModel(), [&chart] { chart.TakeSnapshot(); });
+}
+
+void EditModelProperties(LayoutMgr& chart, unsigned /*id*/) {
+  ModelProperties& properties = chart.GetProperties();
+  Service<Editors>::Get().EditModelProperties(properties);
+  if (ObjectBrowser* tree = chart.GetObjectTree()) tree->SetRootText(properties.ModelName);
+  chart.Invalidate();
+  chart.TakeSnapshot();
+}
+
+void EditCodegenProperties(LayoutMgr& chart, unsigned /*id*/) {
+  Service<Generators>::Get().EditProperties(chart.GetProperties());
+  chart.TakeSnapshot();
+}
+
+void Point(LayoutMgr& chart, unsigned /*id*/) {
+  chart.GetTools().EndToolDrag();
+  chart.GetModel().DeselectAll();
+}
+
+void ChooseTool(LayoutMgr& chart, unsigned id) { chart.GetTools().Choose(id); }
+
+void DragTool(LayoutMgr& chart, unsigned /*id*/) { chart.GetTools().BeginToolDrag(); }
+
+void Refresh(LayoutMgr& chart, unsigned /*id*/) { chart.Invalidate(); }
+
+void Zoom(LayoutMgr& chart, unsigned id) {
+  const int zoom = chart.GetZoom();
+  chart.ChangeZoom(id == ID_ZOOM_IN    ? zoom + 1
+                   : id == ID_ZOOM_OUT ? zoom - 1
+                                       : LayoutMgr::kNormalZoom);
+}
+
+/// A generator reads the chart's file. False if the user cancelled, or there is no file.
+bool EnsureModelSaved(CDocument& document) {
+  if (document.IsModified()) {
+    if (ShowMessage(LoadText(IDS_SAVE_BEFORE_GENERATE), MB_OKCANCEL | MB_ICONHAND) !=
+        MessageAnswer::Ok) {
+      return false;
+    }
+    document.DoFileSave();
+  }
+  if (!document.GetPathName().empty()) return true;
+  ShowMessage(LoadText(IDS_NOTHING_TO_GENERATE), MB_ICONHAND);
+  return false;
+}
+
+void GenerateFile(LayoutMgr& chart, unsigned id) {
+  CDocument& document = *chart.GetDocument();
+  if (EnsureModelSaved(document)) Service<Generators>::Get().Run(id, document.GetPathName());
+}
+
+constexpr CommandRow<LayoutMgr> kRows[] = {
+    {{ID_FILE_SAVE, "&Save", "Ctrl+S", "Save the active chart", "Save", "save"}, Always, Save},
+    {{ID_FILE_PRINT, "&Print...", "Ctrl+P", "Print the active chart", "Print", "print"},
+     Always,
+     Print},
+    {{ID_FILE_PRINT_DIRECT}, Always, Print},
+    {{ID_FILE_PRINT_PREVIEW, "Print Pre&view", "", "Show the pages as they will be printed",
+      "Print Preview"},
+     Always,
+     PreviewPrint},
+    {{ID_FILE_PRINT_SETUP, "P&rint Setup...", "", "Change the printer and its options",
+      "Print Setup"},
+     Always,
+     SetUpPrint},
+    {{ID_FILE_EXPORT, "&Export...", "", "Write a picture of the active chart to a file", "Export"},
+     Always,
+     Export},
+
+    {{ID_EDIT_UNDO, "&Undo", "Ctrl+Z Alt+Backspace", "Undo the last change", "Undo", "undo"},
+     IfUndoable,
+     Undo},
+    {{ID_EDIT_REDO, "&Redo", "Ctrl+Y", "Redo the change that was undone last", "Redo", "redo"},
+     IfRedoable,
+     Redo},
+    {{ID_DELETE, "Delete", "Ctrl+D", "Delete selected objects from the chart", "Delete", "delete"},
+     IfSelected,
+     Delete},
+    {{ID_BRING_TO_FRONT, "Bring to &front", "", "Bring the selected objects in front of all others",
+      "Bring to front", "front"},
+     IfSelected,
+     Order},
+    {{ID_SEND_TO_BACK, "Send to &back", "", "Send the selected objects behind all others",
+      "Send to back", "back"},
+     IfSelected,
+     Order},
+    {{ID_EDIT_CUT, "Cu&t", "Ctrl+X Shift+Delete", "Move the selected objects to the clipboard",
+      "Cut", "cut"},
+     IfSelected,
+     Cut},
+    {{ID_EDIT_COPY, "&Copy", "Ctrl+C Ctrl+Insert", "Copy the selected objects to the clipboard",
+      "Copy", "copy"},
+     IfSelected,
+     Copy},
+    {{ID_EDIT_PASTE, "&Paste", "Ctrl+V Shift+Insert", "Insert the objects from the clipboard",
+      "Paste", "paste"},
+     IfCopied,
+     Paste},
+    {{ID_COPY_METAFILE, "Copy As &Metafile", "Ctrl+M",
+      "Copy the chart to the clipboard as a picture", "Copy As Metafile", "metafile"},
+     Always,
+     CopyPicture},
+    {{ID_EDIT_SELECT_ALL, "Select &All", "Ctrl+A", "Select all objects of the chart", "Select All"},
+     IfAnyObject,
+     SelectAll},
+    {{ID_FIND_REPLACE, "&Find / Replace", "Ctrl+F Space", "Find and replace a text in the chart",
+      "Find / Replace", "find"},
+     Always,
+     FindAndReplace},
+    {{ID_MODEL_PROPERTIES, "Model &Properties", "", "Show and change the properties of the model",
+      "Model Properties", "modelproperties"},
+     Always,
+     EditModelProperties},
+
+    {{ID_POINTER, "", "", "Select and move objects", "Pointer", "pointer"}, Always, Point},
+    {{ID_TOOL_STATE, "&State", "", "Insert a state", "State", "state"}, WhetherChosen, ChooseTool},
+    {{ID_TOOL_TRANSITION, "", "", "Insert a transition", "Transition", "transition"},
+     WhetherChosen,
+     ChooseTool},
+    {{ID_TOOL_INITIAL_STATE, "&Initial State", "", "Insert an initial state", "Initial State",
+      "initialstate"},
+     WhetherChosen,
+     ChooseTool},
+    {{ID_TOOL_FINAL_STATE, "&Final State", "", "Insert a final state", "Final State", "finalstate"},
+     WhetherChosen,
+     ChooseTool},
+    {{ID_TOOL_NOTE, "&Note", "", "Insert a note", "Note", "note"}, WhetherChosen, ChooseTool},
+    {{ID_TOOL_LINE, "&Line", "", "Insert a line", "Line", "line"}, WhetherChosen, ChooseTool},
+    {{ID_TOOL_DRAG_STARTED}, Always, DragTool},
+
+    {{ID_REFRESH, "&Refresh", "F5", "Paint the chart anew", "Refresh", "refresh"}, Always, Refresh},
+    {{ID_ZOOM_IN, "Zoom &In", "F2", "Zoom In", "Zoom In", "zoomin"}, IfZoomChanges, Zoom},
+    {{ID_ZOOM_NORMAL, "Zoom &Normal", "F3", "Show the chart at its normal size", "Zoom Normal",
+      "zoomnormal"},
+     IfZoomChanges,
+     Zoom},
+    {{ID_ZOOM_OUT, "Zoom &Out", "F4", "Zoom Out", "Zoom Out", "zoomout"}, IfZoomChanges, Zoom},
+
+    {{ID_CODEGEN_PROPERTIES, "&Properties", "", "Show and change the properties of code generation",
+      "CodeGen Properties", "codegenproperties"},
+     Always,
+     EditCodegenProperties},
+    {{ID_GENERATE_CPP, "Generate C++ File", "", "Generate a C++ file from the chart",
+      "Generate C++ File"},
+     Always,
+     GenerateFile},
+    {{ID_GENERATE_C, "Generate C File", "", "Generate a C file from the chart", "Generate C File"},
+     Always,
+     GenerateFile},
+    {{ID_GENERATE_CSHARP, "Generate C# File", "", "Generate a C# file from the chart",
+      "Generate C# File"},
+     Always,
+     GenerateFile},
+    {{ID_GENERATE_JAVA, "Generate Java File", "", "Generate a Java file from the chart",
+      "Generate Java File"},
+     Always,
+     GenerateFile},
+    {{ID_GENERATE_XML, "Generate XML File", "", "Generate an XML file from the chart",
+      "Generate XML File"},
+     Always,
+     GenerateFile},
+};
+
+}  // namespace
+
+const CommandTable<LayoutMgr>& ChartCommands() {
+  static constexpr CommandTable<LayoutMgr> table(kRows);
+  return table;
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "platform/Command.h"
+
+class LayoutMgr;
+
+/// The commands of a chart: everything that the user can tell the chart as a whole.
+const CommandTable<LayoutMgr>& ChartCommands();

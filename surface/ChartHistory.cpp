@@ -1,0 +1,67 @@
+#include "surface/ChartHistory.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "persistence/CDocument.h"
+#include "platform/MessageBox.h"
+#include "surface/LayoutMgr.h"
+
+namespace {
+
+/// All of a model text behind the line of the zoom, which is the second one.
+std::string_view BehindZoom(std::string_view text) {
+  for (int line = 0; line < 2; ++line)
+    text.remove_prefix(std::min(text.find('\n'), text.size() - 1) + 1);
+  return text;
+}
+
+}  // namespace
+
+void ChartHistory::Keep() {
+  // A click behind a zoom is no step either, and what can be redone stays.
+  KeepZoom();
+  history.Push(view.ModelText());
+  snapshotZoom = view.GetZoom();
+  Tell(history.Current());
+}
+
+void ChartHistory::OnZoomChanged() { Tell(std::make_shared<const std::string>(view.ModelText())); }
+
+/// A zoom since the present snapshot becomes a part of it, if nothing else has changed.
+void ChartHistory::KeepZoom() {
+  const SharedText snapshot = history.Current();
+  if (view.GetZoom() == snapshotZoom || snapshot == nullptr) return;
+  std::string text = view.ModelText();
+  if (BehindZoom(text) == BehindZoom(*snapshot)) history.Amend(std::move(text));
+}
+
+void ChartHistory::Undo() {
+  if (!history.CanUndo()) return;
+  KeepZoom();
+  StepTo(history.Previous(), &UndoHistory::StepBack);
+}
+
+void ChartHistory::Redo() {
+  if (!history.CanRedo()) return;
+  KeepZoom();
+  StepTo(history.Next(), &UndoHistory::StepForward);
+}
+
+void ChartHistory::StepTo(const SharedText& snapshot, void (UndoHistory::*step)()) {
+  std::string reason;
+  if (!view.Restore(*snapshot, reason)) {
+    // A snapshot is this program's own text; there may be no memory for another chart.
+    ShowMessage(reason, MB_ICONHAND);
+    return;
+  }
+  (history.*step)();
+  snapshotZoom = view.GetZoom();
+  Tell(history.Current());
+}
+
+void ChartHistory::Tell(const SharedText& text) {
+  if (view.GetDocument() != nullptr) view.GetDocument()->OnTextChanged(text);
+}

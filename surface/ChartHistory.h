@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/ChartView.h"
+#include "persistence/UndoHistory.h"
+#include "platform/SharedText.h"
+
+class LayoutMgr;
+
+/// The steps of a chart that can be undone. It tells the document of each text that the chart takes
+/// on.
+class ChartHistory {
+ public:
+  explicit ChartHistory(LayoutMgr& view) : view(view) {}
+
+  bool CanUndo() const { return history.CanUndo(); }
+  bool CanRedo() const { return history.CanRedo(); }
+  /// The present snapshot.
+  SharedText Current() const { return history.Current(); }
+
+  /// Makes a step of the present model text, if it has changed.
+  void Keep();
+  /// Tells the document of a change of the zoom, which is a part of the text and yet no step.
+  void OnZoomChanged();
+  void Undo();
+  void Redo();
+
+ private:
+  void KeepZoom();
+  void StepTo(const SharedText& snapshot, void (UndoHistory::*step)());
+  void Tell(const SharedText& text);
+
+  LayoutMgr& view;
+  UndoHistory history;
+  std::int16_t snapshotZoom = ChartView::kNormalZoom;  ///< of the present snapshot
+};

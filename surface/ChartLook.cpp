@@ -1,0 +1,31 @@
+#include "surface/ChartLook.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "drawing/CDC.h"
+#include "model/Defaults.h"
+
+void ChartLook::TakeDefaults() {
+  // What no screen could show is taken as the nearest size that one can.
+  constexpr std::int32_t smallest = 10;
+  constexpr std::int32_t greatest = 5000;
+  constexpr std::int32_t tenthsPerPoint = 10;
+  const Defaults& settings = Defaults::Instance();
+  const std::int32_t size = std::clamp(settings.FontSize, smallest, greatest);
+  font = CFont::FromTenthsOfPoint(size, settings.FontName);
+  boldFont = CFont::FromTenthsOfPoint(size / tenthsPerPoint * tenthsPerPoint, settings.FontName);
+  boldFont.weight = CFont::kBoldWeight;
+  textColour = settings.FontColor;
+}
+
+void ChartLook::DrawText(CDC& dc, std::string_view text, const RECT& area) const {
+  const BkMode oldMode = dc.SetBkMode(BkMode::Transparent);
+  const COLORREF oldColor = dc.SetTextColor(textColour);
+  const CFont oldFont = dc.SelectFont(font);
+  RECT room = area;
+  dc.DrawText(text, room, DT_WORDBREAK);
+  dc.SelectFont(oldFont);
+  dc.SetTextColor(oldColor);
+  dc.SetBkMode(oldMode);
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "platform/Command.h"
+
+class Shape;
+
+/// The commands of a single object, which its context menu offers.
+const CommandTable<Shape>& ObjectCommands();

@@ -1,0 +1,76 @@
+#include "surface/ViewGeometry.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "drawing/CDC.h"
+#include "model/ChartView.h"
+#include "model/Defaults.h"
+#include "model/DrawResources.h"
+
+namespace {
+
+/// Every so many model units the grid has a line.
+constexpr std::int32_t kGridStep = 3;
+/// A page step of the scroll bars, model units.
+constexpr std::int32_t kPageStep = 6;
+
+constexpr SIZE kChartSize = ChartView::kChartSize;
+
+}  // namespace
+
+void ViewGeometry::Begin() {
+  const std::int32_t page = view.ToLogical(view.GetZoom());
+  view.SetScrollSizes({view.ToLogical(kChartSize.cx), view.ToLogical(kChartSize.cy)}, {page, page});
+  showGrid = Defaults::Instance().ShowGrid != 0;
+}
+
+void ViewGeometry::ApplyZoom() {
+  const std::int32_t page = view.ToDevice(kPageStep);
+  view.SetScrollSizes({view.ToDevice(kChartSize.cx), view.ToDevice(kChartSize.cy)}, {page, page});
+  for (const ScrollBar bar : {ScrollBar::Horizontal, ScrollBar::Vertical}) {
+    view.SetScrollPos(bar, view.ToDevice(view.ToModel(view.GetScrollPos(bar))));
+  }
+  view.Invalidate();
+}
+
+void ViewGeometry::PrepareMapping(CDC& dc) const {
+  dc.SetMapMode(MapMode::Isotropic);
+  dc.SetWindowExt({view.ToLogical(kChartSize.cx), view.ToLogical(kChartSize.cy)});
+  dc.SetViewportExt({view.ToDevice(kChartSize.cx), view.ToDevice(kChartSize.cy)});
+}
+
+void ViewGeometry::DrawGrid(CDC& dc) const {
+  if (!showGrid) return;
+  const CPen oldPen = dc.SelectPen(DrawResources::Instance().gridPen);
+  const std::int32_t step = view.ToDevice(kGridStep);
+  const SIZE size{view.ToDevice(kChartSize.cx), view.ToDevice(kChartSize.cy)};
+  const RECT clip = dc.GetClipBox();
+  const auto firstLine = [step](std::int32_t from) { return std::max(from / step, 1) * step; };
+  for (std::int32_t x = firstLine(clip.left); x < std::min(size.cx, clip.right); x += step) {
+    dc.MoveTo({x, 0});
+    dc.LineTo({x, size.cy});
+  }
+  for (std::int32_t y = firstLine(clip.top); y < std::min(size.cy, clip.bottom); y += step) {
+    dc.MoveTo({0, y});
+    dc.LineTo({size.cx, y});
+  }
+  dc.SelectPen(oldPen);
+}
+
+bool ViewGeometry::ScrollByKey(VirtualKey key) {
+  switch (key) {
+    case VirtualKey::Prior: view.OnScroll(ScrollBar::Vertical, ScrollCode::PageBack); break;
+    case VirtualKey::Next: view.OnScroll(ScrollBar::Vertical, ScrollCode::PageForward); break;
+    case VirtualKey::Home:
+      view.OnScroll(ScrollBar::Vertical, ScrollCode::ToStart);
+      view.OnScroll(ScrollBar::Horizontal, ScrollCode::ToStart);
+      break;
+    case VirtualKey::Left: view.OnScroll(ScrollBar::Horizontal, ScrollCode::LineBack); break;
+    case VirtualKey::Up: view.OnScroll(ScrollBar::Vertical, ScrollCode::LineBack); break;
+    case VirtualKey::Right: view.OnScroll(ScrollBar::Horizontal, ScrollCode::LineForward); break;
+    case VirtualKey::Down: view.OnScroll(ScrollBar::Vertical, ScrollCode::LineForward); break;
+    default: return false;
+  }
+  return true;
+}

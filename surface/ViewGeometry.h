@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/Message.h"
+
+class CDC;
+class ChartView;
+
+/// How a chart lies in its view: the sizes and steps of the scroll bars, the mapping that follows
+/// the zoom, and the grid. The zoom itself is the view's, which converts by it.
+class ViewGeometry {
+ public:
+  explicit ViewGeometry(ChartView& view) : view(view) {}
+
+  bool IsGridShown() const { return showGrid; }
+  /// At the first showing of a chart: its grid as the defaults have it, and its whole surface at
+  /// normal size, whatever the zoom, until that changes.
+  void Begin();
+  /// Sets sizes and position of the scroll bars for a new zoom.
+  void ApplyZoom();
+  /// A uniform scale from logical units to device pixels; the origin stays.
+  void PrepareMapping(CDC& dc) const;
+  /// Draws the grid, if there is one, on a context that is still in device pixels.
+  void DrawGrid(CDC& dc) const;
+  /// Scrolls as a key says; false for a key that says nothing of it.
+  bool ScrollByKey(VirtualKey key);
+
+ private:
+  ChartView& view;
+  bool showGrid = true;
+};
