@@ -9,7 +9,6 @@
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
-#include "platform/CDC.h"
 
 namespace {
 
@@ -30,7 +29,7 @@ void Line::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
   } else {
     DragWhole(press);
   }
-  marker.Hide(*view->GetDC());
+  marker.Hide();
 }
 
 /// Drags one end, with the rubber line from the other one. The end takes the point where the drag

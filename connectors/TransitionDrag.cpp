@@ -10,7 +10,6 @@
 #include "model/LineTracker.h"
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
-#include "platform/CDC.h"
 #include "states/EndableState.h"
 #include "states/StartableState.h"
 
@@ -40,7 +39,7 @@ void Transition::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
     default: DragLink({x, y});
   }
   activeLink = nullptr;
-  marker.Hide(*view->GetDC());
+  marker.Hide();
 }
 
 Link* Transition::LinkAt(POINT client) const {

@@ -4,6 +4,7 @@
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
+#include "platform/CDC.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
@@ -14,6 +15,13 @@ Shape::~Shape() {
   if (mgr == nullptr) return;
   mgr->GetSelection().Remove(this);
   mgr->RemoveShape(this);
+}
+
+void Shape::DrawOnScreen(CDC& dc) {
+  Draw(&dc);
+  const Mapping logical = dc.SetMapping({});
+  DrawMarks(dc);
+  dc.SetMapping(logical);
 }
 
 void Shape::Write(ModelStream& stream) const {

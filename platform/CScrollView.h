@@ -2,6 +2,7 @@
 
 #include "platform/CWnd.h"
 
+class CDC;
 class CDocument;
 class CPrintInfo;
 

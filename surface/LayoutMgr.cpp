@@ -141,13 +141,11 @@ void LayoutMgr::DrawGrid(CDC& dc) const {
 }
 
 void LayoutMgr::OnDraw(CDC& dc) {
-  if (!dc.IsPrinting()) {
-    dc.SetBkMode(BkMode::Transparent);
-    if (showGrid) DrawGrid(dc);
-    PrepareMapping(dc);
-  }
+  dc.SetBkMode(BkMode::Transparent);
+  if (showGrid) DrawGrid(dc);
+  PrepareMapping(dc);
   dc.SetTextColor(textColor);
-  model->DrawAll(&dc);
+  model->DrawOnScreen(dc);
 }
 
 void LayoutMgr::KeepSnapshot() {

@@ -1,4 +1,5 @@
 #include "model/Editors.h"
+#include "model/ModelMgr.h"
 #include "platform/CDC.h"
 #include "platform/CPrintInfo.h"
 #include "platform/Service.h"
@@ -61,7 +62,8 @@ void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
   const int row = (info.curPage - 1) / pagesAcross;
   const int column = (info.curPage - 1) % pagesAcross;
   dc.SetViewportOrg({MulSat(-printViewportExt.cx, column), MulSat(-printViewportExt.cy, row)});
-  OnDraw(dc);
+  dc.SetTextColor(textColor);
+  model->DrawAll(&dc);
 }
 
 void LayoutMgr::OnEndPrinting(CDC& /*dc*/, CPrintInfo& /*info*/) {}

@@ -36,7 +36,7 @@ class GestureTest : public testing::Test {
   }
   void Hover(QPoint p) { SendMouse(Area(), QEvent::MouseMove, p, Qt::NoButton); }
 
-  QImage Now() const { return widget->Picture().copy(); }
+  QImage Now() const { return OnScreen(*widget); }
   QImage Repainted() {
     chart->Invalidate();
     chart->UpdateWindow();
@@ -174,6 +174,7 @@ class EachGesture : public GestureTest, public testing::WithParamInterface<Gestu
     QApplication::processEvents();
     const QImage now = Now();
     EXPECT_EQ(now, Repainted()) << gesture.name;
+    EXPECT_TRUE(chart->ShownFeedback().empty()) << gesture.name;
   }
 
   const Gesture gesture = GetParam();
