@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 /// Writes model texts of a wanted size, always the same for the same size. A chart is a carpet of
 /// blocks: in each, eight states in two rows, six transitions between neighbours, four messages on

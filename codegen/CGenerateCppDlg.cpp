@@ -3,7 +3,7 @@
 #include "codegen/ToolInbox.h"
 #include "platform/DataExchange.h"
 #include "platform/Files.h"
-#include "resources/InstallFolder.h"
+#include "platform/InstallFolder.h"
 #include "resources/Texts.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <deque>
 
-#include "platform/TextCodec.h"
+#include "drawing/TextCodec.h"
 
 namespace {
 

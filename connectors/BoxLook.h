@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 class ModelStream;
 struct BoxFields;

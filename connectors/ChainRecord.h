@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 /// The classes of links as numbers of the model text.
 enum LinkKind : std::int32_t { LINK_V = 0, LINK_H = 1, LINK_HEAD = 2, LINK_TAIL = 3 };

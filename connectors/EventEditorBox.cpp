@@ -2,10 +2,10 @@
 
 #include <utility>
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Editors.h"
 #include "model/ModelStream.h"
-#include "platform/CDC.h"
 #include "platform/Service.h"
 #include "resources/Texts.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 /// The square of an odd number of pixels, 2 * reach + 1, whose middle pixel is `c`.
 constexpr RECT HandleSquare(POINT c, std::int32_t reach) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "connectors/LinePens.h"
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Connectable.h"
 #include "model/Defaults.h"
@@ -11,7 +12,6 @@
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "model/ShapeGeometry.h"
-#include "platform/CDC.h"
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"

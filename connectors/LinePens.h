@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/DrawingTools.h"
+#include "drawing/DrawingTools.h"
 
 // The colours and pen styles that a line can have. Model texts and settings hold indices into these
 // tables, so their order is fixed.

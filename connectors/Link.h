@@ -1,7 +1,7 @@
 #pragma once
 
 #include "connectors/ChainRecord.h"
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 class Transition;
 

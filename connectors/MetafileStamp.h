@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "drawing/Metafile.h"
 #include "platform/Feedback.h"
-#include "platform/Metafile.h"
 
 /// The ghost of a connector during a drag: a recording that is made once and moves with the
 /// pointer. Points are offsets in device pixels.

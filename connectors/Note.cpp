@@ -2,10 +2,10 @@
 
 #include <array>
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Editors.h"
 #include "model/ModelStream.h"
-#include "platform/CDC.h"
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"

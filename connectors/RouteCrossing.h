@@ -4,7 +4,7 @@
 #include <optional>
 #include <span>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 /// An axis-parallel piece of a route.
 struct RouteSegment {

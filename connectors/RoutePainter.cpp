@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "drawing/CDC.h"
 #include "model/ShapeGeometry.h"
-#include "platform/CDC.h"
 
 namespace {
 

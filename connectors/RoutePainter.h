@@ -3,7 +3,7 @@
 #include <functional>
 #include <span>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 class CDC;
 

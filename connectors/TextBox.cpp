@@ -3,9 +3,9 @@
 #include <string_view>
 #include <utility>
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Editors.h"
-#include "platform/CDC.h"
 #include "platform/Service.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include "connectors/Mesg.h"
 #include "connectors/RoutePainter.h"
 #include "connectors/Transition.h"
+#include "drawing/CMetaFileDC.h"
+#include "drawing/CNullDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
 
 namespace {
 

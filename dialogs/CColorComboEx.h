@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 class CDC;
 struct DialogControl;

@@ -1,7 +1,7 @@
 #include "dialogs/PenPicker.h"
 
 #include "connectors/LinePens.h"
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 #include "platform/CDialog.h"
 
 namespace {

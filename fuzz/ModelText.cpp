@@ -1,5 +1,7 @@
 #include <sstream>
 
+#include "drawing/CMetaFileDC.h"
+#include "drawing/CNullDC.h"
 #include "fuzz/AgreeingMessageBoxes.h"
 #include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
@@ -7,8 +9,6 @@
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "persistence/ModelFile.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
 #include "resources/CommandIds.h"
 #include "shell/CObjectTree.h"
 #include "surface/ChartPicture.h"

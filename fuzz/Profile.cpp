@@ -3,15 +3,15 @@
 #include <sstream>
 
 #include "dialogs/CDefaultSettingDlg.h"
+#include "drawing/CNullDC.h"
 #include "fuzz/AnyUser.h"
 #include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "model/Defaults.h"
-#include "platform/CNullDC.h"
-#include "platform/RecentFiles.h"
+#include "persistence/RecentFiles.h"
 #include "resources/CommandIds.h"
-#include "resources/Language.h"
 #include "resources/TextSource.h"
+#include "shell/Language.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/FakeWindow.h"

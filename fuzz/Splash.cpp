@@ -1,7 +1,7 @@
 #include <sstream>
 
+#include "drawing/BitmapFile.h"
 #include "fuzz/FuzzTarget.h"
-#include "platform/BitmapFile.h"
 
 // The file of the splash picture: every pixel and every colour of what is read can be looked at.
 

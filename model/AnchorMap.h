@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "drawing/Geometry.h"
 #include "model/AnchorKey.h"
-#include "platform/Geometry.h"
 
 /// The anchors of one shape in the order of their keys. They lie side by side in one block: a chart
 /// has hundreds of thousands of them, and an undo makes each anew.

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 class CDC;
 class ChartView;

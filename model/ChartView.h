@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "drawing/DrawingTools.h"
 #include "model/AnchorKey.h"
 #include "model/ShapeGeometry.h"
 #include "platform/CScrollView.h"
-#include "platform/DrawingTools.h"
 
 class Collection;
 class Connectable;

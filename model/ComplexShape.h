@@ -3,8 +3,8 @@
 #include <functional>
 #include <memory>
 
+#include "drawing/CRgn.h"
 #include "model/Shape.h"
-#include "platform/CRgn.h"
 
 /// A shape whose extent is a region in device pixels. The leaf class builds it, anew whenever the
 /// shape or the view's scroll position or zoom has changed.

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "drawing/Geometry.h"
 #include "model/AnchorMap.h"
-#include "platform/Geometry.h"
 
 class Connector;
 class ChartView;

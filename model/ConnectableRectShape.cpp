@@ -1,9 +1,9 @@
 #include "model/ConnectableRectShape.h"
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
 #include "model/ModelStream.h"
-#include "platform/CDC.h"
 #include "resources/CommandIds.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 /// The process-wide store of what new objects and new views take. Nothing in it reaches an object
 /// that exists already.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/DrawingTools.h"
+#include "drawing/DrawingTools.h"
 #include "platform/Message.h"
 
 /// The pens, brushes, cursors and masks that all painting shares. There is one for the process.

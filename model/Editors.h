@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 class ModelMgr;
 class ModelProperties;

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/ModelClipboard.h"
 #include "model/ModelStream.h"
 #include "model/ObjectBrowser.h"
 #include "model/RecordLine.h"
-#include "platform/CDC.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 

@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "drawing/Geometry.h"
 #include "model/Collection.h"
 #include "model/Factory.h"
 #include "model/ModelData.h"
 #include "model/Shape.h"
 #include "model/ShapeRegistry.h"
-#include "platform/Geometry.h"
 
 class CDC;
 class CWnd;

@@ -1,6 +1,6 @@
+#include "model/CRectTracker.h"
 #include "model/ChartView.h"
 #include "model/ModelMgr.h"
-#include "platform/CRectTracker.h"
 #include "platform/CWnd.h"
 
 // What a press of the mouse means by what lies under it. All points are device pixels.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CRectTracker.h"
+#include "model/CRectTracker.h"
 
 class RectShape;
 

@@ -1,10 +1,10 @@
 #include "model/Shape.h"
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
-#include "platform/CDC.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 

@@ -3,9 +3,9 @@
 #include <map>
 #include <string>
 
+#include "drawing/Geometry.h"
 #include "model/Collectable.h"
 #include "model/Object.h"
-#include "platform/Geometry.h"
 
 class CDC;
 class CWnd;

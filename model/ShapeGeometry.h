@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "platform/CRgn.h"
-#include "platform/Geometry.h"
+#include "drawing/CRgn.h"
+#include "drawing/Geometry.h"
 
 // Geometry that shapes share. The functions carry no unit of their own: points in give points out
 // in the same unit.

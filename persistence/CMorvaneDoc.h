@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "persistence/CDocument.h"
 #include "persistence/DiskFile.h"
-#include "platform/CDocument.h"
 #include "platform/FileWatch.h"
 #include "platform/SharedText.h"
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "drawing/Decimal.h"
 #include "model/ModelStream.h"
-#include "platform/Decimal.h"
 #include "resources/Texts.h"
 
 namespace {

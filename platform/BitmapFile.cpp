@@ -1,4 +1,4 @@
-#include "platform/BitmapFile.h"
+#include "drawing/BitmapFile.h"
 
 #include <array>
 #include <cstdlib>

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 /// A picture with a colour table as a bitmap file holds it: uncompressed, its rows from the bottom
 /// up unless the height in the file is negative.

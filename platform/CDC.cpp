@@ -1,13 +1,13 @@
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
 
-#include "platform/Metafile.h"
-#include "platform/TextCodec.h"
-#include "platform/TextLayout.h"
+#include "drawing/Metafile.h"
+#include "drawing/TextCodec.h"
+#include "drawing/TextLayout.h"
 
 CPen CDC::SelectPen(const CPen& newPen) { return std::exchange(pen, newPen); }
 CBrush CDC::SelectBrush(const CBrush& newBrush) { return std::exchange(brush, newBrush); }

@@ -5,9 +5,9 @@
 #include <span>
 #include <string_view>
 
-#include "platform/DrawingTools.h"
-#include "platform/Geometry.h"
-#include "platform/Mapping.h"
+#include "drawing/DrawingTools.h"
+#include "drawing/Geometry.h"
+#include "drawing/Mapping.h"
 
 class Metafile;
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 #include "platform/Service.h"
 
 class CDC;

@@ -1,8 +1,8 @@
-#include "platform/CDocManager.h"
+#include "persistence/CDocManager.h"
 
 #include <algorithm>
 
-#include "platform/CDocument.h"
+#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/Files.h"
 #include "platform/ModalLoop.h"

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "persistence/RecentFiles.h"
 #include "platform/Dialogs.h"
-#include "platform/RecentFiles.h"
 
 class CDocument;
 class CScrollView;

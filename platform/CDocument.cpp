@@ -1,6 +1,6 @@
-#include "platform/CDocument.h"
+#include "persistence/CDocument.h"
 
-#include "platform/CDocManager.h"
+#include "persistence/CDocManager.h"
 #include "platform/CScrollView.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"

@@ -1,4 +1,4 @@
-#include "platform/CMetaFileDC.h"
+#include "drawing/CMetaFileDC.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/CDC.h"
-#include "platform/Metafile.h"
+#include "drawing/CDC.h"
+#include "drawing/Metafile.h"
 
 /// A context that records what is drawn on it. Texts are measured by the reference context that it
 /// was made on, which has to outlive it.

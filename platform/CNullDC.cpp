@@ -1,4 +1,4 @@
-#include "platform/CNullDC.h"
+#include "drawing/CNullDC.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 
 /// The context of a window that isn't there. It paints nothing and measures every letter as half
 /// as wide as it is high, so that a chart can be laid out with no display.

@@ -1,8 +1,8 @@
-#include "platform/CRectTracker.h"
+#include "model/CRectTracker.h"
 
 #include <array>
 
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 #include "platform/CWnd.h"
 #include "platform/FeedbackDC.h"
 #include "platform/ModalLoop.h"

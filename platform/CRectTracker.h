@@ -1,7 +1,7 @@
 #pragma once
 
+#include "drawing/Geometry.h"
 #include "platform/Feedback.h"
-#include "platform/Geometry.h"
 #include "platform/Message.h"
 
 class CDC;

@@ -1,4 +1,4 @@
-#include "platform/CRgn.h"
+#include "drawing/CRgn.h"
 
 #include <algorithm>
 

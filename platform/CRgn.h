@@ -4,7 +4,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 /// A region of device pixels: the union of rectangles and of polygons with winding fill. As with a
 /// rectangle, a pixel on a left or top edge is inside and one on a right or bottom edge outside.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 #include "platform/CPrintInfo.h"
 #include "platform/ViewPages.h"
 #include "platform/WindowPeer.h"

@@ -1,11 +1,11 @@
-#include "platform/CSvgDC.h"
+#include "drawing/CSvgDC.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 
-#include "platform/Decimal.h"
+#include "drawing/Decimal.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 
 /// A context that writes a picture as SVG, one user unit to the logical unit, with text as text. Of
 /// the mapping it takes the viewport origin alone. The same calls give the same bytes. Texts are

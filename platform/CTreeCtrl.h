@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 #include "platform/TreeItem.h"
 
 class TreePeer;

@@ -1,6 +1,6 @@
 #include "platform/CWnd.h"
 
-#include "platform/CRgn.h"
+#include "drawing/CRgn.h"
 #include "platform/Feedback.h"
 #include "platform/WindowPeer.h"
 

@@ -2,7 +2,7 @@
 
 #include <unordered_set>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 #include "platform/Message.h"
 
 class CRgn;

@@ -1,4 +1,4 @@
-#include "platform/Decimal.h"
+#include "drawing/Decimal.h"
 
 #include <array>
 #include <charconv>

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 #include "platform/ModalLoop.h"
 #include "platform/Service.h"
 

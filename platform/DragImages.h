@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 #include "platform/Service.h"
 
 /// The picture of a tool that hangs from the pointer while the tool is on its way to a chart.

@@ -1,4 +1,4 @@
-#include "platform/DrawingTools.h"
+#include "drawing/DrawingTools.h"
 
 #include <utility>
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 // What is selected into a drawing context: pens, brushes and fonts as plain values, with the
 // modes of drawing.

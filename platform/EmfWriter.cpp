@@ -1,11 +1,11 @@
-#include "platform/EmfWriter.h"
+#include "drawing/EmfWriter.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 
-#include "platform/CDC.h"
-#include "platform/Utf16.h"
+#include "drawing/CDC.h"
+#include "drawing/Utf16.h"
 
 enum class EmfWriter::RecordType : std::uint32_t {
   Header = 1,

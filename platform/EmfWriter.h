@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Metafile.h"
+#include "drawing/Metafile.h"
 
 class CDC;
 

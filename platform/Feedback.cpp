@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
+#include "drawing/Metafile.h"
 #include "platform/CWnd.h"
-#include "platform/Metafile.h"
 
 namespace {
 

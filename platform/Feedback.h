@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 class CDC;
 class CWnd;

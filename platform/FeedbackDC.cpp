@@ -1,6 +1,6 @@
 #include "platform/FeedbackDC.h"
 
-#include "platform/CNullDC.h"
+#include "drawing/CNullDC.h"
 #include "platform/Feedback.h"
 
 namespace {

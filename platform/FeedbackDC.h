@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CMetaFileDC.h"
+#include "drawing/CMetaFileDC.h"
 
 class CWnd;
 class Feedback;

@@ -1,4 +1,4 @@
-#include "platform/Mapping.h"
+#include "drawing/Mapping.h"
 
 #include <algorithm>
 #include <cmath>

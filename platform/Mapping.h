@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/DrawingTools.h"
-#include "platform/Geometry.h"
+#include "drawing/DrawingTools.h"
+#include "drawing/Geometry.h"
 
 /// The road from logical units to device pixels: a window extent, a viewport extent and a viewport
 /// origin. In the mode Isotropic the viewport extent shrinks in one direction so that the scale is

@@ -1,4 +1,4 @@
-#include "platform/Metafile.h"
+#include "drawing/Metafile.h"
 
 void Metafile::MoveBy(POINT offset) {
   for (Record& record : records) {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/DrawingTools.h"
-#include "platform/Geometry.h"
+#include "drawing/DrawingTools.h"
+#include "drawing/Geometry.h"
 
 /// A finished recording of drawing calls, as plain data in logical units. Each record carries the
 /// attributes that it was drawn with.

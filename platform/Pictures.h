@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 #include "platform/Service.h"
 
 class CDC;

@@ -1,4 +1,4 @@
-#include "platform/RecentFiles.h"
+#include "persistence/RecentFiles.h"
 
 #include <algorithm>
 

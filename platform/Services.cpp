@@ -1,7 +1,7 @@
 #include <iostream>
 #include <map>
 
-#include "platform/CNullDC.h"
+#include "drawing/CNullDC.h"
 #include "platform/CWaitCursor.h"
 #include "platform/Clipboard.h"
 #include "platform/Dialogs.h"

@@ -1,4 +1,4 @@
-#include "platform/TextCodec.h"
+#include "drawing/TextCodec.h"
 
 #include <array>
 

@@ -1,9 +1,9 @@
-#include "platform/TextLayout.h"
+#include "drawing/TextLayout.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "platform/TextCodec.h"
+#include "drawing/TextCodec.h"
 
 TextLayout::TextLayout(Measure measure, std::int64_t width, bool wordBreak)
     : measure(std::move(measure)), width(std::max<std::int64_t>(width, 0)), wordBreak(wordBreak) {}

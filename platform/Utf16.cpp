@@ -1,6 +1,6 @@
-#include "platform/Utf16.h"
+#include "drawing/Utf16.h"
 
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/CDC.h"
-#include "platform/CDocument.h"
+#include "drawing/CDC.h"
+#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"

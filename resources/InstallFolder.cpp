@@ -1,4 +1,4 @@
-#include "resources/InstallFolder.h"
+#include "platform/InstallFolder.h"
 
 #include <algorithm>
 #include <cctype>

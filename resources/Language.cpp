@@ -1,4 +1,4 @@
-#include "resources/Language.h"
+#include "shell/Language.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "shell/ChartFiles.h"
 
-#include "platform/CDocManager.h"
+#include "persistence/CDocManager.h"
 #include "platform/Files.h"
 
 namespace {

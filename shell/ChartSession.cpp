@@ -1,8 +1,8 @@
 #include "shell/ChartSession.h"
 
+#include "persistence/CDocManager.h"
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelFile.h"
-#include "platform/CDocManager.h"
 #include "recovery/RecoveryOffer.h"
 #include "surface/LayoutMgr.h"
 

@@ -3,10 +3,10 @@
 #include <string>
 
 #include "platform/Files.h"
+#include "platform/InstallFolder.h"
 #include "platform/MessageBox.h"
 #include "platform/ShellOpen.h"
 #include "resources/CommandIds.h"
-#include "resources/InstallFolder.h"
 #include "resources/Texts.h"
 #include "shell/MenuTable.h"
 

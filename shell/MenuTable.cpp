@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/RecentFiles.h"
+#include "persistence/RecentFiles.h"
 #include "resources/CommandIds.h"
 
 namespace {

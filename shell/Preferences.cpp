@@ -6,7 +6,7 @@
 
 #include "dialogs/PreferencesDlg.h"
 #include "platform/CDialog.h"
-#include "resources/Language.h"
+#include "shell/Language.h"
 #include "shell/SessionSettings.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include "states/EntryExitTextBox.h"
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Editors.h"
-#include "platform/CDC.h"
 #include "platform/Service.h"
 #include "resources/Texts.h"
 

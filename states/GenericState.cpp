@@ -1,10 +1,10 @@
 #include "states/GenericState.h"
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Defaults.h"
 #include "model/Editors.h"
 #include "model/ModelStream.h"
-#include "platform/CDC.h"
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
 

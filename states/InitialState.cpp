@@ -1,8 +1,8 @@
 #include "states/InitialState.h"
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
-#include "platform/CDC.h"
 
 namespace {
 

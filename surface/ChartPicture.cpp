@@ -5,12 +5,12 @@
 #include <exception>
 #include <limits>
 
+#include "drawing/CMetaFileDC.h"
+#include "drawing/CSvgDC.h"
+#include "drawing/EmfWriter.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "persistence/ModelFile.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CSvgDC.h"
-#include "platform/EmfWriter.h"
 #include "platform/Files.h"
 #include "platform/Pictures.h"
 #include "resources/Texts.h"

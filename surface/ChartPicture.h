@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 
 class CDC;
 class LayoutMgr;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "connectors/ChartFactory.h"
+#include "drawing/CDC.h"
 #include "model/Defaults.h"
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
@@ -14,7 +15,6 @@
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelHeader.h"
 #include "persistence/UndoHistory.h"
-#include "platform/CDC.h"
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"
 #include "resources/Texts.h"

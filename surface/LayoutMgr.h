@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "connectors/AnchorMarker.h"
+#include "drawing/DrawingTools.h"
 #include "model/ChartView.h"
 #include "model/ModelProperties.h"
 #include "model/Shape.h"
 #include "persistence/ChartText.h"
-#include "platform/DrawingTools.h"
 #include "platform/SharedText.h"
 #include "surface/HiddenWindow.h"
 

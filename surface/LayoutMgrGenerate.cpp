@@ -1,4 +1,4 @@
-#include "platform/CDocument.h"
+#include "persistence/CDocument.h"
 #include "platform/MessageBox.h"
 #include "platform/Service.h"
 #include "resources/Texts.h"

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "model/Collection.h"
-#include "platform/CDocument.h"
+#include "persistence/CDocument.h"
 #include "platform/CWaitCursor.h"
 #include "platform/Clipboard.h"
 #include "platform/Dialogs.h"

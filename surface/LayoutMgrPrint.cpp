@@ -1,6 +1,6 @@
+#include "drawing/CDC.h"
 #include "model/Editors.h"
 #include "model/ModelMgr.h"
-#include "platform/CDC.h"
 #include "platform/CPrintInfo.h"
 #include "platform/Service.h"
 #include "surface/LayoutMgr.h"

@@ -12,8 +12,8 @@
 #include <QStyle>
 #include <QTextBlock>
 
+#include "drawing/qt/QtText.h"
 #include "platform/qt/DialogParent.h"
-#include "platform/qt/QtText.h"
 #include "resources/Texts.h"
 
 namespace {

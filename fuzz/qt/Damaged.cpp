@@ -8,7 +8,7 @@
 #include "fuzz/qt/DamagedCharts.h"
 #include "platform/Files.h"
 #include "platform/qt/QtServices.h"
-#include "resources/Language.h"
+#include "shell/Language.h"
 #include "tests/support/TempFolder.h"
 
 // Damaged charts in one window with real boxes: damaged EXAMPLES [COUNT [FIRST_SEED]], where

@@ -5,11 +5,11 @@
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/qt/Application.h"
 #include "model/Defaults.h"
+#include "persistence/RecentFiles.h"
 #include "platform/Files.h"
-#include "platform/RecentFiles.h"
 #include "platform/qt/QtProfile.h"
-#include "resources/Language.h"
 #include "resources/TextSource.h"
+#include "shell/Language.h"
 #include "shell/qt/FrameState.h"
 #include "tests/support/TempFolder.h"
 

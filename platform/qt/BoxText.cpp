@@ -1,6 +1,6 @@
 #include "platform/qt/BoxText.h"
 
-#include "platform/TextCodec.h"
+#include "drawing/TextCodec.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 #include <QCheckBox>
 #include <QPushButton>
 
+#include "drawing/qt/QtText.h"
 #include "platform/qt/LineBox.h"
 #include "platform/qt/LinesBox.h"
 #include "platform/qt/PaintedCombo.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/RowList.h"
 #include "platform/qt/TextCombo.h"
 #include "resources/Texts.h"

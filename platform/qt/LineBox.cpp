@@ -5,8 +5,8 @@
 #include <QFontDatabase>
 #include <QLineEdit>
 
+#include "drawing/qt/QtText.h"
 #include "platform/qt/BoxText.h"
-#include "platform/qt/QtText.h"
 #include "resources/Texts.h"
 
 LineBox::LineBox(const DialogControl& control, QWidget* parent) : box(new QLineEdit(parent)) {

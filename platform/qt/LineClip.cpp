@@ -1,4 +1,4 @@
-#include "platform/qt/LineClip.h"
+#include "drawing/qt/LineClip.h"
 
 #include <array>
 

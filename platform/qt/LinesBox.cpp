@@ -3,9 +3,9 @@
 #include <QFontDatabase>
 #include <QTextDocument>
 
+#include "drawing/qt/QtText.h"
 #include "platform/qt/BoxText.h"
 #include "platform/qt/CodeEdit.h"
-#include "platform/qt/QtText.h"
 #include "resources/Texts.h"
 
 LinesBox::LinesBox(const DialogControl& control, QWidget* parent)

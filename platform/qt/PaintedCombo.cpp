@@ -8,7 +8,7 @@
 #include <QStylePainter>
 #include <QStyledItemDelegate>
 
-#include "platform/qt/QtDC.h"
+#include "drawing/qt/QtDC.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <QComboBox>
 
+#include "drawing/qt/QtText.h"
 #include "platform/qt/DialogWidget.h"
-#include "platform/qt/QtText.h"
 
 class QPainter;
 

@@ -1,4 +1,4 @@
-#include "platform/qt/PixelRuns.h"
+#include "drawing/qt/PixelRuns.h"
 
 #include <algorithm>
 #include <cmath>

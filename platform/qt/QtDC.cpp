@@ -1,11 +1,11 @@
-#include "platform/qt/QtDC.h"
+#include "drawing/qt/QtDC.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include <QPaintDevice>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 
 namespace {
 

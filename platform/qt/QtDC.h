@@ -7,7 +7,7 @@
 #include <QPolygonF>
 #include <QRegion>
 
-#include "platform/CDC.h"
+#include "drawing/CDC.h"
 
 class PixelRuns;
 class QPainterPath;

@@ -6,10 +6,10 @@
 #include <QPainterPath>
 #include <QTextLayout>
 
-#include "platform/qt/LineClip.h"
-#include "platform/qt/PixelRuns.h"
-#include "platform/qt/QtDC.h"
-#include "platform/qt/QtText.h"
+#include "drawing/qt/LineClip.h"
+#include "drawing/qt/PixelRuns.h"
+#include "drawing/qt/QtDC.h"
+#include "drawing/qt/QtText.h"
 
 // Lines, shapes and letters of a context. "Far" are coordinates that Qt is not to see: they are
 // cut down to the neighbourhood of the visible part first.

@@ -8,7 +8,7 @@
 #include <QLayout>
 #include <QScreen>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "resources/Texts.h"
 
 namespace {

@@ -7,10 +7,10 @@
 #include <QFileDialog>
 #include <QGridLayout>
 
+#include "drawing/qt/QtText.h"
 #include "platform/Files.h"
 #include "platform/qt/DialogParent.h"
 #include "platform/qt/QtFontDialog.h"
-#include "platform/qt/QtText.h"
 #include "resources/Texts.h"
 
 namespace {

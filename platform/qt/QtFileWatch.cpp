@@ -6,7 +6,7 @@
 #include <QFileSystemWatcher>
 #include <QTimer>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 
 namespace {
 

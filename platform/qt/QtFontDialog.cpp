@@ -12,7 +12,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "resources/Texts.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "drawing/qt/QtText.h"
 #include "platform/qt/DialogParent.h"
-#include "platform/qt/QtText.h"
 
 namespace {
 

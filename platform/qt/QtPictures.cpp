@@ -11,7 +11,7 @@
 #include <QPageSize>
 #include <QPdfWriter>
 
-#include "platform/qt/QtDC.h"
+#include "drawing/qt/QtDC.h"
 
 namespace {
 

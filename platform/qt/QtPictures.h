@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QImage>
 
+#include "drawing/qt/QtText.h"
 #include "platform/Pictures.h"
-#include "platform/qt/QtText.h"
 
 /// Pictures and pages made by Qt. The same drawing gives the same bytes.
 class QtPictures : public Pictures {

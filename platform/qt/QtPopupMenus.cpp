@@ -2,7 +2,7 @@
 
 #include <QMenu>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 
 unsigned QtPopupMenus::Track(const std::vector<Item>& items, POINT screen) {
   QMenu menu;

@@ -4,10 +4,10 @@
 #include <QPrinter>
 #include <QProgressDialog>
 
+#include "drawing/qt/QtDC.h"
+#include "drawing/qt/QtText.h"
 #include "platform/Files.h"
 #include "platform/qt/DialogParent.h"
-#include "platform/qt/QtDC.h"
-#include "platform/qt/QtText.h"
 #include "resources/Texts.h"
 
 namespace {

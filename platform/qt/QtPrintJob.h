@@ -6,7 +6,7 @@
 #include <QImage>
 #include <QString>
 
-#include "platform/Geometry.h"
+#include "drawing/Geometry.h"
 #include "platform/Printing.h"
 
 class QPagedPaintDevice;

@@ -7,10 +7,10 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "drawing/qt/QtDC.h"
+#include "drawing/qt/QtText.h"
 #include "platform/Printing.h"
-#include "platform/qt/QtDC.h"
 #include "platform/qt/QtPrintJob.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/SvgIcon.h"
 #include "resources/Texts.h"
 

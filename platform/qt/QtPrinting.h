@@ -1,7 +1,7 @@
 #pragma once
 
+#include "drawing/qt/QtText.h"
 #include "platform/Printing.h"
-#include "platform/qt/QtText.h"
 
 class QPrinter;
 

@@ -10,10 +10,10 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include "drawing/TextCodec.h"
+#include "drawing/qt/QtText.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
-#include "platform/TextCodec.h"
-#include "platform/qt/QtText.h"
 #include "resources/Texts.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <QUrl>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 #include <QFile>
 #include <QStringList>
 
-#include "platform/TextCodec.h"
+#include "drawing/TextCodec.h"
 
 namespace {
 

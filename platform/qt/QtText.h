@@ -13,7 +13,7 @@
 #include <QRawFont>
 #include <QString>
 
-#include "platform/DrawingTools.h"
+#include "drawing/DrawingTools.h"
 
 /// Bytes as a chart holds them, for a window: UTF-8 or else Windows-1252.
 QString ToQString(std::string_view bytes);

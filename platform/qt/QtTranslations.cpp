@@ -6,7 +6,7 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "resources/TextSource.h"
 
 void LoadToolkitTexts() {

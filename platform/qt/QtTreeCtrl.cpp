@@ -10,8 +10,8 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include "drawing/qt/QtText.h"
 #include "platform/CTreeCtrl.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/QtTreeModel.h"
 #include "platform/qt/SvgIcon.h"
 

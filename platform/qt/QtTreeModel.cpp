@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "drawing/TextCodec.h"
+#include "drawing/qt/QtText.h"
 #include "platform/CTreeCtrl.h"
-#include "platform/TextCodec.h"
-#include "platform/qt/QtText.h"
 
 namespace {
 

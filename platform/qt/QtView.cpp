@@ -7,11 +7,11 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
-#include "platform/CRgn.h"
+#include "drawing/CRgn.h"
+#include "drawing/qt/LineClip.h"
+#include "drawing/qt/QtDC.h"
 #include "platform/CScrollView.h"
 #include "platform/Feedback.h"
-#include "platform/qt/LineClip.h"
-#include "platform/qt/QtDC.h"
 
 // The picture of the client area and its scroll bars; what comes from the mouse and the keyboard is
 // in QtViewInput.cpp.

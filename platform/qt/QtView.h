@@ -7,8 +7,8 @@
 #include <QRegion>
 #include <QTimer>
 
+#include "drawing/qt/QtText.h"
 #include "platform/WindowPeer.h"
-#include "platform/qt/QtText.h"
 
 class CScrollView;
 

@@ -8,8 +8,8 @@
 #include <QScopedValueRollback>
 #include <QTreeWidget>
 
-#include "platform/TextCodec.h"
-#include "platform/qt/QtText.h"
+#include "drawing/TextCodec.h"
+#include "drawing/qt/QtText.h"
 
 namespace {
 

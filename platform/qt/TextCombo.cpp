@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 
 TextCombo::TextCombo(const DialogControl& control, QWidget* parent, OnClick onClick)
     : combo(new QComboBox(parent)) {

@@ -6,8 +6,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "platform/CDocManager.h"
-#include "platform/CDocument.h"
+#include "persistence/CDocManager.h"
+#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
 #include "platform/qt/QtView.h"

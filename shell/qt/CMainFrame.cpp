@@ -14,10 +14,10 @@
 #include <QShortcut>
 #include <QStatusBar>
 
-#include "platform/CDocument.h"
+#include "drawing/qt/QtText.h"
+#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"

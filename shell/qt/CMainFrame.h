@@ -8,7 +8,7 @@
 
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
-#include "platform/CDocManager.h"
+#include "persistence/CDocManager.h"
 #include "shell/qt/CommandTarget.h"
 #include "shell/qt/ToolImage.h"
 

@@ -3,7 +3,7 @@
 #include <QStatusBar>
 
 #include "dialogs/CDefaultSettingDlg.h"
-#include "platform/CDocument.h"
+#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"

@@ -2,16 +2,16 @@
 
 #include <QThread>
 
+#include "persistence/CDocManager.h"
 #include "persistence/CMorvaneDoc.h"
-#include "platform/CDocManager.h"
 #include "platform/MessageBox.h"
 #include "platform/qt/QtTranslations.h"
 #include "recovery/CrashReport.h"
 #include "recovery/RecoveryStore.h"
-#include "resources/Language.h"
 #include "resources/Texts.h"
 #include "resources/Version.h"
 #include "shell/ChartSession.h"
+#include "shell/Language.h"
 #include "shell/RecoveryList.h"
 #include "shell/SessionSettings.h"
 #include "shell/qt/CChildFrame.h"

@@ -6,11 +6,11 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "platform/BitmapFile.h"
+#include "drawing/BitmapFile.h"
+#include "drawing/qt/QtText.h"
 #include "platform/Files.h"
+#include "platform/InstallFolder.h"
 #include "platform/MessageBox.h"
-#include "platform/qt/QtText.h"
-#include "resources/InstallFolder.h"
 #include "resources/Texts.h"
 #include "resources/Version.h"
 

@@ -2,10 +2,10 @@
 
 #include <utility>
 
+#include "drawing/qt/QtText.h"
+#include "platform/InstallFolder.h"
 #include "platform/Profile.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/QtTreeCtrl.h"
-#include "resources/InstallFolder.h"
 #include "resources/Texts.h"
 
 namespace {

@@ -6,12 +6,12 @@
 
 #include <QPainter>
 
+#include "drawing/qt/QtDC.h"
+#include "drawing/qt/QtText.h"
 #include "model/ModelMgr.h"
 #include "persistence/ModelFile.h"
 #include "platform/MessageBox.h"
 #include "platform/UseService.h"
-#include "platform/qt/QtDC.h"
-#include "platform/qt/QtText.h"
 #include "resources/Texts.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"

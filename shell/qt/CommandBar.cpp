@@ -3,7 +3,7 @@
 #include <QAction>
 #include <QEvent>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "resources/Texts.h"
 #include "shell/MenuTable.h"
 #include "shell/qt/CommandIcons.h"

@@ -1,7 +1,7 @@
 #include "shell/qt/CommandMenu.h"
 
+#include "drawing/qt/QtText.h"
 #include "platform/Files.h"
-#include "platform/qt/QtText.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 #include "shell/qt/CommandTarget.h"

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QStatusBar>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "resources/Texts.h"
 
 namespace {

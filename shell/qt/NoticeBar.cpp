@@ -7,7 +7,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 
 namespace {
 

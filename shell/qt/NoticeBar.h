@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-#include "platform/CDocument.h"
+#include "persistence/CDocument.h"
 
 /// The bars across the top of a chart's window: one for each notice, with its buttons.
 class NoticeBar : public QWidget {

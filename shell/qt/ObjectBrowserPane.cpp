@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"

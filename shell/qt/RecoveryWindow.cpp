@@ -11,7 +11,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "resources/TextSource.h"
 #include "resources/Texts.h"
 #include "shell/qt/ChartThumbnail.h"

@@ -3,7 +3,7 @@
 #include <spawn.h>
 #include <unistd.h>
 
-#include "platform/CDocument.h"
+#include "persistence/CDocument.h"
 #include "platform/Files.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/WindowActivation.h"

@@ -1,7 +1,7 @@
 #include "shell/qt/WindowTitle.h"
 
-#include "platform/CDocument.h"
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
+#include "persistence/CDocument.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <fstream>
 
-#include "platform/BitmapFile.h"
+#include "drawing/BitmapFile.h"
 #include "tests/support/ChartTest.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/EmfWriter.h"
+#include "drawing/EmfWriter.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/EmfReader.h"
 #include "tests/support/FakeClipboard.h"

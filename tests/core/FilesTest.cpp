@@ -2,9 +2,9 @@
 #include <thread>
 #include <unistd.h>
 
+#include "platform/InstallFolder.h"
 #include "platform/PathSearch.h"
 #include "platform/Process.h"
-#include "resources/InstallFolder.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/FullDisk.h"
 

@@ -1,8 +1,8 @@
 #include <regex>
 
-#include "platform/TextCodec.h"
-#include "resources/Language.h"
+#include "drawing/TextCodec.h"
 #include "resources/TextLibrary.h"
+#include "shell/Language.h"
 #include "shell/MenuTable.h"
 #include "states/FinalState.h"
 #include "surface/ObjectMenus.h"

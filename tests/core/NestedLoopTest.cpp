@@ -1,6 +1,6 @@
 #include "model/ModelStream.h"
+#include "persistence/CDocManager.h"
 #include "platform/CDialog.h"
-#include "platform/CDocManager.h"
 #include "platform/PopupMenus.h"
 #include "shell/CObjectTree.h"
 #include "tests/support/ChartTest.h"

@@ -1,10 +1,10 @@
 #include <array>
 
-#include "platform/CRgn.h"
-#include "platform/CSvgDC.h"
-#include "platform/Mapping.h"
-#include "platform/TextCodec.h"
-#include "platform/TextLayout.h"
+#include "drawing/CRgn.h"
+#include "drawing/CSvgDC.h"
+#include "drawing/Mapping.h"
+#include "drawing/TextCodec.h"
+#include "drawing/TextLayout.h"
 #include "tests/support/ChartTest.h"
 
 namespace {

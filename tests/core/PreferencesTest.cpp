@@ -1,5 +1,5 @@
 #include "dialogs/PreferencesDlg.h"
-#include "resources/Language.h"
+#include "shell/Language.h"
 #include "shell/Preferences.h"
 #include "shell/SessionSettings.h"
 #include "tests/support/ChartTest.h"

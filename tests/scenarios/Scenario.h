@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CDocManager.h"
+#include "persistence/CDocManager.h"
 #include "shell/CObjectTree.h"
 #include "tests/scenarios/ScenarioUser.h"
 #include "tests/support/FakeClipboard.h"

@@ -2,7 +2,7 @@
 
 #include <iomanip>
 
-#include "resources/InstallFolder.h"
+#include "platform/InstallFolder.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 
 #include <sstream>
 
+#include "drawing/CMetaFileDC.h"
+#include "drawing/CNullDC.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
 #include "surface/LayoutMgr.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Geometry.h"
-#include "platform/Metafile.h"
+#include "drawing/Geometry.h"
+#include "drawing/Metafile.h"
 
 class LayoutMgr;
 class Shape;

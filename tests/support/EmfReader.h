@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Metafile.h"
+#include "drawing/Metafile.h"
 
 /// Reads an enhanced metafile record by record and holds it to the rules of the format; what breaks
 /// one fails the test.

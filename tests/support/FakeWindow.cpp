@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
+#include "drawing/CMetaFileDC.h"
+#include "drawing/CNullDC.h"
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CDocManager.h"
+#include "persistence/CDocManager.h"
 #include "recovery/RecoveryStore.h"
 #include "tests/support/ChartTest.h"
 

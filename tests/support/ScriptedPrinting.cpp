@@ -1,7 +1,7 @@
 #include "tests/support/ScriptedPrinting.h"
 
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
+#include "drawing/CMetaFileDC.h"
+#include "drawing/CNullDC.h"
 #include "tests/support/NestedLoop.h"
 
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "drawing/Mapping.h"
+#include "drawing/Metafile.h"
 #include "platform/CPrintInfo.h"
-#include "platform/Mapping.h"
-#include "platform/Metafile.h"
 #include "platform/Printing.h"
 #include "platform/UseService.h"
 

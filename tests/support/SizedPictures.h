@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/CMetaFileDC.h"
-#include "platform/CNullDC.h"
+#include "drawing/CMetaFileDC.h"
+#include "drawing/CNullDC.h"
 #include "platform/Pictures.h"
 #include "platform/UseService.h"
 

@@ -5,8 +5,8 @@
 
 #include <QImage>
 
-#include "platform/qt/QtDC.h"
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtDC.h"
+#include "drawing/qt/QtText.h"
 
 /// The box around all pixels that aren't white.
 inline QRect InkOf(const QImage& image) {

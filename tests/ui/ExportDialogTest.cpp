@@ -1,5 +1,5 @@
+#include "drawing/qt/QtText.h"
 #include "platform/qt/QtDialogs.h"
-#include "platform/qt/QtText.h"
 #include "tests/ui/WindowTest.h"
 
 namespace {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/CDC.h"
-#include "platform/CDocument.h"
+#include "drawing/CDC.h"
+#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "resources/CommandIds.h"
 

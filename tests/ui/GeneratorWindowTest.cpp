@@ -1,5 +1,5 @@
 #include "codegen/qt/GeneratorWindow.h"
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "platform/qt/QtUiThread.h"
 #include "tests/support/Tools.h"
 #include "tests/ui/WindowTest.h"

@@ -1,8 +1,8 @@
 #include <QSvgRenderer>
 
+#include "drawing/CSvgDC.h"
+#include "drawing/EmfWriter.h"
 #include "model/Defaults.h"
-#include "platform/CSvgDC.h"
-#include "platform/EmfWriter.h"
 #include "platform/qt/QtPictures.h"
 #include "tests/support/EmfReader.h"
 #include "tests/ui/PictureCompare.h"

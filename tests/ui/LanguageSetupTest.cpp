@@ -1,6 +1,6 @@
 #include "platform/qt/QtProfile.h"
-#include "resources/Language.h"
 #include "resources/TextSource.h"
+#include "shell/Language.h"
 #include "tests/ui/WindowTest.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include <map>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "shell/MenuTable.h"
 #include "shell/qt/CommandIcons.h"
 #include "tests/ui/WindowTest.h"

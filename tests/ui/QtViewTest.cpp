@@ -1,6 +1,6 @@
 #include <array>
 
-#include "platform/CRgn.h"
+#include "drawing/CRgn.h"
 #include "platform/Feedback.h"
 #include "platform/FeedbackDC.h"
 #include "platform/qt/QtView.h"

@@ -1,4 +1,4 @@
-#include "platform/RecentFiles.h"
+#include "persistence/RecentFiles.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtProfile.h"

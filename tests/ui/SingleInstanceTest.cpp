@@ -7,7 +7,7 @@
 #include <QLocalSocket>
 #include <QThread>
 
-#include "platform/qt/QtText.h"
+#include "drawing/qt/QtText.h"
 #include "shell/qt/SingleInstance.h"
 #include "tests/ui/WindowTest.h"
 
