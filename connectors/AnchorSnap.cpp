@@ -10,15 +10,14 @@ bool SnapToAnchor(const Connectable* candidate, ChartView& view, AnchorMarker& m
   // The marks of the right and bottom side stand further in.
   constexpr std::int32_t inward = 2;
   AnchorKey key;
-  const std::unique_ptr<CDC> window = view.GetDC();
   if (candidate == nullptr || !view.FindAnchorAt(*candidate, client, key)) {
     client = view.ToDevice(view.ToModel(client));
-    marker.Hide(*window);
+    marker.Hide();
     return false;
   }
   client = view.ToClient(*candidate->AnchorAt(key));
   if (key.side == SIDE_RIGHT) client.x = SubSat(client.x, inward);
   if (key.side == SIDE_BOTTOM) client.y = SubSat(client.y, inward);
-  marker.Show(client, *window);
+  marker.Show(client, view);
   return true;
 }

@@ -105,10 +105,12 @@ void Line::Draw(CDC* dc) {
   dc->MoveTo(from);
   dc->LineTo(to);
   dc->SelectPen(oldPen);
-  if (dc->IsPrinting() || !IsInSelection()) return;
-  const std::unique_ptr<CDC> window = view->GetDC();
-  window->FillSolidRect(GetStartHandle(), DrawResources::Instance().handleColor);
-  window->FillSolidRect(GetEndHandle(), DrawResources::Instance().handleColor);
+}
+
+void Line::DrawMarks(CDC& window) {
+  if (!IsInSelection()) return;
+  window.FillSolidRect(GetStartHandle(), DrawResources::Instance().handleColor);
+  window.FillSolidRect(GetEndHandle(), DrawResources::Instance().handleColor);
 }
 
 CRgn Line::RegionAt(const Conversion& convert) const {

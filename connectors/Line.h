@@ -19,6 +19,7 @@ class Line : public ComplexShape, public Connector {
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
   void Draw(CDC* dc) override;
+  void DrawMarks(CDC& window) override;
   bool HitTest(const POINT& client) const override;
   bool HitTestNear(const POINT& model) const override;
   RECT GetPaintBounds() const override;

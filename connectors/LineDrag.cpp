@@ -30,7 +30,7 @@ void Line::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
   } else {
     DragWhole(press);
   }
-  marker.Hide(*view->GetDC());
+  marker.Hide();
 }
 
 /// Drags one end, with the rubber line from the other one. The end takes the point where the drag

@@ -136,10 +136,13 @@ void Mesg::Draw(CDC* dc) {
   }
   const RECT inner = InflateRect(box, -kTextMargin);
   text.Draw(dc, &inner);
-  ConnectableRectShape::Draw(dc);
-  if (dc->IsPrinting() || transition == nullptr) return;
+}
+
+void Mesg::DrawMarks(CDC& window) {
+  ConnectableRectShape::DrawMarks(window);
+  if (transition == nullptr) return;
   if (IsInSelection() || transition->IsInSelection()) {
-    view->GetDC()->FillRect(GetStickHandle(), DrawResources::Instance().linkBrush);
+    window.FillRect(GetStickHandle(), DrawResources::Instance().linkBrush);
   }
 }
 

@@ -21,6 +21,7 @@ class Mesg : public ConnectableRectShape {
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
   void Draw(CDC* dc) override;
+  void DrawMarks(CDC& window) override;
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;

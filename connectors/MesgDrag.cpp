@@ -32,18 +32,17 @@ void Mesg::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   tracker.fixedPoint = tracker.movingPoint = press;
   const bool dropped = tracker.Track(view);
   if (dropped && PtInRect(transition->GetLabelRect(), tracker.movingPoint)) Align();
-  marker.Hide(*view->GetDC());
+  marker.Hide();
 }
 
 void Mesg::OnStickDrag(POINT& client) {
   client = view->ToDevice(view->ToModel(client));
   const RECT near = InflateRect(transition->GetLabelRect(), kSnapReach);
-  const std::unique_ptr<CDC> window = view->GetDC();
   if (PtInRect(near, client)) {
     client = CentreOf(near);
-    marker.Show(client, *window);
+    marker.Show(client, *view);
   } else {
-    marker.Hide(*window);
+    marker.Hide();
   }
 }
 

@@ -1,28 +1,21 @@
 #pragma once
 
-#include <optional>
 #include <utility>
 
-#include "drawing/Geometry.h"
 #include "drawing/Metafile.h"
+#include "platform/Feedback.h"
 
-class CDC;
-
-/// The ghost of a connector during a drag: a recording that is played once to show it and once more
-/// at the same place to erase it. Points are offsets in device pixels.
+/// The ghost of a connector during a drag: a recording that is made once and moves with the
+/// pointer. Points are offsets in device pixels.
 class MetafileStamp {
  public:
-  bool IsActive() const { return active; }
-  /// What is to be shown; it is kept until `End`.
+  bool IsActive() const { return feedback.IsShown(); }
+  /// What the next `Show` is to show until `End`.
   void SetMetafile(Metafile recording) { metafile = std::move(recording); }
-  void Show(POINT point, CDC& dc);
-  /// Erases the ghost and drops the recording.
-  void End(CDC& dc);
+  void Show(POINT point, CWnd& window);
+  void End() { feedback.Hide(); }
 
  private:
-  void Play(POINT point, CDC& dc) const;
-
-  POINT position{-1, -1};
-  std::optional<Metafile> metafile;
-  bool active = false;
+  Metafile metafile;
+  Feedback feedback;
 };

@@ -85,7 +85,6 @@ void Note::Draw(CDC* dc) {
   const RECT inner{AddSat(r.left, kTextMargin), AddSat(r.top, kTextMargin), SubSat(r.right, fold),
                    SubSat(r.bottom, kTextMargin)};
   text.Draw(dc, &inner);
-  ConnectableRectShape::Draw(dc);
 }
 
 void Note::OnCommand(unsigned command) {

@@ -182,7 +182,7 @@ void Transition::OnBroadcast(int op, void* arg) {
     case BROADCAST_SELECTED: OnSelectionChanged(); break;
     case BROADCAST_MOVE: MoveBy(*static_cast<const POINT*>(arg)); break;
     case BROADCAST_SHOW_GHOST: ShowGhost(*static_cast<const POINT*>(arg)); break;
-    case BROADCAST_END_GHOST: EndGhost(); break;
+    case BROADCAST_END_GHOST: stamp.End(); break;
     default: break;
   }
 }

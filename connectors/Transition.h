@@ -31,7 +31,10 @@ class Transition : public StateTransition {
 
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
-  void Draw(CDC* dc) override;
+  void Draw(CDC* dc) override { PrintRoute(dc); }
+  /// In device pixels, those of the region and the handles.
+  void DrawOnScreen(CDC& dc) override;
+  void DrawMarks(CDC& window) override;
   bool HitTest(const POINT& client) const override;
   /// Without a label that has no place on the route.
   RECT GetBounds() const override;
@@ -110,10 +113,8 @@ class Transition : public StateTransition {
 
   std::vector<POINT> RoutePoints() const;
   std::vector<RECT> VisibleHandles() const;
-  void DrawMarks(CDC& window) const;
   void OnSelectionChanged();
   void ShowGhost(POINT offset);
-  void EndGhost();
 
   Link* LinkAt(POINT client) const;
   template <class EndState>

@@ -40,7 +40,7 @@ void Transition::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
     default: DragLink({x, y});
   }
   activeLink = nullptr;
-  marker.Hide(*view->GetDC());
+  marker.Hide();
 }
 
 Link* Transition::LinkAt(POINT client) const {

@@ -6,6 +6,7 @@
 #include "connectors/Transition.h"
 #include "drawing/CDC.h"
 #include "drawing/CMetaFileDC.h"
+#include "drawing/CNullDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
 
@@ -28,20 +29,15 @@ class GhostRecording : public CMetaFileDC {
 
 }  // namespace
 
-void Transition::Draw(CDC* dc) {
-  dc->SetBkMode(BkMode::Transparent);
-  if (dc->IsPrinting()) {
-    PrintRoute(dc);
-    return;
-  }
+void Transition::DrawOnScreen(CDC& dc) {
   CurrentRegion();
-  // On the window itself, whose units are those of the region and the handles.
-  const std::unique_ptr<CDC> window = view->GetDC();
-  DrawRoute(window.get(), nullptr);
-  DrawMarks(*window);
+  const Mapping logical = dc.SetMapping({});
+  DrawRoute(&dc, nullptr);
+  DrawMarks(dc);
+  dc.SetMapping(logical);
 }
 
-void Transition::DrawMarks(CDC& window) const {
+void Transition::DrawMarks(CDC& window) {
   const DrawResources& resources = DrawResources::Instance();
   const bool selected = IsInSelection();
   if (selected) {
@@ -110,15 +106,11 @@ void Transition::OnSelectionChanged() {
 
 /// `offset` is less the scroll position, model units.
 void Transition::ShowGhost(POINT offset) {
-  const std::unique_ptr<CDC> window = view->GetDC();
   if (!stamp.IsActive()) {
-    GhostRecording recording(*window, view->GetClientRect());
+    CNullDC reference;
+    GhostRecording recording(reference, view->GetClientRect());
     DrawRoute(&recording, &DrawResources::Instance().rubberPen);
     stamp.SetMetafile(recording.Close());
   }
-  stamp.Show(view->ToDevice(view->AddScroll(offset)), *window);
-}
-
-void Transition::EndGhost() {
-  if (stamp.IsActive()) stamp.End(*view->GetDC());
+  stamp.Show(view->ToDevice(view->AddScroll(offset)), *view);
 }

@@ -15,6 +15,7 @@ CFont CDC::SelectFont(const CFont& newFont) { return std::exchange(font, newFont
 COLORREF CDC::SetTextColor(COLORREF color) { return std::exchange(textColor, color); }
 BkMode CDC::SetBkMode(BkMode mode) { return std::exchange(bkMode, mode); }
 RasterOp CDC::SetROP2(RasterOp op) { return std::exchange(rop, op); }
+Mapping CDC::SetMapping(const Mapping& other) { return std::exchange(mapping, other); }
 
 bool CDC::RectVisible(const RECT& r) const {
   const RECT clip = GetClipBox();

@@ -46,10 +46,8 @@ class CDC {
   POINT LPtoDP(POINT logical) const { return mapping.ToDevice(logical); }
   POINT DPtoLP(POINT device) const { return mapping.ToLogical(device); }
   const Mapping& GetMapping() const { return mapping; }
-
-  /// A context that prints takes no marks of the screen.
-  bool IsPrinting() const { return printing; }
-  void SetPrinting(bool on) { printing = on; }
+  /// Takes another mapping and gives back the former one; a fresh one is that of device pixels.
+  Mapping SetMapping(const Mapping& other);
 
   virtual int GetDeviceCaps(DeviceCap cap) const = 0;
   /// A rectangle outside which nothing shows, in logical units.
@@ -81,7 +79,7 @@ class CDC {
   void FillSolidRect(const RECT& r, COLORREF color) { FillRect(r, CBrush::Solid(color)); }
   /// A frame one logical unit wide along the inside of `r`.
   void FrameRect(const RECT& r, const CBrush& with);
-  /// A dotted frame that a second drawing takes away.
+  /// A dotted frame that inverts what it lies on.
   void DrawFocusRect(const RECT& r);
 
   /// Sets `text`, bytes as a chart holds them, into `r`: lines at its line breaks and, with
@@ -102,5 +100,4 @@ class CDC {
   RasterOp rop = RasterOp::CopyPen;
   Mapping mapping;
   POINT current;
-  bool printing = false;
 };

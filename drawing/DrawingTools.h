@@ -50,7 +50,7 @@ struct CFont {
 
 enum class RasterOp {
   CopyPen,   ///< paint the colour
-  NotXorPen  ///< invert against it; a second drawing restores what was there
+  NotXorPen  ///< invert against it: white leaves a pixel as it is
 };
 
 enum class BkMode { Opaque, Transparent };

@@ -3,46 +3,44 @@
 #include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
+#include "platform/Feedback.h"
+#include "platform/FeedbackDC.h"
 #include "platform/ModalLoop.h"
 
 bool BaseTracker::Track(ChartView* view) {
   if (view->HasCapture()) return false;
   const ModalLoop loop;
+  Feedback feedback;
   view->SetCapture();
   view->UpdateWindow();
-  while (true) {
+  for (bool tracking = true; tracking;) {
     Message message = view->NextMessage();
-    if (message.kind == Message::Kind::Quit || !view->HasCapture()) break;
-    switch (message.kind) {
-      case Message::Kind::MouseMove:
-        if (callback != nullptr) callback(message.point, context);
-        Move(message.point, view->GetDC().get());
-        break;
-      case Message::Kind::LButtonUp:
-        view->ReleaseCapture();
-        return Finish(message.point, view->GetDC().get());
-      case Message::Kind::KeyDown:
-        if (message.key == VirtualKey::Escape) {
-          view->ReleaseCapture();
-          Cancel(view->GetDC().get());
-          return false;
-        }
-        view->DispatchMessage(message);
-        break;
-      default: view->DispatchMessage(message);
+    // The mouse may have gone to something else.
+    const bool lost = message.kind == Message::Kind::Quit || !view->HasCapture();
+    const bool escape = message.kind == Message::Kind::KeyDown && message.key == VirtualKey::Escape;
+    if (lost || escape) {
+      tracking = false;
+    } else if (message.kind == Message::Kind::MouseMove) {
+      if (callback != nullptr) callback(message.point, context);
+      FeedbackDC layer(feedback, *view);
+      Move(message.point, &layer);
+    } else if (message.kind == Message::Kind::LButtonUp) {
+      view->ReleaseCapture();
+      FeedbackDC layer(feedback, *view);
+      return Finish(message.point, &layer);
+    } else {
+      view->DispatchMessage(message);
     }
   }
-  // The mouse went to something else: the gesture leaves no trace.
   view->ReleaseCapture();
-  Cancel(view->GetDC().get());
+  FeedbackDC layer(feedback, *view);
+  Cancel(&layer);
   return false;
 }
 
-void BaseTracker::Toggle(CDC& dc, const POINT* points, int count) {
-  const RasterOp oldRop = dc.SetROP2(RasterOp::NotXorPen);
+void BaseTracker::DrawLines(CDC& dc, std::span<const POINT> points) {
   const CPen oldPen = dc.SelectPen(DrawResources::Instance().rubberPen);
-  dc.MoveTo(points[0]);
-  for (int i = 1; i < count; ++i) dc.LineTo(points[i]);
+  dc.MoveTo(points.front());
+  for (const POINT p : points.subspan(1)) dc.LineTo(p);
   dc.SelectPen(oldPen);
-  dc.SetROP2(oldRop);
 }

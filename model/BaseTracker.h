@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "drawing/Geometry.h"
 
 class CDC;
@@ -22,19 +24,20 @@ class BaseTracker {
   /// mouse was lost, and at once while something else, as a tool that is placed, holds the mouse.
   bool Track(ChartView* view);
 
-  /// The button came up: takes the feedback away and gives the result of `Track`.
+  // Each of the three gets a blank layer over the picture. What it draws there shows from then on,
+  // instead of what showed before.
+
+  /// The button came up: gives the result of `Track`.
   virtual bool Finish(POINT& point, CDC* dc) = 0;
-  /// The pointer stands at a point, after the callback.
+  /// The pointer stands at a point, after the callback: draws the feedback.
   virtual void Move(POINT& point, CDC* dc) = 0;
-  /// The drag was given up: takes the feedback away.
-  virtual void Cancel(CDC* dc) = 0;
+  /// The drag was given up.
+  virtual void Cancel(CDC* /*dc*/) {}
 
  protected:
   BaseTracker(void* context, Callback callback) : context(context), callback(callback) {}
-  /// Draws connected lines so that a second drawing takes them away.
-  static void Toggle(CDC& dc, const POINT* points, int count);
-
-  bool shown = false;  ///< something is on the screen and needs erasing
+  /// Draws connected rubber lines.
+  static void DrawLines(CDC& dc, std::span<const POINT> points);
 
  private:
   void* context;

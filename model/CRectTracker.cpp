@@ -4,6 +4,7 @@
 
 #include "drawing/CDC.h"
 #include "platform/CWnd.h"
+#include "platform/FeedbackDC.h"
 #include "platform/ModalLoop.h"
 
 namespace {
@@ -112,7 +113,7 @@ bool CRectTracker::TrackHandle(CWnd& window, int handle, POINT p) {
     if (cancelled) tracking = false;
   }
   if (window.HasCapture()) window.ReleaseCapture();
-  DrawTrackerRect({}, *window.GetDC());
+  DrawTrackerRect({}, window);
   if (cancelled) rect = original;
   return rect != original;
 }
@@ -122,12 +123,12 @@ void CRectTracker::DragTo(CWnd& window, const RECT& dragged, int handle) {
   AdjustRect(handle, adjusted);
   if (adjusted == rect) return;
   rect = adjusted;
-  DrawTrackerRect(NormalizeRect(rect), *window.GetDC());
+  DrawTrackerRect(NormalizeRect(rect), window);
 }
 
-void CRectTracker::DrawTrackerRect(const RECT& frame, CDC& dc) {
+void CRectTracker::DrawTrackerRect(const RECT& frame, CWnd& window) {
   if (frame == shownFrame) return;
-  dc.DrawFocusRect(shownFrame);
-  dc.DrawFocusRect(frame);
   shownFrame = frame;
+  if (IsRectEmpty(frame)) return feedback.Hide();
+  FeedbackDC(feedback, window).DrawFocusRect(frame);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drawing/Geometry.h"
+#include "platform/Feedback.h"
 #include "platform/Message.h"
 
 class CDC;
@@ -38,9 +39,9 @@ class CRectTracker {
   /// The same with a new rectangle that grows from a point in any direction. False if the pointer
   /// made none.
   bool TrackRubberBand(CWnd& window, POINT p);
-  /// Draws a focus frame and erases the one that this tracker drew last; an empty rectangle erases
-  /// only.
-  void DrawTrackerRect(const RECT& frame, CDC& dc);
+  /// Shows a focus frame instead of the one that this tracker showed last; with an empty rectangle
+  /// none.
+  void DrawTrackerRect(const RECT& frame, CWnd& window);
 
   virtual unsigned GetHandleMask() const { return kAllHandles; }
   /// Limits the rectangle that a drag has made, before it is shown.
@@ -54,4 +55,5 @@ class CRectTracker {
 
   int handleSize;
   RECT shownFrame;
+  Feedback feedback;
 };

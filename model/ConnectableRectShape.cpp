@@ -37,9 +37,9 @@ void ConnectableRectShape::Read(ModelStream& stream) {
   SkipLine(stream.In());
 }
 
-void ConnectableRectShape::Draw(CDC* dc) {
-  if (showAnchors && !dc->IsPrinting()) DrawAnchors(true);
-  RectShape::Draw(dc);
+void ConnectableRectShape::DrawMarks(CDC& window) {
+  if (showAnchors) DrawAnchors(window);
+  RectShape::DrawMarks(window);
 }
 
 void ConnectableRectShape::Invalidate() {
@@ -59,7 +59,7 @@ void ConnectableRectShape::OnPlaced() {
 }
 
 void ConnectableRectShape::OnRectChanged(const RECT& /*old*/, bool sized) {
-  DrawAnchors(false);
+  ForgetAnchors();
   RefreshAnchors();
   NotifyConnectors(sized);
 }
@@ -68,22 +68,18 @@ std::uint16_t ConnectableRectShape::GetAnchorReach() const {
   return static_cast<std::uint16_t>(view->ToLogical(1));
 }
 
-void ConnectableRectShape::DrawAnchors(bool draw) {
-  if (!view->HasWindow()) {
-    if (!draw) ClearAnchors();
-    return;
-  }
-  if (!draw) {
-    for (const auto& [key, point] : anchors) {
-      view->InvalidateRect(InflateRect(RectAt(view->ToClient(point)), kMarkReach));
-    }
-    ClearAnchors();
-    return;
-  }
+void ConnectableRectShape::DrawAnchors(CDC& window) const {
   const DrawResources& resources = DrawResources::Instance();
-  const std::unique_ptr<CDC> dc = view->GetDC();
-  dc->SelectBrush(resources.anchorBrush);
+  const CBrush oldBrush = window.SelectBrush(resources.anchorBrush);
   for (const auto& [key, point] : anchors) {
-    dc->FillMask(MarkPlace(view->ToClient(point), key.side), resources.anchorMask);
+    window.FillMask(MarkPlace(view->ToClient(point), key.side), resources.anchorMask);
   }
+  window.SelectBrush(oldBrush);
+}
+
+void ConnectableRectShape::ForgetAnchors() {
+  for (const auto& [key, point] : anchors) {
+    view->InvalidateRect(InflateRect(RectAt(view->ToClient(point)), kMarkReach));
+  }
+  ClearAnchors();
 }

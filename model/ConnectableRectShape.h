@@ -13,7 +13,7 @@ class ConnectableRectShape : public RectShape, public Connectable {
 
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
-  void Draw(CDC* dc) override;
+  void DrawMarks(CDC& window) override;
   void Invalidate() override;
   void OnCommand(unsigned id) override;
   void OnPlaced() override;
@@ -27,9 +27,10 @@ class ConnectableRectShape : public RectShape, public Connectable {
   std::uint16_t GetAnchorReach() const override;
   ChartView* GetView() const override { return view; }
 
-  /// Paints the anchor marks on a client context of the view. Without `draw` it asks for a repaint
-  /// of the places where they stood and empties the map.
-  void DrawAnchors(bool draw);
+  /// Paints the anchor marks on a context in device pixels of the client area.
+  void DrawAnchors(CDC& window) const;
+  /// Asks for a repaint of the places where they stand and empties the map.
+  void ForgetAnchors();
   bool AreAnchorsShown() const { return showAnchors; }
 
  protected:

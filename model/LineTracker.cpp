@@ -2,22 +2,14 @@
 
 #include <array>
 
-bool LineTracker::Finish(POINT& point, CDC* dc) {
-  Cancel(dc);
+bool LineTracker::Finish(POINT& point, CDC* /*dc*/) {
   MoveTo(point);
   return movedStart != start || movedEnd != end;
 }
 
 void LineTracker::Move(POINT& point, CDC* dc) {
-  Cancel(dc);
   MoveTo(point);
-  TogglePicture(*dc);
-  shown = true;
-}
-
-void LineTracker::Cancel(CDC* dc) {
-  if (shown) TogglePicture(*dc);
-  shown = false;
+  DrawLines(*dc, std::array{start, movedStart, movedEnd, end});
 }
 
 void LineTracker::MoveTo(POINT point) {
@@ -28,9 +20,4 @@ void LineTracker::MoveTo(POINT point) {
     movedStart = {point.x, start.y};
     movedEnd = {point.x, end.y};
   }
-}
-
-void LineTracker::TogglePicture(CDC& dc) const {
-  const std::array picture{start, movedStart, movedEnd, end};
-  Toggle(dc, picture.data(), static_cast<int>(picture.size()));
 }

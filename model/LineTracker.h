@@ -12,7 +12,6 @@ class LineTracker : public BaseTracker {
   /// Takes the moved ends from the raw point; true if they differ from the ends.
   bool Finish(POINT& point, CDC* dc) override;
   void Move(POINT& point, CDC* dc) override;
-  void Cancel(CDC* dc) override;
 
   POINT start;
   POINT end;
@@ -21,5 +20,4 @@ class LineTracker : public BaseTracker {
 
  private:
   void MoveTo(POINT point);
-  void TogglePicture(CDC& dc) const;
 };

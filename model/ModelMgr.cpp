@@ -127,19 +127,29 @@ void ModelMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const {
   }
 }
 
-void ModelMgr::DrawAll(CDC* dc, bool selectedOnly) const {
-  // One look at every object, then only what the context shows, layer by layer.
+/// The shapes that a context shows, layer by layer, with one look at every object.
+std::vector<Shape*> ModelMgr::ShapesOn(const CDC& dc, bool selectedOnly) const {
   std::array<std::vector<Shape*>, kPaintOrder.size()> visible;
   for (Shape* shape : Objects()) {
     if (selectedOnly && !selection.Contains(shape)) continue;
-    if (!dc->RectVisible(view->ToLogical(shape->GetPaintBounds()))) continue;
+    if (!dc.RectVisible(view->ToLogical(shape->GetPaintBounds()))) continue;
     const auto layer = std::find(kPaintOrder.begin(), kPaintOrder.end(), shape->GetLayer());
     if (layer == kPaintOrder.end()) continue;
     visible[static_cast<std::size_t>(layer - kPaintOrder.begin())].push_back(shape);
   }
+  std::vector<Shape*> shapes;
   for (const std::vector<Shape*>& layer : visible) {
-    for (Shape* shape : layer) shape->Draw(dc);
+    shapes.insert(shapes.end(), layer.begin(), layer.end());
   }
+  return shapes;
+}
+
+void ModelMgr::DrawAll(CDC* dc, bool selectedOnly) const {
+  for (Shape* shape : ShapesOn(*dc, selectedOnly)) shape->Draw(dc);
+}
+
+void ModelMgr::DrawOnScreen(CDC& dc) const {
+  for (Shape* shape : ShapesOn(dc, false)) shape->DrawOnScreen(dc);
 }
 
 void ModelMgr::DeselectAll() {

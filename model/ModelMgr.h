@@ -54,9 +54,11 @@ class ModelMgr : public ShapeRegistry {
   std::vector<Shape*> FindShapesInRect(const RECT& client) const;
   /// The lower right corner of all objects, model units, not below 0.
   void GetChartExtent(std::int32_t& right, std::int32_t& bottom) const;
-  /// Paints what the context shows, from the lowest layer to the highest; of that only what is
-  /// selected if `selectedOnly`.
+  /// Paints what the context shows as on paper, from the lowest layer to the highest; of that only
+  /// what is selected if `selectedOnly`.
   void DrawAll(CDC* dc, bool selectedOnly = false) const;
+  /// The same as the window shows it, with the marks of the shapes.
+  void DrawOnScreen(CDC& dc) const;
 
   /// The object is one of this model, and still lives.
   bool Holds(const Shape* shape) const;
@@ -93,6 +95,7 @@ class ModelMgr : public ShapeRegistry {
 
  private:
   ObjectBrowser* Browser() const;
+  std::vector<Shape*> ShapesOn(const CDC& dc, bool selectedOnly) const;
   bool TrackRubberBand(std::int32_t x, std::int32_t y);
   std::string SelectionText() const;
   /// Reads records into `pasteList`.

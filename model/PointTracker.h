@@ -13,13 +13,10 @@ class PointTracker : public BaseTracker {
   /// Always true. `movingPoint` stays as the last move left it, with what the callback made of it.
   bool Finish(POINT& point, CDC* dc) override;
   void Move(POINT& point, CDC* dc) override;
-  void Cancel(CDC* dc) override;
 
   POINT fixedPoint;
   POINT movingPoint;  ///< the result of the drag
 
  private:
-  void ToggleLine(CDC& dc) const;
-
   bool rubberLine;
 };

@@ -42,10 +42,10 @@ void RectShape::Read(ModelStream& stream) {
   rect = NormalizeRect(stored);
 }
 
-void RectShape::Draw(CDC* dc) {
-  if (dc->IsPrinting() || !tracker || !IsInSelection()) return;
+void RectShape::DrawMarks(CDC& window) {
+  if (!tracker || !IsInSelection()) return;
   tracker->rect = DeviceRect();
-  tracker->Draw(*view->GetDC());
+  tracker->Draw(window);
 }
 
 void RectShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
@@ -130,7 +130,7 @@ void RectShape::OnBroadcast(int op, void* arg) {
     case BROADCAST_SHOW_GHOST: ShowGhost(*static_cast<const POINT*>(arg)); break;
     case BROADCAST_END_GHOST:
       if (!tracker) break;
-      tracker->DrawTrackerRect({}, *view->GetDC());
+      tracker->DrawTrackerRect({}, *view);
       // Back from the ghost to where the handles are, for the next change of the selection.
       tracker->rect = DeviceRect();
       break;
@@ -144,7 +144,7 @@ void RectShape::ShowGhost(POINT offset) {
   RECT ghost = view->ToDevice(rect + offset);
   SnapDeviceRect(ghost);
   tracker->rect = ghost;
-  tracker->DrawTrackerRect(ghost, *view->GetDC());
+  tracker->DrawTrackerRect(ghost, *view);
 }
 
 void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {

@@ -18,8 +18,8 @@ class RectShape : public Shape {
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
   void OnBroadcast(int op, void* arg) override;
-  /// Paints the handles of a selected shape.
-  void Draw(CDC* dc) override;
+  /// The handles of a selected shape.
+  void DrawMarks(CDC& window) override;
   void GetExtent(std::int32_t& right, std::int32_t& bottom) const override;
   bool HitTest(const POINT& client) const override;
   bool HitTestNear(const POINT& model) const override;

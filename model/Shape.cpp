@@ -1,5 +1,6 @@
 #include "model/Shape.h"
 
+#include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
@@ -14,6 +15,13 @@ Shape::~Shape() {
   if (mgr == nullptr) return;
   mgr->GetSelection().Remove(this);
   mgr->RemoveShape(this);
+}
+
+void Shape::DrawOnScreen(CDC& dc) {
+  Draw(&dc);
+  const Mapping logical = dc.SetMapping({});
+  DrawMarks(dc);
+  dc.SetMapping(logical);
 }
 
 void Shape::Write(ModelStream& stream) const {

@@ -36,8 +36,13 @@ class Shape : public Object, public Collectable {
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
 
-  /// Paints in logical units on `dc`; marks of the screen go to a client context of the view.
+  /// Paints the shape as on paper, in logical units.
   virtual void Draw(CDC* dc) = 0;
+  /// Paints the shape as its window shows it, marks included, on a context in logical units.
+  virtual void DrawOnScreen(CDC& dc);
+  /// Paints what the window alone shows of the shape, handles and anchors, on a context in device
+  /// pixels of the client area. It lies directly on the shape, under whatever lies in front of it.
+  virtual void DrawMarks(CDC& /*window*/) {}
   /// The lower right corner, model units.
   virtual void GetExtent(std::int32_t& right, std::int32_t& bottom) const = 0;
   /// The shape lies under a point, device pixels of the client area.

@@ -4,6 +4,8 @@
 
 #include "platform/CWnd.h"
 
+class CDC;
+
 class CPrintInfo;
 
 /// A window onto a larger surface, scrolled in device pixels.

@@ -1,12 +1,11 @@
 #include "platform/CWnd.h"
 
-#include "drawing/CNullDC.h"
 #include "drawing/CRgn.h"
+#include "platform/Feedback.h"
 #include "platform/WindowPeer.h"
 
-std::unique_ptr<CDC> CWnd::GetDC() {
-  if (peer != nullptr) return peer->CreateClientDC();
-  return std::make_unique<CNullDC>();
+CWnd::~CWnd() {
+  while (!feedback.empty()) (*feedback.begin())->Hide();
 }
 
 RECT CWnd::GetClientRect() const { return peer != nullptr ? peer->ClientRect() : RECT{}; }
@@ -29,6 +28,10 @@ void CWnd::UpdateWindow() {
 
 void CWnd::SetRedraw(bool on) {
   if (peer != nullptr) peer->SetRedraw(on);
+}
+
+void CWnd::InvalidateFeedback(const RECT& r) {
+  if (peer != nullptr) peer->InvalidateFeedback(r);
 }
 
 void CWnd::SetCapture() {

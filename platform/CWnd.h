@@ -1,22 +1,22 @@
 #pragma once
 
-#include <memory>
+#include <unordered_set>
 
 #include "drawing/Geometry.h"
 #include "platform/Command.h"
 #include "platform/Message.h"
 
-class CDC;
 class CRgn;
+class Feedback;
 class WindowPeer;
 
 /// A window as the program sees it. Without a real window behind it everything but painting works:
-/// contexts paint nowhere, invalidation is forgotten, the client area is empty. All points and
-/// rectangles are device pixels of the client area unless told otherwise.
+/// invalidation is forgotten, the client area is empty. All points and rectangles are device pixels
+/// of the client area unless told otherwise.
 class CWnd {
  public:
   CWnd() = default;
-  virtual ~CWnd() = default;
+  virtual ~CWnd();
   CWnd(const CWnd&) = delete;
   CWnd& operator=(const CWnd&) = delete;
 
@@ -24,14 +24,21 @@ class CWnd {
   void SetPeer(WindowPeer* window) { peer = window; }
   bool HasWindow() const { return peer != nullptr; }
 
-  /// A context that paints on the window at once; it must not live longer than one step.
-  std::unique_ptr<CDC> GetDC();
   RECT GetClientRect() const;
   void InvalidateRect(const RECT& r);
   void InvalidateRgn(const CRgn& region);
   void Invalidate();
   void UpdateWindow();
   void SetRedraw(bool on);
+
+  /// What shows over the picture of this window. Their order says nothing: two that cross invert
+  /// what they share twice.
+  const std::unordered_set<Feedback*>& ShownFeedback() const { return feedback; }
+  /// Feedback comes and goes by itself.
+  void AddFeedback(Feedback& shown) { feedback.insert(&shown); }
+  void RemoveFeedback(Feedback& hidden) { feedback.erase(&hidden); }
+  /// Feedback has changed here: the window shows its picture anew, and paints nothing.
+  void InvalidateFeedback(const RECT& r);
 
   void SetCapture();
   void ReleaseCapture();
@@ -71,4 +78,5 @@ class CWnd {
 
  private:
   WindowPeer* peer = nullptr;
+  std::unordered_set<Feedback*> feedback;
 };

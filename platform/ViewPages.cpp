@@ -11,7 +11,6 @@
 std::string ViewPages::Title() const { return view.GetTitle(); }
 
 int ViewPages::Begin(CDC& dc, std::string& problem) {
-  dc.SetPrinting(true);
   const bool hasRoom =
       dc.GetDeviceCaps(DeviceCap::HorzRes) > 0 && dc.GetDeviceCaps(DeviceCap::VertRes) > 0 &&
       dc.GetDeviceCaps(DeviceCap::HorzSize) > 0 && dc.GetDeviceCaps(DeviceCap::VertSize) > 0;
@@ -27,7 +26,6 @@ int ViewPages::Begin(CDC& dc, std::string& problem) {
 }
 
 void ViewPages::Paint(CDC& dc, int page) {
-  dc.SetPrinting(true);
   info.curPage = page;
   view.OnPrint(dc, info);
 }

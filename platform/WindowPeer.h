@@ -1,11 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "drawing/Geometry.h"
 #include "platform/Message.h"
 
-class CDC;
 class CRgn;
 
 /// The real window behind a `CWnd`, made by the toolkit. All points and rectangles are device
@@ -14,9 +11,6 @@ class CRgn;
 class WindowPeer {
  public:
   virtual ~WindowPeer() = default;
-  /// A context that paints on the window at once. During a paint it is limited to what is being
-  /// painted.
-  virtual std::unique_ptr<CDC> CreateClientDC() = 0;
   virtual RECT ClientRect() const = 0;
   virtual void InvalidateRect(const RECT& r) = 0;
   virtual void InvalidateRgn(const CRgn& region) = 0;
@@ -25,6 +19,8 @@ class WindowPeer {
   virtual void Update() = 0;
   /// Off: nothing is painted until it is on again.
   virtual void SetRedraw(bool on) = 0;
+  /// What shows over the picture has changed here; the picture itself has not.
+  virtual void InvalidateFeedback(const RECT& r) = 0;
 
   virtual void SetCapture() = 0;
   virtual void ReleaseCapture() = 0;

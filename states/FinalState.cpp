@@ -27,7 +27,6 @@ void FinalState::Draw(CDC* dc) {
   dc->SelectBrush(resources.blackBrush);
   dc->Ellipse(InflateRect(ring, -kDiscMargin));
   dc->SelectBrush(oldBrush);
-  ConnectableRectShape::Draw(dc);
 }
 
 void FinalState::OnRectChanged(const RECT& old, bool sized) {

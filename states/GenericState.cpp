@@ -80,7 +80,6 @@ void GenericState::Draw(CDC* dc) {
 
   dc->SetBkMode(oldMode);
   dc->SetTextColor(oldColor);
-  ConnectableRectShape::Draw(dc);
   dc->SelectBrush(oldBrush);
 }
 

@@ -23,7 +23,6 @@ void InitialState::Draw(CDC* dc) {
   const CBrush oldBrush = dc->SelectBrush(DrawResources::Instance().blackBrush);
   dc->Ellipse(disc);
   dc->SelectBrush(oldBrush);
-  ConnectableRectShape::Draw(dc);
 }
 
 void InitialState::OnRectChanged(const RECT& old, bool sized) {

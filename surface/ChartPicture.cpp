@@ -79,7 +79,6 @@ ChartPicture::ChartPicture(LayoutMgr& chart, bool selectionOnly)
 void ChartPicture::Paint(CDC& dc) const {
   const POINT oldOrigin = dc.GetViewportOrg();
   dc.SetViewportOrg(oldOrigin - origin);
-  dc.SetPrinting(true);
   dc.SetTextColor(chart.GetTextColor());
   chart.GetModel().DrawAll(&dc, selectionOnly);
   dc.SetViewportOrg(oldOrigin);

@@ -116,13 +116,11 @@ void LayoutMgr::PlaceWithoutWindow(bool normalSize) {
 }
 
 void LayoutMgr::OnDraw(CDC& dc) {
-  if (!dc.IsPrinting()) {
-    dc.SetBkMode(BkMode::Transparent);
-    geometry->DrawGrid(dc);
-    PrepareMapping(dc);
-  }
+  dc.SetBkMode(BkMode::Transparent);
+  geometry->DrawGrid(dc);
+  PrepareMapping(dc);
   dc.SetTextColor(GetTextColor());
-  model->DrawAll(&dc);
+  model->DrawOnScreen(dc);
 }
 
 void LayoutMgr::TakeSnapshot() {
@@ -217,7 +215,8 @@ void LayoutMgr::OnBeginPrinting(CDC& dc, CPrintInfo& info) {
 
 void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
   printMapping->SelectPage(dc, info.curPage);
-  OnDraw(dc);
+  dc.SetTextColor(GetTextColor());
+  model->DrawAll(&dc);
 }
 
 void LayoutMgr::OnFilePrintSetup() { printMapping->Edit(); }

@@ -77,13 +77,12 @@ void LayoutMgr::OnMouseLeave() {
 void LayoutMgr::ShowHover(POINT client) {
   const auto* source = dynamic_cast<StartableState*>(FindShapeNear(client, LAYER_STATE));
   overAnchor = SnapToAnchor(source, *this, sourceMark, client);
-  targetMark.Hide(*GetDC());
+  targetMark.Hide();
 }
 
 void LayoutMgr::HideHover() {
-  const std::unique_ptr<CDC> dc = GetDC();
-  sourceMark.Hide(*dc);
-  targetMark.Hide(*dc);
+  sourceMark.Hide();
+  targetMark.Hide();
   overAnchor = false;
 }
 

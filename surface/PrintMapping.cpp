@@ -2,6 +2,7 @@
 
 #include "drawing/CDC.h"
 #include "model/Editors.h"
+#include "model/ModelMgr.h"
 #include "platform/Service.h"
 
 namespace {

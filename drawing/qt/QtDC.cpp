@@ -121,8 +121,6 @@ void QtDC::SetMode(bool smooth) {
   if (painter.compositionMode() != mode) painter.setCompositionMode(mode);
 }
 
-void QtDC::Touch(const QRectF& box) { touched |= Visible(box); }
-
 void QtDC::FillRect(const RECT& r, const CBrush& with) {
   if (with.hollow) return;
   FillBox(ToPhysical(r),
@@ -134,7 +132,6 @@ void QtDC::FillBox(const QRectF& box, QColor color) {
   if (visible.isEmpty()) return;
   SetMode(false);
   painter.fillRect(visible, color);
-  touched |= visible;
 }
 
 void QtDC::FillMask(POINT topLeft, const BitMask& mask) {
@@ -178,7 +175,6 @@ void QtDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   }
   if (visible.isEmpty()) return;
   SetMode(false);
-  touched |= visible;
   if (cut) {
     painter.save();
     painter.setClipRect(visible, Qt::IntersectClip);

@@ -16,8 +16,8 @@ class QtFontCache;
 /// A context on a picture or a page. Three grids meet here: logical units go through the mapping to
 /// device pixels, and those times a scale are physical pixels, on which all geometry is rounded, so
 /// that lines are sharp at any scale. Straight lines are painted pixel by pixel as an old device
-/// does; what is slanted or curved is smoothed, unless the mode is the one that a second drawing
-/// undoes.
+/// does; what is slanted or curved is smoothed, unless the context inverts: there each pixel is
+/// turned over whole.
 class QtDC : public CDC {
  public:
   /// Paints on a picture with `scale` physical pixels to a device pixel; only in `clip` (physical
@@ -28,8 +28,6 @@ class QtDC : public CDC {
   /// as strokes and letters, not as pixels.
   QtDC(QPaintDevice& page, double scale, SIZE size, QtFontCache& fonts);
 
-  /// The box around what was painted so far, physical pixels.
-  QRect Touched() const { return touched; }
   /// What `GetDeviceCaps` tells of the device's resolution; 96 unless set.
   void SetLogPixels(int perInch) { logPixels = perInch; }
   /// The device is, or stands for, paper of `area` device pixels that nobody can see one by one: a
@@ -67,7 +65,6 @@ class QtDC : public CDC {
   QRect Visible(const QRectF& box) const;
 
   void SetMode(bool smooth);
-  void Touch(const QRectF& box);
   void FillBox(const QRectF& box, QColor color);
   void PaintRuns(const PixelRuns& runs, QColor color);
   void StrokeLines(QPolygonF points, bool closed);
@@ -88,5 +85,4 @@ class QtDC : public CDC {
   double dot = 1;    ///< a pixel of the screen for pens, physical pixels
   int hairline = 1;  ///< thickness of a thin pen, physical pixels
   QRect clipBox;     ///< physical pixels
-  QRect touched;
 };

@@ -95,7 +95,6 @@ void QtDC::PaintRuns(const PixelRuns& runs, QColor color) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(color);
   painter.drawRects(runs.Rects().data(), static_cast<int>(runs.Rects().size()));
-  for (const QRect& r : runs.Rects()) touched |= r;
 }
 
 void QtDC::Polyline(std::span<const POINT> points) {
@@ -128,7 +127,6 @@ void QtDC::StrokeLines(QPolygonF points, bool closed) {
     points[last] += end;
   }
   SetMode(!Inverts());
-  Touch(box.adjusted(-width, -width, width + 1, width + 1));
   const bool dashed = !page && IsPenThin() && GetPen().style != PenStyle::Solid;
   if (dashed || !IsNear(box)) {
     StrokeFarLines(points, closed);
@@ -205,7 +203,6 @@ void QtDC::Polygon(std::span<const POINT> points) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(ToColor(GetBrush().color));
     painter.drawPolygon(area, Qt::WindingFill);
-    Touch(area.boundingRect().adjusted(-1, -1, 1, 1));
   }
   if (GetPen().style != PenStyle::Null) StrokeLines(std::move(physical), true);
 }
@@ -289,7 +286,6 @@ bool QtDC::PaintRing(const QPainterPath& outer, const QPainterPath& inner) {
   if (page || Inverts() || GetPen().style != PenStyle::Solid || !IsNear(box)) return false;
   if (hole.width() < 1 || hole.height() < 1) return false;
   SetMode(true);
-  Touch(box.adjusted(-1, -1, 1, 1));
   painter.setPen(Qt::NoPen);
   painter.setBrush(ToColor(GetPen().color));
   if (GetBrush().hollow) {
@@ -307,7 +303,6 @@ bool QtDC::PaintRing(const QPainterPath& outer, const QPainterPath& inner) {
 void QtDC::PaintPath(const QPainterPath& path, bool filled, Qt::PenCapStyle cap) {
   const QRectF box = path.boundingRect();
   SetMode(!Inverts());
-  Touch(box.adjusted(-PenWidth(), -PenWidth(), PenWidth() + 1, PenWidth() + 1));
   if (!IsNear(box)) {
     PaintFarPath(path, filled);
     return;

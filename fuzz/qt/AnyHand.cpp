@@ -343,6 +343,7 @@ void AnyHand::CheckPictures() {
     chart->OnMouseLeave();
     Settle();
     chart->UpdateWindow();
+    Require(chart->ShownFeedback().empty(), "a gesture leaves feedback behind");
     const QImage shown = child->Window()->Picture().copy();
     chart->Invalidate();
     chart->UpdateWindow();

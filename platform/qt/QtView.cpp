@@ -1,7 +1,6 @@
 #include "platform/qt/QtView.h"
 
 #include <cmath>
-#include <optional>
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -12,6 +11,7 @@
 #include "drawing/qt/LineClip.h"
 #include "drawing/qt/QtDC.h"
 #include "platform/CScrollView.h"
+#include "platform/Feedback.h"
 
 // The picture of the client area and its scroll bars; what comes from the mouse and the keyboard is
 // in QtViewInput.cpp.
@@ -33,67 +33,8 @@ QRegion ToRegion(const CRgn::Piece& piece, const QRect& client) {
 
 }  // namespace
 
-/// A context outside or inside a paint; what it painted is copied to the screen when it goes. It
-/// keeps the picture alive, should the window get a new one meanwhile. What is drawn to be erased
-/// again outside a paint is drawn on the overlay too.
-class QtView::ClientDC : public QtDC {
- public:
-  ClientDC(QtView& owner, const QRegion* clip)
-      : QtDC(*owner.picture, owner.scale, owner.fonts, clip),
-        owner(&owner),
-        picture(owner.picture),
-        inPaint(clip != nullptr) {}
-  ~ClientDC() override {
-    if (owner == nullptr) return;
-    owner->ShowPhysical(Touched());
-    if (marks) owner->overlay.Touch(marks->Touched());
-  }
-
-  void Polyline(std::span<const POINT> points) override {
-    if (CDC* shadow = Shadow()) shadow->Polyline(points);
-    QtDC::Polyline(points);
-  }
-  void Polygon(std::span<const POINT> points) override {
-    if (CDC* shadow = Shadow()) shadow->Polygon(points);
-    QtDC::Polygon(points);
-  }
-  void Rectangle(const RECT& r) override {
-    if (CDC* shadow = Shadow()) shadow->Rectangle(r);
-    QtDC::Rectangle(r);
-  }
-  void Ellipse(const RECT& r) override {
-    if (CDC* shadow = Shadow()) shadow->Ellipse(r);
-    QtDC::Ellipse(r);
-  }
-  void Arc(const RECT& r, POINT start, POINT end) override {
-    if (CDC* shadow = Shadow()) shadow->Arc(r, start, end);
-    QtDC::Arc(r, start, end);
-  }
-
- private:
-  /// The context on the overlay, with everything as it is selected here; null where none is needed.
-  CDC* Shadow() {
-    if (inPaint || owner == nullptr || GetROP2() != RasterOp::NotXorPen) return nullptr;
-    if (!marks) {
-      marks.emplace(owner->overlay.Marks(picture->size()), owner->scale, owner->fonts);
-      marks->SetROP2(RasterOp::NotXorPen);
-    }
-    marks->SelectPen(GetPen());
-    marks->SelectBrush(GetBrush());
-    marks->SetViewportOrg(GetViewportOrg());
-    return &*marks;
-  }
-
-  QPointer<QtView> owner;
-  std::shared_ptr<QImage> picture;
-  std::optional<QtDC> marks;
-  bool inPaint;
-};
-
 QtView::QtView(CScrollView& view, QWidget* parent)
-    : QAbstractScrollArea(parent),
-      view(&view),
-      picture(std::make_shared<QImage>(1, 1, QImage::Format_RGB32)) {
+    : QAbstractScrollArea(parent), view(&view), picture(1, 1, QImage::Format_RGB32) {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setMouseTracking(true);
@@ -122,10 +63,6 @@ void QtView::Detach() {
 }
 
 RECT QtView::ClientRect() const { return {0, 0, viewport()->width(), viewport()->height()}; }
-
-std::unique_ptr<CDC> QtView::CreateClientDC() {
-  return std::make_unique<ClientDC>(*this, painting.isEmpty() ? nullptr : &painting);
-}
 
 void QtView::InvalidateRect(const RECT& r) { InvalidateRgn(CRgn::FromRect(r)); }
 
@@ -163,6 +100,11 @@ void QtView::SetRedraw(bool on) {
   AddInvalid({});
 }
 
+void QtView::InvalidateFeedback(const RECT& r) {
+  const RECT seen = IntersectRect(r, ClientRect());
+  viewport()->update(seen.left, seen.top, seen.right - seen.left, seen.bottom - seen.top);
+}
+
 QRegion QtView::ToPhysical(const QRegion& device) const {
   if (scale == 1) return device;
   QRegion physical;
@@ -178,13 +120,13 @@ void QtView::RemakePicture() {
   const QSize client = viewport()->size();
   const QSize size(std::max(1, static_cast<int>(std::ceil(client.width() * wanted))),
                    std::max(1, static_cast<int>(std::ceil(client.height() * wanted))));
-  if (size == picture->size() && wanted == scale) return;
-  auto made = std::make_shared<QImage>(size, QImage::Format_RGB32);
-  made->fill(Qt::white);
+  if (size == picture.size() && wanted == scale) return;
+  QImage made(size, QImage::Format_RGB32);
+  made.fill(Qt::white);
   QRegion kept;
   if (wanted == scale) {
-    QPainter(made.get()).drawImage(0, 0, *picture);
-    const QSize old = picture->size() / wanted;
+    QPainter(&made).drawImage(0, 0, picture);
+    const QSize old = picture.size() / wanted;
     kept = QRect(QPoint(0, 0), old);
   }
   picture = std::move(made);
@@ -194,36 +136,44 @@ void QtView::RemakePicture() {
 
 void QtView::PaintInvalid() {
   repaintTimer.stop();
-  if (view == nullptr || !redraw || !painting.isEmpty() || invalid.isEmpty()) return;
+  if (view == nullptr || !redraw || painting || invalid.isEmpty()) return;
   const QRegion device = invalid & viewport()->rect();
   invalid = {};
   if (device.isEmpty()) return;
-  painting = ToPhysical(device);
+  const QRegion physical = ToPhysical(device);
+  painting = true;
   {
-    QtDC dc(*picture, scale, fonts, &painting);
-    dc.Painter().fillRect(painting.boundingRect(), Qt::white);
+    QtDC dc(picture, scale, fonts, &physical);
+    dc.Painter().fillRect(physical.boundingRect(), Qt::white);
     view->OnPrepareDC(dc);
     view->OnDraw(dc);
   }
-  overlay.ShowOn(*picture, painting);
-  painting = {};
+  painting = false;
   viewport()->update(device);
 }
 
-void QtView::ShowPhysical(const QRect& physical) {
-  if (physical.isEmpty()) return;
-  const QRectF device(physical.x() / scale, physical.y() / scale, physical.width() / scale,
-                      physical.height() / scale);
-  viewport()->update(device.toAlignedRect());
+const QImage& QtView::Shown(const QRegion& part) {
+  if (view == nullptr || view->ShownFeedback().empty()) return picture;
+  if (composed.size() != picture.size()) composed = QImage(picture.size(), picture.format());
+  const QRegion physical = ToPhysical(part) & picture.rect();
+  {
+    QPainter copying(&composed);
+    for (const QRect& r : physical) copying.drawImage(r.topLeft(), picture, r);
+  }
+  QtDC dc(composed, scale, fonts, &physical);
+  dc.SetROP2(RasterOp::NotXorPen);
+  for (const Feedback* each : view->ShownFeedback()) each->Paint(dc);
+  return composed;
 }
 
 void QtView::paintEvent(QPaintEvent* event) {
   if (devicePixelRatioF() != scale) RemakePicture();
   if (!invalid.isEmpty()) PaintInvalid();
+  const QImage& shown = Shown(event->region());
   QPainter painter(viewport());
   for (const QRect& r : event->region()) {
     const QRectF source(r.x() * scale, r.y() * scale, r.width() * scale, r.height() * scale);
-    painter.drawImage(QRectF(r), *picture, source);
+    painter.drawImage(QRectF(r), shown, source);
   }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <deque>
-#include <memory>
 
 #include <QAbstractScrollArea>
 #include <QImage>
@@ -10,14 +9,13 @@
 
 #include "drawing/qt/QtText.h"
 #include "platform/WindowPeer.h"
-#include "platform/qt/QtOverlay.h"
 
 class CScrollView;
 
 /// The window of a `CScrollView`. It keeps a picture of its client area: a paint erases and redraws
-/// the invalid part of it, a context outside a paint draws on it at once, and the toolkit's paint
-/// event only copies it. A device pixel of the client area is a pixel of Qt's; the picture has as
-/// many physical pixels as the screen.
+/// the invalid part of it. The toolkit's paint event copies it, with the feedback of the view over
+/// it. A device pixel of the client area is a pixel of Qt's; the picture has as many physical
+/// pixels as the screen.
 class QtView : public QAbstractScrollArea, public WindowPeer {
   Q_OBJECT
 
@@ -32,15 +30,16 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   bool IsWaiting() const { return waiting; }
   /// Makes the gesture that waits end with the message Quit.
   void EndLoop();
-  const QImage& Picture() const { return *picture; }
+  /// The picture without the feedback.
+  const QImage& Picture() const { return picture; }
 
-  std::unique_ptr<CDC> CreateClientDC() override;
   RECT ClientRect() const override;
   void InvalidateRect(const RECT& r) override;
   void InvalidateRgn(const CRgn& region) override;
   void InvalidateAll() override;
   void Update() override;
   void SetRedraw(bool on) override;
+  void InvalidateFeedback(const RECT& r) override;
   void SetCapture() override;
   void ReleaseCapture() override;
   bool HasCapture() const override;
@@ -70,8 +69,6 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void scrollContentsBy(int dx, int dy) override;
 
  private:
-  class ClientDC;
-
   void TakeMouse(Message::Kind kind, QMouseEvent& event);
   /// A press of a button; `left` is what it is of the left one.
   void TakePress(Message::Kind left, QMouseEvent& event);
@@ -90,17 +87,18 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void AddInvalid(const QRegion& region);
   bool IsAllInvalid() const;
   void PaintInvalid();
-  void ShowPhysical(const QRect& physical);
+  /// The picture as it is to be seen, at least in a part of the client area.
+  const QImage& Shown(const QRegion& part);
 
   CScrollView* view;
   QtFontCache fonts;
-  std::shared_ptr<QImage> picture;
-  QtOverlay overlay;
+  QImage picture;
+  QImage composed;   ///< the picture with feedback, where it was last shown
   double scale = 1;  ///< physical pixels of the picture to a device pixel
   QRegion invalid;   ///< device pixels
-  QRegion painting;  ///< physical pixels, empty outside a paint
   QTimer repaintTimer;
   bool redraw = true;
+  bool painting = false;
 
   std::deque<Message> queue;
   bool waiting = false;  ///< inside `NextMessage`

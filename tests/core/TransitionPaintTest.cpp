@@ -10,10 +10,7 @@ TEST(TransitionPaint, ThePenTellsWhetherAnEndIsFree) {
   const auto chart = LoadChart(SmallChart());
   auto& arrow = *Find<Transition>(*chart, kArrow);
   const auto pens = [&] {
-    const FakeWindow window(*chart);
-    CNullDC dc;
-    arrow.Draw(&dc);
-    return std::pair{window.Painted()[0].pen, PaintOnPaper(arrow).records[0].pen};
+    return std::pair{PaintOnScreen(arrow).records[0].pen, PaintOnPaper(arrow).records[0].pen};
   };
   EXPECT_EQ(pens(), (std::pair{CPen{PenStyle::Solid, 0, 0xFF8000}, CPen{PenStyle::Solid, 0, 0}}));
   delete Find<GenericState>(*chart, 102);
@@ -25,17 +22,15 @@ TEST(TransitionPaint, TheWindowShowsHandlesOfASelectedOne) {
   const auto chart = LoadChart(
       ChartText(TransitionRecord(kArrow, 0, 0, "3 1 1 1", LinkLines("22,14 22,15 22,23 22,24")) +
                 MesgRecord(kMesg, kArrow, {1, 1, 9, 9})));
-  FakeWindow window(*chart);
+  const FakeWindow window(*chart);
   // The handles, and whether the label has its frame.
   const auto marks = [&](int selected) {
     chart->GetSelection().Clear();
     if (selected != 0) chart->GetSelection().Add(FindShape(*chart, selected));
-    window.ForgetPainted();
-    CNullDC dc;
-    FindShape(*chart, kArrow)->Draw(&dc);
     std::vector<POINT> handles;
     bool framed = false;
-    for (const Metafile::Record& record : window.Painted()) {
+    const Metafile painted = PaintOnScreen(*FindShape(*chart, kArrow));
+    for (const Metafile::Record& record : painted.records) {
       if (record.kind != Metafile::Kind::FillRect) continue;
       if (record.brush.color == 0xFF0000) handles.push_back(TopLeft(record.rect));
       framed = framed || record.brush.color == 0x00C000;

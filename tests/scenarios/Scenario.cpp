@@ -336,7 +336,7 @@ Scenario::Picture Scenario::Now() const {
 }
 
 void Scenario::NoteChanges() {
-  if (chart != nullptr) chart->OnDraw(*frames.back()->window.CreateClientDC());
+  if (chart != nullptr) frames.back()->window.Paint();
   const Picture now = Now();
   if (chart != std::exchange(noted, chart)) {
     user.Note("document " + now.document);

@@ -93,8 +93,14 @@ Shape* FindShape(const LayoutMgr& chart, int id) { return chart.GetModel().Find(
 Metafile PaintOnPaper(Shape& shape) {
   CNullDC reference;
   CMetaFileDC dc(reference);
-  dc.SetPrinting(true);
   shape.Draw(&dc);
+  return dc.Close();
+}
+
+Metafile PaintOnScreen(Shape& shape) {
+  CNullDC reference;
+  CMetaFileDC dc(reference);
+  shape.DrawOnScreen(dc);
   return dc.Close();
 }
 

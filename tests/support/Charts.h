@@ -46,5 +46,6 @@ Made* Find(const LayoutMgr& chart, int id) {
 
 /// What a shape paints on paper.
 Metafile PaintOnPaper(Shape& shape);
+Metafile PaintOnScreen(Shape& shape);
 /// The texts in what is painted, in their order.
 std::vector<std::string> PaintedTexts(const Metafile& drawn);

@@ -1,11 +1,8 @@
 #include "tests/support/FakeWindow.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <iostream>
-#include <sstream>
-#include <utility>
 
 #include "drawing/CMetaFileDC.h"
 #include "drawing/CNullDC.h"
@@ -13,46 +10,6 @@
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
 #include "surface/LayoutMgr.h"
-
-namespace {
-
-/// Hands what is drawn on it to its window. Strokes in the inverting mode are kept apart.
-class FakeDC : public CMetaFileDC {
- public:
-  FakeDC(FakeWindow& window, CDC& reference) : CMetaFileDC(reference), window(window) {}
-  ~FakeDC() override { window.TakePainted(Close()); }
-
-  RECT GetClipBox() const override { return window.client; }
-  void Polyline(std::span<const POINT> points) override {
-    if (points.front() == points.back()) return;
-    if (!Inverts("line", points)) CMetaFileDC::Polyline(points);
-  }
-  void Rectangle(const RECT& r) override {
-    const std::array<POINT, 2> corners{TopLeft(r), BottomRight(r)};
-    if (!Inverts("rectangle", corners)) CMetaFileDC::Rectangle(r);
-  }
-  void Arc(const RECT& r, POINT start, POINT end) override {
-    const std::array<POINT, 4> points{TopLeft(r), BottomRight(r), start, end};
-    if (!Inverts("arc", points)) CMetaFileDC::Arc(r, start, end);
-  }
-
- private:
-  bool Inverts(const char* what, std::span<const POINT> points) {
-    if (GetROP2() != RasterOp::NotXorPen) return false;
-    std::ostringstream stroke;
-    stroke << what << ' ' << static_cast<int>(GetPen().style);
-    for (const POINT p : points) {
-      const POINT device = LPtoDP(p);
-      stroke << ' ' << device.x << ',' << device.y;
-    }
-    window.Toggle(stroke.str());
-    return true;
-  }
-
-  FakeWindow& window;
-};
-
-}  // namespace
 
 FakeWindow::FakeWindow(CWnd& window) : window(window) { window.SetPeer(this); }
 
@@ -65,14 +22,8 @@ Message FakeWindow::NextMessage() {
   return message;
 }
 
-std::unique_ptr<CDC> FakeWindow::CreateClientDC() {
-  static CNullDC reference;
-  return std::make_unique<FakeDC>(*this, reference);
-}
-
 void FakeWindow::Live() {
   // What the test has seen and set so far is as it was when the loop is over.
-  std::vector<Metafile::Record> paintedBefore = std::exchange(painted, {});
   const Cursor cursorBefore = cursor;
   const POINT place = cursorPos;
   const RECT whole = client;
@@ -92,7 +43,6 @@ void FakeWindow::Live() {
   Paint();
   cursorPos = place;
   cursor = cursorBefore;
-  painted = std::move(paintedBefore);
 }
 
 void FakeWindow::Paint() {
@@ -125,12 +75,4 @@ void FakeWindow::TryToChange() {
   if (!used && chart->ModelText() == before) return;
   std::cerr << "a chart can be changed behind a box, a menu or a dialog\n";
   std::abort();
-}
-
-void FakeWindow::Toggle(const std::string& stroke) {
-  if (toggled.erase(stroke) == 0) toggled.insert(stroke);
-}
-
-void FakeWindow::TakePainted(Metafile drawn) {
-  painted.insert(painted.end(), drawn.records.begin(), drawn.records.end());
 }

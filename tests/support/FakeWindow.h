@@ -1,21 +1,16 @@
 #pragma once
 
 #include <deque>
-#include <set>
-#include <string>
-#include <vector>
 
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
-#include "drawing/CDC.h"
 #include "drawing/Metafile.h"
 #include "platform/CWnd.h"
 #include "platform/WindowPeer.h"
 #include "tests/support/NestedLoop.h"
 
-/// A window without a screen. Messages are posted before the press that reads them; what is painted
-/// is recorded, and what is drawn to be erased by a second drawing is counted. While a box, a menu
-/// or a dialog waits, its events go on: it is resized, painted, and has the pointer over it.
+/// A window without a screen. Messages are posted before the press that reads them. While a box, a
+/// menu or a dialog waits, its events go on: it is resized, painted, and has the pointer over it.
 class FakeWindow : public WindowPeer {
  public:
   explicit FakeWindow(CWnd& window);
@@ -27,23 +22,22 @@ class FakeWindow : public WindowPeer {
   /// Every message has been read.
   bool IsDrained() const { return queue.empty(); }
 
-  /// How many strokes that erase each other are on the screen.
-  std::size_t Feedback() const { return toggled.size(); }
-  const std::vector<Metafile::Record>& Painted() const { return painted; }
-  void ForgetPainted() { painted.clear(); }
+  /// How many things show over the picture.
+  std::size_t Feedback() const { return window.ShownFeedback().size(); }
+  void Paint();
 
   POINT cursorPos;
   bool shiftDown = false;
   Cursor cursor = Cursor::Arrow;
   RECT client{0, 0, 1200, 900};
 
-  std::unique_ptr<CDC> CreateClientDC() override;
   RECT ClientRect() const override { return client; }
   void InvalidateRect(const RECT&) override {}
   void InvalidateRgn(const CRgn&) override {}
   void InvalidateAll() override {}
   void Update() override {}
   void SetRedraw(bool) override {}
+  void InvalidateFeedback(const RECT&) override {}
   void SetCapture() override { captured = true; }
   void ReleaseCapture() override { captured = false; }
   bool HasCapture() const override { return captured; }
@@ -55,21 +49,15 @@ class FakeWindow : public WindowPeer {
   void SetScrollBar(ScrollBar, int, int, int, int) override {}
   Message NextMessage() override;
 
-  void Toggle(const std::string& stroke);
-  void TakePainted(Metafile drawn);
-
  private:
   DialogEditors editors;
   DialogGenerators generators;
   CWnd& window;
   std::deque<Message> queue;
-  std::set<std::string> toggled;
-  std::vector<Metafile::Record> painted;
   bool captured = false;
 
   /// What a loop does with this window.
   void Live();
-  void Paint();
   void Hover(POINT p);
   /// Nothing that the user does reaches a chart behind what waits on top of it.
   void TryToChange();

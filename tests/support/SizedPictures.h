@@ -1,13 +1,16 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
+#include "drawing/CMetaFileDC.h"
 #include "drawing/CNullDC.h"
 #include "platform/Pictures.h"
 #include "platform/UseService.h"
 
-/// Makes pictures that tell their size, and whether they were painted as on paper.
+/// Makes pictures that tell their size, and whether they are as on paper, without handles and
+/// anchors.
 class SizedPictures : public Pictures {
  public:
   std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<CNullDC>(); }
@@ -23,10 +26,15 @@ class SizedPictures : public Pictures {
  private:
   std::optional<std::string> Make(SIZE size, const Paint& paint) const {
     if (size.cx > limit || size.cy > limit) return std::nullopt;
-    CNullDC dc;
+    CNullDC reference;
+    CMetaFileDC dc(reference);
     paint(dc);
-    return std::to_string(size.cx) + "x" + std::to_string(size.cy) +
-           (dc.IsPrinting() ? " printed" : "");
+    const Metafile drawn = dc.Close();
+    const bool marked = std::ranges::any_of(drawn.records, [](const Metafile::Record& record) {
+      return record.kind == Metafile::Kind::FillMask ||
+             (record.kind == Metafile::Kind::FillRect && record.brush == CBrush::Solid(0));
+    });
+    return std::to_string(size.cx) + "x" + std::to_string(size.cy) + (marked ? "" : " printed");
   }
   const UseService<Pictures> use{*this};
 };

@@ -2,11 +2,18 @@
 
 #include <memory>
 
+#include <QBackingStore>
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QWidget>
 
-// What a hand does with a widget, at places of the widget.
+// What a hand does with a widget, at places of the widget, and what an eye sees of a window.
+
+/// The pixels that stand on the screen, whatever a repaint would show.
+inline QImage OnScreen(const QWidget& window) {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+  return dynamic_cast<const QImage&>(*window.backingStore()->paintDevice()).copy();
+}
 
 /// With no button a move is one of a free pointer.
 inline std::unique_ptr<QMouseEvent> MouseEvent(QWidget& widget, QEvent::Type type, QPoint place,

@@ -37,7 +37,7 @@ class GestureTest : public testing::Test {
   }
   void Hover(QPoint p) { SendMouse(Area(), QEvent::MouseMove, p, Qt::NoButton); }
 
-  QImage Now() const { return widget->Picture().copy(); }
+  QImage Now() const { return OnScreen(*widget); }
   QImage Repainted() {
     chart->Invalidate();
     chart->UpdateWindow();
@@ -57,24 +57,48 @@ class GestureTest : public testing::Test {
   std::unique_ptr<QtView> widget;
 };
 
-/// A line of tests/golden/gestures.txt.
+/// A gesture of tests/golden/gestures.txt.
 struct Gesture {
   std::string name;
   std::vector<int> selection;
   QPoint press;
   QPoint release;
   Qt::KeyboardModifiers keys;
-  std::string changed;  ///< the lines of the model text that are new, each with a bar behind it
+  std::string changed;  ///< the lines of the model text that are new
   std::vector<int> selected;
   std::string feedback;  ///< what shows before the release: its box and the number of its pixels
 };
 
 std::vector<int> Numbers(const QString& text) {
   std::vector<int> numbers;
-  for (const QString& word : text.split(QRegularExpression("[ ,]"), Qt::SkipEmptyParts)) {
+  for (const QString& word : text.split(QRegularExpression("[^-0-9]+"), Qt::SkipEmptyParts)) {
     numbers.push_back(word.toInt());
   }
   return numbers;
+}
+
+/// Takes over a line of a gesture; false if it is none.
+bool Take(const QString& line, Gesture& gesture) {
+  const QString verb = line.section(' ', 0, 0);
+  const QString rest = line.section(' ', 1);
+  if (verb == "select") {
+    gesture.selection = Numbers(rest);
+  } else if (verb == "drag") {
+    const std::vector<int> way = Numbers(rest);
+    gesture.press = {way.at(0), way.at(1)};
+    gesture.release = {way.at(2), way.at(3)};
+    gesture.keys.setFlag(Qt::ShiftModifier, rest.endsWith("with Shift"));
+    gesture.keys.setFlag(Qt::ControlModifier, rest.endsWith("with Control"));
+  } else if (verb == "meanwhile") {
+    gesture.feedback = rest.toStdString();
+  } else if (verb == "writes") {
+    gesture.changed += rest.toStdString() + "\n";
+  } else if (verb == "selects") {
+    gesture.selected = Numbers(rest);
+  } else {
+    return false;
+  }
+  return true;
 }
 
 std::vector<Gesture> ReadGestures() {
@@ -83,19 +107,12 @@ std::vector<Gesture> ReadGestures() {
   std::vector<Gesture> gestures;
   for (const QString& line : QString::fromStdString(text).split('\n', Qt::SkipEmptyParts)) {
     if (line.startsWith('#')) continue;
-    const QStringList cells = line.split(';');
-    const std::vector<int> way = Numbers(cells[2]);
-    const auto keys = cells[3].contains("Shift")     ? Qt::ShiftModifier
-                      : cells[3].contains("Control") ? Qt::ControlModifier
-                                                     : Qt::NoModifier;
-    gestures.push_back({cells[0].toStdString(),
-                        Numbers(cells[1]),
-                        {way[0], way[1]},
-                        {way[2], way[3]},
-                        keys,
-                        cells[4].mid(1).toStdString(),
-                        Numbers(cells[5]),
-                        cells[6].trimmed().toStdString()});
+    if (!line.startsWith("  ")) {
+      gestures.emplace_back();
+      gestures.back().name = line.toStdString();
+    } else {
+      EXPECT_TRUE(Take(line.mid(2), gestures.back())) << line.toStdString();
+    }
   }
   return gestures;
 }
@@ -146,8 +163,8 @@ class EachGesture : public GestureTest, public testing::WithParamInterface<Gestu
       ++count;
     }
     std::ostringstream text;
-    text << box.left() << ',' << box.top() << ' ' << box.width() << 'x' << box.height() << ' '
-         << count;
+    text << box.left() << ',' << box.top() << ' ' << box.width() << 'x' << box.height() << ", "
+         << count << " pixels";
     return text.str();
   }
   void Release() {
@@ -157,7 +174,8 @@ class EachGesture : public GestureTest, public testing::WithParamInterface<Gestu
     std::string changed;
     std::istringstream in(chart->ModelText());
     for (std::string line; std::getline(in, line);) {
-      if (("\n" + before).find("\n" + line + "\n") == std::string::npos) changed += line + "|";
+      if (("\n" + before).find("\n" + line + "\n") != std::string::npos) continue;
+      changed += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
     }
     return changed;
   }
@@ -175,6 +193,7 @@ class EachGesture : public GestureTest, public testing::WithParamInterface<Gestu
     QApplication::processEvents();
     const QImage now = Now();
     EXPECT_EQ(now, Repainted()) << gesture.name;
+    EXPECT_TRUE(chart->ShownFeedback().empty()) << gesture.name;
   }
 
   const Gesture gesture = GetParam();

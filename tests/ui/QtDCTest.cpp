@@ -85,42 +85,6 @@ TEST(QtDCTest, LineLeavesOutItsLastPointInAllDirections) {
   }
 }
 
-TEST(QtDCTest, SecondDrawingUndoesTheFirst) {
-  Canvas reference;
-  const auto measure = reference.DC();
-  CMetaFileDC recorder(*measure);
-  for (const Primitive& primitive : kPrimitives) primitive.draw(recorder);
-  const Metafile metafile = recorder.Close();
-  std::vector<Primitive> all = kPrimitives;
-  all.push_back({"metafile at an offset", [&](CDC& dc) {
-                   SetZoom(dc, 7);
-                   dc.SetViewportOrg(dc.GetViewportOrg() + POINT{23, 17});
-                   dc.PlayMetaFile(metafile);
-                 }});
-  for (const double scale : kScales) {
-    for (const PenStyle style : {PenStyle::Solid, PenStyle::Dot}) {
-      for (const Primitive& primitive : all) {
-        SCOPED_TRACE(testing::Message() << primitive.name << " at " << scale);
-        Canvas canvas(120, 100, scale);
-        for (int i = 0; i < canvas.Image().width() * canvas.Image().height(); ++i) {
-          const auto noise = static_cast<unsigned>(i) * 2654435761U;
-          canvas.Image().setPixel(i % canvas.Image().width(), i / canvas.Image().width(),
-                                  0xFF000000 | noise >> 8);
-        }
-        const QImage before = canvas.Image().copy();
-        for (const bool back : {false, true}) {
-          canvas.Draw([&](CDC& dc) {
-            dc.SetROP2(RasterOp::NotXorPen);
-            dc.SelectPen({style, 0, 0x404040});
-            primitive.draw(dc);
-          });
-          EXPECT_EQ(canvas.Image() == before, back);
-        }
-      }
-    }
-  }
-}
-
 TEST(QtDCTest, StraightLinesAreSharpAtAnyScale) {
   for (const double scale : kScales) {
     for (const int zoom : {2, 4, 6, 7, 13}) {
@@ -170,7 +134,6 @@ TEST(QtDCTest, ClipHoldsForEverything) {
     {
       QtDC dc(canvas.Image(), 1, canvas.Fonts(), &clip);
       primitive.draw(dc);
-      EXPECT_TRUE(dc.Touched().contains(canvas.Painted()));
     }
     EXPECT_FALSE(canvas.Painted().isEmpty());
     EXPECT_LT(canvas.Painted().right(), 25);

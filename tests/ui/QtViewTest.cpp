@@ -1,6 +1,8 @@
 #include <array>
 
 #include "drawing/CRgn.h"
+#include "platform/Feedback.h"
+#include "platform/FeedbackDC.h"
 #include "platform/qt/QtView.h"
 #include "tests/ui/FakeChart.h"
 #include "tests/ui/WindowTest.h"
@@ -76,15 +78,37 @@ TEST_F(QtViewTest, PaintsOnlyWhatIsInvalidOnWhite) {
   EXPECT_EQ(At(5, 5), kWhite);
 }
 
-TEST_F(QtViewTest, AContextShowsAtOnceAndInsideAPaintIsLimitedToIt) {
-  view.GetDC()->FillSolidRect({5, 5, 10, 10}, RGB(1, 2, 3));
-  EXPECT_EQ(view.paints, 0);
-  EXPECT_EQ(Area().grab().toImage().pixel(5, 5), qRgb(1, 2, 3));
-  view.onDraw = [this](CDC&) { view.GetDC()->FillSolidRect({0, 0, 200, 150}, 0); };
-  view.InvalidateRect({10, 10, 20, 20});
-  view.UpdateWindow();
-  EXPECT_EQ(At(15, 15), qRgb(0, 0, 0));
-  EXPECT_EQ(At(25, 15), kRed);
+TEST_F(QtViewTest, FeedbackInvertsWhatIsShownForAsLongAsItStands) {
+  const QRgb inverted = 0xFF00FFFF;
+  const auto shown = [this](int x, int y) { return OnScreen(*widget).pixel(x, y); };
+  {
+    Feedback first;
+    Feedback second;
+    for (Feedback* each : {&first, &second}) FeedbackDC(*each, view).FillSolidRect({5, 5, 9, 9}, 0);
+    EXPECT_EQ(shown(5, 5), kRed) << "two that cross";
+    second.MoveTo({20, 10});
+    EXPECT_EQ(shown(5, 5), inverted);
+    EXPECT_EQ(shown(28, 18), inverted);
+    FeedbackDC(first, view).FillSolidRect({50, 5, 59, 9}, 0);
+    EXPECT_EQ(shown(5, 5), kRed) << "the drawing before";
+    EXPECT_EQ(shown(58, 8), inverted);
+    view.color = 0x00FF00;
+    view.InvalidateRect({55, 0, 100, 100});
+    view.UpdateWindow();
+    EXPECT_EQ(shown(58, 8), 0xFFFF00FF) << "a repaint below it";
+    EXPECT_EQ(shown(53, 8), inverted);
+    EXPECT_EQ(At(58, 8), kGreen);
+  }
+  EXPECT_EQ(shown(58, 8), kGreen);
+  EXPECT_EQ(shown(28, 18), kRed);
+  EXPECT_EQ(view.paints, 1);
+
+  Feedback late;
+  {
+    FakeView gone;
+    FeedbackDC(late, gone).FillSolidRect({5, 5, 9, 9}, 0);
+  }
+  EXPECT_FALSE(late.IsShown());
 }
 
 TEST_F(QtViewTest, MouseAndKeysReachTheView) {
