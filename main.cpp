@@ -12,6 +12,8 @@
 #include "shell/qt/SingleInstance.h"
 #include "shell/qt/StartRequests.h"
 
+using namespace morvane;
+
 namespace {
 
 /// Jobs say what they have to say themselves; the toolkit's remarks would spoil the output.

@@ -1,5 +1,7 @@
 #include "bench/ChartGenerator.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kColumns = 4;
@@ -143,3 +145,5 @@ std::string ChartGenerator::Finish() {
        << Block("", "DECL ");
   return std::move(text).str();
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 /// Writes model texts of a wanted size, always the same for the same size. A chart is a carpet of
 /// blocks: in each, eight states in two rows, six transitions between neighbours, four messages on
 /// their labels, and a note tied to a state by a line.
@@ -35,3 +37,5 @@ class ChartGenerator {
   std::ostringstream text;
   int lastId = 0;
 };
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+namespace morvane {
+
 namespace {
 
 struct Mark {
@@ -74,3 +76,5 @@ bool Marks::Report(double slack) const {
   }
   return allHold;
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 /// Prints the fastest repetition of each benchmark and keeps its time, for the marks at the end.
 /// Most are ratios of two times of one run, which say the same on a slow and on a fast machine.
 class Marks : public benchmark::ConsoleReporter {
@@ -23,3 +25,5 @@ class Marks : public benchmark::ConsoleReporter {
   std::map<std::string, double> best;     ///< seconds by name
   std::map<std::string, double> counted;  ///< what a benchmark counts, by name
 };
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 #include "model/ModelStream.h"
 #include "model/Shape.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kTreeWidth = 150;
@@ -73,3 +75,5 @@ void OpenChart::Read(const std::string& text, LayoutMgr& into) {
   ModelStream stream(in);
   stream >> into;
 }
+
+}  // namespace morvane

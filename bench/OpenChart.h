@@ -7,6 +7,8 @@
 #include "shell/CObjectTree.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 /// A chart in a window of its own, read and placed, with its object browser in another one.
 class OpenChart {
  public:
@@ -33,3 +35,5 @@ class OpenChart {
   CObjectTree tree;
   QtTreeCtrl treeWindow;
 };
+
+}  // namespace morvane

@@ -24,6 +24,8 @@
 #include "surface/ChartPicture.h"
 #include "tests/support/TempFolder.h"
 
+using namespace morvane;
+
 namespace {
 
 constexpr const char* kFirstPaint = "--first-paint";
@@ -66,7 +68,7 @@ void Place(benchmark::State& state) {
     auto view = std::make_unique<LayoutMgr>();
     OpenChart::Read(text, *view);
     const auto start = Clock::now();
-    view->PlaceWithoutWindow(false);
+    view->PlaceWithoutWindow(LayoutMgr::Size::Stored);
     state.SetIterationTime(SecondsSince(start));
   }
 }
@@ -148,7 +150,7 @@ void KeepUnsaved(benchmark::State& state) {
   document.SetView(std::make_unique<LayoutMgr>());
   auto& view = dynamic_cast<LayoutMgr&>(*document.GetView());
   OpenChart::Read(ChartOf(state), view);
-  view.PlaceWithoutWindow(false);
+  view.PlaceWithoutWindow(LayoutMgr::Size::Stored);
   document.RememberSavedText();
   std::vector<SharedText> edits;
   // As long as the author in the file, and near its end: all of the text is compared.
@@ -176,7 +178,7 @@ void DeleteAll(benchmark::State& state) {
 void ExportPng(benchmark::State& state) {
   LayoutMgr view;
   OpenChart::Read(ChartOf(state), view);
-  view.PlaceWithoutWindow(true);
+  view.PlaceWithoutWindow(LayoutMgr::Size::Normal);
   for (auto _ : state) {
     benchmark::DoNotOptimize(ChartPicture(view).MakePng());
   }

@@ -1,15 +1,19 @@
 #include "codegen/CCodegenC.h"
 
 #include "codegen/CodegenControls.h"
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 
-void CCodegenC::AddControls(CDialog& sheet, int page) {
-  sheet.Add(DialogControl::Kind::Group, IDC_INFO, "Additional Info (Optional)", page);
-  AddCodeBox(sheet, IDC_INCLUDES, "Include Files :", IDC_INFO);
-  AddCodeBox(sheet, IDC_DECLARATIONS, "Additional Declarations :", IDC_INFO);
+namespace morvane {
+
+void CCodegenC::AddControls(Dialog& sheet, int page) {
+  sheet.Add(DialogControl::Kind::Group, kInfoId, "Additional Info (Optional)", page);
+  AddCodeBox(sheet, kIncludesId, "Include Files :", kInfoId);
+  AddCodeBox(sheet, kDeclarationsId, "Additional Declarations :", kInfoId);
 }
 
-void CCodegenC::DoDataExchange(DataExchange& exchange) {
-  exchange.Text(IDC_INCLUDES, includes);
-  exchange.Text(IDC_DECLARATIONS, declarations);
+void CCodegenC::ExchangeFields(FieldExchange& exchange) {
+  exchange.Text(kIncludesId, includes);
+  exchange.Text(kDeclarationsId, declarations);
 }
+
+}  // namespace morvane

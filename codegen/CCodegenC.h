@@ -2,18 +2,22 @@
 
 #include <string>
 
-#include "platform/CPropertySheet.h"
+#include "platform/PropertySheet.h"
+
+namespace morvane {
 
 /// The page of the texts that the ANSI C generator reads.
-class CCodegenC : public CPropertyPage {
+class CCodegenC : public PropertyPage {
  public:
-  enum ControlId : int { IDC_INFO = 300, IDC_INCLUDES, IDC_DECLARATIONS };
+  enum ControlId : int { kInfoId = 300, kIncludesId, kDeclarationsId };
 
-  CCodegenC() : CPropertyPage("ANSI C") {}
+  CCodegenC() : PropertyPage("ANSI C") {}
 
-  void AddControls(CDialog& sheet, int page) override;
-  void DoDataExchange(DataExchange& exchange) override;
+  void AddControls(Dialog& sheet, int page) override;
+  void ExchangeFields(FieldExchange& exchange) override;
 
   std::string includes;
   std::string declarations;
 };
+
+}  // namespace morvane

@@ -2,25 +2,27 @@
 
 #include <string>
 
-#include "platform/CPropertySheet.h"
+#include "platform/PropertySheet.h"
+
+namespace morvane {
 
 /// The page of the texts that the C++ generator reads.
-class CCodegenCPP : public CPropertyPage {
+class CCodegenCPP : public PropertyPage {
  public:
   enum ControlId : int {
-    IDC_CONTEXT = 200,
-    IDC_CLASS_NAME,
-    IDC_INCLUDE_FILE,
-    IDC_NAMESPACE,
-    IDC_INFO,
-    IDC_INCLUDES,
-    IDC_DECLARATIONS
+    kContextId = 200,
+    kClassNameId,
+    kIncludeFileId,
+    kNamespaceId,
+    kInfoId,
+    kIncludesId,
+    kDeclarationsId
   };
 
-  CCodegenCPP() : CPropertyPage("C++") {}
+  CCodegenCPP() : PropertyPage("C++") {}
 
-  void AddControls(CDialog& sheet, int page) override;
-  void DoDataExchange(DataExchange& exchange) override;
+  void AddControls(Dialog& sheet, int page) override;
+  void ExchangeFields(FieldExchange& exchange) override;
 
   std::string className;
   std::string includeFile;
@@ -28,3 +30,5 @@ class CCodegenCPP : public CPropertyPage {
   std::string includes;
   std::string declarations;
 };
+
+}  // namespace morvane

@@ -1,16 +1,20 @@
 #pragma once
 
-#include "codegen/CCodegenPackage.h"
+#include "codegen/CodegenPackage.h"
+
+namespace morvane {
 
 /// The page of the texts that the C# generator reads.
-class CCodegenCSharp : public CCodegenPackage {
+class CCodegenCSharp : public CodegenPackage {
  public:
   static constexpr int kFirstId = 500;
   enum ControlId : int {
-    IDC_CLASS_NAME = kFirstId + kClassName,
-    IDC_PACKAGE = kFirstId + kPackage,
-    IDC_DECLARATIONS = kFirstId + kDeclarations
+    kClassNameId = kFirstId + kClassName,
+    kPackageId = kFirstId + kPackage,
+    kDeclarationsId = kFirstId + kDeclarations
   };
 
-  CCodegenCSharp() : CCodegenPackage("C# (.Net)", "Additional Declaration (Optional)", kFirstId) {}
+  CCodegenCSharp() : CodegenPackage("C# (.Net)", "Additional Declaration (Optional)", kFirstId) {}
 };
+
+}  // namespace morvane

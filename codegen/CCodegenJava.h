@@ -1,16 +1,20 @@
 #pragma once
 
-#include "codegen/CCodegenPackage.h"
+#include "codegen/CodegenPackage.h"
+
+namespace morvane {
 
 /// The page of the texts that the Java generator reads.
-class CCodegenJava : public CCodegenPackage {
+class CCodegenJava : public CodegenPackage {
  public:
   static constexpr int kFirstId = 400;
   enum ControlId : int {
-    IDC_CLASS_NAME = kFirstId + kClassName,
-    IDC_PACKAGE = kFirstId + kPackage,
-    IDC_DECLARATIONS = kFirstId + kDeclarations
+    kClassNameId = kFirstId + kClassName,
+    kPackageId = kFirstId + kPackage,
+    kDeclarationsId = kFirstId + kDeclarations
   };
 
-  CCodegenJava() : CCodegenPackage("Java", "Additional Info (Optional)", kFirstId) {}
+  CCodegenJava() : CodegenPackage("Java", "Additional Info (Optional)", kFirstId) {}
 };
+
+}  // namespace morvane

@@ -2,10 +2,14 @@
 
 #include "resources/Texts.h"
 
-CCodegenSheet::CCodegenSheet() : CPropertySheet(LoadText(IDS_CODEGEN_CAPTION)) {
+namespace morvane {
+
+CCodegenSheet::CCodegenSheet() : PropertySheet(LoadText(IDS_CODEGEN_CAPTION)) {
   AddPage(pageCpp);
   AddPage(pageC);
   AddPage(pageJava);
   AddPage(pageCSharp);
   AddButtons("OK", "Cancel");
 }
+
+}  // namespace morvane

@@ -4,10 +4,12 @@
 #include "codegen/CCodegenCPP.h"
 #include "codegen/CCodegenCSharp.h"
 #include "codegen/CCodegenJava.h"
-#include "platform/CPropertySheet.h"
+#include "platform/PropertySheet.h"
+
+namespace morvane {
 
 /// The code generation properties of a chart, a page for each language.
-class CCodegenSheet : public CPropertySheet {
+class CCodegenSheet : public PropertySheet {
  public:
   CCodegenSheet();
 
@@ -16,3 +18,5 @@ class CCodegenSheet : public CPropertySheet {
   CCodegenJava pageJava;
   CCodegenCSharp pageCSharp;
 };
+
+}  // namespace morvane

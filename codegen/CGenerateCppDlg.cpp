@@ -1,10 +1,12 @@
 #include "codegen/CGenerateCppDlg.h"
 
 #include "codegen/ToolInbox.h"
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 #include "platform/Files.h"
 #include "platform/InstallFolder.h"
 #include "resources/Texts.h"
+
+namespace morvane {
 
 namespace {
 
@@ -30,46 +32,46 @@ GeneratorHost& GeneratorHost::Default() {
   return service;
 }
 
-CGenerateCppDlg::CGenerateCppDlg(GeneratorKind kind) : CDialog("Code Generation"), kind(kind) {
-  Add(Kind::Edit, IDC_DESIGN_FILE, "Design File:");
-  Add(Kind::Edit, IDC_OUTPUT_FOLDER, "Output Folder:");
-  Add(Kind::CheckBox, IDC_DEBUG, "Debug Info (-g flag)");
-  DialogControl& output = Add(Kind::MultiEdit, IDC_OUTPUT, "");
+CGenerateCppDlg::CGenerateCppDlg(GeneratorKind kind) : Dialog("Code Generation"), kind(kind) {
+  Add(Kind::Edit, kDesignFileId, "Design File:");
+  Add(Kind::Edit, kOutputFolderId, "Output Folder:");
+  Add(Kind::CheckBox, kDebugId, "Debug Info (-g flag)");
+  DialogControl& output = Add(Kind::MultiEdit, kOutputId, "");
   output.code = true;
   output.width = kOutputWidth;
   output.lines = kOutputLines;
-  Add(Kind::Row, IDC_BUTTONS, "");
-  Add(Kind::Button, IDC_GENERATE, "Generate", IDC_BUTTONS).isDefault = true;
-  Add(Kind::Button, IDCANCEL, "Close", IDC_BUTTONS);
+  Add(Kind::Row, kButtonsId, "");
+  Add(Kind::Button, kGenerateId, "Generate", kButtonsId).isDefault = true;
+  Add(Kind::Button, IDCANCEL, "Close", kButtonsId);
 }
 
 void CGenerateCppDlg::Run() { Service<GeneratorHost>::Get().Run(*this); }
 
-void CGenerateCppDlg::DoDataExchange(DataExchange& exchange) {
-  exchange.Text(IDC_DESIGN_FILE, designFile);
-  exchange.Text(IDC_OUTPUT_FOLDER, outputFolder);
-  exchange.Check(IDC_DEBUG, debug);
+void CGenerateCppDlg::ExchangeFields(FieldExchange& exchange) {
+  exchange.Text(kDesignFileId, designFile);
+  exchange.Text(kOutputFolderId, outputFolder);
+  exchange.Check(kDebugId, debug);
 }
 
-void CGenerateCppDlg::OnInitDialog() {
+void CGenerateCppDlg::OnFilled() {
   outputFolder = FolderOf(designFile);
   const GeneratorTraits& traits = GeneratorTraits::Of(kind);
   SetCaption(LoadText(traits.title));
   if (!traits.hasDebugInfo) {
     debug = 0;
-    Enable(IDC_DEBUG, false);
+    Enable(kDebugId, false);
   }
-  UpdateData(false);
+  ShowFields();
 }
 
 void CGenerateCppDlg::OnClicked(int id) {
-  if (id == IDC_GENERATE) Generate();
+  if (id == kGenerateId) Generate();
 }
 
 void CGenerateCppDlg::Generate() {
-  Control(IDC_OUTPUT).text.clear();
+  Control(kOutputId).text.clear();
   if (outputBox != nullptr) outputBox->Clear();
-  UpdateData(true);
+  TakeFields();
   LaunchTool(CommandLine(), false);
 }
 
@@ -82,8 +84,10 @@ std::string CGenerateCppDlg::CommandLine() const {
 
 void CGenerateCppDlg::AppendOutput(const std::string& text) {
   if (!IsOpen()) return;
-  std::string& output = Control(IDC_OUTPUT).text;
+  std::string& output = Control(kOutputId).text;
   output += text;
   if (output.size() > kBoxLimit) output.erase(0, output.size() - kBoxLimit);
   if (outputBox != nullptr) outputBox->Append(text);
 }
+
+}  // namespace morvane

@@ -7,7 +7,9 @@
 
 #include "codegen/CRedirect.h"
 #include "codegen/GeneratorKind.h"
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 class CGenerateCppDlg;
 
@@ -32,15 +34,15 @@ class GeneratorHost {
 
 /// The dialog of a generator run: starts the tool for a saved model file and shows its output live.
 /// It has to be destroyed on the user-interface thread; that ends a tool that still runs.
-class CGenerateCppDlg : public CDialog, public CRedirect {
+class CGenerateCppDlg : public Dialog, public CRedirect {
  public:
   enum ControlId : int {
-    IDC_DESIGN_FILE = 100,
-    IDC_OUTPUT_FOLDER,
-    IDC_DEBUG,
-    IDC_OUTPUT,
-    IDC_BUTTONS,
-    IDC_GENERATE,
+    kDesignFileId = 100,
+    kOutputFolderId,
+    kDebugId,
+    kOutputId,
+    kButtonsId,
+    kGenerateId,
   };
 
   /// What the output box holds at most, in bytes. The newest text stays.
@@ -55,8 +57,8 @@ class CGenerateCppDlg : public CDialog, public CRedirect {
 
  protected:
   void Run() override;
-  void DoDataExchange(DataExchange& exchange) override;
-  void OnInitDialog() override;
+  void ExchangeFields(FieldExchange& exchange) override;
+  void OnFilled() override;
   void OnClicked(int id) override;
   void OnToolOutput(const std::string& text) override { AppendOutput(text); }
   void OnToolError(const std::string& text) override { AppendOutput(text); }
@@ -72,3 +74,5 @@ class CGenerateCppDlg : public CDialog, public CRedirect {
   std::int32_t debug = 1;
   OutputBox* outputBox = nullptr;
 };
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 #include "platform/Process.h"
 #include "platform/UiThread.h"
 
+namespace morvane {
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -164,3 +166,5 @@ void CRedirect::Stop(Pauses pauses) {
   ended->process->Terminate();
   ended->process->WaitForEnd(longestWait);
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+namespace morvane {
+
 class Process;
 
 /// Starts a tool with its output redirected and reports what it writes. Two readers and a watcher
@@ -51,3 +53,5 @@ class CRedirect {
   std::chrono::milliseconds longestWait;
   std::shared_ptr<Run> run;  ///< shared with its threads
 };
+
+}  // namespace morvane

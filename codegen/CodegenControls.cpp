@@ -1,13 +1,17 @@
 #include "codegen/CodegenControls.h"
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 
-void AddNameBox(CDialog& sheet, int id, const std::string& label, int group) {
+namespace morvane {
+
+void AddNameBox(Dialog& sheet, int id, const std::string& label, int group) {
   sheet.Add(DialogControl::Kind::Edit, id, label, group).code = true;
 }
 
-void AddCodeBox(CDialog& sheet, int id, const std::string& label, int group) {
+void AddCodeBox(Dialog& sheet, int id, const std::string& label, int group) {
   DialogControl& box = sheet.Add(DialogControl::Kind::MultiEdit, id, label, group);
   box.code = true;
   box.width = 52;
 }
+
+}  // namespace morvane

@@ -2,11 +2,15 @@
 
 #include <string>
 
-class CDialog;
+namespace morvane {
+
+class Dialog;
 
 // The two kinds of boxes that the pages of the code generation properties are made of.
 
 /// A box of one line, for the name of a class, a file or a package.
-void AddNameBox(CDialog& sheet, int id, const std::string& label, int group);
+void AddNameBox(Dialog& sheet, int id, const std::string& label, int group);
 /// A box of several lines of code.
-void AddCodeBox(CDialog& sheet, int id, const std::string& label, int group);
+void AddCodeBox(Dialog& sheet, int id, const std::string& label, int group);
+
+}  // namespace morvane

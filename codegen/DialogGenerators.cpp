@@ -7,7 +7,9 @@
 #include "codegen/CGenerateCppDlg.h"
 #include "codegen/GeneratorKind.h"
 #include "model/ModelProperties.h"
-#include "platform/CWaitCursor.h"
+#include "platform/WaitCursor.h"
+
+namespace morvane {
 
 namespace {
 
@@ -57,6 +59,8 @@ void DialogGenerators::Run(unsigned command, const std::string& path) {
   dialog->SetDesignFile(path);
   dialog->DoModal();
   // The end of the tool takes its time.
-  const CWaitCursor wait;
+  const WaitCursor wait;
   dialog.reset();
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "platform/UseService.h"
 #include "surface/Generators.h"
 
+namespace morvane {
+
 /// Shows the sheet of the generators' texts and the dialog of their run, as long as it lives.
 class DialogGenerators : public Generators {
  public:
@@ -12,3 +14,5 @@ class DialogGenerators : public Generators {
  private:
   const UseService<Generators> use{*this};
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 /// In the order of the kinds.
@@ -27,3 +29,5 @@ GeneratorKind GeneratorTraits::KindOf(unsigned command) {
 const GeneratorTraits& GeneratorTraits::Of(GeneratorKind kind) {
   return kTraits.at(static_cast<std::size_t>(kind));
 }
+
+}  // namespace morvane

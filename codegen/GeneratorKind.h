@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 /// The tools that make code from a model file.
 enum class GeneratorKind { Cpp, C, CSharp, Java, Xml };
 
@@ -14,3 +16,5 @@ struct GeneratorTraits {
   /// The kind that a command of the five runs.
   static GeneratorKind KindOf(unsigned command);
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "drawing/TextCodec.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr char kCr = '\r';
@@ -50,3 +52,5 @@ std::string ScreenText::Add(std::string_view bytes) {
   for (const std::string_view line : lines) text += ToUtf8(line) + kLf;
   return text + ToUtf8(rest);
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 /// Turns the bytes of a tool's output into lines for the screen, as they come. Each line is UTF-8
 /// or else Windows-1252 for itself, and ends at LF, CR LF or CR, wherever the bytes were cut.
 class ScreenText {
@@ -21,3 +23,5 @@ class ScreenText {
  private:
   std::string unfinished;  ///< the bytes of the last line so far
 };
+
+}  // namespace morvane

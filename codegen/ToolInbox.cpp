@@ -5,6 +5,8 @@
 
 #include "platform/UiThread.h"
 
+namespace morvane {
+
 ToolInbox::ToolInbox(UiThread& ui, Receiver receiver) : ui(&ui), receiver(std::move(receiver)) {}
 
 void ToolInbox::Add(Kind kind, std::string_view text) {
@@ -52,3 +54,5 @@ void ToolInbox::Deliver() {
     if (receiver) receiver(joined.kind, joined.text);
   }
 }
+
+}  // namespace morvane

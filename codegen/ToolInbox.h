@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 class UiThread;
 
 /// What the threads of a tool's run report, on its way to the user-interface thread. It never makes
@@ -44,3 +46,5 @@ class ToolInbox : public std::enable_shared_from_this<ToolInbox> {
   std::size_t size = 0;  ///< bytes of all reports
   Receiver receiver;     ///< for the user-interface thread alone
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "model/DrawResources.h"
 #include "platform/FeedbackDC.h"
 
+namespace morvane {
+
 namespace {
 constexpr std::int32_t kReach = 6;
 }
@@ -15,3 +17,5 @@ void AnchorMarker::Show(POINT point, CWnd& window) {
   dc.SelectBrush(CBrush::Null());
   dc.Rectangle(InflateRect(RECT{}, kReach));
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "platform/Feedback.h"
 
+namespace morvane {
+
 /// The highlight on the anchor under the pointer, at a point in device pixels of the client area.
 class AnchorMarker {
  public:
@@ -11,3 +13,5 @@ class AnchorMarker {
  private:
   Feedback feedback;
 };
+
+}  // namespace morvane

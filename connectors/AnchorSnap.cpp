@@ -5,6 +5,8 @@
 #include "model/ChartView.h"
 #include "model/Connectable.h"
 
+namespace morvane {
+
 bool SnapToAnchor(const Connectable* candidate, ChartView& view, AnchorMarker& marker,
                   POINT& client) {
   // The marks of the right and bottom side stand further in.
@@ -21,3 +23,5 @@ bool SnapToAnchor(const Connectable* candidate, ChartView& view, AnchorMarker& m
   marker.Show(client, view);
   return true;
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class AnchorMarker;
 class Connectable;
 class ChartView;
@@ -11,3 +13,5 @@ class ChartView;
 /// hides. The point is in device pixels, in and out. True at an anchor.
 bool SnapToAnchor(const Connectable* candidate, ChartView& view, AnchorMarker& marker,
                   POINT& client);
+
+}  // namespace morvane

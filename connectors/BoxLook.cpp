@@ -3,6 +3,8 @@
 #include "model/Editors.h"
 #include "model/ModelStream.h"
 
+namespace morvane {
+
 void BoxLook::Write(ModelStream& stream) const {
   stream << bgTransparent << ' ' << noBorder << ' ' << bgColor << ' ' << borderColor << '\n';
 }
@@ -22,3 +24,5 @@ void BoxLook::Take(const BoxFields& fields, bool& showAnchors) {
   bgColor = fields.bgColor;
   borderColor = fields.borderColor;
 }
+
+}  // namespace morvane

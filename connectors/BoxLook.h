@@ -4,6 +4,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class ModelStream;
 struct BoxFields;
 
@@ -20,3 +22,5 @@ struct BoxLook {
   COLORREF bgColor = 0xFFFFFF;
   COLORREF borderColor = 0;
 };
+
+}  // namespace morvane

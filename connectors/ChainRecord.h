@@ -4,6 +4,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 /// The classes of links as numbers of the model text.
 enum LinkKind : std::int32_t { LINK_V = 0, LINK_H = 1, LINK_HEAD = 2, LINK_TAIL = 3 };
 
@@ -15,3 +17,5 @@ struct ChainRecord {
   POINT end;
   friend bool operator==(const ChainRecord&, const ChainRecord&) = default;
 };
+
+}  // namespace morvane

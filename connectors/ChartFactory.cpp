@@ -11,6 +11,8 @@
 #include "states/GenericState.h"
 #include "states/InitialState.h"
 
+namespace morvane {
+
 namespace {
 
 template <class Made>
@@ -34,3 +36,5 @@ const Factory& ChartFactory() {
   static const Factory factory(kMakers);
   return factory;
 }
+
+}  // namespace morvane

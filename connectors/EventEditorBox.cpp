@@ -9,6 +9,8 @@
 #include "platform/Service.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 /// Older texts hold the effect alone.
@@ -67,3 +69,5 @@ bool EventEditorBox::ReplaceAll(const std::string& findText, const std::string& 
 bool EventEditorBox::EditText(const std::string& /*title*/) {
   return Service<Editors>::Get().EditEvent(event, guard, effect);
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "drawing/Geometry.h"
 #include "states/TextHandler.h"
 
+namespace morvane {
+
 class CDC;
 class ChartView;
 class ModelStream;
@@ -32,3 +34,5 @@ class EventEditorBox : public TextHandler {
   std::string effect;
   ChartView* view = nullptr;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "connectors/SegmentLink.h"
 
+namespace morvane {
+
 HeadLink::HeadLink(const Transition* owner) : Link(LINK_HEAD, nullptr, nullptr, owner) {}
 
 void HeadLink::SetEnds(const POINT& newStart, const POINT& newEnd) {
@@ -79,3 +81,5 @@ void HeadLink::DestroyFollowing() {
     delete dead;
   }
 }
+
+}  // namespace morvane

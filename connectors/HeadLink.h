@@ -2,6 +2,8 @@
 
 #include "connectors/Link.h"
 
+namespace morvane {
+
 /// The stub at the source: `start` is the anchor, `end` the stub point. It never gives way to its
 /// neighbour but closes a gap with new links.
 class HeadLink : public Link {
@@ -21,3 +23,5 @@ class HeadLink : public Link {
   /// Deletes every link behind this one, the tail included.
   void DestroyFollowing();
 };
+
+}  // namespace morvane

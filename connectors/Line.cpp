@@ -16,6 +16,8 @@
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::int32_t kHandleReach = 3;
@@ -109,8 +111,8 @@ void Line::Draw(CDC* dc) {
 
 void Line::DrawMarks(CDC& window) {
   if (!IsInSelection()) return;
-  window.FillSolidRect(GetStartHandle(), DrawResources::Instance().handleColor);
-  window.FillSolidRect(GetEndHandle(), DrawResources::Instance().handleColor);
+  window.FillSolidRect(GetStartHandle(), DrawResources::Instance().handleColour);
+  window.FillSolidRect(GetEndHandle(), DrawResources::Instance().handleColour);
 }
 
 CRgn Line::RegionAt(const Conversion& convert) const {
@@ -198,3 +200,5 @@ void Line::EditProperties() {
   if (!Service<Editors>::Get().EditLine(colourIndex, styleIndex)) return;
   Invalidate();
 }
+
+}  // namespace morvane

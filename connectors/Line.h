@@ -5,6 +5,8 @@
 #include "model/ComplexShape.h"
 #include "model/Connector.h"
 
+namespace morvane {
+
 class Connectable;
 
 /// The straight connector that ties a note to what it explains. It has no direction; each end hangs
@@ -73,3 +75,5 @@ class Line : public ComplexShape, public Connector {
   std::int32_t colourIndex = 0;
   std::int32_t styleIndex = 0;
 };
+
+}  // namespace morvane

@@ -11,6 +11,8 @@
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
 
+namespace morvane {
+
 namespace {
 
 void ForwardDragMove(POINT& client, void* line) { static_cast<Line*>(line)->OnDragMove(client); }
@@ -87,3 +89,5 @@ bool Line::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*messag
   view->SetCursor(cursor);
   return true;
 }
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #include "connectors/LinePens.h"
 
+namespace morvane {
+
 namespace {
 
 template <class Table>
@@ -13,3 +15,5 @@ auto EntryOf(const Table& table, std::int32_t index) {
 CPen MakeLinePen(std::int32_t styleIndex, std::int32_t colourIndex) {
   return {EntryOf(kLineStyles, styleIndex), 0, EntryOf(kLineColours, colourIndex)};
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include "drawing/DrawingTools.h"
 
+namespace morvane {
+
 // The colours and pen styles that a line can have. Model texts and settings hold indices into these
 // tables, so their order is fixed.
 
@@ -19,3 +21,5 @@ inline constexpr std::array<PenStyle, 5> kLineStyles = {
 
 /// The pen of a line, one device pixel wide. An index outside its table counts as 0.
 CPen MakeLinePen(std::int32_t styleIndex, std::int32_t colourIndex);
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "connectors/HandleSquare.h"
 #include "connectors/Transition.h"
 
+namespace morvane {
+
 namespace {
 constexpr std::int32_t kHandleReach = 2;
 }
@@ -15,3 +17,5 @@ void Link::Offset(const POINT& delta) {
 RECT Link::HandleAround(POINT model) const {
   return HandleSquare(owner->ToClient(model), kHandleReach);
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "connectors/ChainRecord.h"
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class Transition;
 
 /// One piece of the route of a transition. The links of a route form a chain from the source to the
@@ -51,3 +53,5 @@ class Link {
   /// The handle around a model point.
   RECT HandleAround(POINT model) const;
 };
+
+}  // namespace morvane

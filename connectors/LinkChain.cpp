@@ -7,6 +7,8 @@
 #include "connectors/SegmentLink.h"
 #include "connectors/TailLink.h"
 
+namespace morvane {
+
 namespace {
 
 bool IsSegmentRecord(const ChainRecord& record) {
@@ -163,3 +165,5 @@ bool LinkChain::RemoveCrossing() {
   last->SetEnds(crossing->point, last->end);
   return false;
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 
 #include "connectors/ChainRecord.h"
 
+namespace morvane {
+
 class HeadLink;
 class Link;
 class TailLink;
@@ -47,3 +49,5 @@ class LinkChain {
   HeadLink* head = nullptr;
   TailLink* tail = nullptr;
 };
+
+}  // namespace morvane

@@ -13,6 +13,8 @@
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::int32_t kStickReach = 4;
@@ -177,3 +179,5 @@ void Mesg::EditProperties() {
   look.Take(fields, showAnchors);
   Invalidate();
 }
+
+}  // namespace morvane

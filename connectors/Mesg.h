@@ -5,6 +5,8 @@
 #include "connectors/EventEditorBox.h"
 #include "model/ConnectableRectShape.h"
 
+namespace morvane {
+
 class Transition;
 
 /// The box that carries the event, guard and effect of a transition. While its centre stands on the
@@ -69,3 +71,5 @@ class Mesg : public ConnectableRectShape {
   BoxLook look;
   std::int32_t transitionId = 0;
 };
+
+}  // namespace morvane

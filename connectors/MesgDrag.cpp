@@ -8,6 +8,8 @@
 #include "model/DrawResources.h"
 #include "model/PointTracker.h"
 
+namespace morvane {
+
 namespace {
 
 /// How far around the label the rubber line snaps to it, device pixels.
@@ -53,3 +55,5 @@ bool Mesg::OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) {
   view->SetCursor(DrawResources::Instance().endHandle);
   return true;
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "drawing/Metafile.h"
 #include "platform/Feedback.h"
 
+namespace morvane {
+
 /// The ghost of a connector during a drag: a recording that is made once and moves with the
 /// pointer. Points are offsets in device pixels.
 class MetafileStamp {
@@ -19,3 +21,5 @@ class MetafileStamp {
   Metafile metafile;
   Feedback feedback;
 };
+
+}  // namespace morvane

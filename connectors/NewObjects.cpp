@@ -14,6 +14,8 @@
 #include "states/GenericState.h"
 #include "states/InitialState.h"
 
+namespace morvane {
+
 namespace {
 
 /// Half the height of a transition that is inserted by itself, and of a line's box, model units.
@@ -86,3 +88,5 @@ void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
     transition->MoveTargetFree(endPoint->x, endPoint->y);
   }
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class EndableState;
 class Mesg;
 class ModelMgr;
@@ -22,3 +24,5 @@ void InsertLine(ModelMgr& model, POINT& client);
 /// From an anchor to the same anchor nothing is made.
 void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
                     const AnchorKey* fromKey, const AnchorKey* toKey, const POINT* endPoint);
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 const std::string kBeginTag = "TEXTBEGIN";
@@ -106,3 +108,5 @@ void Note::EditProperties() {
   look.Take(fields, showAnchors);
   Invalidate();
 }
+
+}  // namespace morvane

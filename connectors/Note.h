@@ -4,6 +4,8 @@
 #include "connectors/TextBox.h"
 #include "model/ConnectableRectShape.h"
 
+namespace morvane {
+
 /// A free comment: a sheet of paper with a folded corner.
 class Note : public ConnectableRectShape {
  public:
@@ -32,3 +34,5 @@ class Note : public ConnectableRectShape {
   TextBox text;
   BoxLook look{.bgColor = 0x80FFFF, .borderColor = 0x000080};
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 
 #include "model/ShapeGeometry.h"
 
+namespace morvane {
+
 namespace {
 
 using Index = std::uint32_t;
@@ -192,3 +194,5 @@ std::optional<RouteCrossing> FindRouteCrossing(std::span<const RouteSegment> rou
   }
   return std::nullopt;
 }
+
+}  // namespace morvane

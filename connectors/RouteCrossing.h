@@ -6,6 +6,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 /// An axis-parallel piece of a route.
 struct RouteSegment {
   POINT start;
@@ -23,3 +25,5 @@ struct RouteCrossing {
 /// The first piece that a later one crosses, with the last one that crosses it. A piece isn't
 /// compared with its direct successor. Takes time in the order of n log n for any route.
 std::optional<RouteCrossing> FindRouteCrossing(std::span<const RouteSegment> route);
+
+}  // namespace morvane

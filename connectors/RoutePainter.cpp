@@ -6,6 +6,8 @@
 #include "drawing/CDC.h"
 #include "model/ShapeGeometry.h"
 
+namespace morvane {
+
 namespace {
 
 /// Half the width of the arrow head, in the units of the context.
@@ -98,3 +100,5 @@ void RoutePainter::DrawCorner(CDC& dc, POINT a, POINT c, POINT b) {
   }
   dc.Arc(box, start, end);
 }
+
+}  // namespace morvane

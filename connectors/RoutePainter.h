@@ -5,6 +5,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class CDC;
 
 /// Paints a route with rounded corners and an arrow head in the pen of a context. The points of the
@@ -35,3 +37,5 @@ class RoutePainter {
   Conversion convert;
   RECT clip;
 };
+
+}  // namespace morvane

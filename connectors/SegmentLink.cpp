@@ -5,6 +5,8 @@
 #include "connectors/HLink.h"
 #include "connectors/VLink.h"
 
+namespace morvane {
+
 namespace {
 /// A shorter link has no handle, model units.
 constexpr std::int64_t kLeastLengthWithHandle = 2;
@@ -110,3 +112,5 @@ void SegmentLink::Collapse() {
     if (empty->start != empty->end) return;
   }
 }
+
+}  // namespace morvane

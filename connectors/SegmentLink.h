@@ -2,6 +2,8 @@
 
 #include "connectors/Link.h"
 
+namespace morvane {
+
 /// What `HLink` and `VLink` share: everything, but for the axis. The comments speak of the fixed
 /// coordinate, which all points of the link share: y of a horizontal link, x of a vertical one.
 class SegmentLink : public Link {
@@ -34,3 +36,5 @@ class SegmentLink : public Link {
  private:
   void Collapse();
 };
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "model/Collection.h"
 #include "model/PointTracker.h"
 
+namespace morvane {
+
 void DragSelection(PointTracker& tracker, ChartView& view, POINT press) {
   tracker.fixedPoint = tracker.movingPoint = press;
   Collection& selection = view.GetSelection();
@@ -14,3 +16,5 @@ void DragSelection(PointTracker& tracker, ChartView& view, POINT press) {
   }
   selection.Broadcast(BROADCAST_END_GHOST, nullptr, nullptr);
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "connectors/SegmentLink.h"
 
+namespace morvane {
+
 TailLink::TailLink(Link* prev, const Transition* owner) : Link(LINK_TAIL, prev, nullptr, owner) {}
 
 void TailLink::SetEnds(const POINT& newStart, const POINT& newEnd) {
@@ -42,3 +44,5 @@ void TailLink::MoveEnds(const POINT& newStart, const POINT& newEnd) {
   }
   end = newEnd;
 }
+
+}  // namespace morvane

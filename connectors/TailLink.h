@@ -2,6 +2,8 @@
 
 #include "connectors/Link.h"
 
+namespace morvane {
+
 /// The stub at the target: `start` is the stub point, `end` the anchor.
 class TailLink : public Link {
  public:
@@ -16,3 +18,5 @@ class TailLink : public Link {
   /// The target end moves to a new stub and anchor point; the chain follows by its local rules.
   void MoveEnds(const POINT& newStart, const POINT& newEnd);
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "model/Editors.h"
 #include "platform/Service.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::string_view kHiddenMark = "<M>";
@@ -40,3 +42,5 @@ bool TextBox::ReplaceAll(const std::string& findText, const std::string& replace
 bool TextBox::EditText(const std::string& title) {
   return Service<Editors>::Get().EditText(title, text);
 }
+
+}  // namespace morvane

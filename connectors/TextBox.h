@@ -3,6 +3,8 @@
 #include "drawing/Geometry.h"
 #include "states/TextHandler.h"
 
+namespace morvane {
+
 class CDC;
 class ChartView;
 
@@ -26,3 +28,5 @@ class TextBox : public TextHandler {
   std::string text;
   ChartView* view = nullptr;
 };
+
+}  // namespace morvane

@@ -16,6 +16,8 @@
 #include "states/EndableState.h"
 #include "states/StartableState.h"
 
+namespace morvane {
+
 Transition::Transition() = default;
 
 Transition::Transition(std::int32_t id, ChartView* view, POINT sourcePoint, POINT targetPoint)
@@ -216,3 +218,5 @@ void Transition::AddMesg() {
   mesg = InsertMesg(*mgr, origin, this);
   mesg->Align();
 }
+
+}  // namespace morvane

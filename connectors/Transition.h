@@ -10,6 +10,8 @@
 #include "model/AnchorKey.h"
 #include "states/StateTransition.h"
 
+namespace morvane {
+
 class EndableState;
 class Mesg;
 class StartableState;
@@ -143,3 +145,5 @@ class Transition : public StateTransition {
   std::int32_t sourceId = 0;
   std::int32_t targetId = 0;
 };
+
+}  // namespace morvane

@@ -14,6 +14,8 @@
 #include "states/EndableState.h"
 #include "states/StartableState.h"
 
+namespace morvane {
+
 namespace {
 
 void ForwardDragMove(POINT& client, void* transition) {
@@ -141,3 +143,5 @@ bool Transition::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*
   view->SetCursor(cursor);
   return true;
 }
+
+}  // namespace morvane

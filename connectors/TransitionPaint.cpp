@@ -6,9 +6,11 @@
 #include "connectors/Transition.h"
 #include "drawing/CDC.h"
 #include "drawing/CMetaFileDC.h"
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
+
+namespace morvane {
 
 namespace {
 
@@ -41,7 +43,8 @@ void Transition::DrawMarks(CDC& window) {
   const DrawResources& resources = DrawResources::Instance();
   const bool selected = IsInSelection();
   if (selected) {
-    for (const RECT& handle : VisibleHandles()) window.FillSolidRect(handle, resources.handleColor);
+    for (const RECT& handle : VisibleHandles())
+      window.FillSolidRect(handle, resources.handleColour);
   }
   if (mesg != nullptr && (selected || mesg->IsInSelection())) {
     window.FrameRect(GetLabelRect(), resources.linkBrush);
@@ -107,10 +110,12 @@ void Transition::OnSelectionChanged() {
 /// `offset` is less the scroll position, model units.
 void Transition::ShowGhost(POINT offset) {
   if (!stamp.IsActive()) {
-    CNullDC reference;
+    NullDC reference;
     GhostRecording recording(reference, view->GetClientRect());
     DrawRoute(&recording, &DrawResources::Instance().rubberPen);
     stamp.SetMetafile(recording.Close());
   }
   stamp.Show(view->ToDevice(view->AddScroll(offset)), *view);
 }
+
+}  // namespace morvane

@@ -13,6 +13,8 @@
 #include "model/ShapeGeometry.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 /// So many crossings are cut out after one change before the route counts as beyond repair.
@@ -141,3 +143,5 @@ bool Transition::HitTest(const POINT& client) const {
   return IsPlaced() && PtInRect(view->ToClient(GetPaintBounds()), client) &&
          ComplexShape::HitTest(client);
 }
+
+}  // namespace morvane

@@ -2,7 +2,9 @@
 
 #include "connectors/LinePens.h"
 #include "drawing/CDC.h"
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 namespace {
 
@@ -23,3 +25,5 @@ void CColorComboEx::PaintItem(CDC& dc, int index, const RECT& r, bool selected) 
   if (selected) dc.DrawFocusRect(inner);
   dc.FrameRect(r, CBrush::Solid(kFrame));
 }
+
+}  // namespace morvane

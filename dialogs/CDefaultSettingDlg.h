@@ -1,41 +1,43 @@
 #pragma once
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 struct Defaults;
 
 /// Edits what new objects and new views take.
-class CDefaultSettingDlg : public CDialog {
+class CDefaultSettingDlg : public Dialog {
  public:
   enum ControlId : int {
-    IDC_GROUPS = 100,
-    IDC_STATE,
-    IDC_STATE_NAME,
-    IDC_STATE_ANCHOR,
-    IDC_ENTRY,
-    IDC_EXIT,
-    IDC_STATE_BG,
-    IDC_STATE_BG_ROW,
-    IDC_STATE_TRANSPARENT,
-    IDC_STATE_BG_COLOR,
-    IDC_MESG_COLUMN,
-    IDC_MESG,
-    IDC_MESG_ANCHOR,
-    IDC_BORDER,
-    IDC_BORDER_ROW,
-    IDC_NO_BORDER,
-    IDC_BORDER_COLOR,
-    IDC_MESG_BG,
-    IDC_MESG_BG_ROW,
-    IDC_MESG_TRANSPARENT,
-    IDC_MESG_BG_COLOR,
-    IDC_LINE,
-    IDC_LINE_COLOR,
-    IDC_LINE_STYLE,
-    IDC_GRID_COLUMN,
-    IDC_GRID,
-    IDC_SHOW_GRID,
-    IDC_TEXT_STYLE
+    kGroupsId = 100,
+    kStateId,
+    kStateNameId,
+    kStateAnchorId,
+    kEntryId,
+    kExitId,
+    kStateBgId,
+    kStateBgRowId,
+    kStateTransparentId,
+    kStateBgColourId,
+    kMesgColumnId,
+    kMesgId,
+    kMesgAnchorId,
+    kBorderId,
+    kBorderRowId,
+    kNoBorderId,
+    kBorderColourId,
+    kMesgBgId,
+    kMesgBgRowId,
+    kMesgTransparentId,
+    kMesgBgColourId,
+    kLineId,
+    kLineColourId,
+    kLineStyleId,
+    kGridColumnId,
+    kGridId,
+    kShowGridId,
+    kTextStyleId
   };
 
   static CDefaultSettingDlg& Instance();
@@ -45,8 +47,8 @@ class CDefaultSettingDlg : public CDialog {
   void ShowDialog();
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
-  void OnInitDialog() override;
+  void ExchangeFields(FieldExchange& exchange) override;
+  void OnFilled() override;
   void OnClicked(int id) override;
   bool OnOk() override;
 
@@ -56,9 +58,11 @@ class CDefaultSettingDlg : public CDialog {
   void AddMesg();
   void AddLine();
   void AddGrid();
-  void AddColorRow(int group, int row, int box, const char* label, int button);
+  void AddColourRow(int group, int row, int box, const char* label, int button);
   void EnableButtons();
   void ChooseFont();
 
   Defaults& defaults;
 };
+
+}  // namespace morvane

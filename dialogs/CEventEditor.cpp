@@ -1,21 +1,23 @@
 #include "dialogs/CEventEditor.h"
 
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
-CEventEditor::CEventEditor() : CDialog("Edit Event") {
+namespace morvane {
+
+CEventEditor::CEventEditor() : Dialog("Edit Event") {
   using Kind = DialogControl::Kind;
   constexpr int codeWidth = 56;
-  Add(Kind::Group, IDC_EVENT_GROUP, "Event");
-  Add(Kind::Edit, IDC_EVENT, "", IDC_EVENT_GROUP).code = true;
-  Add(Kind::Group, IDC_GUARD_GROUP, "Guard");
-  DialogControl& guardBox = Add(Kind::Edit, IDC_GUARD, "", IDC_GUARD_GROUP);
+  Add(Kind::Group, kEventGroupId, "Event");
+  Add(Kind::Edit, kEventId, "", kEventGroupId).code = true;
+  Add(Kind::Group, kGuardGroupId, "Guard");
+  DialogControl& guardBox = Add(Kind::Edit, kGuardId, "", kGuardGroupId);
   guardBox.prefix = "[";
   guardBox.suffix = "]";
   guardBox.code = true;
-  Add(Kind::Group, IDC_EFFECT_GROUP, "Effect");
-  DialogControl& effectBox = Add(Kind::MultiEdit, IDC_EFFECT, "", IDC_EFFECT_GROUP);
+  Add(Kind::Group, kEffectGroupId, "Effect");
+  DialogControl& effectBox = Add(Kind::MultiEdit, kEffectId, "", kEffectGroupId);
   effectBox.prefix = "/";
   effectBox.code = true;
   effectBox.width = codeWidth;
@@ -23,16 +25,18 @@ CEventEditor::CEventEditor() : CDialog("Edit Event") {
   AddButtons("Update", "Cancel");
 }
 
-void CEventEditor::DoDataExchange(DataExchange& exchange) {
-  exchange.Text(IDC_EVENT, event);
-  exchange.Text(IDC_GUARD, guard);
-  exchange.Text(IDC_EFFECT, effect);
+void CEventEditor::ExchangeFields(FieldExchange& exchange) {
+  exchange.Text(kEventId, event);
+  exchange.Text(kGuardId, guard);
+  exchange.Text(kEffectId, effect);
 }
 
 bool CEventEditor::OnOk() {
-  UpdateData(true);
+  TakeFields();
   if (!event.empty()) return true;
   ShowMessage(LoadText(IDS_EVENT_EMPTY), MB_ICONHAND);
-  FocusOn(IDC_EVENT);
+  FocusOn(kEventId);
   return false;
 }
+
+}  // namespace morvane

@@ -2,18 +2,20 @@
 
 #include <string>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// The editor of a message: event, guard and effect.
-class CEventEditor : public CDialog {
+class CEventEditor : public Dialog {
  public:
   enum ControlId : int {
-    IDC_EVENT_GROUP = 100,
-    IDC_EVENT,
-    IDC_GUARD_GROUP,
-    IDC_GUARD,
-    IDC_EFFECT_GROUP,
-    IDC_EFFECT
+    kEventGroupId = 100,
+    kEventId,
+    kGuardGroupId,
+    kGuardId,
+    kEffectGroupId,
+    kEffectId
   };
 
   CEventEditor();
@@ -23,6 +25,8 @@ class CEventEditor : public CDialog {
   std::string effect;
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
+  void ExchangeFields(FieldExchange& exchange) override;
   bool OnOk() override;
 };
+
+}  // namespace morvane

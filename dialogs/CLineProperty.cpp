@@ -2,15 +2,19 @@
 
 #include "dialogs/CColorComboEx.h"
 #include "dialogs/PenPicker.h"
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 
-CLineProperty::CLineProperty() : CDialog("Line Properties") {
-  CColorComboEx::Attach(Add(DialogControl::Kind::Combo, IDC_COLOR, "Color:"));
-  PenPicker::Attach(Add(DialogControl::Kind::Combo, IDC_STYLE, "Style:"));
+namespace morvane {
+
+CLineProperty::CLineProperty() : Dialog("Line Properties") {
+  CColorComboEx::Attach(Add(DialogControl::Kind::Combo, kColourId, "Color:"));
+  PenPicker::Attach(Add(DialogControl::Kind::Combo, kStyleId, "Style:"));
   AddButtons("OK", "Cancel");
 }
 
-void CLineProperty::DoDataExchange(DataExchange& exchange) {
-  exchange.Index(IDC_COLOR, colourIndex);
-  exchange.Index(IDC_STYLE, styleIndex);
+void CLineProperty::ExchangeFields(FieldExchange& exchange) {
+  exchange.Index(kColourId, colourIndex);
+  exchange.Index(kStyleId, styleIndex);
 }
+
+}  // namespace morvane

@@ -2,12 +2,14 @@
 
 #include <cstdint>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// The properties of a line, as indices into the tables of colours and pen styles.
-class CLineProperty : public CDialog {
+class CLineProperty : public Dialog {
  public:
-  enum ControlId : int { IDC_COLOR = 100, IDC_STYLE };
+  enum ControlId : int { kColourId = 100, kStyleId };
 
   CLineProperty();
 
@@ -15,5 +17,7 @@ class CLineProperty : public CDialog {
   std::int32_t styleIndex = 0;
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
+  void ExchangeFields(FieldExchange& exchange) override;
 };
+
+}  // namespace morvane

@@ -14,6 +14,8 @@
 #include "model/ModelProperties.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 bool EditBox(MesgPropDlg& dialog, BoxFields& fields) {
@@ -115,3 +117,5 @@ void DialogEditors::FindAndReplace(ModelMgr& model, std::function<void()> onChan
   FindReplaceDlg dialog(model, std::move(onChanged));
   dialog.DoModal();
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "model/Editors.h"
 #include "platform/UseService.h"
 
+namespace morvane {
+
 /// Edits charts and their objects in the program's dialogs, as long as it lives.
 class DialogEditors : public Editors {
  public:
@@ -20,3 +22,5 @@ class DialogEditors : public Editors {
  private:
   const UseService<Editors> use{*this};
 };
+
+}  // namespace morvane

@@ -1,15 +1,19 @@
 #include "dialogs/EditMesgDlg.h"
 
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 #include "resources/Texts.h"
 
-EditMesgDlg::EditMesgDlg() : CDialog("Editor") {
-  DialogControl& box = Add(DialogControl::Kind::MultiEdit, IDC_TEXT, "");
+namespace morvane {
+
+EditMesgDlg::EditMesgDlg() : Dialog("Editor") {
+  DialogControl& box = Add(DialogControl::Kind::MultiEdit, kTextId, "");
   box.width = 48;
   box.lines = 10;
   AddButtons("Update", "Cancel");
 }
 
-void EditMesgDlg::DoDataExchange(DataExchange& exchange) { exchange.Text(IDC_TEXT, text); }
+void EditMesgDlg::ExchangeFields(FieldExchange& exchange) { exchange.Text(kTextId, text); }
 
-void EditMesgDlg::OnInitDialog() { SetCaption(title + " " + LoadText(IDS_EDITOR)); }
+void EditMesgDlg::OnFilled() { SetCaption(title + " " + LoadText(IDS_EDITOR)); }
+
+}  // namespace morvane

@@ -2,12 +2,14 @@
 
 #include <string>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// The editor of a note's text.
-class EditMesgDlg : public CDialog {
+class EditMesgDlg : public Dialog {
  public:
-  enum ControlId : int { IDC_TEXT = 100 };
+  enum ControlId : int { kTextId = 100 };
 
   EditMesgDlg();
 
@@ -15,6 +17,8 @@ class EditMesgDlg : public CDialog {
   std::string text;
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
-  void OnInitDialog() override;
+  void ExchangeFields(FieldExchange& exchange) override;
+  void OnFilled() override;
 };
+
+}  // namespace morvane

@@ -1,15 +1,17 @@
 #include "dialogs/EntryExitEditor.h"
 
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 #include "resources/Texts.h"
 
-EntryExitEditor::EntryExitEditor() : CDialog("") {
+namespace morvane {
+
+EntryExitEditor::EntryExitEditor() : Dialog("") {
   constexpr int codeWidth = 60;
   constexpr int codeLines = 9;
-  for (const int id : {IDC_ENTRY, IDC_EXIT}) {
+  for (const int id : {kEntryId, kExitId}) {
     DialogControl& box =
         Add(DialogControl::Kind::MultiEdit, id,
-            id == IDC_ENTRY ? "onEntry: (Code Verbatim)" : "onExit: (Code Verbatim)");
+            id == kEntryId ? "onEntry: (Code Verbatim)" : "onExit: (Code Verbatim)");
     box.code = true;
     box.width = codeWidth;
     box.lines = codeLines;
@@ -17,11 +19,11 @@ EntryExitEditor::EntryExitEditor() : CDialog("") {
   AddButtons("OK", "Cancel");
 }
 
-void EntryExitEditor::DoDataExchange(DataExchange& exchange) {
-  exchange.Text(IDC_ENTRY, entry);
-  exchange.Text(IDC_EXIT, exit);
+void EntryExitEditor::ExchangeFields(FieldExchange& exchange) {
+  exchange.Text(kEntryId, entry);
+  exchange.Text(kExitId, exit);
 }
 
-void EntryExitEditor::OnInitDialog() {
-  SetCaption(title + " : " + LoadText(IDS_ENTRY_EXIT_EDITOR));
-}
+void EntryExitEditor::OnFilled() { SetCaption(title + " : " + LoadText(IDS_ENTRY_EXIT_EDITOR)); }
+
+}  // namespace morvane

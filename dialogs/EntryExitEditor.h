@@ -2,12 +2,14 @@
 
 #include <string>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// The editor of a state's entry and exit text.
-class EntryExitEditor : public CDialog {
+class EntryExitEditor : public Dialog {
  public:
-  enum ControlId : int { IDC_ENTRY = 100, IDC_EXIT };
+  enum ControlId : int { kEntryId = 100, kExitId };
 
   EntryExitEditor();
 
@@ -16,6 +18,8 @@ class EntryExitEditor : public CDialog {
   std::string exit;
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
-  void OnInitDialog() override;
+  void ExchangeFields(FieldExchange& exchange) override;
+  void OnFilled() override;
 };
+
+}  // namespace morvane

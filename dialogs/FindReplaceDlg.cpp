@@ -5,12 +5,14 @@
 #include "connectors/Mesg.h"
 #include "connectors/Transition.h"
 #include "model/ModelMgr.h"
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 #include "states/EndableState.h"
 #include "states/GenericState.h"
 #include "states/StartableState.h"
+
+namespace morvane {
 
 namespace {
 
@@ -32,57 +34,57 @@ std::string RouteOf(const Transition* transition) {
 }  // namespace
 
 FindReplaceDlg::FindReplaceDlg(ModelMgr& model, std::function<void()> onChanged)
-    : CDialog("Find / Replace"), model(model), onChanged(std::move(onChanged)) {
+    : Dialog("Find / Replace"), model(model), onChanged(std::move(onChanged)) {
   AddInput();
   AddResult();
 }
 
 void FindReplaceDlg::AddInput() {
-  Add(Kind::Group, IDC_INPUT, "Input");
-  Add(Kind::Row, IDC_INPUT_ROW, "", IDC_INPUT);
-  Add(Kind::Column, IDC_FIELDS, "", IDC_INPUT_ROW);
-  Add(Kind::Edit, IDC_FIND_TEXT, "Find What:", IDC_FIELDS);
-  Add(Kind::Edit, IDC_REPLACE_TEXT, "Replace With:", IDC_FIELDS);
-  Add(Kind::Row, IDC_LOOK_IN, "Look In :", IDC_FIELDS);
-  Add(Kind::CheckBox, IDC_STATES, "State", IDC_LOOK_IN);
-  Add(Kind::CheckBox, IDC_MESSAGES, "Transition Event", IDC_LOOK_IN);
-  Add(Kind::Column, IDC_BUTTONS, "", IDC_INPUT_ROW);
-  Add(Kind::Button, IDC_FIND, "Find", IDC_BUTTONS).isDefault = true;
-  Add(Kind::Button, IDC_REPLACE, "Replace", IDC_BUTTONS);
-  Add(Kind::Button, IDCANCEL, "Close", IDC_BUTTONS);
+  Add(Kind::Group, kInputId, "Input");
+  Add(Kind::Row, kInputRowId, "", kInputId);
+  Add(Kind::Column, kFieldsId, "", kInputRowId);
+  Add(Kind::Edit, kFindTextId, "Find What:", kFieldsId);
+  Add(Kind::Edit, kReplaceTextId, "Replace With:", kFieldsId);
+  Add(Kind::Row, kLookInId, "Look In :", kFieldsId);
+  Add(Kind::CheckBox, kStatesId, "State", kLookInId);
+  Add(Kind::CheckBox, kMessagesId, "Transition Event", kLookInId);
+  Add(Kind::Column, kButtonsId, "", kInputRowId);
+  Add(Kind::Button, kFindId, "Find", kButtonsId).isDefault = true;
+  Add(Kind::Button, kReplaceId, "Replace", kButtonsId);
+  Add(Kind::Button, IDCANCEL, "Close", kButtonsId);
 }
 
 void FindReplaceDlg::AddResult() {
-  Add(Kind::Group, IDC_RESULT, "Result");
-  Add(Kind::List, IDC_LIST, "", IDC_RESULT).columns = {{LoadText(IDS_FIND_OBJECT), kObjectWidth},
-                                                       {LoadText(IDS_FIND_DETAIL), 0}};
-  Add(Kind::Row, IDC_EDIT_ROW, "", IDC_RESULT);
-  Add(Kind::Button, IDC_EDIT, "Edit", IDC_EDIT_ROW);
+  Add(Kind::Group, kResultId, "Result");
+  Add(Kind::List, kListId, "", kResultId).columns = {{LoadText(IDS_FIND_OBJECT), kObjectWidth},
+                                                     {LoadText(IDS_FIND_DETAIL), 0}};
+  Add(Kind::Row, kEditRowId, "", kResultId);
+  Add(Kind::Button, kEditId, "Edit", kEditRowId);
 }
 
-void FindReplaceDlg::DoDataExchange(DataExchange& exchange) {
-  exchange.Text(IDC_FIND_TEXT, findText);
-  exchange.Text(IDC_REPLACE_TEXT, replaceText);
-  exchange.Check(IDC_STATES, lookInStates);
-  exchange.Check(IDC_MESSAGES, lookInMessages);
+void FindReplaceDlg::ExchangeFields(FieldExchange& exchange) {
+  exchange.Text(kFindTextId, findText);
+  exchange.Text(kReplaceTextId, replaceText);
+  exchange.Check(kStatesId, lookInStates);
+  exchange.Check(kMessagesId, lookInMessages);
 }
 
-void FindReplaceDlg::OnInitDialog() { EnableButtons(); }
+void FindReplaceDlg::OnFilled() { EnableButtons(); }
 
 void FindReplaceDlg::OnClicked(int id) {
   switch (id) {
-    case IDC_FIND: Find(); break;
-    case IDC_REPLACE: Replace(); break;
-    case IDC_EDIT: Edit(); break;
-    case IDC_LIST: EnableButtons(); break;
+    case kFindId: Find(); break;
+    case kReplaceId: Replace(); break;
+    case kEditId: Edit(); break;
+    case kListId: EnableButtons(); break;
     default: break;
   }
 }
 
 void FindReplaceDlg::EnableButtons() {
   const std::size_t selected = List().selectedRows.size();
-  Enable(IDC_REPLACE, selected > 0);
-  Enable(IDC_EDIT, selected == 1);
+  Enable(kReplaceId, selected > 0);
+  Enable(kEditId, selected == 1);
 }
 
 bool FindReplaceDlg::HasFindText() const {
@@ -96,7 +98,7 @@ void FindReplaceDlg::Find() {
   List().rows.clear();
   List().selectedRows.clear();
   found.clear();
-  UpdateData(true);
+  TakeFields();
   if (!HasFindText()) return;
   for (Shape* object : model.Objects()) ListIfFound(object);
 }
@@ -120,7 +122,7 @@ void FindReplaceDlg::AddRow(std::string kind, std::string detail, Shape& object,
 }
 
 void FindReplaceDlg::Replace() {
-  UpdateData(true);
+  TakeFields();
   if (!HasFindText()) return;
   bool changed = false;
   for (const int row : List().selectedRows) {
@@ -147,3 +149,5 @@ void FindReplaceDlg::Edit() {
   found.at(row).object->OnTextsChanged();
   TellChanged();
 }
+
+}  // namespace morvane

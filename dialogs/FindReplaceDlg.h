@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 class Mesg;
 class ModelMgr;
@@ -14,24 +16,24 @@ class TextHandler;
 
 /// Finds and replaces text in the entry and exit texts of the states and the three texts of the
 /// messages of one chart. It changes the objects at once, which show it, and says so.
-class FindReplaceDlg : public CDialog {
+class FindReplaceDlg : public Dialog {
  public:
   enum ControlId : int {
-    IDC_INPUT = 100,
-    IDC_INPUT_ROW,
-    IDC_FIELDS,
-    IDC_FIND_TEXT,
-    IDC_REPLACE_TEXT,
-    IDC_LOOK_IN,
-    IDC_STATES,
-    IDC_MESSAGES,
-    IDC_BUTTONS,
-    IDC_FIND,
-    IDC_REPLACE,
-    IDC_RESULT,
-    IDC_LIST,
-    IDC_EDIT_ROW,
-    IDC_EDIT
+    kInputId = 100,
+    kInputRowId,
+    kFieldsId,
+    kFindTextId,
+    kReplaceTextId,
+    kLookInId,
+    kStatesId,
+    kMessagesId,
+    kButtonsId,
+    kFindId,
+    kReplaceId,
+    kResultId,
+    kListId,
+    kEditRowId,
+    kEditId
   };
 
   /// The model isn't owned and must not change otherwise while the dialog is open. `onChanged` is
@@ -39,8 +41,8 @@ class FindReplaceDlg : public CDialog {
   explicit FindReplaceDlg(ModelMgr& model, std::function<void()> onChanged = {});
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
-  void OnInitDialog() override;
+  void ExchangeFields(FieldExchange& exchange) override;
+  void OnFilled() override;
   void OnClicked(int id) override;
 
  private:
@@ -60,7 +62,7 @@ class FindReplaceDlg : public CDialog {
   bool HasFindText() const;
   void ListIfFound(Shape* object);
   void AddRow(std::string kind, std::string detail, Shape& object, TextHandler& text);
-  DialogControl& List() { return Control(IDC_LIST); }
+  DialogControl& List() { return Control(kListId); }
 
   ModelMgr& model;
   std::function<void()> onChanged;
@@ -70,3 +72,5 @@ class FindReplaceDlg : public CDialog {
   std::string replaceText;
   std::vector<Found> found;  ///< of each row
 };
+
+}  // namespace morvane

@@ -1,19 +1,23 @@
 #include "dialogs/LayoutMgrPropDlg.h"
 
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 
-LayoutMgrPropDlg::LayoutMgrPropDlg() : CDialog("Model Properties") {
+namespace morvane {
+
+LayoutMgrPropDlg::LayoutMgrPropDlg() : Dialog("Model Properties") {
   using Kind = DialogControl::Kind;
-  Add(Kind::Edit, IDC_MODEL_NAME, "Model Name :");
-  Add(Kind::Edit, IDC_AUTHOR, "Author :");
-  DialogControl& box = Add(Kind::MultiEdit, IDC_DESCRIPTION, "Description :");
+  Add(Kind::Edit, kModelNameId, "Model Name :");
+  Add(Kind::Edit, kAuthorId, "Author :");
+  DialogControl& box = Add(Kind::MultiEdit, kDescriptionId, "Description :");
   box.width = 60;
   box.lines = 8;
   AddButtons("Save", "Cancel");
 }
 
-void LayoutMgrPropDlg::DoDataExchange(DataExchange& exchange) {
-  exchange.Text(IDC_MODEL_NAME, modelName);
-  exchange.Text(IDC_AUTHOR, author);
-  exchange.Text(IDC_DESCRIPTION, description);
+void LayoutMgrPropDlg::ExchangeFields(FieldExchange& exchange) {
+  exchange.Text(kModelNameId, modelName);
+  exchange.Text(kAuthorId, author);
+  exchange.Text(kDescriptionId, description);
 }
+
+}  // namespace morvane

@@ -2,12 +2,14 @@
 
 #include <string>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// The texts that describe a model.
-class LayoutMgrPropDlg : public CDialog {
+class LayoutMgrPropDlg : public Dialog {
  public:
-  enum ControlId : int { IDC_MODEL_NAME = 100, IDC_AUTHOR, IDC_DESCRIPTION };
+  enum ControlId : int { kModelNameId = 100, kAuthorId, kDescriptionId };
 
   LayoutMgrPropDlg();
 
@@ -16,5 +18,7 @@ class LayoutMgrPropDlg : public CDialog {
   std::string description;
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
+  void ExchangeFields(FieldExchange& exchange) override;
 };
+
+}  // namespace morvane

@@ -4,22 +4,24 @@
 #include <string>
 
 #include "model/Editors.h"
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// The properties of a message or a note. The owner fills the fields and takes them back after OK.
-class MesgPropDlg : public CDialog, public BoxFields {
+class MesgPropDlg : public Dialog, public BoxFields {
  public:
   enum ControlId : int {
-    IDC_BACKGROUND = 100,
-    IDC_BACKGROUND_ROW,
-    IDC_TRANSPARENT,
-    IDC_BG_COLOR,
-    IDC_BORDER,
-    IDC_BORDER_ROW,
-    IDC_NO_BORDER,
-    IDC_BORDER_COLOR,
-    IDC_ANCHOR,
-    IDC_HIDDEN
+    kBackgroundId = 100,
+    kBackgroundRowId,
+    kTransparentId,
+    kBgColourId,
+    kBorderId,
+    kBorderRowId,
+    kNoBorderId,
+    kBorderColourId,
+    kAnchorId,
+    kHiddenId
   };
 
   MesgPropDlg();
@@ -28,10 +30,12 @@ class MesgPropDlg : public CDialog, public BoxFields {
   std::int32_t mayChangeBorder = 1;
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
-  void OnInitDialog() override;
+  void ExchangeFields(FieldExchange& exchange) override;
+  void OnFilled() override;
   void OnClicked(int id) override;
 
  private:
   void EnableButtons();
 };
+
+}  // namespace morvane

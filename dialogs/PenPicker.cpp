@@ -2,7 +2,9 @@
 
 #include "connectors/LinePens.h"
 #include "drawing/CDC.h"
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 namespace {
 
@@ -33,3 +35,5 @@ void PenPicker::PaintItem(CDC& dc, int index, const RECT& r, bool selected) {
   if (selected) dc.DrawFocusRect(InflateRect(r, -kMargin));
   dc.FrameRect(r, CBrush::Solid(kFrame));
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class CDC;
 struct DialogControl;
 
@@ -13,3 +15,5 @@ class PenPicker {
   /// Paints an item into a rectangle, in pixels of the context.
   static void PaintItem(CDC& dc, int index, const RECT& r, bool selected);
 };
+
+}  // namespace morvane

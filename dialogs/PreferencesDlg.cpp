@@ -1,21 +1,25 @@
 #include "dialogs/PreferencesDlg.h"
 
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 #include "resources/Texts.h"
 
-PreferencesDlg::PreferencesDlg(const std::vector<std::string>& languages) : CDialog("Preferences") {
+namespace morvane {
+
+PreferencesDlg::PreferencesDlg(const std::vector<std::string>& languages) : Dialog("Preferences") {
   std::vector<std::string> names = {LoadText(IDS_SYSTEM_LANGUAGE)};
   names.insert(names.end(), languages.begin(), languages.end());
-  DialogControl& choice = Add(DialogControl::Kind::Combo, IDC_LANGUAGE, "Language:");
+  DialogControl& choice = Add(DialogControl::Kind::Combo, kLanguageId, "Language:");
   choice.SetItems(std::move(names));
   choice.suffix = LoadText(IDS_FROM_NEXT_START);
-  Add(DialogControl::Kind::Combo, IDC_REOPEN, "Reopen charts:")
+  Add(DialogControl::Kind::Combo, kReopenId, "Reopen charts:")
       .SetItems(
           {LoadText(IDS_REOPEN_NEVER), LoadText(IDS_REOPEN_CRASH), LoadText(IDS_REOPEN_ALWAYS)});
   AddButtons("OK", "Cancel");
 }
 
-void PreferencesDlg::DoDataExchange(DataExchange& exchange) {
-  exchange.Index(IDC_LANGUAGE, language);
-  exchange.Index(IDC_REOPEN, reopen);
+void PreferencesDlg::ExchangeFields(FieldExchange& exchange) {
+  exchange.Index(kLanguageId, language);
+  exchange.Index(kReopenId, reopen);
 }
+
+}  // namespace morvane

@@ -4,12 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// What holds for the whole program: its language, and what it opens again when it starts.
-class PreferencesDlg : public CDialog {
+class PreferencesDlg : public Dialog {
  public:
-  enum ControlId : int { IDC_LANGUAGE = 100, IDC_REOPEN };
+  enum ControlId : int { kLanguageId = 100, kReopenId };
 
   /// Takes the languages that can be chosen, as each calls itself.
   explicit PreferencesDlg(const std::vector<std::string>& languages);
@@ -18,5 +20,7 @@ class PreferencesDlg : public CDialog {
   std::int32_t reopen = 0;    ///< never, after a crash, always
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
+  void ExchangeFields(FieldExchange& exchange) override;
 };
+
+}  // namespace morvane

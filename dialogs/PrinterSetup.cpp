@@ -1,18 +1,22 @@
 #include "dialogs/PrinterSetup.h"
 
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 #include "platform/Printing.h"
 
-PrinterSetup::PrinterSetup() : CDialog("Print Setup") {
-  Add(DialogControl::Kind::CheckBox, IDC_PRINT_TO_FIT, "Print to Fit");
-  Add(DialogControl::Kind::Button, IDC_PRINTER, "Printer Setup...");
+namespace morvane {
+
+PrinterSetup::PrinterSetup() : Dialog("Print Setup") {
+  Add(DialogControl::Kind::CheckBox, kPrintToFitId, "Print to Fit");
+  Add(DialogControl::Kind::Button, kPrinterId, "Printer Setup...");
   AddButtons("OK", "Cancel");
 }
 
-void PrinterSetup::DoDataExchange(DataExchange& exchange) {
-  exchange.Check(IDC_PRINT_TO_FIT, printToFit);
+void PrinterSetup::ExchangeFields(FieldExchange& exchange) {
+  exchange.Check(kPrintToFitId, printToFit);
 }
 
 void PrinterSetup::OnClicked(int id) {
-  if (id == IDC_PRINTER) Service<Printing>::Get().SetUpPrinter();
+  if (id == kPrinterId) Service<Printing>::Get().SetUpPrinter();
 }
+
+}  // namespace morvane

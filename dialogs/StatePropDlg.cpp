@@ -1,36 +1,40 @@
 #include "dialogs/StatePropDlg.h"
 
-#include "platform/DataExchange.h"
 #include "platform/Dialogs.h"
+#include "platform/FieldExchange.h"
 
-StatePropDlg::StatePropDlg() : CDialog("State Properties") {
+namespace morvane {
+
+StatePropDlg::StatePropDlg() : Dialog("State Properties") {
   using Kind = DialogControl::Kind;
-  Add(Kind::Edit, IDC_NAME, "State name :");
-  Add(Kind::CheckBox, IDC_HISTORY, "History");
-  Add(Kind::Group, IDC_BACKGROUND, "Background");
-  Add(Kind::Row, IDC_BACKGROUND_ROW, "", IDC_BACKGROUND);
-  Add(Kind::CheckBox, IDC_TRANSPARENT, "Transparent", IDC_BACKGROUND_ROW);
-  Add(Kind::Button, IDC_BG_COLOR, "Color...", IDC_BACKGROUND_ROW);
+  Add(Kind::Edit, kNameId, "State name :");
+  Add(Kind::CheckBox, kHistoryId, "History");
+  Add(Kind::Group, kBackgroundId, "Background");
+  Add(Kind::Row, kBackgroundRowId, "", kBackgroundId);
+  Add(Kind::CheckBox, kTransparentId, "Transparent", kBackgroundRowId);
+  Add(Kind::Button, kBgColourId, "Color...", kBackgroundRowId);
   AddButtons("Save", "Cancel");
 }
 
-void StatePropDlg::DoDataExchange(DataExchange& exchange) {
-  exchange.Text(IDC_NAME, name);
-  exchange.Check(IDC_HISTORY, history);
-  exchange.Check(IDC_TRANSPARENT, transparent);
+void StatePropDlg::ExchangeFields(FieldExchange& exchange) {
+  exchange.Text(kNameId, name);
+  exchange.Check(kHistoryId, history);
+  exchange.Check(kTransparentId, transparent);
 }
 
-void StatePropDlg::OnInitDialog() { EnableButtons(); }
+void StatePropDlg::OnFilled() { EnableButtons(); }
 
-void StatePropDlg::EnableButtons() { Enable(IDC_BG_COLOR, transparent == 0); }
+void StatePropDlg::EnableButtons() { Enable(kBgColourId, transparent == 0); }
 
 void StatePropDlg::OnClicked(int id) {
   switch (id) {
-    case IDC_TRANSPARENT:
-      UpdateData(true);
+    case kTransparentId:
+      TakeFields();
       EnableButtons();
       break;
-    case IDC_BG_COLOR: ChooseColor(bgColor); break;
+    case kBgColourId: ChooseColour(bgColor); break;
     default: break;
   }
 }
+
+}  // namespace morvane

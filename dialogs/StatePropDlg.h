@@ -4,27 +4,31 @@
 #include <string>
 
 #include "model/Editors.h"
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// The properties of a state. The owner fills the fields and takes them back after OK.
-class StatePropDlg : public CDialog, public StateFields {
+class StatePropDlg : public Dialog, public StateFields {
  public:
   enum ControlId : int {
-    IDC_NAME = 100,
-    IDC_HISTORY,
-    IDC_BACKGROUND,
-    IDC_BACKGROUND_ROW,
-    IDC_TRANSPARENT,
-    IDC_BG_COLOR
+    kNameId = 100,
+    kHistoryId,
+    kBackgroundId,
+    kBackgroundRowId,
+    kTransparentId,
+    kBgColourId
   };
 
   StatePropDlg();
 
  protected:
-  void DoDataExchange(DataExchange& exchange) override;
-  void OnInitDialog() override;
+  void ExchangeFields(FieldExchange& exchange) override;
+  void OnFilled() override;
   void OnClicked(int id) override;
 
  private:
   void EnableButtons();
 };
+
+}  // namespace morvane

@@ -9,10 +9,12 @@
 #include "drawing/TextCodec.h"
 #include "drawing/TextLayout.h"
 
+namespace morvane {
+
 CPen CDC::SelectPen(const CPen& newPen) { return std::exchange(pen, newPen); }
 CBrush CDC::SelectBrush(const CBrush& newBrush) { return std::exchange(brush, newBrush); }
 CFont CDC::SelectFont(const CFont& newFont) { return std::exchange(font, newFont); }
-COLORREF CDC::SetTextColor(COLORREF color) { return std::exchange(textColor, color); }
+COLORREF CDC::SetTextColor(COLORREF colour) { return std::exchange(textColor, colour); }
 BkMode CDC::SetBkMode(BkMode mode) { return std::exchange(bkMode, mode); }
 RasterOp CDC::SetROP2(RasterOp op) { return std::exchange(rop, op); }
 Mapping CDC::SetMapping(const Mapping& other) { return std::exchange(mapping, other); }
@@ -90,7 +92,7 @@ void CDC::PlayMetaFile(const Metafile& metafile) {
   const CPen oldPen = pen;
   const CBrush oldBrush = brush;
   const CFont oldFont = font;
-  const COLORREF oldColor = textColor;
+  const COLORREF oldColour = textColor;
   for (const Metafile::Record& record : metafile.records) {
     pen = record.pen;
     brush = record.brush;
@@ -113,5 +115,7 @@ void CDC::PlayMetaFile(const Metafile& metafile) {
   pen = oldPen;
   brush = oldBrush;
   font = oldFont;
-  textColor = oldColor;
+  textColor = oldColour;
 }
+
+}  // namespace morvane

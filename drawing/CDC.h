@@ -9,6 +9,8 @@
 #include "drawing/Geometry.h"
 #include "drawing/Mapping.h"
 
+namespace morvane {
+
 class Metafile;
 
 /// A drawing context: the one way onto a screen, a page, a picture file or a metafile. All points
@@ -28,7 +30,7 @@ class CDC {
   CPen SelectPen(const CPen& pen);
   CBrush SelectBrush(const CBrush& brush);
   CFont SelectFont(const CFont& font);
-  COLORREF SetTextColor(COLORREF color);
+  COLORREF SetTextColor(COLORREF colour);
   /// The gaps of styled pens and of letters are left alone in both modes.
   BkMode SetBkMode(BkMode mode);
   RasterOp SetROP2(RasterOp op);
@@ -76,7 +78,7 @@ class CDC {
   virtual SIZE GetTextExtent(std::string_view utf8) const = 0;
   virtual TextMetrics GetTextMetrics() const = 0;
 
-  void FillSolidRect(const RECT& r, COLORREF color) { FillRect(r, CBrush::Solid(color)); }
+  void FillSolidRect(const RECT& r, COLORREF colour) { FillRect(r, CBrush::Solid(colour)); }
   /// A frame one logical unit wide along the inside of `r`.
   void FrameRect(const RECT& r, const CBrush& with);
   /// A dotted frame that inverts what it lies on.
@@ -101,3 +103,5 @@ class CDC {
   Mapping mapping;
   POINT current;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include <limits>
 #include <utility>
 
+namespace morvane {
+
 CMetaFileDC::CMetaFileDC(CDC& reference) : reference(reference) {}
 
 Metafile CMetaFileDC::Close() { return std::exchange(metafile, {}); }
@@ -88,3 +90,5 @@ TextMetrics CMetaFileDC::GetTextMetrics() const {
   reference.SelectFont(GetFont());
   return reference.GetTextMetrics();
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "drawing/CDC.h"
 #include "drawing/Metafile.h"
 
+namespace morvane {
+
 /// A context that records what is drawn on it. Texts are measured by the reference context that it
 /// was made on, which has to outlive it.
 class CMetaFileDC : public CDC {
@@ -33,3 +35,5 @@ class CMetaFileDC : public CDC {
   CDC& reference;
   Metafile metafile;
 };
+
+}  // namespace morvane

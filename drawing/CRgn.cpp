@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace morvane {
+
 namespace {
 
 /// How often the outline winds around the centre of pixel p, by edges that run past it on the left.
@@ -64,3 +66,5 @@ bool CRgn::PtInRegion(POINT p) const {
     return WindingNumber(std::get<Polygon>(piece), p) != 0;
   });
 }
+
+}  // namespace morvane

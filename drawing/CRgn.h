@@ -6,6 +6,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 /// A region of device pixels: the union of rectangles and of polygons with winding fill. As with a
 /// rectangle, a pixel on a left or top edge is inside and one on a right or bottom edge outside.
 class CRgn {
@@ -31,3 +33,5 @@ class CRgn {
   std::vector<Piece> pieces;
   RECT box;
 };
+
+}  // namespace morvane

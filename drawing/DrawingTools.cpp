@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace morvane {
+
 std::span<const int> DashPatternOf(PenStyle style) {
   static constexpr std::array<int, 2> dash{18, 6};
   static constexpr std::array<int, 2> dot{3, 3};
@@ -27,3 +29,5 @@ CFont CFont::FromTenthsOfPoint(std::int32_t tenths, std::string face) {
   font.height = Saturate(-((size * pixelsPerInch + tenthsPerInch / 2) / tenthsPerInch));
   return font;
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 // What is selected into a drawing context: pens, brushes and fonts as plain values, with the
 // modes of drawing.
 
@@ -20,13 +22,13 @@ std::span<const int> DashPatternOf(PenStyle style);
 struct CPen {
   PenStyle style = PenStyle::Solid;
   std::int32_t width = 0;
-  COLORREF color = 0;
+  COLORREF colour = 0;
   friend bool operator==(const CPen&, const CPen&) = default;
 };
 
 /// A brush, solid or hollow. A fresh context holds the solid white one.
 struct CBrush {
-  COLORREF color = 0xFFFFFF;
+  COLORREF colour = 0xFFFFFF;
   bool hollow = false;
   static constexpr CBrush Solid(COLORREF c) { return {c, false}; }
   static constexpr CBrush Null() { return {0xFFFFFF, true}; }
@@ -86,3 +88,5 @@ struct BitMask {
     return (rows[static_cast<std::size_t>(y)] & (0x80U >> x)) != 0;
   }
 };
+
+}  // namespace morvane

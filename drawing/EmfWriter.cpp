@@ -7,6 +7,8 @@
 #include "drawing/CDC.h"
 #include "drawing/Utf16.h"
 
+namespace morvane {
+
 enum class EmfWriter::RecordType : std::uint32_t {
   Header = 1,
   Polygon = 3,
@@ -149,7 +151,7 @@ void EmfWriter::Select(const CPen& pen) {
                  .Number(handle)
                  .Number(static_cast<std::uint32_t>(pen.style))
                  .Point({pen.width, 0})
-                 .Number(pen.color));
+                 .Number(pen.colour));
     }
   }
   if (handle == selectedPen) return;
@@ -170,7 +172,7 @@ void EmfWriter::Select(const CBrush& brush) {
       Append(Record(RecordType::CreateBrush)
                  .Number(handle)
                  .Number(solid)
-                 .Number(brush.color)
+                 .Number(brush.colour)
                  .Number(noHatch));
     }
   }
@@ -207,10 +209,10 @@ void EmfWriter::SelectFont(int index) {
   SelectHandle(handle);
 }
 
-void EmfWriter::SelectColor(COLORREF color) {
-  if (color == textColor) return;
-  textColor = color;
-  Append(Record(RecordType::SetTextColor).Number(color));
+void EmfWriter::SelectColour(COLORREF colour) {
+  if (colour == textColor) return;
+  textColor = colour;
+  Append(Record(RecordType::SetTextColor).Number(colour));
 }
 
 void EmfWriter::WriteCall(const Metafile::Record& call) {
@@ -277,7 +279,7 @@ void EmfWriter::WriteText(const Metafile::Record& call) {
   const std::u16string text = ToUtf16(call.text);
   if (text.empty()) return;
   SelectFont(call.font);
-  SelectColor(call.textColor);
+  SelectColour(call.textColor);
   reference.SelectFont(metafile.fonts[static_cast<std::size_t>(call.font)]);
   const SIZE extent = reference.GetTextExtent(call.text);
   const POINT place = call.points[0];
@@ -333,3 +335,5 @@ std::string EmfWriter::Header(std::string_view description) const {
   header.Text(about);
   return header.Finish();
 }
+
+}  // namespace morvane

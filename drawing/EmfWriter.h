@@ -8,6 +8,8 @@
 
 #include "drawing/Metafile.h"
 
+namespace morvane {
+
 class CDC;
 
 /// Encodes a recording as an enhanced metafile: one unit of the picture to the logical unit, 96 to
@@ -39,7 +41,7 @@ class EmfWriter {
   void Select(const CBrush& brush);
   void SelectFont(int index);
   void SelectHandle(std::uint32_t handle);
-  void SelectColor(COLORREF color);
+  void SelectColour(COLORREF colour);
   void Append(const Record& record);
   void Cover(const RECT& r);
 
@@ -57,3 +59,5 @@ class EmfWriter {
   COLORREF textColor = 0;
   RECT bounds;  ///< what is covered, right and bottom outside
 };
+
+}  // namespace morvane

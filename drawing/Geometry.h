@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <limits>
 
+namespace morvane {
+
 // Plain value types for points, sizes, rectangles and colours. They carry no unit: each operation
 // that takes one says whether it means model units, logical units or device pixels. All arithmetic
 // saturates at the limits of 32 bits, so that no number in a file can lead to undefined behaviour.
@@ -116,3 +118,5 @@ constexpr RECT UnionRect(const RECT& a, const RECT& b) {
   return {a.left < b.left ? a.left : b.left, a.top < b.top ? a.top : b.top,
           a.right > b.right ? a.right : b.right, a.bottom > b.bottom ? a.bottom : b.bottom};
 }
+
+}  // namespace morvane

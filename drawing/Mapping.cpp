@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace morvane {
+
 namespace {
 
 std::int32_t Round(double v) {
@@ -63,3 +65,5 @@ RECT Mapping::ToLogicalCovering(const RECT& device) const {
   const POINT bottomRight = ToLogical(BottomRight(device));
   return InflateRect({topLeft.x, topLeft.y, bottomRight.x, bottomRight.y}, 1);
 }
+
+}  // namespace morvane

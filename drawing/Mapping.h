@@ -3,6 +3,8 @@
 #include "drawing/DrawingTools.h"
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 /// The road from logical units to device pixels: a window extent, a viewport extent and a viewport
 /// origin. In the mode Isotropic the viewport extent shrinks in one direction so that the scale is
 /// the same in both. Every conversion rounds to the nearest whole number and saturates.
@@ -33,3 +35,5 @@ class Mapping {
   SIZE viewportExt{1, 1};
   POINT viewportOrg{0, 0};
 };
+
+}  // namespace morvane

@@ -1,8 +1,12 @@
 #include "drawing/Metafile.h"
 
+namespace morvane {
+
 void Metafile::MoveBy(POINT offset) {
   for (Record& record : records) {
     record.rect = record.rect + offset;
     for (POINT& p : record.points) p = p + offset;
   }
 }
+
+}  // namespace morvane

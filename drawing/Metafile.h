@@ -6,6 +6,8 @@
 #include "drawing/DrawingTools.h"
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 /// A finished recording of drawing calls, as plain data in logical units. Each record carries the
 /// attributes that it was drawn with.
 class Metafile {
@@ -43,3 +45,5 @@ class Metafile {
   std::vector<Record> records;
   std::vector<CFont> fonts;
 };
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace morvane {
+
 namespace {
 
 /// Windows-1252 from 0x80 to 0x9F; the five bytes that it leaves open stand for themselves.
@@ -77,3 +79,5 @@ std::string_view Utf8Prefix(std::string_view utf8, std::size_t limit) {
   while (end > 0 && IsContinuation(utf8, end)) --end;
   return utf8.substr(0, end);
 }
+
+}  // namespace morvane

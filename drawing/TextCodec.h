@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 // Texts are bytes as the file holds them. For the screen, valid UTF-8 is UTF-8, and anything else
 // is taken as Windows-1252.
 
@@ -23,3 +25,5 @@ void AppendUtf8(std::string& out, std::uint32_t codePoint);
 std::string ToUtf8(std::string_view bytes);
 /// The longest prefix of at most `limit` bytes that doesn't end inside a UTF-8 sequence.
 std::string_view Utf8Prefix(std::string_view utf8, std::size_t limit);
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include "drawing/TextCodec.h"
 
+namespace morvane {
+
 TextLayout::TextLayout(Measure measure, std::int64_t width, bool wordBreak)
     : measure(std::move(measure)), width(std::max<std::int64_t>(width, 0)), wordBreak(wordBreak) {}
 
@@ -61,3 +63,5 @@ void TextLayout::BreakParagraph(std::string_view paragraph, std::size_t maxLines
   }
   if (lines.size() < maxLines) lines.push_back(paragraph.substr(lineStart, lineEnd - lineStart));
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace morvane {
+
 /// Breaks texts into lines. `measure` gives the width of a piece of one line; `width` is in the
 /// same unit.
 class TextLayout {
@@ -28,3 +30,5 @@ class TextLayout {
   std::int64_t width;
   bool wordBreak;
 };
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "drawing/CDC.h"
 #include "drawing/TextCodec.h"
 
+namespace morvane {
+
 namespace {
 constexpr std::uint32_t kFirstPair = 0x10000;
 }
@@ -37,3 +39,5 @@ std::vector<std::int32_t> Advances(std::string_view utf8, const CDC& dc) {
   }
   return advances;
 }
+
+}  // namespace morvane

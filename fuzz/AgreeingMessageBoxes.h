@@ -6,6 +6,8 @@
 #include "platform/UseService.h"
 #include "tests/support/NestedLoop.h"
 
+namespace morvane {
+
 /// Answers every question with Yes or OK, without a word, while the windows live on.
 class AgreeingMessageBoxes : public MessageBoxes {
  public:
@@ -18,3 +20,5 @@ class AgreeingMessageBoxes : public MessageBoxes {
  private:
   const UseService<MessageBoxes> use{*this};
 };
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "dialogs/FindReplaceDlg.h"
 #include "tests/support/NestedLoop.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kMostActions = 12;
@@ -45,20 +47,20 @@ std::string AnyUser::Typed(const char* lineBreak) {
   return text;
 }
 
-void AnyUser::Search(CDialog& dialog) {
+void AnyUser::Search(Dialog& dialog) {
   constexpr int mostRounds = 4;
   for (int rounds = source.Below(mostRounds); rounds > 0; --rounds) {
-    dialog.Control(FindReplaceDlg::IDC_FIND_TEXT).text = Typed("");
-    dialog.Control(FindReplaceDlg::IDC_REPLACE_TEXT).text = Typed("");
-    dialog.Click(FindReplaceDlg::IDC_FIND);
-    Use(dialog, dialog.Control(FindReplaceDlg::IDC_LIST));
-    const int id = source.Flag() ? FindReplaceDlg::IDC_EDIT : FindReplaceDlg::IDC_REPLACE;
+    dialog.Control(FindReplaceDlg::kFindTextId).text = Typed("");
+    dialog.Control(FindReplaceDlg::kReplaceTextId).text = Typed("");
+    dialog.Click(FindReplaceDlg::kFindId);
+    Use(dialog, dialog.Control(FindReplaceDlg::kListId));
+    const int id = source.Flag() ? FindReplaceDlg::kEditId : FindReplaceDlg::kReplaceId;
     Use(dialog, dialog.Control(id));
   }
   dialog.Click(IDCANCEL);
 }
 
-void AnyUser::Run(CDialog& dialog) {
+void AnyUser::Run(Dialog& dialog) {
   NestedLoop::Run();
   if (typesWords && dynamic_cast<FindReplaceDlg*>(&dialog) != nullptr) return Search(dialog);
   const int count = static_cast<int>(dialog.Controls().size());
@@ -70,7 +72,7 @@ void AnyUser::Run(CDialog& dialog) {
   if (dialog.IsOpen()) dialog.Click(IDCANCEL);
 }
 
-void AnyUser::Use(CDialog& dialog, DialogControl& control) {
+void AnyUser::Use(Dialog& dialog, DialogControl& control) {
   using Kind = DialogControl::Kind;
   if (!control.enabled) return;
   switch (control.kind) {
@@ -110,7 +112,7 @@ std::optional<Dialogs::ExportAnswer> AnyUser::AskExport(const ExportRequest& req
   return answer;
 }
 
-std::optional<COLORREF> AnyUser::AskColor(COLORREF start) {
+std::optional<COLORREF> AnyUser::AskColour(COLORREF start) {
   NestedLoop::Run();
   if (source.Flag()) return std::nullopt;
   return start ^ source.Byte();
@@ -119,7 +121,7 @@ std::optional<COLORREF> AnyUser::AskColor(COLORREF start) {
 std::optional<Dialogs::FontChoice> AnyUser::AskFont(const FontChoice& start) {
   NestedLoop::Run();
   if (source.Flag()) return std::nullopt;
-  return FontChoice{source.Text(), start.tenths + source.Byte() - 100, start.color};
+  return FontChoice{source.Text(), start.tenths + source.Byte() - 100, start.colour};
 }
 
 MessageAnswer AnyUser::Show(const std::string&, unsigned flags) {
@@ -142,3 +144,5 @@ unsigned AnyUser::Track(const std::vector<Item>& items, POINT) {
   const Item& item = items[static_cast<std::size_t>(source.Below(static_cast<int>(items.size())))];
   return item.state.enabled ? item.id : 0;
 }
+
+}  // namespace morvane

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "fuzz/ByteSource.h"
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
 #include "platform/PopupMenus.h"
+
+namespace morvane {
 
 /// A user whose answers come from an input: does anything that a dialog allows, and answers boxes,
 /// menus and the desktop's dialogs in any way. It stands in for their services as long as it lives.
@@ -22,21 +24,21 @@ class AnyUser : public DialogHost, public Dialogs, public MessageBoxes, public P
   /// what was typed.
   bool typesWords = false;
 
-  void Run(CDialog& dialog) override;
+  void Run(Dialog& dialog) override;
   std::optional<std::string> AskOpenPath(const FileFilter& filter) override;
   std::optional<std::string> AskSavePath(const FileFilter& filter,
                                          const std::string& suggestion) override;
   std::optional<ExportAnswer> AskExport(const ExportRequest& request) override;
-  std::optional<COLORREF> AskColor(COLORREF start) override;
+  std::optional<COLORREF> AskColour(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
   MessageAnswer Show(const std::string& text, unsigned flags) override;
   unsigned Track(const std::vector<Item>& items, POINT screen) override;
 
  private:
-  void Use(CDialog& dialog, DialogControl& control);
+  void Use(Dialog& dialog, DialogControl& control);
   std::string Typed(const char* lineBreak);
   /// Finds words and replaces or edits them.
-  void Search(CDialog& dialog);
+  void Search(Dialog& dialog);
 
   ByteSource& source;
   DialogHost* formerHost;
@@ -44,3 +46,5 @@ class AnyUser : public DialogHost, public Dialogs, public MessageBoxes, public P
   MessageBoxes* formerBoxes;
   PopupMenus* formerMenus;
 };
+
+}  // namespace morvane

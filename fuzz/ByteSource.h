@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+namespace morvane {
+
 /// An input as a row of decisions. At its end every decision is 0.
 class ByteSource {
  public:
@@ -37,3 +39,5 @@ class ByteSource {
   const std::uint8_t* next;
   const std::uint8_t* end;
 };
+
+}  // namespace morvane

@@ -11,6 +11,8 @@
 #include "fuzz/FuzzTarget.h"
 #include "model/ShapeGeometry.h"
 
+namespace morvane {
+
 // A chain of links from any records, and any changes of it: it stays a chain. And the quick search
 // for the place where a route crosses itself finds what comparing each segment with each finds.
 
@@ -125,3 +127,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   source.Flag() ? SearchRoute(source) : ChangeChain(source);
   return 0;
 }
+
+}  // namespace morvane

@@ -20,6 +20,8 @@
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
 
+namespace morvane {
+
 namespace {
 
 template <class List, class Member>
@@ -198,3 +200,5 @@ std::string HistoryFault(LayoutMgr& chart, StepBook& book) {
   }
   return {};
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace morvane {
+
 class CObjectTree;
 class LayoutMgr;
 class LinkChain;
@@ -26,3 +28,5 @@ std::string HistoryFault(LayoutMgr& chart);
 std::string HistoryFault(LayoutMgr& chart, StepBook& book);
 /// The chart shows the text of the present step, and can go back and forth as the book can.
 std::string StepFault(LayoutMgr& chart, const StepBook& book);
+
+}  // namespace morvane

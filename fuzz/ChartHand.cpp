@@ -15,6 +15,8 @@
 #include "surface/HiddenWindow.h"
 #include "surface/ToolDrag.h"
 
+namespace morvane {
+
 namespace {
 
 LayoutMgr& MakeView(CMorvaneDoc& document) {
@@ -54,12 +56,12 @@ std::string ChartHand::Fault() const {
   return window.IsDrained() ? "" : "a gesture leaves messages behind";
 }
 
-std::string ChartHand::TextFault() const { return ::TextFault(chart); }
+std::string ChartHand::TextFault() const { return morvane::TextFault(chart); }
 
 std::string ChartHand::HistoryFault() {
   inHistory = true;
   std::string wrong = StepFault(chart, book);
-  if (wrong.empty()) wrong = ::HistoryFault(chart, book);
+  if (wrong.empty()) wrong = morvane::HistoryFault(chart, book);
   inHistory = false;
   return wrong;
 }
@@ -294,3 +296,5 @@ void ChartHand::CancelledDrag() {
   if (chart.ModelText().size() != before.size())
     fault = "a gesture that was cancelled changes the chart";
 }
+
+}  // namespace morvane

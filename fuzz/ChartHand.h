@@ -12,6 +12,8 @@
 #include "surface/LayoutMgr.h"
 #include "tests/support/FakeWindow.h"
 
+namespace morvane {
+
 /// A hand that does anything at all with a chart without a screen, and never lets it grow far.
 /// Every choice comes from one function, so that the same choices make the same chart.
 class ChartHand {
@@ -88,3 +90,5 @@ class ChartHand {
   LayoutMgr& chart;
   FakeWindow window{chart};
 };
+
+}  // namespace morvane

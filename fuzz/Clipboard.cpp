@@ -15,6 +15,8 @@
 #include "tests/support/Charts.h"
 #include "tests/support/FakeWindow.h"
 
+namespace morvane {
+
 // The text that another program put on the clipboard, pasted twice into a chart that holds objects
 // of every kind: what stood there stays as it is, and what came can be undone and copied again.
 
@@ -72,3 +74,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(chart.GetModel().Objects().empty(), "something is left of a chart");
   return 0;
 }
+
+}  // namespace morvane

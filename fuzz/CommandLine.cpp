@@ -7,6 +7,8 @@
 #include "platform/Files.h"
 #include "tests/support/TempFolder.h"
 
+namespace morvane {
+
 // A start with any arguments: one in each line, and behind the first NUL the bytes of the file
 // "in.mrv". Every path is taken into a folder of the target's own, so that nothing else is touched.
 
@@ -68,3 +70,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(Start(arguments, chart) == first, "another run gives other bytes");
   return 0;
 }
+
+}  // namespace morvane

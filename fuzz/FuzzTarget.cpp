@@ -3,8 +3,12 @@
 #include <cstdlib>
 #include <iostream>
 
+namespace morvane {
+
 void Require(const std::string& fault) {
   if (fault.empty()) return;
   std::cerr << "FAULT: " << fault << std::endl;
   std::abort();
 }
+
+}  // namespace morvane

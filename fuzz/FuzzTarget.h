@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+namespace morvane {
+
 // What every fuzz target has. One source is one target: it is linked with the fuzzer, which makes
 // up inputs, or with Replay.cpp, which runs those that are kept.
 
@@ -19,3 +21,5 @@ void Require(const std::string& fault);
 inline void Require(bool holds, const char* what) {
   if (!holds) Require(what);
 }
+
+}  // namespace morvane

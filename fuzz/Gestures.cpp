@@ -3,6 +3,8 @@
 #include "fuzz/ChartHand.h"
 #include "fuzz/FuzzTarget.h"
 
+namespace morvane {
+
 // Gestures and commands on a chart without a screen, each choice from the input: the chart stays
 // sound, its text can be read, undo shows what was there, and no feedback is left on the screen.
 
@@ -21,3 +23,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(hand.Fault());
   return 0;
 }
+
+}  // namespace morvane

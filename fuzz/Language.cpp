@@ -6,6 +6,8 @@
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
 
+namespace morvane {
+
 // A language library: whatever its texts are, those that the program fills have the places for it,
 // and a chart in that language stays sound.
 
@@ -42,8 +44,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(!ReasonOf(text).empty(), "a chart is refused without a reason");
   }
   LayoutMgr chart;
-  chart.PlaceWithoutWindow(false);
+  chart.PlaceWithoutWindow(LayoutMgr::Size::Stored);
   Require(TextFault(chart));
   TextSource::Use(nullptr);
   return 0;
 }
+
+}  // namespace morvane

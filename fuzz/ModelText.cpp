@@ -1,7 +1,7 @@
 #include <sstream>
 
 #include "drawing/CMetaFileDC.h"
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "fuzz/AgreeingMessageBoxes.h"
 #include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
@@ -14,6 +14,8 @@
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/FakeWindow.h"
+
+namespace morvane {
 
 // A chart file: it is refused with a reason or it opens, and then it can be painted, copied,
 // changed, undone and saved like any other.
@@ -35,7 +37,7 @@ bool Read(LayoutMgr& chart, const std::string& text) {
 
 /// Paints all of the chart as a window of any size would.
 void Paint(LayoutMgr& chart) {
-  CNullDC reference;
+  NullDC reference;
   CMetaFileDC dc(reference);
   chart.OnDraw(dc);
 }
@@ -74,7 +76,7 @@ void Handle(const std::string& text) {
 void Picture(const std::string& text) {
   LayoutMgr chart;
   if (!Read(chart, text)) return;
-  chart.PlaceWithoutWindow(true);
+  chart.PlaceWithoutWindow(LayoutMgr::Size::Normal);
   Require(TextFault(chart));
   const ChartPicture picture(chart);
   Require(!picture.MakeEmf().empty(), "a metafile is empty");
@@ -90,3 +92,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Picture(text);
   return 0;
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+namespace morvane {
+
 namespace {
 
 std::vector<std::string> LinesOf(const std::string& text) {
@@ -88,3 +90,5 @@ void Mutation::PutExtremeNumber(std::string& text) {
   const std::size_t end = std::min(text.find_first_not_of(digits, start), text.size());
   text.replace(start, end - start, numbers[Below(numbers.size())]);
 }
+
+}  // namespace morvane

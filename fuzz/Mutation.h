@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 /// Damages the text of a chart as a disk, a merge or a careless editor does: flipped bytes, a cut,
 /// swapped, repeated and lost lines, numbers at the limits. The same seed does the same.
 class Mutation {
@@ -22,3 +24,5 @@ class Mutation {
 
   std::mt19937 random;
 };
+
+}  // namespace morvane

@@ -3,7 +3,7 @@
 #include <sstream>
 
 #include "dialogs/CDefaultSettingDlg.h"
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "fuzz/AnyUser.h"
 #include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
@@ -15,6 +15,8 @@
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/FakeWindow.h"
+
+namespace morvane {
 
 // The values of the user's settings, whatever somebody wrote there: lines of "section/key=value",
 // in which "\n" and "\r" are written with a backslash, and behind the first NUL what the user does
@@ -60,7 +62,7 @@ void DrawOneOfEach() {
   }
   Require(ChartFault(chart));
   Require(TextFault(chart));
-  CNullDC dc;
+  NullDC dc;
   chart.OnDraw(dc);
   const ChartPicture picture(chart);
   Require(!picture.MakeEmf().empty() && !picture.MakeSvg().empty(), "a picture is empty");
@@ -88,3 +90,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TextSource::Use(nullptr);
   return 0;
 }
+
+}  // namespace morvane

@@ -9,6 +9,8 @@
 #include "fuzz/FuzzTarget.h"
 #include "platform/Files.h"
 
+using namespace morvane;
+
 // Runs every input of a folder once, or a number of inputs of random bytes, the same ones each
 // time. What it finds ends the process, as it does under the fuzzer; what takes too long is named,
 // and makes the run fail with the option --timed.

@@ -5,6 +5,8 @@
 
 #include "persistence/UndoHistory.h"
 
+namespace morvane {
+
 std::string StepBook::WithoutZoom(const std::string& modelText) {
   const std::size_t header = std::min(modelText.find('\n'), modelText.size());
   const std::size_t zoom = std::min(modelText.find('\n', header + 1), modelText.size());
@@ -22,3 +24,5 @@ bool StepBook::Note(const std::string& modelText) {
   current = steps.size() - 1;
   return true;
 }
+
+}  // namespace morvane

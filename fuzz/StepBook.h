@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 /// The steps that a user of a chart expects to find in its history, noted beside it: the text of
 /// each, without the line of the zoom, which is no step.
 class StepBook {
@@ -23,3 +25,5 @@ class StepBook {
   std::vector<std::string> steps;
   std::size_t current = 0;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "fuzz/ChartHand.h"
 #include "platform/Clipboard.h"
 
+namespace morvane {
+
 Walk Walk::Go(ByteSource& source) {
   AnyUser user(source);
   user.typesWords = true;
@@ -20,3 +22,5 @@ Walk Walk::Go(ByteSource& source) {
   walk.steps = hand.StepCount();
   return walk;
 }
+
+}  // namespace morvane

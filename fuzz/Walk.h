@@ -5,6 +5,8 @@
 
 #include "fuzz/ByteSource.h"
 
+namespace morvane {
+
 /// A walk of a hand over a chart: gestures, commands, menus and dialogs in any order, edits by
 /// double click and from the list of a search among them, each choice from the source. Then undo
 /// and redo go through all that the history holds.
@@ -15,3 +17,5 @@ struct Walk {
 
   static Walk Go(ByteSource& source);
 };
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include "fuzz/Walk.h"
 
+using namespace morvane;
+
 // Random walks over a chart, the same ones each time: walks [COUNT [BYTES_OF_A_WALK]]. Says which
 // ones had a step that undo or redo did not show byte for byte, and how many had none.
 

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+namespace morvane {
+
 /// The sides of a shape, as an anchor's key names them.
 enum Side : std::uint16_t { SIDE_TOP = 1, SIDE_RIGHT = 2, SIDE_BOTTOM = 3, SIDE_LEFT = 4 };
 
@@ -15,3 +17,5 @@ struct AnchorKey {
 
   friend bool operator==(const AnchorKey&, const AnchorKey&) = default;
 };
+
+}  // namespace morvane

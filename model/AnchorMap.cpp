@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace morvane {
+
 namespace {
 
 /// So many anchors has a state.
@@ -19,3 +21,5 @@ const POINT* AnchorMap::Find(const AnchorKey& key) const {
                                   [&](const Anchor& anchor) { return anchor.key == key; });
   return found != anchors.end() ? &found->point : nullptr;
 }
+
+}  // namespace morvane

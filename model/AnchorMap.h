@@ -6,6 +6,8 @@
 #include "drawing/Geometry.h"
 #include "model/AnchorKey.h"
 
+namespace morvane {
+
 /// The anchors of one shape in the order of their keys. They lie side by side in one block: a chart
 /// has hundreds of thousands of them, and an undo makes each anew.
 class AnchorMap {
@@ -29,3 +31,5 @@ class AnchorMap {
  private:
   std::vector<Anchor> anchors;
 };
+
+}  // namespace morvane

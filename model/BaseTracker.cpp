@@ -7,6 +7,8 @@
 #include "platform/FeedbackDC.h"
 #include "platform/ModalLoop.h"
 
+namespace morvane {
+
 bool BaseTracker::Track(ChartView* view) {
   if (view->HasCapture()) return false;
   const ModalLoop loop;
@@ -44,3 +46,5 @@ void BaseTracker::DrawLines(CDC& dc, std::span<const POINT> points) {
   for (const POINT p : points.subspan(1)) dc.LineTo(p);
   dc.SelectPen(oldPen);
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class CDC;
 class ChartView;
 
@@ -43,3 +45,5 @@ class BaseTracker {
   void* context;
   Callback callback;
 };
+
+}  // namespace morvane

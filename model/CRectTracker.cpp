@@ -7,6 +7,8 @@
 #include "platform/FeedbackDC.h"
 #include "platform/ModalLoop.h"
 
+namespace morvane {
+
 namespace {
 
 /// The rectangle with the sides of a handle, or all of it, moved by a distance.
@@ -132,3 +134,5 @@ void CRectTracker::DrawTrackerRect(const RECT& frame, CWnd& window) {
   if (IsRectEmpty(frame)) return feedback.Hide();
   FeedbackDC(feedback, window).DrawFocusRect(frame);
 }
+
+}  // namespace morvane

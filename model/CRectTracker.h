@@ -4,6 +4,8 @@
 #include "platform/Feedback.h"
 #include "platform/Message.h"
 
+namespace morvane {
+
 class CDC;
 class CWnd;
 
@@ -57,3 +59,5 @@ class CRectTracker {
   RECT shownFrame;
   Feedback feedback;
 };
+
+}  // namespace morvane

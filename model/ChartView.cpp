@@ -3,6 +3,8 @@
 #include "model/Connectable.h"
 #include "model/ObjectBrowser.h"
 
+namespace morvane {
+
 RECT ChartView::ToLogical(const RECT& r) const {
   return {ToLogical(r.left), ToLogical(r.top), ToLogical(r.right), ToLogical(r.bottom)};
 }
@@ -27,3 +29,5 @@ void ChartView::UpdateNodes(Shape* shape) {
 bool ChartView::FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const {
   return shape.FindAnchorNear(ToLogical(ToAbsolute(client)), key);
 }
+
+}  // namespace morvane

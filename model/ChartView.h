@@ -9,6 +9,8 @@
 #include "model/ShapeGeometry.h"
 #include "platform/CScrollView.h"
 
+namespace morvane {
+
 class Collection;
 class Connectable;
 class ObjectBrowser;
@@ -83,3 +85,5 @@ class ChartView : public CScrollView {
 
   std::int16_t zoom = kNormalZoom;
 };
+
+}  // namespace morvane

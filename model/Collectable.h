@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 /// An operation that goes to the members of a selection.
 enum BroadcastOp : int {
   BROADCAST_DESELECTED = 0,
@@ -21,3 +23,5 @@ class Collectable {
   /// no effect.
   virtual void OnBroadcast(int op, void* arg) = 0;
 };
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include "model/Collectable.h"
 
+namespace morvane {
+
 void Collection::Add(Collectable* object) {
   if (index.insert(object).second) members.push_back(object);
 }
@@ -26,3 +28,5 @@ void Collection::Broadcast(int op, void* arg, const Collectable* except) const {
     if (member != except) member->OnBroadcast(op, arg);
   }
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <unordered_set>
 #include <vector>
 
+namespace morvane {
+
 class Collectable;
 
 /// A set of objects in the order in which they were added, a selection for instance. It owns
@@ -26,3 +28,5 @@ class Collection {
   std::vector<Collectable*> members;
   std::unordered_set<const Collectable*> index;
 };
+
+}  // namespace morvane

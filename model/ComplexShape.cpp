@@ -3,6 +3,8 @@
 #include "model/ChartView.h"
 #include "model/ShapeGeometry.h"
 
+namespace morvane {
+
 void ComplexShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
   right = 0;
   bottom = 0;
@@ -71,3 +73,5 @@ void ComplexShape::RebuildRegion() {
   view->InvalidateRgn(*old);
   view->InvalidateRgn(*region);
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "drawing/CRgn.h"
 #include "model/Shape.h"
 
+namespace morvane {
+
 /// A shape whose extent is a region in device pixels. The leaf class builds it, anew whenever the
 /// shape or the view's scroll position or zoom has changed.
 class ComplexShape : public Shape {
@@ -55,3 +57,5 @@ class ComplexShape : public Shape {
   std::int16_t regionZoom = 0;
   bool placed = false;
 };
+
+}  // namespace morvane

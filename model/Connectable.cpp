@@ -5,6 +5,8 @@
 #include "model/ChartView.h"
 #include "model/Connector.h"
 
+namespace morvane {
+
 Connectable::~Connectable() = default;
 
 void Connectable::ReleaseConnectors() {
@@ -35,3 +37,5 @@ void Connectable::NotifyConnectors(bool all) {
     if (all || !connector->IsSelected()) connector->OnConnectableMoved(this);
   }
 }
+
+}  // namespace morvane

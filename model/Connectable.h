@@ -6,6 +6,8 @@
 #include "drawing/Geometry.h"
 #include "model/AnchorMap.h"
 
+namespace morvane {
+
 class Connector;
 class ChartView;
 
@@ -45,3 +47,5 @@ class Connectable {
   std::vector<Connector*> connectors;
   AnchorMap anchors;
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "model/ModelStream.h"
 #include "resources/CommandIds.h"
 
+namespace morvane {
+
 namespace {
 
 /// How far the mark of an anchor reaches around its point, device pixels.
@@ -83,3 +85,5 @@ void ConnectableRectShape::ForgetAnchors() {
   }
   ClearAnchors();
 }
+
+}  // namespace morvane

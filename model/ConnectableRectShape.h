@@ -3,6 +3,8 @@
 #include "model/Connectable.h"
 #include "model/RectShape.h"
 
+namespace morvane {
+
 /// A rectangle with anchors. Base of `State`, `Mesg` and `Note`.
 class ConnectableRectShape : public RectShape, public Connectable {
  public:
@@ -36,3 +38,5 @@ class ConnectableRectShape : public RectShape, public Connectable {
  protected:
   bool showAnchors = true;
 };
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 class Connectable;
 
 /// What hangs on the anchors of a `Connectable`.
@@ -14,3 +16,5 @@ class Connector {
  protected:
   ~Connector() = default;
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "platform/Profile.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kSection = "Settings";
@@ -118,3 +120,5 @@ void Defaults::Save() const {
   }
   Service<Profile>::Get().Write(kSection, values);
 }
+
+}  // namespace morvane

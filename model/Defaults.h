@@ -5,6 +5,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 /// The process-wide store of what new objects and new views take. Nothing in it reaches an object
 /// that exists already.
 struct Defaults {
@@ -34,3 +36,5 @@ struct Defaults {
   std::int32_t FontSize = 0;  ///< tenths of a point
   COLORREF FontColor = 0;
 };
+
+}  // namespace morvane

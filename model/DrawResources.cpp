@@ -1,6 +1,10 @@
 #include "model/DrawResources.h"
 
+namespace morvane {
+
 const DrawResources& DrawResources::Instance() {
   static const DrawResources instance;
   return instance;
 }
+
+}  // namespace morvane

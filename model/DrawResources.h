@@ -3,6 +3,8 @@
 #include "drawing/DrawingTools.h"
 #include "platform/Message.h"
 
+namespace morvane {
+
 /// The pens, brushes, cursors and masks that all painting shares. There is one for the process.
 class DrawResources {
  public:
@@ -21,7 +23,7 @@ class DrawResources {
   CPen rubberPen{PenStyle::Dot, 0, 0x404040};    ///< rubber lines and ghosts
   CPen gridPen{PenStyle::Dot, 0, 0xF0F0F0};
 
-  COLORREF handleColor = 0xFF0000;  ///< handles of transitions and lines
+  COLORREF handleColour = 0xFF0000;  ///< handles of transitions and lines
 
   /// The mark of an anchor.
   BitMask anchorMask{5, 5, {0x70, 0xF8, 0xF8, 0xF8, 0x70}};
@@ -37,3 +39,5 @@ class DrawResources {
  private:
   DrawResources() = default;
 };
+
+}  // namespace morvane

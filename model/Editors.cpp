@@ -1,5 +1,7 @@
 #include "model/Editors.h"
 
+namespace morvane {
+
 namespace {
 
 class NoEditors : public Editors {
@@ -29,3 +31,5 @@ Editors& Editors::Default() {
   static NoEditors none;
   return none;
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class ModelMgr;
 class ModelProperties;
 
@@ -53,3 +55,5 @@ class Editors {
 
   static Editors& Default();
 };
+
+}  // namespace morvane

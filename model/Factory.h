@@ -4,6 +4,8 @@
 #include <span>
 #include <string_view>
 
+namespace morvane {
+
 class Shape;
 
 /// Makes objects by their keyword in the model text. What kinds there are it is told.
@@ -23,3 +25,5 @@ class Factory {
  private:
   std::span<const Maker> makers;
 };
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace morvane {
+
 bool LineTracker::Finish(POINT& point, CDC* /*dc*/) {
   MoveTo(point);
   return movedStart != start || movedEnd != end;
@@ -21,3 +23,5 @@ void LineTracker::MoveTo(POINT point) {
     movedEnd = {point.x, end.y};
   }
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "model/BaseTracker.h"
 
+namespace morvane {
+
 /// Shows a segment that moves parallel to itself, joined to its old ends. A horizontal segment
 /// moves up and down, any other one left and right.
 class LineTracker : public BaseTracker {
@@ -21,3 +23,5 @@ class LineTracker : public BaseTracker {
  private:
   void MoveTo(POINT point);
 };
+
+}  // namespace morvane

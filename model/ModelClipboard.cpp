@@ -4,6 +4,8 @@
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 void ModelClipboard::Put(const std::string& bytes) {
   if (Service<Clipboard>::Get().Put({{kFormat, bytes}}) != ClipboardError::None) {
     ShowMessage(LoadText(IDS_CLIPBOARD_ERROR));
@@ -19,3 +21,5 @@ std::optional<std::string> ModelClipboard::Get() {
 }
 
 bool ModelClipboard::IsAvailable() const { return Service<Clipboard>::Get().IsAvailable(kFormat); }
+
+}  // namespace morvane

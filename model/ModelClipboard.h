@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+namespace morvane {
+
 /// Puts records of objects on the clipboard and takes them from there. Each failure is shown to the
 /// user where it happens.
 class ModelClipboard {
@@ -15,3 +17,5 @@ class ModelClipboard {
   std::optional<std::string> Get();
   bool IsAvailable() const;
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "model/Shape.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 ModelData::~ModelData() { DeleteAll(); }
 
 void ModelData::DeleteAll() {
@@ -64,3 +66,5 @@ void ModelData::Read(ModelStream& stream) {
   }
   complete = true;
 }
+
+}  // namespace morvane

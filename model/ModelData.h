@@ -3,6 +3,8 @@
 #include <memory>
 #include <vector>
 
+namespace morvane {
+
 class Factory;
 class ModelStream;
 class Shape;
@@ -37,3 +39,5 @@ class ModelData {
   std::vector<Shape*> objects;
   bool complete = true;
 };
+
+}  // namespace morvane

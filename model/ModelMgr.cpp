@@ -12,6 +12,8 @@
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 /// All layers from the lowest to the highest: the order of painting. Hits go the other way.
@@ -223,3 +225,5 @@ void ModelMgr::Read(ModelStream& stream) {
   }
   data.Read(stream);
 }
+
+}  // namespace morvane

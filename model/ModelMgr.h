@@ -11,6 +11,8 @@
 #include "model/Shape.h"
 #include "model/ShapeRegistry.h"
 
+namespace morvane {
+
 class CDC;
 class CWnd;
 class ChartView;
@@ -112,3 +114,5 @@ class ModelMgr : public ShapeRegistry {
   ModelData data{factory};
   std::vector<std::unique_ptr<Shape>> pasteList;
 };
+
+}  // namespace morvane

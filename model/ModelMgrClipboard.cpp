@@ -9,6 +9,8 @@
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 // Copying and pasting of objects: the selected records as text, closed by a NUL.
 
 void ModelMgr::Copy() {
@@ -103,3 +105,5 @@ void ModelMgr::AdoptPasted() {
   POINT offset = view->AddScroll(POINT{1, 1}) - corner;
   selection.Broadcast(BROADCAST_MOVE, &offset, nullptr);
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "model/ModelMgr.h"
 #include "platform/CWnd.h"
 
+namespace morvane {
+
 // What a press of the mouse means by what lies under it. All points are device pixels.
 
 namespace {
@@ -75,3 +77,5 @@ bool ModelMgr::TrackRubberBand(std::int32_t x, std::int32_t y) {
   selection.Broadcast(BROADCAST_SELECTED, nullptr, nullptr);
   return true;
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "model/ModelStream.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 /// One field as the model text holds it: a whole line, or a block between tags.
@@ -73,3 +75,5 @@ void ModelProperties::Read(ModelStream& stream) {
     }
   }
 }
+
+}  // namespace morvane

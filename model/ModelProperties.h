@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace morvane {
+
 class ModelStream;
 
 /// The sixteen texts of a chart: three describe the model, the others are for the generators. A new
@@ -35,3 +37,5 @@ class ModelProperties {
   std::string CSharpPackage;
   std::string CSharpDeclarations;
 };
+
+}  // namespace morvane

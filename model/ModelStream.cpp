@@ -10,6 +10,8 @@
 #include "model/Object.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 using Traits = std::char_traits<char>;
@@ -169,3 +171,5 @@ void ReadTextBlock(std::istream& in, std::string& text, const std::string& begin
   }
   if (!text.empty()) text.resize(text.size() - lineBreak.size());
 }
+
+}  // namespace morvane

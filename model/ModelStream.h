@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 class Object;
 
 /// What every `Write` and `Read` receives: a standard text stream and the version of the text. It
@@ -57,3 +59,5 @@ void WriteTextBlock(std::ostream& out, const std::string& text, const std::strin
 /// Reads what `WriteTextBlock` wrote; throws the text for the user when it is damaged.
 void ReadTextBlock(std::istream& in, std::string& text, const std::string& beginTag,
                    const std::string& endTag);
+
+}  // namespace morvane

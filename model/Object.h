@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+namespace morvane {
+
 class ModelStream;
 
 /// Something with an identity in a model. An id is also its reference in the model text; 0 as a
@@ -25,3 +27,5 @@ class Object {
  protected:
   std::int32_t id = 0;
 };
+
+}  // namespace morvane

@@ -3,15 +3,14 @@
 #include <string>
 #include <vector>
 
-class LayoutMgr;
+namespace morvane {
+
 class Shape;
 
 /// Who follows the objects of a chart as they come, change and go: the tree beside the chart.
 class ObjectBrowser {
  public:
   virtual ~ObjectBrowser() = default;
-  /// Shows the chart of a view from now on.
-  virtual void Attach(LayoutMgr* view) = 0;
   virtual void SetRootText(const std::string& text) = 0;
   virtual void AddNode(Shape* object) = 0;
   /// A whole model was placed: each of its objects has come, in the order of placing. They show as
@@ -22,3 +21,5 @@ class ObjectBrowser {
   /// The whole model goes: everything below the root is void.
   virtual void RemoveAllNodes() = 0;
 };
+
+}  // namespace morvane

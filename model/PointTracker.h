@@ -2,6 +2,8 @@
 
 #include "model/BaseTracker.h"
 
+namespace morvane {
+
 /// Draws a line from a fixed point to the pointer, or nothing: then it only runs the loop and the
 /// callback.
 class PointTracker : public BaseTracker {
@@ -20,3 +22,5 @@ class PointTracker : public BaseTracker {
  private:
   bool rubberLine;
 };
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+namespace morvane {
+
 namespace {
 
 constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
@@ -25,3 +27,5 @@ RecordLine RecordLine::Parse(const std::string& line) {
   words.second = NextWord(rest);
   return words;
 }
+
+}  // namespace morvane

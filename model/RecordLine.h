@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace morvane {
+
 /// The first two words of a line between records; empty where there is none.
 struct RecordLine {
   std::string first;
@@ -9,3 +11,5 @@ struct RecordLine {
 
   static RecordLine Parse(const std::string& line);
 };
+
+}  // namespace morvane

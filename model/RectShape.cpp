@@ -7,6 +7,8 @@
 #include "model/Collection.h"
 #include "model/ModelStream.h"
 
+namespace morvane {
+
 namespace {
 
 /// How far around a rectangle it answers to a pointer that is near, model units.
@@ -182,3 +184,5 @@ void RectShape::AdjustRect(unsigned /*handle*/, RECT& device) {
 bool RectShape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
   return tracker && tracker->SetCursor(*view, view->GetCursorPos());
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "model/RectTracker.h"
 #include "model/Shape.h"
 
+namespace morvane {
+
 /// A shape whose extent is one rectangle, in model units.
 class RectShape : public Shape {
  public:
@@ -57,3 +59,5 @@ class RectShape : public Shape {
   RECT rect;
   std::optional<RectTracker> tracker;  ///< once the shape stands on a chart
 };
+
+}  // namespace morvane

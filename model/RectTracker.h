@@ -2,6 +2,8 @@
 
 #include "model/CRectTracker.h"
 
+namespace morvane {
+
 class RectShape;
 
 /// Shows and drags the handles of a shape; the shape says how far.
@@ -16,3 +18,5 @@ class RectTracker : public CRectTracker {
  private:
   RectShape& owner;
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 Shape::Shape(std::int32_t id, ChartView* view, Layer layer)
     : Object(id), view(view), layer(layer) {}
 
@@ -70,3 +72,5 @@ void Shape::InvalidateNew() {
 bool Shape::ConfirmDeletion(unsigned textId) {
   return ShowMessage(LoadText(textId), kConfirmFlags) == MessageAnswer::Yes;
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 #include "model/Collectable.h"
 #include "model/Object.h"
 
+namespace morvane {
+
 class CDC;
 class CWnd;
 class ChartView;
@@ -104,3 +106,5 @@ class Shape : public Object, public Collectable {
   ModelMgr* mgr = nullptr;
   Layer layer = LAYER_STATE;
 };
+
+}  // namespace morvane

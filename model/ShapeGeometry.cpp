@@ -7,6 +7,8 @@
 
 #include "model/AnchorKey.h"
 
+namespace morvane {
+
 std::int32_t RoundHalfAway(double x) {
   constexpr double low = std::numeric_limits<std::int32_t>::min();
   constexpr double high = std::numeric_limits<std::int32_t>::max();
@@ -90,3 +92,5 @@ bool SegmentCrossing(POINT p1, POINT p2, POINT p3, POINT p4, POINT& crossing) {
   crossing = {c.x, a.y};
   return true;
 }
+
+}  // namespace morvane

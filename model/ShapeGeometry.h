@@ -5,6 +5,8 @@
 #include "drawing/CRgn.h"
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 // Geometry that shapes share. The functions carry no unit of their own: points in give points out
 // in the same unit.
 
@@ -30,3 +32,5 @@ POINT LowerPoint(POINT a, POINT b);
 POINT HigherPoint(POINT a, POINT b);
 /// The crossing of the axis-parallel segments p1 p2 and p3 p4.
 bool SegmentCrossing(POINT p1, POINT p2, POINT p3, POINT p4, POINT& crossing);
+
+}  // namespace morvane

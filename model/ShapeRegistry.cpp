@@ -5,6 +5,8 @@
 
 #include "model/Shape.h"
 
+namespace morvane {
+
 void ShapeRegistry::AddShape(Shape* shape, std::int32_t id) {
   shapes[id] = shape;
   lastId = std::max(lastId, id);
@@ -28,3 +30,5 @@ std::int32_t ShapeRegistry::NextId() {
   } while (shapes.count(lastFreeId) != 0);
   return lastFreeId;
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <unordered_map>
 
+namespace morvane {
+
 class Shape;
 
 /// Every attached object by its id. It owns nothing.
@@ -27,3 +29,5 @@ class ShapeRegistry {
   std::int32_t lastId = kFirstId;
   std::int32_t lastFreeId = kFirstId;
 };
+
+}  // namespace morvane

@@ -1,11 +1,13 @@
 #include "persistence/CDocument.h"
 
-#include "persistence/CDocManager.h"
 #include "persistence/ChartText.h"
+#include "persistence/DocumentManager.h"
 #include "platform/CScrollView.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
+
+namespace morvane {
 
 CDocument::CDocument() = default;
 CDocument::~CDocument() = default;
@@ -70,3 +72,5 @@ bool CDocument::SaveModified() {
     default: return false;
   }
 }
+
+}  // namespace morvane

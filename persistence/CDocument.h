@@ -6,7 +6,9 @@
 
 #include "platform/SharedText.h"
 
-class CDocManager;
+namespace morvane {
+
+class DocumentManager;
 class CScrollView;
 
 /// Something that the user has to know of a document and can decide later: a bar in its window says
@@ -30,7 +32,7 @@ class CDocument {
   CDocument(const CDocument&) = delete;
   CDocument& operator=(const CDocument&) = delete;
 
-  void SetManager(CDocManager* owner) { manager = owner; }
+  void SetManager(DocumentManager* owner) { manager = owner; }
   void SetView(std::unique_ptr<CScrollView> made);
   CScrollView* GetView() const { return view.get(); }
 
@@ -81,9 +83,11 @@ class CDocument {
  private:
   bool SaveTo(const std::string& path);
 
-  CDocManager* manager = nullptr;
+  DocumentManager* manager = nullptr;
   std::unique_ptr<CScrollView> view;
   std::string pathName;
   std::string title;
   bool modified = false;
 };
+
+}  // namespace morvane

@@ -6,11 +6,13 @@
 #include "persistence/ChartText.h"
 #include "persistence/ModelFile.h"
 #include "platform/CScrollView.h"
-#include "platform/CWaitCursor.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
+#include "platform/WaitCursor.h"
 #include "recovery/RecoveryStore.h"
 #include "resources/Texts.h"
+
+namespace morvane {
 
 // What a chart says of its file to the user, and the way back to it, is in CMorvaneDocFile.cpp.
 
@@ -90,7 +92,7 @@ bool CMorvaneDoc::OnOpenDocument(const std::string& path) {
   }
   std::string reason;
   {
-    const CWaitCursor wait;
+    const WaitCursor wait;
     std::string text;
     reason = ModelFile::ReadText(path, text);
     if (reason.empty()) reason = ModelFile::Parse(text, *Chart());
@@ -103,7 +105,7 @@ bool CMorvaneDoc::OnOpenDocument(const std::string& path) {
 bool CMorvaneDoc::OnSaveDocument(const std::string& path) {
   std::string reason;
   {
-    const CWaitCursor wait;
+    const WaitCursor wait;
     try {
       reason = Write(path, PresentText());
     } catch (const std::exception&) {
@@ -162,3 +164,5 @@ bool CMorvaneDoc::Recover(RecoveryOffer& offer) {
 void CMorvaneDoc::ReportError(const std::string& path, const std::string& reason) {
   ShowMessage(path + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
 }
+
+}  // namespace morvane

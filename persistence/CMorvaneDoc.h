@@ -8,6 +8,8 @@
 #include "platform/FileWatch.h"
 #include "platform/SharedText.h"
 
+namespace morvane {
+
 class ChartText;
 class RecoveryEntry;
 class RecoveryStore;
@@ -71,3 +73,5 @@ class CMorvaneDoc : public CDocument {
   DiskFile file;
   std::unique_ptr<FileWatch::Handle> watch;
 };
+
+}  // namespace morvane

@@ -1,11 +1,13 @@
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ChartText.h"
 #include "persistence/ModelFile.h"
-#include "platform/CWaitCursor.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
+#include "platform/WaitCursor.h"
 #include "recovery/RecoveryStore.h"
 #include "resources/Texts.h"
+
+namespace morvane {
 
 // What others do to the file of an open chart, what the user is told of it, and the way back to the
 // file.
@@ -93,7 +95,7 @@ bool CMorvaneDoc::CanRevert() const {
 void CMorvaneDoc::Revert() {
   const std::string question = WithName(LoadText(IDS_CONFIRM_REVERT), FileNameOf(GetPathName()));
   if (IsModified() && ShowMessage(question, kConfirmFlags) != MessageAnswer::Yes) return;
-  const CWaitCursor wait;
+  const WaitCursor wait;
   if (Reload()) ShowNotices();
 }
 
@@ -114,3 +116,5 @@ bool CMorvaneDoc::Reload() {
   ReportError(path, reason);
   return false;
 }
+
+}  // namespace morvane

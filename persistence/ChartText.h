@@ -4,6 +4,8 @@
 
 #include "platform/SharedText.h"
 
+namespace morvane {
+
 class CDocument;
 class ModelStream;
 
@@ -30,3 +32,5 @@ class ChartText {
  private:
   CDocument* document = nullptr;
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
 
+namespace morvane {
+
 namespace {
 
 std::size_t HashOf(std::string_view text) { return std::hash<std::string_view>()(text); }
@@ -47,3 +49,5 @@ DiskFile::State DiskFile::Look() {
 }
 
 void DiskFile::Accept() { RememberStamp(path, FileStamp::Of(path)); }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 #include "platform/FileStamp.h"
 
+namespace morvane {
+
 /// The file of an open chart as it was when this program read or wrote it last, and what has become
 /// of it on the disk since.
 class DiskFile {
@@ -36,3 +38,5 @@ class DiskFile {
   std::optional<std::size_t> hash;  ///< of the text
   State state = State::Same;
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "platform/Files.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 std::string ModelFile::ReadText(const std::string& path, std::string& text) {
   try {
     std::string bytes;
@@ -71,3 +73,5 @@ std::string ModelFile::ToDisk(const std::string& text) {
   }
   return bytes;
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace morvane {
+
 class ChartText;
 struct FileResult;
 
@@ -25,3 +27,5 @@ class ModelFile {
   static std::string FromDisk(std::string bytes);
   static std::string ToDisk(const std::string& text);
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "model/ModelStream.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::int32_t kMagic = 9999;
@@ -39,3 +41,5 @@ void ModelHeader::Read(ModelStream& stream) {
   stream.supportedVersion = ModelStream::kSupportedVersion;
   stream.fileVersion = version;
 }
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 class ModelStream;
 
 /// The first line of a model text: a magic number and the version.
@@ -10,3 +12,5 @@ class ModelHeader {
   /// a version that is too new.
   static void Read(ModelStream& stream);
 };
+
+}  // namespace morvane

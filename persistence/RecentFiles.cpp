@@ -4,6 +4,8 @@
 
 #include "platform/Profile.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kSection = "Recent File List";
@@ -56,3 +58,5 @@ void RecentFiles::Remove(const std::string& path) {
     if (std::erase(paths, path) != 0) Put(paths, section);
   });
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 /// The files that were opened or saved last, newest first, kept in the profile, where every running
 /// copy of the program adds its own.
 class RecentFiles {
@@ -21,3 +23,5 @@ class RecentFiles {
  private:
   std::vector<std::string> paths;
 };
+
+}  // namespace morvane

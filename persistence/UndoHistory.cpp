@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace morvane {
+
 SharedText UndoHistory::At(std::size_t index) const {
   return index < entries.size() ? entries[index] : nullptr;
 }
@@ -31,3 +33,5 @@ void UndoHistory::StepBack() {
 void UndoHistory::StepForward() {
   if (CanRedo()) ++current;
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 
 #include "platform/SharedText.h"
 
+namespace morvane {
+
 /// The snapshots of a chart, each a whole model text, and which one the chart shows.
 class UndoHistory {
  public:
@@ -34,3 +36,5 @@ class UndoHistory {
   std::vector<SharedText> entries;
   std::size_t current = 0;
 };
+
+}  // namespace morvane

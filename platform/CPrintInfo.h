@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 /// What a run of printing, or a preview, knows of its pages. Pages count from 1.
 class CPrintInfo {
  public:
@@ -17,3 +19,5 @@ class CPrintInfo {
  private:
   int maxPage = 1;
 };
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 #include "platform/ViewPages.h"
 #include "platform/WindowPeer.h"
 
+namespace morvane {
+
 void CScrollView::SetScrollSizes(SIZE totalSize, SIZE pageSize) {
   total = totalSize;
   page = pageSize;
@@ -89,3 +91,5 @@ bool CScrollView::DoPreparePrinting(CPrintInfo& info) {
 void CScrollView::OnFilePrint(bool direct) { ViewPages(*this).RunPrint(direct); }
 
 void CScrollView::OnFilePrintPreview() { ViewPages(*this).RunPreview(); }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "platform/CWnd.h"
 
+namespace morvane {
+
 class CDC;
 
 class CPrintInfo;
@@ -70,3 +72,5 @@ class CScrollView : public CWnd {
   SIZE page;
   POINT position;
 };
+
+}  // namespace morvane

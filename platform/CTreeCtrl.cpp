@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace morvane {
+
 CTreeCtrl::CTreeCtrl(std::vector<std::string> images) : images(std::move(images)) {}
 
 CTreeCtrl::~CTreeCtrl() = default;
@@ -164,3 +166,5 @@ void CTreeCtrl::Select(TreeItem* item) {
   selected = item;
   if (listener.selected) listener.selected();
 }
+
+}  // namespace morvane

@@ -13,6 +13,8 @@
 #include "drawing/Geometry.h"
 #include "platform/TreeItem.h"
 
+namespace morvane {
+
 /// A tree of items, with a window before it or without. New items come behind their siblings. To
 /// insert an item, or to find those of a datum, takes no longer in a large tree; to delete one
 /// takes as long as what is below it is large.
@@ -102,3 +104,5 @@ class CTreeCtrl {
   TreeItem* selected = nullptr;
   std::uint64_t lastSerial = 0;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "platform/Feedback.h"
 #include "platform/WindowPeer.h"
 
+namespace morvane {
+
 CWnd::~CWnd() {
   while (!feedback.empty()) (*feedback.begin())->Hide();
 }
@@ -76,3 +78,5 @@ void CWnd::DispatchMessage(const Message& message) {
     case Message::Kind::Quit: break;
   }
 }
+
+}  // namespace morvane

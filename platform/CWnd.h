@@ -6,6 +6,8 @@
 #include "platform/Command.h"
 #include "platform/Message.h"
 
+namespace morvane {
+
 class CRgn;
 class Feedback;
 class WindowPeer;
@@ -80,3 +82,5 @@ class CWnd {
   WindowPeer* peer = nullptr;
   std::unordered_set<Feedback*> feedback;
 };
+
+}  // namespace morvane

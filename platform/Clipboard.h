@@ -6,6 +6,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// The step of a clipboard operation that failed.
 enum class ClipboardError { None, Open, Empty, Set, Get };
 
@@ -27,3 +29,5 @@ class Clipboard {
   virtual bool IsAvailable(const std::string& format) = 0;
   static Clipboard& Default();
 };
+
+}  // namespace morvane

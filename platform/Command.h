@@ -4,6 +4,8 @@
 #include <span>
 #include <string_view>
 
+namespace morvane {
+
 /// What a menu or a bar shows of a command now.
 struct CommandState {
   bool handled = false;  ///< the target knows the command
@@ -75,3 +77,5 @@ class CommandTable {
  private:
   std::span<const CommandRow<Target>> rows;
 };
+
+}  // namespace morvane

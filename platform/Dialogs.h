@@ -10,6 +10,8 @@
 #include "platform/ModalLoop.h"
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// The desktop's own dialogs. The default service has no screen and answers every dialog with
 /// Cancel.
 class Dialogs {
@@ -31,7 +33,7 @@ class Dialogs {
   struct FontChoice {
     std::string face;
     std::int32_t tenths = 0;  ///< the size in tenths of a point
-    COLORREF color = 0;
+    COLORREF colour = 0;
   };
 
   virtual ~Dialogs() = default;
@@ -45,7 +47,7 @@ class Dialogs {
   /// the dialog has asked before an existing file is replaced. Nothing on Cancel.
   virtual std::optional<ExportAnswer> AskExport(const ExportRequest& request) = 0;
   /// A colour, starting from one; nothing on Cancel.
-  virtual std::optional<COLORREF> AskColor(COLORREF start) = 0;
+  virtual std::optional<COLORREF> AskColour(COLORREF start) = 0;
   /// A face, a size and a colour for text on the screen; nothing on Cancel.
   virtual std::optional<FontChoice> AskFont(const FontChoice& start) = 0;
   static Dialogs& Default();
@@ -67,7 +69,9 @@ inline std::optional<Dialogs::ExportAnswer> AskExport(const Dialogs::ExportReque
 }
 
 /// Lets the user choose another colour for a field; on Cancel it stays.
-inline void ChooseColor(COLORREF& field) {
+inline void ChooseColour(COLORREF& field) {
   const ModalLoop loop;
-  field = Service<Dialogs>::Get().AskColor(field).value_or(field);
+  field = Service<Dialogs>::Get().AskColour(field).value_or(field);
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "drawing/Geometry.h"
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// The picture of a tool that hangs from the pointer while the tool is on its way to a chart.
 /// Points are screen points. The default service shows nothing.
 class DragImages {
@@ -13,3 +15,5 @@ class DragImages {
   virtual void Hide() {}
   static DragImages& Default();
 };
+
+}  // namespace morvane

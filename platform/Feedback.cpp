@@ -6,6 +6,8 @@
 #include "drawing/Metafile.h"
 #include "platform/CWnd.h"
 
+namespace morvane {
+
 namespace {
 
 /// On a fine screen a thin stroke reaches so far beyond its points, device pixels.
@@ -65,3 +67,5 @@ void Feedback::Paint(CDC& dc) const {
   if (dc.RectVisible(shown->box)) dc.PlayMetaFile(shown->drawing);
   dc.SetViewportOrg(origin);
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class CDC;
 class CWnd;
 class Metafile;
@@ -35,3 +37,5 @@ class Feedback {
 
   std::unique_ptr<Shown> shown;  ///< most of those in a large chart show nothing
 };
+
+}  // namespace morvane

@@ -1,13 +1,15 @@
 #include "platform/FeedbackDC.h"
 
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "platform/Feedback.h"
+
+namespace morvane {
 
 namespace {
 
 /// Lines need no measuring.
 CDC& Nowhere() {
-  static CNullDC dc;
+  static NullDC dc;
   return dc;
 }
 
@@ -17,3 +19,5 @@ FeedbackDC::FeedbackDC(Feedback& feedback, CWnd& window, POINT place)
     : CMetaFileDC(Nowhere()), feedback(feedback), window(window), place(place) {}
 
 FeedbackDC::~FeedbackDC() { feedback.Show(window, Close(), place); }
+
+}  // namespace morvane

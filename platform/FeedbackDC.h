@@ -2,6 +2,8 @@
 
 #include "drawing/CMetaFileDC.h"
 
+namespace morvane {
+
 class CWnd;
 class Feedback;
 
@@ -18,3 +20,5 @@ class FeedbackDC : public CMetaFileDC {
   CWnd& window;
   POINT place;
 };
+
+}  // namespace morvane

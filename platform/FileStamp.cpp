@@ -3,6 +3,8 @@
 #include <sstream>
 #include <sys/stat.h>
 
+namespace morvane {
+
 FileStamp FileStamp::Of(const std::string& path) {
   struct stat status {};
   if (path.empty() || stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
@@ -23,3 +25,5 @@ FileStamp FileStamp::FromLine(const std::string& line) {
   in >> stamp.exists >> stamp.device >> stamp.number >> stamp.size >> stamp.time;
   return in ? stamp : FileStamp{};
 }
+
+}  // namespace morvane

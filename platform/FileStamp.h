@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+namespace morvane {
+
 /// What tells whether the file at a path is still the one that it was: which file it is, how large,
 /// and when it was written.
 struct FileStamp {
@@ -20,3 +22,5 @@ struct FileStamp {
   std::string ToLine() const;
   static FileStamp FromLine(const std::string& line);
 };
+
+}  // namespace morvane

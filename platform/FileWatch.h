@@ -6,6 +6,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// Tells when a file may have been changed, taken away or replaced by whoever it was. The default
 /// service watches nothing.
 class FileWatch {
@@ -21,3 +23,5 @@ class FileWatch {
   virtual std::unique_ptr<Handle> Start(const std::string& path, std::function<void()> touched) = 0;
   static FileWatch& Default();
 };
+
+}  // namespace morvane

@@ -13,6 +13,8 @@
 #include "platform/PosixFile.h"
 #include "platform/WholeFile.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -109,3 +111,5 @@ std::string ProgramPath() {
   const fs::path program = fs::read_symlink("/proc/self/exe", error);
   return error ? "" : program.string();
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 // Files and paths. Code that cuts paths takes "/" and "\" alike.
 
 struct FileResult {
@@ -51,3 +53,5 @@ std::string FindPath(const std::string& path,
                      const std::function<bool(const std::string& path)>& isWanted);
 /// The full file name of the running program; empty if the system doesn't tell.
 std::string ProgramPath();
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 
 #include "platform/Files.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -97,3 +99,5 @@ std::vector<std::string> Folders::VolumesOf(std::string_view mounts) {
   volumes.erase(std::unique(volumes.begin(), volumes.end()), volumes.end());
   return volumes;
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// What a browser of files asks of the file system. Names and paths are the system's own bytes. The
 /// default service is the real file system; what can't be read counts as empty.
 class Folders {
@@ -32,3 +34,5 @@ class Folders {
   /// user finds a volume of their own, in order.
   static std::vector<std::string> VolumesOf(std::string_view mounts);
 };
+
+}  // namespace morvane

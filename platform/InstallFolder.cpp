@@ -5,6 +5,8 @@
 
 #include "platform/Files.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::string_view kSeparators = "/\\";
@@ -30,3 +32,5 @@ std::string InstallFolderOf(std::string_view programPath) {
   }
   return folder;
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 /// Key state that comes with a mouse message.
 enum MouseFlags : unsigned { MK_LBUTTON = 1, MK_RBUTTON = 2, MK_SHIFT = 4, MK_CONTROL = 8 };
 
@@ -41,3 +43,5 @@ enum class Cursor {
 
 enum class ScrollBar { Horizontal, Vertical };
 enum class ScrollCode { LineBack, LineForward, PageBack, PageForward, ToStart, ToEnd, ToPosition };
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "platform/ModalLoop.h"
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// The look of a message box: one of the button sets, an icon and a default button, added up.
 enum MessageBoxFlags : unsigned {
   MB_OK = 0x0,
@@ -36,3 +38,5 @@ inline MessageAnswer ShowMessage(const std::string& text, unsigned flags = MB_OK
   const ModalLoop loop;
   return Service<MessageBoxes>::Get().Show(text, flags);
 }
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 /// Lives for as long as the program waits for the user in a message box, a menu, a dialog or a
 /// drag. The events of all windows go on meanwhile: they may show what there is, but nothing that
 /// the operation below stands on may change or go.
@@ -18,3 +20,5 @@ class ModalLoop {
     return depth;
   }
 };
+
+}  // namespace morvane

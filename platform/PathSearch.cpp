@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+namespace morvane {
+
 namespace {
 
 constexpr char kSeparator = '/';
@@ -101,3 +103,5 @@ std::string PathSearch::FindBelow(const std::string& folder, Pieces rest) const 
   }
   return {};
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 /// Finds what a path means when the case of its letters has been lost: as `GetInstallFolder` gives
 /// it, or as it was written on a system that doesn't regard case.
 class PathSearch {
@@ -33,3 +35,5 @@ class PathSearch {
   Lister namesIn;
   Test isWanted;
 };
+
+}  // namespace morvane

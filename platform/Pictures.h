@@ -8,6 +8,8 @@
 #include "drawing/Geometry.h"
 #include "platform/Service.h"
 
+namespace morvane {
+
 class CDC;
 
 /// Makes pictures with no window. The default service measures roughly and can make none.
@@ -25,3 +27,5 @@ class Pictures {
   virtual std::optional<std::string> MakePdf(SIZE size, const Paint& paint) = 0;
   static Pictures& Default();
 };
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 #include "platform/ModalLoop.h"
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// Popup menus at a point of the screen. The default service has no screen: nothing is chosen.
 class PopupMenus {
  public:
@@ -26,3 +28,5 @@ inline unsigned TrackMenu(const std::vector<PopupMenus::Item>& items, POINT scre
   const ModalLoop loop;
   return Service<PopupMenus>::Get().Track(items, screen);
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+namespace morvane {
+
 namespace {
 
 int ErrorOf(int result) { return result < 0 ? errno : 0; }
@@ -104,3 +106,5 @@ int PosixFile::Close() {
   // An interrupted close has closed.
   return result < 0 && errno != EINTR ? errno : 0;
 }
+
+}  // namespace morvane

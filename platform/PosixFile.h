@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <sys/types.h>
 
+namespace morvane {
+
 /// A file of the system, open until it is closed or the object goes. Each operation gives 0 or the
 /// errno of its failure.
 class PosixFile {
@@ -43,3 +45,5 @@ class PosixFile {
   static constexpr int kNone = -1;
   int handle = kNone;
 };
+
+}  // namespace morvane

@@ -13,6 +13,8 @@
 
 extern char** environ;
 
+namespace morvane {
+
 namespace {
 
 constexpr std::chrono::milliseconds kTurn{1};
@@ -201,3 +203,5 @@ Processes& Processes::Default() {
   static PosixProcesses service;
   return service;
 }
+
+}  // namespace morvane

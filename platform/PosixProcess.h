@@ -6,6 +6,8 @@
 
 #include "platform/Process.h"
 
+namespace morvane {
+
 /// One end of a pipe, or another file of the system; closed with the object.
 class FileHandle {
  public:
@@ -78,3 +80,5 @@ class PosixProcesses : public Processes {
   std::unique_ptr<Process> Start(const std::string& commandLine, bool showWindow) override;
   void Sleep(std::chrono::milliseconds time) override;
 };
+
+}  // namespace morvane

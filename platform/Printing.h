@@ -5,6 +5,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 class CDC;
 class CPrintInfo;
 
@@ -56,3 +58,5 @@ class Printing {
   virtual void ShowPreview(PrintedPages& pages) = 0;
   static Printing& Default();
 };
+
+}  // namespace morvane

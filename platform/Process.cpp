@@ -7,6 +7,8 @@
 
 #include "platform/Files.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
@@ -63,3 +65,5 @@ CommandParts SplitCommandLine(std::string_view commandLine) {
   }
   return {};
 }
+
+}  // namespace morvane

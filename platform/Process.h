@@ -10,6 +10,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// A program that was started with pipes for its three standard streams. The object stands for the
 /// process even after its end, until it is destroyed. What it says of threads holds for one reader
 /// of each stream.
@@ -57,3 +59,5 @@ struct CommandParts {
 CommandParts SplitCommandLine(std::string_view commandLine);
 /// Splits at blanks, but not between quotation marks, which go away.
 std::vector<std::string> SplitArguments(std::string_view text);
+
+}  // namespace morvane

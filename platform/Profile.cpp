@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+namespace morvane {
+
 std::string Profile::GetString(const std::string& section, const std::string& key,
                                const std::string& fallback) {
   return Find(section, key).value_or(fallback);
@@ -57,3 +59,5 @@ void MemoryProfile::Change(const std::string& section,
   const std::vector<Setting> settings = NewIn(changed, former);
   if (!settings.empty()) Write(section, settings);
 }
+
+}  // namespace morvane

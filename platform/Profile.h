@@ -10,6 +10,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// The user's settings, by section and key. The default service keeps them in memory, for a
 /// process that must not touch the user's own.
 class Profile {
@@ -61,3 +63,5 @@ class MemoryProfile : public Profile {
  private:
   std::map<std::pair<std::string, std::string>, std::string> values;
 };
+
+}  // namespace morvane

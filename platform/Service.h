@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 /// The one place from which the program reaches a service of the desktop, so that a test can put
 /// its own in. `T` declares `static T& Default()`, which serves until another one is set.
 template <class T>
@@ -20,3 +22,5 @@ class Service {
     return slot;
   }
 };
+
+}  // namespace morvane

@@ -1,8 +1,7 @@
 #include <iostream>
 #include <map>
 
-#include "drawing/CNullDC.h"
-#include "platform/CWaitCursor.h"
+#include "drawing/NullDC.h"
 #include "platform/Clipboard.h"
 #include "platform/Dialogs.h"
 #include "platform/DragImages.h"
@@ -12,6 +11,9 @@
 #include "platform/PopupMenus.h"
 #include "platform/Printing.h"
 #include "platform/Profile.h"
+#include "platform/WaitCursor.h"
+
+namespace morvane {
 
 // What stands in for each service of the desktop until a real one is set: they need no display.
 
@@ -56,7 +58,7 @@ class NoDialogs : public Dialogs {
     return std::nullopt;
   }
   std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return std::nullopt; }
-  std::optional<COLORREF> AskColor(COLORREF) override { return std::nullopt; }
+  std::optional<COLORREF> AskColour(COLORREF) override { return std::nullopt; }
   std::optional<FontChoice> AskFont(const FontChoice&) override { return std::nullopt; }
 };
 
@@ -82,7 +84,7 @@ class NoPopupMenus : public PopupMenus {
 
 class NoPictures : public Pictures {
  public:
-  std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<CNullDC>(); }
+  std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<NullDC>(); }
   std::optional<std::string> MakePng(SIZE, const Paint&) override { return std::nullopt; }
   std::optional<std::string> MakePdf(SIZE, const Paint&) override { return std::nullopt; }
 };
@@ -138,3 +140,5 @@ FileWatch& FileWatch::Default() {
   static NoFileWatch service;
   return service;
 }
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #include "platform/ShellOpen.h"
 
+namespace morvane {
+
 namespace {
 
 class NoShell : public ShellOpen {
@@ -14,3 +16,5 @@ ShellOpen& ShellOpen::Default() {
   static NoShell service;
   return service;
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 enum class OpenResult { Opened, NotFound, NoProgram, Failed };
 
 /// Opens files and web addresses with the program that the desktop has for them. The default
@@ -16,3 +18,5 @@ class ShellOpen {
   virtual OpenResult OpenWeb(const std::string& address) = 0;
   static ShellOpen& Default();
 };
+
+}  // namespace morvane

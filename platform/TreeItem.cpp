@@ -1,5 +1,7 @@
 #include "platform/TreeItem.h"
 
+namespace morvane {
+
 bool TreeItem::IsBelow(const TreeItem& other) const {
   for (const TreeItem* item = parent; item != nullptr; item = item->parent) {
     if (item == &other) return true;
@@ -28,3 +30,5 @@ bool TreeItem::IsBefore(const TreeItem& other) const {
   }
   return left->IsOlder(*right);
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include <memory_resource>
 #include <string>
 
+namespace morvane {
+
 /// One item of a `CTreeCtrl`, which makes, changes and owns it.
 class TreeItem {
  public:
@@ -52,3 +54,5 @@ class TreeItem {
   int childCount = 0;
   bool expanded = false;
 };
+
+}  // namespace morvane

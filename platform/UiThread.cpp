@@ -1,5 +1,7 @@
 #include "platform/UiThread.h"
 
+namespace morvane {
+
 namespace {
 
 class NoUiThread : public UiThread {
@@ -13,3 +15,5 @@ UiThread& UiThread::Default() {
   static NoUiThread service;
   return service;
 }
+
+}  // namespace morvane

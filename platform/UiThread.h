@@ -4,6 +4,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// The way from another thread to the user-interface thread. Behind the default service there is no
 /// such thread: it drops what is posted.
 class UiThread {
@@ -16,3 +18,5 @@ class UiThread {
   virtual void Post(Task task) = 0;
   static UiThread& Default();
 };
+
+}  // namespace morvane

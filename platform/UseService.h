@@ -2,6 +2,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// Has a service in use for as long as it lives, and then the former one again.
 template <class T>
 class UseService {
@@ -14,3 +16,5 @@ class UseService {
  private:
   T* former;
 };
+
+}  // namespace morvane

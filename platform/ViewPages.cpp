@@ -8,6 +8,8 @@
 #include "platform/ModalLoop.h"
 #include "platform/Wording.h"
 
+namespace morvane {
+
 std::string ViewPages::Title() const { return view.GetTitle(); }
 
 int ViewPages::Begin(CDC& dc, std::string& problem) {
@@ -69,3 +71,5 @@ void ViewPages::RunPreview() {
 void ViewPages::Print() { ViewPages(view).RunPrint(false); }
 
 void ViewPages::SetUp() { view.OnFilePrintSetup(); }
+
+}  // namespace morvane

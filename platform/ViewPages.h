@@ -3,6 +3,8 @@
 #include "platform/CPrintInfo.h"
 #include "platform/Printing.h"
 
+namespace morvane {
+
 class CScrollView;
 
 /// The pages of a view, made by the view's own operations in the order of every run of printing:
@@ -34,3 +36,5 @@ class ViewPages : public PrintedPages {
   CScrollView& view;
   CPrintInfo info;
 };
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 
 #include "platform/PosixFile.h"
 
+namespace morvane {
+
 namespace {
 
 using Stage = FileResult::Stage;
@@ -228,3 +230,5 @@ FileResult WholeFile::SyncFolder() const {
   if (error != 0) return {Stage::Transfer, error};
   return {};
 }
+
+}  // namespace morvane

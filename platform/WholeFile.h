@@ -6,6 +6,8 @@
 
 #include "platform/Files.h"
 
+namespace morvane {
+
 class PosixFile;
 
 /// A file that gets all its bytes anew. Behind a symbolic link it is the one that the link leads
@@ -31,3 +33,5 @@ class WholeFile {
   std::string target;
   int linkError = 0;  ///< why a link on the way can't be followed
 };
+
+}  // namespace morvane

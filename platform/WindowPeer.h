@@ -3,6 +3,8 @@
 #include "drawing/Geometry.h"
 #include "platform/Message.h"
 
+namespace morvane {
+
 class CRgn;
 
 /// The real window behind a `CWnd`, made by the toolkit. All points and rectangles are device
@@ -37,3 +39,5 @@ class WindowPeer {
   /// Waits for the next message.
   virtual Message NextMessage() = 0;
 };
+
+}  // namespace morvane

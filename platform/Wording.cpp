@@ -1,5 +1,7 @@
 #include "platform/Wording.h"
 
+namespace morvane {
+
 namespace {
 Translator translate = nullptr;
 }
@@ -9,3 +11,5 @@ void SetTranslator(Translator translator) { translate = translator; }
 std::string Worded(std::string_view english) {
   return translate != nullptr ? translate(english) : std::string(english);
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 // What the platform's own windows and boxes say. The texts are English; the program puts them into
 // the language of the user.
 
@@ -32,3 +34,5 @@ inline constexpr std::string_view kSettingsUnsaved = "The settings cannot be sav
 inline constexpr std::array kPlatformTexts = {kLineTooLong,    kPageOfPages,  kPrinterFails,
                                               kNoRoomToPrint,  kTooManyPages, kNoSuchPages,
                                               kSettingsUnsaved};
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 /// The objects of a model text by the first line of their records, which names kind and id; under
@@ -63,3 +65,5 @@ std::string ChartDifference::Text() const {
   if (!all.empty()) return WithName(LoadText(IDS_OBJECTS), all);
   return other ? LoadText(IDS_PROPERTIES_CHANGED) : std::string();
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 /// How one model text differs from another, counted in objects.
 struct ChartDifference {
   int added = 0;
@@ -16,3 +18,5 @@ struct ChartDifference {
   /// For the user, as "Objects: 3 added, 1 changed"; empty for none.
   std::string Text() const;
 };
+
+}  // namespace morvane

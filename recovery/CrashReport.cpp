@@ -9,6 +9,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace morvane {
+
 namespace {
 
 constexpr std::array kFatal = {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT};
@@ -76,3 +78,5 @@ void CrashReport::Install(const std::string& path, const std::string& version) {
   action.sa_flags = static_cast<int>(SA_ONSTACK | SA_RESETHAND | SA_NODEFER);
   for (const int signal : kFatal) sigaction(signal, &action, nullptr);
 }
+
+}  // namespace morvane

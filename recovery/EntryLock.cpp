@@ -7,6 +7,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace morvane {
+
 namespace {
 
 constexpr mode_t kOwnerOnly = 0600;
@@ -75,3 +77,5 @@ void EntryLock::Remove() {
   unlink(path.c_str());
   Release();
 }
+
+}  // namespace morvane

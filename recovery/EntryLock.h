@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 /// A lock file that one process holds. The system releases it with the process, however that ends,
 /// so that a stale one is told from one in use by trying to take it.
 class EntryLock {
@@ -30,3 +32,5 @@ class EntryLock {
   std::string path;
   int descriptor = -1;
 };
+
+}  // namespace morvane

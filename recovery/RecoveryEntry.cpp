@@ -5,6 +5,8 @@
 
 #include "recovery/RecoveryWriter.h"
 
+namespace morvane {
+
 RecoveryEntry::RecoveryEntry(std::string base, EntryLock lock, RecoveryWriter& writer, bool kept)
     : base(std::move(base)), lock(std::move(lock)), writer(writer), kept(kept) {}
 
@@ -42,3 +44,5 @@ void RecoveryEntry::Drop() {
   if (!std::exchange(kept, false)) return;
   writer.Remove(TextPath(base));
 }
+
+}  // namespace morvane

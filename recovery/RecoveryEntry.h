@@ -7,6 +7,8 @@
 #include "recovery/EntryLock.h"
 #include "recovery/RecoveryRecord.h"
 
+namespace morvane {
+
 class RecoveryWriter;
 
 /// The place of one open chart in the recovery store. Its lock is held as long as the object lives;
@@ -51,3 +53,5 @@ class RecoveryEntry {
   About about;
   bool kept;
 };
+
+}  // namespace morvane

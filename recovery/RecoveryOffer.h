@@ -7,6 +7,8 @@
 #include "platform/FileStamp.h"
 #include "recovery/RecoveryEntry.h"
 
+namespace morvane {
+
 /// Unsaved work that an earlier run of the program left behind. It holds the lock of its entry, so
 /// that no other running copy offers the same; an offer that goes without its entry being taken or
 /// dropped leaves the work where it is.
@@ -20,3 +22,5 @@ struct RecoveryOffer {
   std::string crashReport;  ///< path of the report of the crash; empty if there is none
   std::unique_ptr<RecoveryEntry> entry;
 };
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+namespace morvane {
+
 namespace {
 
 constexpr std::string_view kMark = "Morvane recovery 1\n";
@@ -82,3 +84,5 @@ RecoveryRecord RecoveryRecord::Parse(std::string bytes) {
   record.text = rest.substr(kText.size());
   return record;
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 
 #include "platform/FileStamp.h"
 
+namespace morvane {
+
 /// What a file of the recovery store says of a chart: some lines, and then its text.
 struct RecoveryRecord {
   std::string path;       ///< of the chart's file; empty if it has none
@@ -23,3 +25,5 @@ struct RecoveryRecord {
   static std::string Escape(std::string_view text);
   static std::string Unescape(std::string_view line);
 };
+
+}  // namespace morvane

@@ -11,6 +11,8 @@
 #include "recovery/ChartDifference.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -193,3 +195,5 @@ void RecoveryStore::RemoveOldReports() const {
     unlink(Base(reports[i] + std::string(kCrash)).c_str());
   }
 }
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "recovery/RecoveryWriter.h"
 #include "recovery/SessionRecord.h"
 
+namespace morvane {
+
 /// The folder in which unsaved work outlives the program, whatever ends it, and in which running
 /// copies see what the others have open. Each run of the program is a session with an id of its own
 /// that its files begin with: a record of its windows, a crash report, and for each open chart a
@@ -60,3 +62,5 @@ class RecoveryStore {
   int lastEntry = 0;
   RecoveryWriter writer;
 };
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 #include "platform/Files.h"
 
+namespace morvane {
+
 RecoveryWriter::RecoveryWriter() : thread([this] { Run(); }) {}
 
 RecoveryWriter::~RecoveryWriter() {
@@ -99,3 +101,5 @@ bool RecoveryWriter::WriteFile(const std::string& path, const std::string& head,
     return false;  // without memory for the copy the former file stays
   }
 }
+
+}  // namespace morvane

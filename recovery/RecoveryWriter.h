@@ -10,6 +10,8 @@
 
 #include "platform/SharedText.h"
 
+namespace morvane {
+
 /// Writes files of the recovery store on a thread of its own, so that nobody waits for the disk.
 /// Each file is written whole and synced before it takes the place of the former one. The texts of
 /// one file are written in their order; one that was overtaken before its turn is left out.
@@ -60,3 +62,5 @@ class RecoveryWriter {
   std::atomic<bool> failing = false;
   std::thread thread;
 };
+
+}  // namespace morvane

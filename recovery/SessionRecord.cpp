@@ -4,6 +4,8 @@
 
 #include "recovery/RecoveryRecord.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::string_view kOpen = "open ";
@@ -41,3 +43,5 @@ void SessionRecord::Merge(const SessionRecord& other) {
   }
   if (active.empty()) active = other.active;
 }
+
+}  // namespace morvane

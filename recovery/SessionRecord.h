@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+namespace morvane {
+
 /// Which charts a session has open, in the order of their windows, as a text of one line each.
 struct SessionRecord {
   std::vector<std::string> paths;
@@ -15,3 +17,5 @@ struct SessionRecord {
   /// Adds the charts of another session that are not there yet.
   void Merge(const SessionRecord& other);
 };
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 /// The numbers of all commands. Menus, bars and keys name a command by its number, and so do the
 /// targets that carry it out.
 enum CommandId : unsigned {
@@ -88,3 +90,5 @@ enum CommandId : unsigned {
   ID_NEXT_PANE = 57680,
   ID_PREV_PANE = 57681,
 };
+
+}  // namespace morvane

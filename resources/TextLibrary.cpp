@@ -6,6 +6,8 @@
 
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::string_view kMark = "Morvane texts\t";
@@ -98,3 +100,5 @@ std::optional<std::string> TextLibrary::Translation(std::string_view english) co
   if (found == translations.end()) return std::nullopt;
   return found->second;
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 #include "resources/TextSource.h"
 
+namespace morvane {
+
 /// The texts of one language, from the bytes of a library file: UTF-8, a first line with the mark
 /// of such a file and its locale, then one text in a line, behind its number or its English text
 /// and a tab. A backslash begins "\n", "\t" and "\\"; empty lines and those that begin with "#"
@@ -30,3 +32,5 @@ class TextLibrary : public TextSource {
   std::map<std::string, std::string, std::less<>> translations;
   std::string locale;
 };
+
+}  // namespace morvane

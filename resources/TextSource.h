@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 /// Where the texts that a user sees come from. The default source is the English of the program.
 class TextSource {
  public:
@@ -22,3 +24,5 @@ class TextSource {
   /// Gives the former one.
   static TextSource* Use(TextSource* source);
 };
+
+}  // namespace morvane

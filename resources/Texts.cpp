@@ -6,6 +6,8 @@
 
 #include "resources/TextSource.h"
 
+namespace morvane {
+
 namespace {
 
 using Text = EnglishText;
@@ -149,3 +151,5 @@ std::string WithName(std::string text, std::string_view name) {
 std::string Translate(std::string_view english) {
   return TextSource::Current().Translation(english).value_or(std::string(english));
 }
+
+}  // namespace morvane

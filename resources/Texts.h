@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 /// The numbers of the texts that a user sees.
 enum TextId : unsigned {
   IDS_APP_TITLE = 128,
@@ -114,3 +116,5 @@ std::string WithName(std::string text, std::string_view name);
 /// What the current text source has for an English text of a menu, a prompt or a dialog; the
 /// English text itself if it has nothing.
 std::string Translate(std::string_view english);
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "surface/ChartCommands.h"
 #include "surface/ObjectCommands.h"
 
+namespace morvane {
+
 namespace {
 
 std::vector<const Command*> Collected() {
@@ -33,3 +35,5 @@ const Command& FindCommand(unsigned id) {
   }
   return none;
 }
+
+}  // namespace morvane

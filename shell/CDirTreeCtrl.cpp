@@ -4,11 +4,13 @@
 #include <cctype>
 #include <utility>
 
-#include "platform/CWaitCursor.h"
 #include "platform/Files.h"
 #include "platform/Folders.h"
+#include "platform/WaitCursor.h"
 #include "shell/CSortStringArray.h"
 #include "shell/ChartFiles.h"
+
+namespace morvane {
 
 namespace {
 
@@ -93,7 +95,7 @@ bool CDirTreeCtrl::HasEntries(const std::string& path) const {
 }
 
 void CDirTreeCtrl::ListFolder(TreeItem& parent, const std::string& path) {
-  const CWaitCursor wait;
+  const WaitCursor wait;
   const std::string stem = WithSeparator(path);
   CSortStringArray folders;
   CSortStringArray files;
@@ -197,3 +199,5 @@ void CDirTreeCtrl::OnLButtonDblClk() {
   if (item == nullptr || item->FirstChild() != nullptr || !OpenCallback) return;
   OpenCallback(PathOfItem(*item));
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 
 #include "platform/CTreeCtrl.h"
 
+namespace morvane {
+
 /// The chart browser: the drives and folders of the machine with the chart files in them. A folder
 /// is read anew each time that it opens. The path of an item follows from its chain of parents; a
 /// folder that is closed but has entries has one child without a text, for the expand button.
@@ -44,3 +46,5 @@ class CDirTreeCtrl : public CTreeCtrl {
 
   bool showFiles = false;
 };
+
+}  // namespace morvane

@@ -12,6 +12,8 @@
 #include "states/InitialState.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 namespace {
 
 enum NodeImage {
@@ -193,3 +195,5 @@ bool CObjectTree::OnRButtonDown(TreeItem* hit, POINT screen) {
   }
   return true;
 }
+
+}  // namespace morvane

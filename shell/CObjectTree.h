@@ -3,15 +3,17 @@
 #include <string>
 #include <vector>
 
-#include "model/ObjectBrowser.h"
 #include "platform/CTreeCtrl.h"
+#include "surface/ChartBrowser.h"
+
+namespace morvane {
 
 class Transition;
 
 /// The object browser: a chart as a tree. Below the root stand its states, below a state the
 /// transitions that leave it, and below a transition its target and its message. The datum of an
 /// item is the shape that it stands for, that of the root the view.
-class CObjectTree : public CTreeCtrl, public ObjectBrowser {
+class CObjectTree : public CTreeCtrl, public ChartBrowser {
  public:
   CObjectTree();
 
@@ -39,3 +41,5 @@ class CObjectTree : public CTreeCtrl, public ObjectBrowser {
 
   LayoutMgr* view = nullptr;  ///< not owned
 };
+
+}  // namespace morvane

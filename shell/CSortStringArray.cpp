@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cctype>
 
+namespace morvane {
+
 void CSortStringArray::SortStrings() {
   const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
   // Names that are the same but for their case keep the order of their bytes, whatever order they
@@ -13,3 +15,5 @@ void CSortStringArray::SortStrings() {
                                         [&](char x, char y) { return lower(x) < lower(y); });
   });
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 /// Texts that can be put in order without regard to case.
 class CSortStringArray {
  public:
@@ -14,3 +16,5 @@ class CSortStringArray {
  private:
   std::vector<std::string> strings;
 };
+
+}  // namespace morvane

@@ -1,7 +1,9 @@
 #include "shell/ChartFiles.h"
 
-#include "persistence/CDocManager.h"
+#include "persistence/DocumentManager.h"
 #include "platform/Files.h"
+
+namespace morvane {
 
 namespace {
 
@@ -13,6 +15,8 @@ bool IsChartFile(std::string_view path) {
   return path.size() > kExtension.size() && ExtensionOf(path) == kExtension;
 }
 
-void OpenChartFile(CDocManager& manager, const std::string& path) {
+void OpenChartFile(DocumentManager& manager, const std::string& path) {
   if (IsChartFile(path)) manager.OpenDocumentFile(path);
 }
+
+}  // namespace morvane

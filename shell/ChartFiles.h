@@ -3,10 +3,14 @@
 #include <string>
 #include <string_view>
 
-class CDocManager;
+namespace morvane {
+
+class DocumentManager;
 
 /// The path is that of a chart file, by its name.
 bool IsChartFile(std::string_view path);
 
 /// Opens a chart file, or brings its window forward; any other path does nothing.
-void OpenChartFile(CDocManager& manager, const std::string& path);
+void OpenChartFile(DocumentManager& manager, const std::string& path);
+
+}  // namespace morvane

@@ -1,10 +1,12 @@
 #include "shell/ChartSession.h"
 
-#include "persistence/CDocManager.h"
 #include "persistence/CMorvaneDoc.h"
+#include "persistence/DocumentManager.h"
 #include "persistence/ModelFile.h"
 #include "recovery/RecoveryOffer.h"
 #include "surface/LayoutMgr.h"
+
+namespace morvane {
 
 namespace {
 
@@ -15,7 +17,7 @@ bool IsReadableChart(const std::string& path) {
   return text.empty() || ModelFile::Parse(text, chart).empty();
 }
 
-CMorvaneDoc* NewChartFor(CDocManager& manager, const RecoveryOffer& offer) {
+CMorvaneDoc* NewChartFor(DocumentManager& manager, const RecoveryOffer& offer) {
   auto* document = dynamic_cast<CMorvaneDoc*>(manager.NewDocument());
   if (document == nullptr) return nullptr;
   if (!offer.path.empty()) {
@@ -28,7 +30,7 @@ CMorvaneDoc* NewChartFor(CDocManager& manager, const RecoveryOffer& offer) {
 
 }  // namespace
 
-SessionRecord WindowsOf(const CDocManager& manager, const CDocument* active) {
+SessionRecord WindowsOf(const DocumentManager& manager, const CDocument* active) {
   SessionRecord windows;
   for (const auto& document : manager.Documents()) {
     if (!document->GetPathName().empty()) windows.paths.push_back(document->GetPathName());
@@ -37,7 +39,7 @@ SessionRecord WindowsOf(const CDocManager& manager, const CDocument* active) {
   return windows;
 }
 
-void ReopenWindows(CDocManager& manager, const SessionRecord& windows) {
+void ReopenWindows(DocumentManager& manager, const SessionRecord& windows) {
   for (const std::string& path : windows.paths) {
     if (FileStamp::Of(path).exists) manager.OpenDocumentFile(path);
   }
@@ -45,7 +47,7 @@ void ReopenWindows(CDocManager& manager, const SessionRecord& windows) {
   if (FileStamp::Of(windows.active).exists) manager.OpenDocumentFile(windows.active);
 }
 
-bool RecoverChart(CDocManager& manager, RecoveryOffer& offer) {
+bool RecoverChart(DocumentManager& manager, RecoveryOffer& offer) {
   if (IsReadableChart(offer.path)) {
     auto* document = dynamic_cast<CMorvaneDoc*>(manager.OpenDocumentFile(offer.path));
     return document != nullptr && document->Recover(offer);
@@ -56,3 +58,5 @@ bool RecoverChart(CDocManager& manager, RecoveryOffer& offer) {
   manager.CloseDocument(*document);
   return false;
 }
+
+}  // namespace morvane

@@ -11,6 +11,8 @@
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kUsage =
@@ -30,12 +32,12 @@ int Fail(std::ostream& err, const std::string& path, const std::string& reason) 
 }
 
 /// Reads a chart as the window would; the reason of a failure, empty on success.
-std::string LoadChart(const std::string& path, LayoutMgr& chart, bool normalSize) {
+std::string LoadChart(const std::string& path, LayoutMgr& chart, LayoutMgr::Size size) {
   if (!IsEmptyFile(path)) {
     std::string reason = ModelFile::Load(path, chart);
     if (!reason.empty()) return reason;
   }
-  chart.PlaceWithoutWindow(normalSize);
+  chart.PlaceWithoutWindow(size);
   return {};
 }
 
@@ -87,7 +89,7 @@ int CommandLine::Run(std::ostream& out, std::ostream& err) const {
 int CommandLine::RunConvert(std::ostream& err) const {
   try {
     LayoutMgr chart;
-    const std::string problem = LoadChart(file, chart, false);
+    const std::string problem = LoadChart(file, chart, LayoutMgr::Size::Stored);
     if (!problem.empty()) return Fail(err, file, problem);
     const std::string unwritten =
         ModelFile::ReasonOf(ReplaceWholeFile(output, ModelFile::ToDisk(chart.ModelText())));
@@ -105,7 +107,7 @@ int CommandLine::RunExport(std::ostream& err) const {
   }
   try {
     LayoutMgr chart;
-    const std::string problem = LoadChart(file, chart, true);
+    const std::string problem = LoadChart(file, chart, LayoutMgr::Size::Normal);
     if (!problem.empty()) return Fail(err, file, problem);
     const std::optional<std::string> picture = ChartPicture(chart).MakeFile(*kind);
     if (!picture) return Fail(err, file, LoadText(IDS_PICTURE_TOO_LARGE));
@@ -115,3 +117,5 @@ int CommandLine::RunExport(std::ostream& err) const {
     return Fail(err, file, LoadText(IDS_UNKNOWN_ERROR));
   }
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 class LayoutMgr;
 
 /// What the program was started for: a window, or a job that needs none.
@@ -41,3 +43,5 @@ class CommandLine {
   std::string output;
   std::string file;
 };
+
+}  // namespace morvane

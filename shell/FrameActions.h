@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
-class CDocManager;
+namespace morvane {
+
+class DocumentManager;
 class CDocument;
 
 /// The main window as its commands know it.
@@ -12,7 +14,7 @@ class FrameActions {
   enum class Arrangement { Cascade, Tile, Icons };
 
   virtual ~FrameActions() = default;
-  virtual CDocManager& Manager() = 0;
+  virtual DocumentManager& Manager() = 0;
   /// The files of the recent file list, newest first.
   virtual const std::vector<std::string>& RecentPaths() const = 0;
   /// The document of the chart that commands go to; null without one.
@@ -29,3 +31,5 @@ class FrameActions {
   /// Closes the main window, if the user agrees.
   virtual void Exit() = 0;
 };
+
+}  // namespace morvane

@@ -1,12 +1,14 @@
 #include "shell/FrameCommands.h"
 
 #include "dialogs/CDefaultSettingDlg.h"
-#include "persistence/CDocManager.h"
 #include "persistence/CDocument.h"
+#include "persistence/DocumentManager.h"
 #include "resources/CommandIds.h"
 #include "shell/FrameActions.h"
 #include "shell/HelpCommands.h"
 #include "shell/Preferences.h"
+
+namespace morvane {
 
 namespace {
 
@@ -54,7 +56,7 @@ void Revert(FrameActions& frame, unsigned /*id*/) { frame.ActiveDocument()->Reve
 void Close(FrameActions& frame, unsigned /*id*/) { frame.CloseActive(); }
 
 void CloseAll(FrameActions& frame, unsigned /*id*/) {
-  CDocManager& manager = frame.Manager();
+  DocumentManager& manager = frame.Manager();
   if (manager.SaveAllModified()) manager.CloseAllDocuments();
 }
 
@@ -156,3 +158,5 @@ const CommandTable<FrameActions>& FrameCommands() {
   static constexpr CommandTable<FrameActions> table(kRows);
   return table;
 }
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "platform/ShellOpen.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kWebAddress = "https://morvane.halvern.example";
@@ -35,3 +37,5 @@ void HelpCommands::ShowWebPage() {
     ShowMessage(LoadText(IDS_WEB_NO_BROWSER) + address);
   }
 }
+
+}  // namespace morvane

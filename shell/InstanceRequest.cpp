@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <system_error>
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -89,3 +91,5 @@ InstanceRequestReader::State InstanceRequestReader::Read() {
   }
   return rest.empty() ? State::Complete : State::Damaged;
 }
+
+}  // namespace morvane

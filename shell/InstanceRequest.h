@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 /// What a second start of the program asks of the copy that runs already. Each text may hold any
 /// bytes.
 struct InstanceRequest {
@@ -38,3 +40,5 @@ class InstanceRequestReader {
   InstanceRequest request;
   bool damaged = false;
 };
+
+}  // namespace morvane

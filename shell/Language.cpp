@@ -13,6 +13,8 @@
 #include "resources/TextLibrary.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 struct Language {
@@ -125,3 +127,5 @@ void ChooseLanguage(const std::string& code) {
     }
   });
 }
+
+}  // namespace morvane

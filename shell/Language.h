@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 /// Makes the library of a language the source of all texts of the program, until it ends. The
 /// profile names the language by one of "eng", "fra", "ger" and "esp"; one that names none leaves
 /// it to the locale of the system, so far as there is a library for that. English needs no library.
@@ -27,3 +29,5 @@ std::vector<LanguageChoice> AvailableLanguages(const std::string& folder);
 std::string ChosenLanguage();
 /// Stores a code for the next start; an empty one leaves the choice to the system's locale.
 void ChooseLanguage(const std::string& code);
+
+}  // namespace morvane

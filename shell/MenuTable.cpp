@@ -4,6 +4,8 @@
 #include "resources/Texts.h"
 #include "shell/AllCommands.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr MenuEntry kSeparator{};
@@ -154,3 +156,5 @@ std::string MenuText(const MenuEntry& entry) {
 std::span<const unsigned> ToolBarButtons() { return kToolBar; }
 
 std::span<const unsigned> DrawingBarButtons() { return kDrawingBar; }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 
 #include "platform/Command.h"
 
+namespace morvane {
+
 // What stands where in the menus and bars of the program. What a command shows and does is in the
 // tables that AllCommands.h joins.
 
@@ -26,3 +28,5 @@ std::string MenuText(const MenuEntry& entry);
 /// The buttons of a bar; 0 is a separator.
 std::span<const unsigned> ToolBarButtons();
 std::span<const unsigned> DrawingBarButtons();
+
+}  // namespace morvane

@@ -5,9 +5,11 @@
 #include <vector>
 
 #include "dialogs/PreferencesDlg.h"
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 #include "shell/Language.h"
 #include "shell/SessionSettings.h"
+
+namespace morvane {
 
 namespace {
 
@@ -41,3 +43,5 @@ void EditPreferences() {
   }
   if (dialog.reopen != reopen) SessionSettings::Write(static_cast<Reopen>(dialog.reopen));
 }
+
+}  // namespace morvane

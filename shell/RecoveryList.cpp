@@ -9,6 +9,8 @@
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kFilterText = "Morvane Files (*.mrv)";
@@ -85,3 +87,5 @@ void RecoveryList::Discard(int id) {
   if (Find(id).offer.entry != nullptr) Find(id).offer.entry->Drop();
   Remove(id);
 }
+
+}  // namespace morvane

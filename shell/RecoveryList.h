@@ -7,6 +7,8 @@
 
 #include "recovery/RecoveryOffer.h"
 
+namespace morvane {
+
 /// What can be recovered at the start of the program, in rows that the user deals with one by one.
 /// A row that is done leaves the list; what is left when the list goes stays in the store.
 class RecoveryList {
@@ -52,3 +54,5 @@ class RecoveryList {
   std::string heading;
   std::vector<std::string> reports;
 };
+
+}  // namespace morvane

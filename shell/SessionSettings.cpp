@@ -6,6 +6,8 @@
 
 #include "platform/Profile.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kSection = "Session";
@@ -30,3 +32,5 @@ void SessionSettings::Write(Reopen reopen) {
   const auto* found = std::ranges::find(kNames, reopen, &Name::reopen);
   Service<Profile>::Get().WriteString(kSection, kKey, std::string(found->text));
 }
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 /// What the program opens again of an earlier run when it starts.
 enum class Reopen { Never, AfterCrash, Always };
 
@@ -10,3 +12,5 @@ class SessionSettings {
   static Reopen Read();
   static void Write(Reopen reopen);
 };
+
+}  // namespace morvane

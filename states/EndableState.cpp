@@ -6,6 +6,8 @@
 #include "model/ChartView.h"
 #include "states/StateTransition.h"
 
+namespace morvane {
+
 EndableState::~EndableState() {
   for (StateTransition* transition : std::exchange(incoming, {})) transition->DetachTarget();
 }
@@ -28,3 +30,5 @@ void EndableState::UpdateIncoming(bool sized) {
     if (sized || !transition->IsInSelection()) transition->OnTargetMoved();
   }
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "states/State.h"
 
+namespace morvane {
+
 class StateTransition;
 
 /// A state at which transitions can end.
@@ -24,3 +26,5 @@ class EndableState : public virtual State {
  protected:
   std::vector<StateTransition*> incoming;
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "platform/Service.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 void EntryExitTextBox::SetTexts(const std::string& entryText, const std::string& exitText) {
   entry = entryText;
   exit = exitText;
@@ -33,3 +35,5 @@ bool EntryExitTextBox::ReplaceAll(const std::string& findText, const std::string
 bool EntryExitTextBox::EditText(const std::string& title) {
   return Service<Editors>::Get().EditEntryExit(title, entry, exit);
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "drawing/Geometry.h"
 #include "states/TextHandler.h"
 
+namespace morvane {
+
 class CDC;
 class ChartView;
 
@@ -30,3 +32,5 @@ class EntryExitTextBox : public TextHandler {
   std::string exit;
   ChartView* view = nullptr;
 };
+
+}  // namespace morvane

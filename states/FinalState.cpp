@@ -4,6 +4,8 @@
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
 
+namespace morvane {
+
 namespace {
 
 /// What keeps the ring off the edges of the rectangle, and the disc off the ring, logical units.
@@ -35,3 +37,5 @@ void FinalState::OnRectChanged(const RECT& old, bool sized) {
 }
 
 void FinalState::RefreshAnchors() { RefreshMiddleAnchors(); }
+
+}  // namespace morvane

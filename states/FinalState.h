@@ -2,6 +2,8 @@
 
 #include "states/EndableState.h"
 
+namespace morvane {
+
 /// The mark where a chart ends: a black disc in a ring.
 class FinalState : public EndableState {
  public:
@@ -16,3 +18,5 @@ class FinalState : public EndableState {
   void OnRectChanged(const RECT& old, bool sized) override;
   void RefreshAnchors() override;
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
 
+namespace morvane {
+
 namespace {
 
 /// The ellipse of a rounded corner, model units.
@@ -61,7 +63,7 @@ void GenericState::Draw(CDC* dc) {
   const std::int32_t corner = view->ToLogical(kCorner);
   dc->RoundRect(body, {corner, corner});
 
-  const COLORREF oldColor = dc->SetTextColor(view->GetTextColor());
+  const COLORREF oldColour = dc->SetTextColor(view->GetTextColor());
   const RECT inner = InflateRect(body, -kTextMargin);
   const CFont oldFont = dc->SelectFont(view->GetBoldFont());
   RECT nameArea = inner;
@@ -79,7 +81,7 @@ void GenericState::Draw(CDC* dc) {
   entryExit.Draw(dc, InflateRect(compartment, -kTextMargin));
 
   dc->SetBkMode(oldMode);
-  dc->SetTextColor(oldColor);
+  dc->SetTextColor(oldColour);
   dc->SelectBrush(oldBrush);
 }
 
@@ -154,3 +156,5 @@ void GenericState::RefreshAnchors() {
   fillSide(SIDE_BOTTOM, {middle.x, rect.bottom}, {-quarterX, 0});
   fillSide(SIDE_LEFT, {rect.left, middle.y}, {0, -quarterY});
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "states/EntryExitTextBox.h"
 #include "states/StartableState.h"
 
+namespace morvane {
+
 /// The ordinary state: a rounded box with its name, a separator, and its entry and exit texts.
 class GenericState : public StartableState, public EndableState {
  public:
@@ -35,3 +37,5 @@ class GenericState : public StartableState, public EndableState {
   COLORREF bgColor = 0xFFFFFF;
   std::int32_t transparent = 0;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
 
+namespace morvane {
+
 namespace {
 
 /// What keeps the disc off the edges of the rectangle, logical units.
@@ -31,3 +33,5 @@ void InitialState::OnRectChanged(const RECT& old, bool sized) {
 }
 
 void InitialState::RefreshAnchors() { RefreshMiddleAnchors(); }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "states/StartableState.h"
 
+namespace morvane {
+
 /// The mark where a chart begins: a black disc.
 class InitialState : public StartableState {
  public:
@@ -16,3 +18,5 @@ class InitialState : public StartableState {
   void OnRectChanged(const RECT& old, bool sized) override;
   void RefreshAnchors() override;
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include "model/ChartView.h"
 #include "states/StateTransition.h"
 
+namespace morvane {
+
 StartableState::~StartableState() {
   for (StateTransition* transition : std::exchange(outgoing, {})) transition->DetachSource();
 }
@@ -28,3 +30,5 @@ void StartableState::UpdateOutgoing(bool sized) {
     if (sized || !transition->IsInSelection()) transition->OnSourceMoved();
   }
 }
+
+}  // namespace morvane

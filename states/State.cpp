@@ -5,6 +5,8 @@
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 State::State(std::int32_t id, ChartView* view, const RECT& rect, const std::string& name)
     : ConnectableRectShape(id, view, rect, LAYER_STATE), name(name) {
   showAnchors = Defaults::Instance().StateAnchor != 0;
@@ -33,3 +35,5 @@ void State::RefreshMiddleAnchors() {
   anchors.Add({1, SIDE_BOTTOM}, {middle.x, rect.bottom});
   anchors.Add({1, SIDE_LEFT}, {rect.left, middle.y});
 }
+
+}  // namespace morvane

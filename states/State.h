@@ -4,6 +4,8 @@
 
 #include "model/ConnectableRectShape.h"
 
+namespace morvane {
+
 /// The named rectangular node of a chart.
 class State : public ConnectableRectShape {
  public:
@@ -23,3 +25,5 @@ class State : public ConnectableRectShape {
 
   std::string name;
 };
+
+}  // namespace morvane

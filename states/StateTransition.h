@@ -2,6 +2,8 @@
 
 #include "model/ComplexShape.h"
 
+namespace morvane {
+
 class EndableState;
 class StartableState;
 
@@ -28,3 +30,5 @@ class StateTransition : public ComplexShape {
   StartableState* source = nullptr;
   EndableState* target = nullptr;
 };
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #include "states/TextHandler.h"
 
+namespace morvane {
+
 bool ReplaceInText(std::string& text, const std::string& findText, const std::string& replaceText) {
   if (findText.empty()) return false;
   std::string replaced;
@@ -15,3 +17,5 @@ bool ReplaceInText(std::string& text, const std::string& findText, const std::st
   text = std::move(replaced);
   return true;
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace morvane {
+
 /// A piece of model text that the user can search, replace and edit.
 class TextHandler {
  public:
@@ -23,3 +25,5 @@ class TextHandler {
 /// Replaces every occurrence in one text from left to right, without looking at what was inserted;
 /// true if there was one. An empty search text finds nothing.
 bool ReplaceInText(std::string& text, const std::string& findText, const std::string& replaceText);
+
+}  // namespace morvane

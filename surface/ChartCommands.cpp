@@ -5,9 +5,9 @@
 #include "model/ModelMgr.h"
 #include "model/ObjectBrowser.h"
 #include "persistence/CDocument.h"
-#include "platform/CWaitCursor.h"
 #include "platform/MessageBox.h"
 #include "platform/Service.h"
+#include "platform/WaitCursor.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 #include "surface/ChartExport.h"
@@ -15,6 +15,8 @@
 #include "surface/Generators.h"
 #include "surface/LayoutMgr.h"
 #include "surface/ToolDrag.h"
+
+namespace morvane {
 
 namespace {
 
@@ -80,18 +82,18 @@ void Order(LayoutMgr& chart, unsigned id) {
 }
 
 void Cut(LayoutMgr& chart, unsigned /*id*/) {
-  const CWaitCursor wait;
+  const WaitCursor wait;
   chart.GetModel().Cut();
   chart.TakeSnapshot();
 }
 
 void Copy(LayoutMgr& chart, unsigned /*id*/) {
-  const CWaitCursor wait;
+  const WaitCursor wait;
   chart.GetModel().Copy();
 }
 
 void Paste(LayoutMgr& chart, unsigned /*id*/) {
-  const CWaitCursor wait;
+  const WaitCursor wait;
   chart.GetModel().Paste();
   chart.TakeSnapshot();
 }
@@ -99,7 +101,7 @@ void Paste(LayoutMgr& chart, unsigned /*id*/) {
 void CopyPicture(LayoutMgr& chart, unsigned /*id*/) { CopyAsMetafile(chart); }
 
 void SelectAll(LayoutMgr& chart, unsigned /*id*/) {
-  const CWaitCursor wait;
+  const WaitCursor wait;
   chart.GetModel().SelectAll();
 }
 
@@ -276,3 +278,5 @@ const CommandTable<LayoutMgr>& ChartCommands() {
   static constexpr CommandTable<LayoutMgr> table(kRows);
   return table;
 }
+
+}  // namespace morvane

@@ -4,15 +4,17 @@
 
 #include "model/Collection.h"
 #include "persistence/CDocument.h"
-#include "platform/CWaitCursor.h"
 #include "platform/Clipboard.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Profile.h"
+#include "platform/WaitCursor.h"
 #include "resources/Texts.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
+
+namespace morvane {
 
 namespace {
 
@@ -76,7 +78,7 @@ void ExportPicture(LayoutMgr& chart) {
   if (!answer) return;
   std::string reason;
   {
-    const CWaitCursor wait;
+    const WaitCursor wait;
     reason = ChartPicture(chart, answer->selectionOnly).Save(answer->path);
   }
   if (reason.empty()) {
@@ -85,3 +87,5 @@ void ExportPicture(LayoutMgr& chart) {
     ShowMessage(answer->path + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
   }
 }
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace morvane {
+
 class LayoutMgr;
 
 // The chart handed to other programs.
@@ -9,3 +11,5 @@ class LayoutMgr;
 void CopyAsMetafile(LayoutMgr& chart);
 /// Writes a picture of the chart, or of its selection, to a file that the user chooses.
 void ExportPicture(LayoutMgr& chart);
+
+}  // namespace morvane

@@ -9,6 +9,8 @@
 #include "platform/MessageBox.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 namespace {
 
 /// All of a model text behind the line of the zoom, which is the second one.
@@ -65,3 +67,5 @@ void ChartHistory::StepTo(const SharedText& snapshot, void (UndoHistory::*step)(
 void ChartHistory::Tell(const SharedText& text) {
   if (view.GetDocument() != nullptr) view.GetDocument()->OnTextChanged(text);
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 #include "persistence/UndoHistory.h"
 #include "platform/SharedText.h"
 
+namespace morvane {
+
 class LayoutMgr;
 
 /// The steps of a chart that can be undone. It tells the document of each text that the chart takes
@@ -36,3 +38,5 @@ class ChartHistory {
   UndoHistory history;
   std::int16_t snapshotZoom = ChartView::kNormalZoom;  ///< of the present snapshot
 };
+
+}  // namespace morvane

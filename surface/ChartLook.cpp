@@ -6,6 +6,8 @@
 #include "drawing/CDC.h"
 #include "model/Defaults.h"
 
+namespace morvane {
+
 void ChartLook::TakeDefaults() {
   // What no screen could show is taken as the nearest size that one can.
   constexpr std::int32_t smallest = 10;
@@ -21,11 +23,13 @@ void ChartLook::TakeDefaults() {
 
 void ChartLook::DrawText(CDC& dc, std::string_view text, const RECT& area) const {
   const BkMode oldMode = dc.SetBkMode(BkMode::Transparent);
-  const COLORREF oldColor = dc.SetTextColor(textColour);
+  const COLORREF oldColour = dc.SetTextColor(textColour);
   const CFont oldFont = dc.SelectFont(font);
   RECT room = area;
   dc.DrawText(text, room, DT_WORDBREAK);
   dc.SelectFont(oldFont);
-  dc.SetTextColor(oldColor);
+  dc.SetTextColor(oldColour);
   dc.SetBkMode(oldMode);
 }
+
+}  // namespace morvane

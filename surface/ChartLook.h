@@ -5,6 +5,8 @@
 #include "drawing/DrawingTools.h"
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class CDC;
 
 /// The fonts and the colour of a chart's texts. A view takes them from the defaults when it shows
@@ -22,3 +24,5 @@ class ChartLook {
   CFont boldFont;
   COLORREF textColour = 0;
 };
+
+}  // namespace morvane

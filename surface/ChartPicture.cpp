@@ -6,8 +6,8 @@
 #include <limits>
 
 #include "drawing/CMetaFileDC.h"
-#include "drawing/CSvgDC.h"
 #include "drawing/EmfWriter.h"
+#include "drawing/SvgDC.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "persistence/ModelFile.h"
@@ -15,6 +15,8 @@
 #include "platform/Pictures.h"
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
+
+namespace morvane {
 
 namespace {
 
@@ -99,7 +101,7 @@ std::string ChartPicture::MakeEmf() const {
 
 std::string ChartPicture::MakeSvg() const {
   const std::unique_ptr<CDC> reference = Service<Pictures>::Get().ReferenceDC();
-  CSvgDC dc(*reference, size);
+  SvgDC dc(*reference, size);
   Paint(dc);
   return dc.Close();
 }
@@ -130,3 +132,5 @@ std::string ChartPicture::Save(const std::string& path) const {
     return LoadText(IDS_UNKNOWN_ERROR);
   }
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class CDC;
 class LayoutMgr;
 
@@ -54,3 +56,5 @@ class ChartPicture {
   POINT origin;  ///< of the picture on the chart, logical units
   SIZE size;
 };
+
+}  // namespace morvane

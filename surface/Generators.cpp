@@ -1,5 +1,7 @@
 #include "surface/Generators.h"
 
+namespace morvane {
+
 namespace {
 
 class NoGenerators : public Generators {
@@ -14,3 +16,5 @@ Generators& Generators::Default() {
   static NoGenerators none;
   return none;
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace morvane {
+
 class ModelProperties;
 
 /// The code generators, as a chart asks for them by this service. The default service has none.
@@ -15,3 +17,5 @@ class Generators {
 
   static Generators& Default();
 };
+
+}  // namespace morvane

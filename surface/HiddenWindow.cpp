@@ -8,6 +8,8 @@
 #include "surface/ObjectCommands.h"
 #include "surface/ObjectMenus.h"
 
+namespace morvane {
+
 void HiddenWindow::ShowMenu(Shape* shape, POINT screen) {
   const std::span<const MenuEntry> menu = MenuOf(shape);
   if (menu.empty()) return;
@@ -36,3 +38,5 @@ void HiddenWindow::OnCommand(unsigned id) {
   row->run(*std::exchange(target, nullptr), id);
   chart.TakeSnapshot();
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "platform/CWnd.h"
 
+namespace morvane {
+
 class LayoutMgr;
 class Shape;
 
@@ -24,3 +26,5 @@ class HiddenWindow {
   LayoutMgr* view;
   Shape* target = nullptr;
 };
+
+}  // namespace morvane

@@ -13,9 +13,9 @@
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelHeader.h"
 #include "platform/CPrintInfo.h"
-#include "platform/CWaitCursor.h"
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"
+#include "platform/WaitCursor.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 #include "surface/ChartCommands.h"
@@ -24,6 +24,8 @@
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
+
+namespace morvane {
 
 // The view as the owner of its model: read, shown, written, painted. The mouse and the keys are in
 // LayoutMgrMouse.cpp.
@@ -68,7 +70,7 @@ void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
 void LayoutMgr::DeleteSelection() {
   {
-    const CWaitCursor wait;
+    const WaitCursor wait;
     model->DeleteSelected(true);
   }
   Invalidate();
@@ -108,9 +110,9 @@ void LayoutMgr::OnInitialUpdate() {
   Invalidate();
 }
 
-void LayoutMgr::PlaceWithoutWindow(bool normalSize) {
-  if (normalSize && readChart != nullptr) readChart->zoom = kNormalZoom;
-  if (normalSize) zoom = kNormalZoom;
+void LayoutMgr::PlaceWithoutWindow(Size size) {
+  if (size == Size::Normal && readChart != nullptr) readChart->zoom = kNormalZoom;
+  if (size == Size::Normal) zoom = kNormalZoom;
   ShowRead();
   look->TakeDefaults();
 }
@@ -246,3 +248,5 @@ ModelStream& operator>>(ModelStream& stream, LayoutMgr& view) {
   view.Read(stream);
   return stream;
 }
+
+}  // namespace morvane

@@ -12,14 +12,16 @@
 #include "model/Shape.h"
 #include "persistence/ChartText.h"
 #include "platform/SharedText.h"
+#include "surface/ChartBrowser.h"
 #include "surface/HiddenWindow.h"
+
+namespace morvane {
 
 class ChartHistory;
 class ChartLook;
 class Collection;
 class ModelMgr;
 class ModelStream;
-class ObjectBrowser;
 class PrintMapping;
 class ToolDrag;
 class ViewGeometry;
@@ -38,8 +40,8 @@ class LayoutMgr : public ChartView, public ChartText {
   /// the view get another one meanwhile.
   std::shared_ptr<ModelMgr> HoldModel() const { return model; }
   ModelProperties& GetProperties() { return properties; }
-  ObjectBrowser* GetObjectTree() const override { return objectTree; }
-  void SetObjectTree(ObjectBrowser* tree) { objectTree = tree; }
+  ChartBrowser* GetObjectTree() const override { return objectTree; }
+  void SetObjectTree(ChartBrowser* tree) { objectTree = tree; }
   ChartHistory& GetHistory() const { return *history; }
   ToolDrag& GetTools() const { return *tools; }
   const ViewGeometry& GetGeometry() const { return *geometry; }
@@ -83,9 +85,10 @@ class LayoutMgr : public ChartView, public ChartText {
   std::string EmptyText() const override { return LayoutMgr().ModelText(); }
   void Write(ModelStream& stream) const;
   void Read(ModelStream& stream) override;
-  /// Places a chart that was read with no window, for conversions and pictures. It stands at
-  /// normal size if `normalSize`, else at its stored zoom.
-  void PlaceWithoutWindow(bool normalSize);
+  /// How large a chart stands that no window shows.
+  enum class Size { Stored, Normal };
+  /// Places a chart that was read with no window, for conversions and pictures.
+  void PlaceWithoutWindow(Size size);
 
   void OnInitialUpdate() override;
   void OnDraw(CDC& dc) override;
@@ -139,8 +142,10 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ToolDrag> tools;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;
-  ObjectBrowser* objectTree = nullptr;
+  ChartBrowser* objectTree = nullptr;
 };
 
 ModelStream& operator<<(ModelStream& stream, const LayoutMgr& view);
 ModelStream& operator>>(ModelStream& stream, LayoutMgr& view);
+
+}  // namespace morvane

@@ -16,6 +16,8 @@
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
 
+namespace morvane {
+
 // The mouse and the keys over a chart.
 
 void LayoutMgr::TrackAnchorTarget(POINT& client, void* context) {
@@ -126,3 +128,5 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
     default: return geometry->ScrollByKey(key);
   }
 }
+
+}  // namespace morvane

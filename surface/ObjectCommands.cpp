@@ -5,6 +5,8 @@
 #include "model/ConnectableRectShape.h"
 #include "resources/CommandIds.h"
 
+namespace morvane {
+
 namespace {
 
 const Mesg* MesgOf(const Shape& object) {
@@ -65,3 +67,5 @@ const CommandTable<Shape>& ObjectCommands() {
   static constexpr CommandTable<Shape> table(kRows);
   return table;
 }
+
+}  // namespace morvane

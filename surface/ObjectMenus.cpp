@@ -13,6 +13,8 @@
 #include "surface/ChartCommands.h"
 #include "surface/ObjectCommands.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr MenuEntry kSeparator{};
@@ -102,3 +104,5 @@ unsigned TrackContextMenu(std::span<const MenuEntry> menu, POINT screen,
   }
   return TrackMenu(items, screen);
 }
+
+}  // namespace morvane

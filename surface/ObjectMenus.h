@@ -6,6 +6,8 @@
 #include "drawing/Geometry.h"
 #include "platform/Command.h"
 
+namespace morvane {
+
 class Shape;
 
 /// The context menu of an object, by its class; empty for a class that has none.
@@ -16,3 +18,5 @@ std::span<const MenuEntry> MenuOfChart();
 /// Shows a context menu at a screen point and waits; gives the chosen command, or 0.
 unsigned TrackContextMenu(std::span<const MenuEntry> menu, POINT screen,
                           const std::function<CommandState(unsigned id)>& stateOf);
+
+}  // namespace morvane

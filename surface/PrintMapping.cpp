@@ -5,6 +5,8 @@
 #include "model/ModelMgr.h"
 #include "platform/Service.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::int64_t kUnitsPerInch = 120;
@@ -55,3 +57,5 @@ void PrintMapping::Select(CDC& dc) const {
   dc.SetWindowExt(printWindowExt);
   dc.SetViewportExt(printViewportExt);
 }
+
+}  // namespace morvane

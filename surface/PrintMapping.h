@@ -4,6 +4,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class CDC;
 
 /// How a chart goes on paper: under a mapping of 120 logical units to the inch, cut into pages row
@@ -31,3 +33,5 @@ class PrintMapping {
   int pagesDown = 1;
   std::int32_t printToFit = 0;
 };
+
+}  // namespace morvane

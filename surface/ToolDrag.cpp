@@ -9,6 +9,8 @@
 #include "resources/CommandIds.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 namespace {
 
 /// The picture of a tool hangs so far to the lower right of the pointer, pixels.
@@ -72,3 +74,5 @@ void ToolDrag::EndToolDrag() {
   view.ReleaseCapture();
   tool = 0;
 }
+
+}  // namespace morvane

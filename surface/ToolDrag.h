@@ -2,6 +2,8 @@
 
 #include "drawing/Geometry.h"
 
+namespace morvane {
+
 class LayoutMgr;
 
 /// The drawing tool that the user has chosen, and its way to the place where an object comes of it.
@@ -28,3 +30,5 @@ class ToolDrag {
   unsigned tool = 0;
   bool toolDragging = false;
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "model/Defaults.h"
 #include "model/DrawResources.h"
 
+namespace morvane {
+
 namespace {
 
 /// Every so many model units the grid has a line.
@@ -74,3 +76,5 @@ bool ViewGeometry::ScrollByKey(VirtualKey key) {
   }
   return true;
 }
+
+}  // namespace morvane

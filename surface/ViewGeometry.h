@@ -2,6 +2,8 @@
 
 #include "platform/Message.h"
 
+namespace morvane {
+
 class CDC;
 class ChartView;
 
@@ -28,3 +30,5 @@ class ViewGeometry {
   ChartView& view;
   bool showGrid = true;
 };
+
+}  // namespace morvane

@@ -16,6 +16,8 @@
 #include "platform/qt/DialogParent.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 /// How much smaller than at first the output box can get.
@@ -61,7 +63,7 @@ QWidget* GeneratorWindow::MakeFields() {
   auto* fields = new QWidget;
   auto* layout = new QFormLayout(fields);
   layout->setContentsMargins(0, 0, 0, 0);
-  for (const int id : {CGenerateCppDlg::IDC_DESIGN_FILE, CGenerateCppDlg::IDC_OUTPUT_FOLDER}) {
+  for (const int id : {CGenerateCppDlg::kDesignFileId, CGenerateCppDlg::kOutputFolderId}) {
     const DialogControl& control = dialog.Control(id);
     auto* box = new QLineEdit(ToQString(control.text));
     box->setReadOnly(true);
@@ -69,15 +71,15 @@ QWidget* GeneratorWindow::MakeFields() {
     box->setAccessibleName(ToQString(control.label));
     layout->addRow(ToQString(control.label), box);
   }
-  debug = new QCheckBox(ToQString(dialog.Control(CGenerateCppDlg::IDC_DEBUG).label));
+  debug = new QCheckBox(ToQString(dialog.Control(CGenerateCppDlg::kDebugId).label));
   connect(debug, &QCheckBox::toggled, this,
-          [this](bool on) { this->dialog.Control(CGenerateCppDlg::IDC_DEBUG).checked = on; });
+          [this](bool on) { this->dialog.Control(CGenerateCppDlg::kDebugId).checked = on; });
   layout->addRow(debug);
   return fields;
 }
 
 QSize GeneratorWindow::MakeOutput() {
-  const DialogControl& control = dialog.Control(CGenerateCppDlg::IDC_OUTPUT);
+  const DialogControl& control = dialog.Control(CGenerateCppDlg::kOutputId);
   output = new QPlainTextEdit;
   output->setReadOnly(true);
   output->setUndoRedoEnabled(false);
@@ -100,7 +102,7 @@ QWidget* GeneratorWindow::MakeButtons() {
   auto* layout = new QHBoxLayout(buttons);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addStretch(1);
-  for (const int id : {int{CGenerateCppDlg::IDC_GENERATE}, int{IDCANCEL}}) {
+  for (const int id : {int{CGenerateCppDlg::kGenerateId}, int{IDCANCEL}}) {
     const DialogControl& control = dialog.Control(id);
     auto* button = new QPushButton(ToQString(control.label));
     button->setDefault(control.isDefault);
@@ -112,13 +114,13 @@ QWidget* GeneratorWindow::MakeButtons() {
 }
 
 void GeneratorWindow::Refresh() {
-  const DialogControl& control = dialog.Control(CGenerateCppDlg::IDC_DEBUG);
+  const DialogControl& control = dialog.Control(CGenerateCppDlg::kDebugId);
   debug->setEnabled(control.enabled);
   debug->setChecked(control.checked);
 }
 
 void GeneratorWindow::FocusOn(int id) {
-  if (id == CGenerateCppDlg::IDC_OUTPUT) output->setFocus();
+  if (id == CGenerateCppDlg::kOutputId) output->setFocus();
 }
 
 void GeneratorWindow::Clear() {
@@ -167,3 +169,5 @@ void QtGeneratorHost::Run(CGenerateCppDlg& dialog) {
   // back first.
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
+
+}  // namespace morvane

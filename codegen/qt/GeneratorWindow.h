@@ -10,6 +10,8 @@ class QPlainTextEdit;
 class QPushButton;
 class QTextCursor;
 
+namespace morvane {
+
 /// The window of a generator run.
 class GeneratorWindow : public QDialog, public DialogWindow, public OutputBox {
   Q_OBJECT
@@ -50,3 +52,5 @@ class QtGeneratorHost : public GeneratorHost {
 
   void Run(CGenerateCppDlg& dialog) override;
 };
+
+}  // namespace morvane

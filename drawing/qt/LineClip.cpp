@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace morvane {
+
 namespace {
 
 /// Narrows the part to where `start + t * direction` is not above `limit`.
@@ -63,3 +65,5 @@ QPolygonF ClipPolygon(const QPolygonF& polygon, const QRectF& box) {
   }
   return result;
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include <QPolygonF>
 #include <QRectF>
 
+namespace morvane {
+
 /// The part of a line that lies in a box, as fractions of its length.
 struct LinePart {
   double from = 0;
@@ -16,3 +18,5 @@ struct LinePart {
 std::optional<LinePart> ClipLine(QPointF a, QPointF b, const QRectF& box);
 /// The part of a polygon inside the box, as one polygon.
 QPolygonF ClipPolygon(const QPolygonF& polygon, const QRectF& box);
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace morvane {
+
 namespace {
 
 double RoundHalfUp(double v) { return std::floor(v + 0.5); }
@@ -98,3 +100,5 @@ void PixelRuns::AddRect(const Line& line, std::int64_t from, std::int64_t to, do
                       : QRect(static_cast<int>(minor), static_cast<int>(begin), thickness, length);
   if (r.intersects(visible)) rects.push_back(r);
 }
+
+}  // namespace morvane

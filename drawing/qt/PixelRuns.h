@@ -7,6 +7,8 @@
 #include <QPointF>
 #include <QRect>
 
+namespace morvane {
+
 /// Turns lines into rectangles of whole pixels, as a device does that knows no antialiasing. The
 /// pixels of a line do not depend on what part of it is visible. All in physical pixels.
 class PixelRuns {
@@ -39,3 +41,5 @@ class PixelRuns {
   std::int64_t phase = 0;
   std::vector<QRect> rects;
 };
+
+}  // namespace morvane

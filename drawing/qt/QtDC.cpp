@@ -7,6 +7,8 @@
 
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 namespace {
 
 /// Coordinates within this distance can be handed to Qt as they are.
@@ -124,28 +126,28 @@ void QtDC::SetMode(bool smooth) {
 void QtDC::FillRect(const RECT& r, const CBrush& with) {
   if (with.hollow) return;
   FillBox(ToPhysical(r),
-          QColor(GetRValue(with.color), GetGValue(with.color), GetBValue(with.color)));
+          QColor(GetRValue(with.colour), GetGValue(with.colour), GetBValue(with.colour)));
 }
 
-void QtDC::FillBox(const QRectF& box, QColor color) {
+void QtDC::FillBox(const QRectF& box, QColor colour) {
   const QRect visible = Visible(box);
   if (visible.isEmpty()) return;
   SetMode(false);
-  painter.fillRect(visible, color);
+  painter.fillRect(visible, colour);
 }
 
 void QtDC::FillMask(POINT topLeft, const BitMask& mask) {
   if (GetBrush().hollow) return;
   const POINT origin = LPtoDP(topLeft);
-  const COLORREF c = GetBrush().color;
-  const QColor color(GetRValue(c), GetGValue(c), GetBValue(c));
+  const COLORREF c = GetBrush().colour;
+  const QColor colour(GetRValue(c), GetGValue(c), GetBValue(c));
   for (int y = 0; y < std::min(mask.height, BitMask::kMaxRows); ++y) {
     for (int x = 0; x < std::min(mask.width, 8); ++x) {
       if (!mask.IsSet(x, y)) continue;
       const POINT pixel = origin + POINT{x, y};
       FillBox({QPointF(ToPhysical(pixel.x), ToPhysical(pixel.y)),
                QPointF(ToPhysical(AddSat(pixel.x, 1)), ToPhysical(AddSat(pixel.y, 1)))},
-              color);
+              colour);
     }
   }
 }
@@ -182,3 +184,5 @@ void QtDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   PaintText(origin, factor, utf8);
   if (cut) painter.restore();
 }
+
+}  // namespace morvane

@@ -9,8 +9,11 @@
 
 #include "drawing/CDC.h"
 
-class PixelRuns;
 class QPainterPath;
+
+namespace morvane {
+
+class PixelRuns;
 class QtFontCache;
 
 /// A context on a picture or a page. Three grids meet here: logical units go through the mapping to
@@ -65,8 +68,8 @@ class QtDC : public CDC {
   QRect Visible(const QRectF& box) const;
 
   void SetMode(bool smooth);
-  void FillBox(const QRectF& box, QColor color);
-  void PaintRuns(const PixelRuns& runs, QColor color);
+  void FillBox(const QRectF& box, QColor colour);
+  void PaintRuns(const PixelRuns& runs, QColor colour);
   void StrokeLines(QPolygonF points, bool closed);
   void StrokeDashes(const QLineF& line, double from, double to, double before);
   void StrokeFarLines(const QPolygonF& points, bool closed);
@@ -86,3 +89,5 @@ class QtDC : public CDC {
   int hairline = 1;  ///< thickness of a thin pen, physical pixels
   QRect clipBox;     ///< physical pixels
 };
+
+}  // namespace morvane

@@ -11,6 +11,8 @@
 #include "drawing/qt/QtDC.h"
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 // Lines, shapes and letters of a context. "Far" are coordinates that Qt is not to see: they are
 // cut down to the neighbourhood of the visible part first.
 
@@ -20,7 +22,7 @@ namespace {
 constexpr double kFarMargin = 64;
 constexpr double kWidestPen = 2000;
 
-QColor ToColor(COLORREF c) {
+QColor ToColour(COLORREF c) {
   return {static_cast<int>(GetRValue(c)), static_cast<int>(GetGValue(c)),
           static_cast<int>(GetBValue(c))};
 }
@@ -77,7 +79,7 @@ QPen QtDC::StrokePen() const {
   const CPen& wanted = GetPen();
   if (wanted.style == PenStyle::Null) return QPen(Qt::NoPen);
   const bool thin = IsPenThin();
-  QPen pen(QBrush(ToColor(wanted.color)), PenWidth(), Qt::SolidLine,
+  QPen pen(QBrush(ToColour(wanted.colour)), PenWidth(), Qt::SolidLine,
            thin ? Qt::FlatCap : Qt::RoundCap, thin ? Qt::MiterJoin : Qt::RoundJoin);
   const std::vector<int> dashes = DashLengths();
   if (!dashes.empty()) {
@@ -89,11 +91,11 @@ QPen QtDC::StrokePen() const {
   return pen;
 }
 
-void QtDC::PaintRuns(const PixelRuns& runs, QColor color) {
+void QtDC::PaintRuns(const PixelRuns& runs, QColor colour) {
   if (runs.IsEmpty()) return;
   SetMode(false);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(color);
+  painter.setBrush(colour);
   painter.drawRects(runs.Rects().data(), static_cast<int>(runs.Rects().size()));
 }
 
@@ -111,7 +113,7 @@ void QtDC::StrokeLines(QPolygonF points, bool closed) {
     PixelRuns runs(clipBox, hairline, dashes);
     const qsizetype count = points.size() - (closed ? 0 : 1);
     for (qsizetype i = 0; i < count; ++i) runs.AddLine(points[i], points[(i + 1) % points.size()]);
-    PaintRuns(runs, ToColor(GetPen().color));
+    PaintRuns(runs, ToColour(GetPen().colour));
     return;
   }
   const QRectF box = points.boundingRect();
@@ -148,7 +150,7 @@ void QtDC::StrokeDashes(const QLineF& line, double from, double to, double befor
   const std::vector<int> lengths = DashLengths();
   const double total = std::accumulate(lengths.begin(), lengths.end(), 0.0);
   const QPointF direction = (line.p2() - line.p1()) / line.length();
-  QPen pen(ToColor(GetPen().color), PenWidth());
+  QPen pen(ToColour(GetPen().colour), PenWidth());
   pen.setCapStyle(Qt::FlatCap);
   painter.setPen(pen);
   double at = std::floor((before + from) / total) * total - before;
@@ -201,7 +203,7 @@ void QtDC::Polygon(std::span<const POINT> points) {
     }
     SetMode(!Inverts() && !IsUpright(physical, true));
     painter.setPen(Qt::NoPen);
-    painter.setBrush(ToColor(GetBrush().color));
+    painter.setBrush(ToColour(GetBrush().colour));
     painter.drawPolygon(area, Qt::WindingFill);
   }
   if (GetPen().style != PenStyle::Null) StrokeLines(std::move(physical), true);
@@ -214,11 +216,11 @@ void QtDC::Rectangle(const RECT& r) {
   const double width = hasPen ? PenWidth() : 0;
   if (Visible(box).isEmpty()) return;
   if (hasPen && (box.width() <= 2 * width || box.height() <= 2 * width)) {
-    FillBox(box, ToColor(GetPen().color));
+    FillBox(box, ToColour(GetPen().colour));
     return;
   }
   if (!GetBrush().hollow) {
-    FillBox(box.adjusted(width, width, -width, -width), ToColor(GetBrush().color));
+    FillBox(box.adjusted(width, width, -width, -width), ToColour(GetBrush().colour));
   }
   if (!hasPen) return;
   const std::vector<int> dashes = DashLengths();
@@ -230,7 +232,7 @@ void QtDC::Rectangle(const RECT& r) {
   runs.AddLine(topRight, bottomRight);
   runs.AddLine(bottomRight, bottomLeft);
   runs.AddLine(bottomLeft, box.topLeft());
-  PaintRuns(runs, ToColor(GetPen().color));
+  PaintRuns(runs, ToColour(GetPen().colour));
 }
 
 void QtDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
@@ -287,7 +289,7 @@ bool QtDC::PaintRing(const QPainterPath& outer, const QPainterPath& inner) {
   if (hole.width() < 1 || hole.height() < 1) return false;
   SetMode(true);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(ToColor(GetPen().color));
+  painter.setBrush(ToColour(GetPen().colour));
   if (GetBrush().hollow) {
     QPainterPath ring = outer;
     ring.addPath(inner);
@@ -295,7 +297,7 @@ bool QtDC::PaintRing(const QPainterPath& outer, const QPainterPath& inner) {
     return true;
   }
   painter.drawPath(outer);
-  painter.setBrush(ToColor(GetBrush().color));
+  painter.setBrush(ToColour(GetBrush().colour));
   painter.drawPath(inner);
   return true;
 }
@@ -311,7 +313,7 @@ void QtDC::PaintPath(const QPainterPath& path, bool filled, Qt::PenCapStyle cap)
   // The pixels in which an open curve ends are covered whole, so that it meets the lines there.
   if (pen.style() == Qt::SolidLine && !Inverts()) pen.setCapStyle(cap);
   painter.setPen(pen);
-  painter.setBrush(filled && !GetBrush().hollow ? QBrush(ToColor(GetBrush().color))
+  painter.setBrush(filled && !GetBrush().hollow ? QBrush(ToColour(GetBrush().colour))
                                                 : QBrush(Qt::NoBrush));
   painter.drawPath(path);
 }
@@ -321,7 +323,7 @@ void QtDC::PaintFarPath(const QPainterPath& path, bool filled) {
   for (const QPolygonF& part : path.toSubpathPolygons()) {
     if (filled && !GetBrush().hollow) {
       painter.setPen(Qt::NoPen);
-      painter.setBrush(ToColor(GetBrush().color));
+      painter.setBrush(ToColour(GetBrush().colour));
       painter.drawPolygon(ClipPolygon(part, around), Qt::WindingFill);
     }
     if (GetPen().style != PenStyle::Null && part.size() > 1) StrokeFarLines(part, false);
@@ -330,7 +332,7 @@ void QtDC::PaintFarPath(const QPainterPath& path, bool filled) {
 
 void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
   const QtFont& font = fonts.Get(GetFont());
-  const QColor color = ToColor(GetTextColor());
+  const QColor colour = ToColour(GetTextColor());
   if (Inverts()) {
     // Letters as areas: each pixel is turned over once.
     QPainterPath path;
@@ -338,11 +340,11 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
     const QTransform place =
         QTransform::fromTranslate(origin.x(), origin.y()).scale(factor, factor);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(color);
+    painter.setBrush(colour);
     painter.drawPath(place.map(path));
     return;
   }
-  painter.setPen(color);
+  painter.setPen(colour);
   const QGlyphRun* glyphs = page ? nullptr : font.Glyphs(utf8);
   QPointF baseline(0, font.Ascent());
   if (factor == 1) {
@@ -364,3 +366,5 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
   }
   if (factor != 1) painter.resetTransform();
 }
+
+}  // namespace morvane

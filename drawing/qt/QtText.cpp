@@ -9,6 +9,8 @@
 
 #include "drawing/TextCodec.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kMaxPixelSize = 4000;
@@ -144,3 +146,5 @@ const QtFont& QtFontCache::Get(const CFont& font) {
   if (fonts.size() >= kMaxFonts) fonts.clear();
   return *fonts.emplace(font, std::make_unique<QtFont>(font)).first->second;
 }
+
+}  // namespace morvane

@@ -15,6 +15,8 @@
 
 #include "drawing/DrawingTools.h"
 
+namespace morvane {
+
 /// Bytes as a chart holds them, for a window: UTF-8 or else Windows-1252.
 QString ToQString(std::string_view bytes);
 /// A text that is known to be valid UTF-8.
@@ -75,3 +77,5 @@ class QtFontCache {
   };
   std::map<CFont, std::unique_ptr<QtFont>, Less> fonts;
 };
+
+}  // namespace morvane

@@ -23,6 +23,8 @@
 #include "shell/qt/ObjectBrowserPane.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 namespace {
 
 /// A chart grows no further by pasting and no more charts are opened, so that no input takes long.
@@ -350,3 +352,5 @@ void AnyHand::CheckPictures() {
     Require(IsSame(shown, child->Window()->Picture()), "something is left on the screen");
   }
 }
+
+}  // namespace morvane

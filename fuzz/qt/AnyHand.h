@@ -12,9 +12,12 @@
 #include "platform/Process.h"
 #include "platform/qt/QtDialogHost.h"
 
+class QWidget;
+
+namespace morvane {
+
 class CChildFrame;
 class CMainFrame;
-class QWidget;
 
 /// A hand on the main window whose every move comes from an input. While a gesture or a dialog
 /// waits, the next moves go there. What could leave the process is replaced: no program starts, and
@@ -66,3 +69,5 @@ class AnyHand {
   QTimer pump;
   int moves = 0;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "tests/ui/LivingWindows.h"
 
+namespace morvane {
+
 namespace {
 
 void IgnoreMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
@@ -28,3 +30,5 @@ void StartToolkit() {
   }();
   static_cast<void>(application);
 }
+
+}  // namespace morvane

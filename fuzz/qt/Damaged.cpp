@@ -11,6 +11,8 @@
 #include "shell/Language.h"
 #include "tests/support/TempFolder.h"
 
+using namespace morvane;
+
 // Damaged charts in one window with real boxes: damaged EXAMPLES [COUNT [FIRST_SEED]], where
 // EXAMPLES is the folder of the examples. Each of them cut at 30, 60 and 95 % of its bytes, and
 // then COUNT that are damaged at random, the same ones each time. An input that ends the process is

@@ -19,6 +19,8 @@
 #include "shell/qt/ObjectBrowserPane.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr QSize kFrame(1000, 760);
@@ -146,3 +148,5 @@ void DamagedCharts::Tick() {
       box->buttons().constFirst()->click();
   }
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include <QTimer>
 
+namespace morvane {
+
 class CMainFrame;
 class LayoutMgr;
 
@@ -43,3 +45,5 @@ class DamagedCharts {
   int refused = 0;
   int boxes = 0;
 };
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 #include "tests/support/Charts.h"
 #include "tests/support/TempFolder.h"
 
+namespace morvane {
+
 // Events of mouse and keyboard, commands and answers in any order on the real windows over real
 // charts: the first byte names the chart that is open at first, the others are what a hand does.
 
@@ -53,3 +55,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Service<Profile>::Set(former);
   return 0;
 }
+
+}  // namespace morvane

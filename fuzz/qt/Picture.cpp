@@ -13,6 +13,8 @@
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 // A chart file on the screen and as pictures, painted by the toolkit.
 
 namespace {
@@ -53,7 +55,7 @@ void Show(const std::string& text) {
 void MakePictures(const std::string& text) {
   LayoutMgr chart;
   if (!Read(chart, text)) return;
-  chart.PlaceWithoutWindow(true);
+  chart.PlaceWithoutWindow(LayoutMgr::Size::Normal);
   const ChartPicture picture(chart);
   const SIZE size = picture.Size();
   if (std::int64_t{size.cx} * size.cy <= kMostPixels) picture.MakePng();
@@ -74,3 +76,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Service<Pictures>::Set(nullptr);
   return 0;
 }
+
+}  // namespace morvane

@@ -13,6 +13,8 @@
 #include "shell/qt/FrameState.h"
 #include "tests/support/TempFolder.h"
 
+namespace morvane {
+
 // The bytes of the settings file, as the toolkit reads them: the program starts with whatever
 // stands there, and what it then writes is what it reads.
 
@@ -69,3 +71,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TextSource::Use(nullptr);
   return 0;
 }
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 #include "fuzz/FuzzTarget.h"
 #include "platform/Files.h"
 
+using namespace morvane;
+
 // Long use in one process: windows open, a hand does anything on them, and they close, round after
 // round: soak [ROUNDS [SEED [BYTES_OF_A_ROUND]]]. In the end there may be no more memory, files and
 // threads in use than after the first rounds, in which the toolkit fills its caches.

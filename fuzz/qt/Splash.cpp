@@ -1,6 +1,8 @@
 #include "fuzz/FuzzTarget.h"
 #include "shell/qt/SplashPicture.h"
 
+namespace morvane {
+
 // The file of the splash picture: every pixel of what is read can be looked at.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -14,3 +16,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(picture.isNull() || seen != 0, "a picture has no pixel that can be seen");
   return 0;
 }
+
+}  // namespace morvane

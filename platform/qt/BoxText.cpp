@@ -2,6 +2,8 @@
 
 #include "drawing/TextCodec.h"
 
+namespace morvane {
+
 namespace {
 
 /// What is left of a line that is too long.
@@ -27,3 +29,5 @@ BoxText::BoxText(std::string_view bytes) {
     rest.remove_prefix(end + 1);
   }
 }
+
+}  // namespace morvane

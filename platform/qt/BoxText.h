@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+namespace morvane {
+
 /// A text as a box shows it, in UTF-8.
 struct BoxText {
   /// A line longer than that would be laid out for seconds at each key.
@@ -13,3 +15,5 @@ struct BoxText {
   std::string utf8;
   bool whole = true;  ///< no line was too long and had to be cut short
 };
+
+}  // namespace morvane

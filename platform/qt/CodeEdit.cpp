@@ -7,6 +7,8 @@
 #include <QMimeData>
 #include <QScrollBar>
 
+namespace morvane {
+
 namespace {
 
 constexpr int kTabLetters = 4;
@@ -50,3 +52,5 @@ QSize CodeEdit::sizeHint() const { return SizeFor(letters, lines); }
 QSize CodeEdit::minimumSizeHint() const {
   return SizeFor(std::min(letters, kLeastLetters), std::min(lines, kLeastLines));
 }
+
+}  // namespace morvane

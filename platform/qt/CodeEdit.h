@@ -2,6 +2,8 @@
 
 #include <QPlainTextEdit>
 
+namespace morvane {
+
 /// A text box without wrapping that Tab leaves, with room for so many letters and lines.
 class CodeEdit : public QPlainTextEdit {
   Q_OBJECT
@@ -23,3 +25,5 @@ class CodeEdit : public QPlainTextEdit {
   int letters;
   int lines;
 };
+
+}  // namespace morvane

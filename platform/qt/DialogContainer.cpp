@@ -9,6 +9,8 @@
 
 #include "platform/qt/DialogWidget.h"
 
+namespace morvane {
+
 namespace {
 
 using Kind = DialogControl::Kind;
@@ -102,3 +104,5 @@ void DialogContainer::Finish() {
   if (column != nullptr && !hasTall) column->setRowStretch(lines, 1);
   if (row != nullptr && !hasWide && !hasButton) row->addStretch(1);
 }
+
+}  // namespace morvane

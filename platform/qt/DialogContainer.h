@@ -1,12 +1,14 @@
 #pragma once
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 
 class QBoxLayout;
 class QGridLayout;
 class QLabel;
 class QTabWidget;
 class QWidget;
+
+namespace morvane {
 
 /// A container of a dialog while it is filled: it lays its children out one under the other with
 /// their labels aligned, side by side, or on tabs.
@@ -47,3 +49,5 @@ class DialogContainer {
   bool hasWide = false;
   bool hasButton = false;
 };
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QMainWindow>
 
+namespace morvane {
+
 QWidget* DialogParent() {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   QWidget* active = QApplication::activeWindow();
@@ -13,3 +15,5 @@ QWidget* DialogParent() {
   }
   return nullptr;
 }
+
+}  // namespace morvane

@@ -11,6 +11,8 @@
 #include "platform/qt/RowList.h"
 #include "platform/qt/TextCombo.h"
 
+namespace morvane {
+
 namespace {
 
 class CheckWidget : public DialogWidget {
@@ -60,3 +62,5 @@ std::unique_ptr<DialogWidget> DialogWidget::Make(const DialogControl& control, Q
     default: return std::make_unique<ButtonWidget>(control, parent, onClick);
   }
 }
+
+}  // namespace morvane

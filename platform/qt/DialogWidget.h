@@ -3,10 +3,12 @@
 #include <functional>
 #include <memory>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 
 class QString;
 class QWidget;
+
+namespace morvane {
 
 /// The label of a control in the user's language.
 QString ShownLabel(const DialogControl& control);
@@ -34,3 +36,5 @@ class DialogWidget {
   static std::unique_ptr<DialogWidget> Make(const DialogControl& control, QWidget* parent,
                                             OnClick onClick);
 };
+
+}  // namespace morvane

@@ -9,6 +9,8 @@
 #include "platform/Wording.h"
 #include "platform/qt/BoxText.h"
 
+namespace morvane {
+
 LineBox::LineBox(const DialogControl& control, QWidget* parent) : box(new QLineEdit(parent)) {
   box->setMaxLength(std::numeric_limits<int>::max());
   if (control.code) box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -44,3 +46,5 @@ void LineBox::Show(const DialogControl& control) {
 }
 
 void LineBox::SelectAll() { box->selectAll(); }
+
+}  // namespace morvane

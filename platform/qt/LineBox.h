@@ -7,6 +7,8 @@
 
 class QLineEdit;
 
+namespace morvane {
+
 /// A box of one line. A line break that is pasted becomes a blank. A text too long to be laid out
 /// at each key is shown in part and can't be edited.
 class LineBox : public DialogWidget {
@@ -25,3 +27,5 @@ class LineBox : public DialogWidget {
   TextState state;
   QString shown;  ///< as it was loaded
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "platform/qt/BoxText.h"
 #include "platform/qt/CodeEdit.h"
 
+namespace morvane {
+
 LinesBox::LinesBox(const DialogControl& control, QWidget* parent)
     : box(new CodeEdit(control.width, control.lines, parent)) {
   if (control.code) box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -33,3 +35,5 @@ void LinesBox::Show(const DialogControl& control) {
   box->setToolTip(text.whole ? QString() : ToQString(Worded(kLineTooLong)));
   box->document()->setModified(false);
 }
+
+}  // namespace morvane

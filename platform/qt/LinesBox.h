@@ -3,6 +3,8 @@
 #include "platform/qt/DialogWidget.h"
 #include "platform/qt/TextState.h"
 
+namespace morvane {
+
 class CodeEdit;
 
 /// A box of several lines. What was edited goes back with CR LF between the lines. A text with a
@@ -19,3 +21,5 @@ class LinesBox : public DialogWidget {
   CodeEdit* box;
   TextState state;
 };
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 
 #include "drawing/qt/QtDC.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kItemLetters = 18;
@@ -81,3 +83,5 @@ ComboWidget::ComboWidget(const DialogControl& control, QWidget* parent, OnClick 
     : combo(new PaintedCombo(control.itemCount, control.paintItem, parent)) {
   QObject::connect(combo, &QComboBox::activated, combo, std::move(onClick));
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 class QPainter;
 
+namespace morvane {
+
 /// A combo whose items the program paints, on a drawing context of its own.
 class PaintedCombo : public QComboBox {
   Q_OBJECT
@@ -39,3 +41,5 @@ class ComboWidget : public DialogWidget {
  private:
   PaintedCombo* combo;
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+namespace morvane {
+
 namespace {
 
 QClipboard* SystemClipboard() {
@@ -62,3 +64,5 @@ bool QtClipboard::IsAvailable(const std::string& format) {
   const QMimeData* content = clipboard != nullptr ? clipboard->mimeData() : nullptr;
   return content != nullptr && content->hasFormat(MimeTypeOf(format));
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "platform/Clipboard.h"
 
+namespace morvane {
+
 /// The system's clipboard. A format is a MIME type; a name without a slash is a format that is
 /// registered under that name.
 class QtClipboard : public Clipboard {
@@ -14,3 +16,5 @@ class QtClipboard : public Clipboard {
 
   static QString MimeTypeOf(const std::string& format);
 };
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include <QPainterPath>
 #include <QPixmap>
 
+namespace morvane {
+
 namespace {
 
 constexpr int kCursorSize = 32;
@@ -67,3 +69,5 @@ QCursor MakeCursor(Cursor cursor) {
   }
   return Qt::ArrowCursor;
 }
+
+}  // namespace morvane

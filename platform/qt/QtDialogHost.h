@@ -1,9 +1,13 @@
 #pragma once
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
+
+namespace morvane {
 
 /// Shows dialogs as windows in front of the active one.
 class QtDialogHost : public DialogHost {
  public:
-  void Run(CDialog& dialog) override;
+  void Run(Dialog& dialog) override;
 };
+
+}  // namespace morvane

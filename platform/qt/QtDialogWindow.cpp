@@ -11,6 +11,8 @@
 #include "drawing/qt/QtText.h"
 #include "platform/Wording.h"
 
+namespace morvane {
+
 namespace {
 
 using Kind = DialogControl::Kind;
@@ -59,7 +61,7 @@ QString PlainName(const QString& text) {
 
 }  // namespace
 
-QtDialogWindow::QtDialogWindow(CDialog& dialog, QWidget* parent) : QDialog(parent), dialog(dialog) {
+QtDialogWindow::QtDialogWindow(Dialog& dialog, QWidget* parent) : QDialog(parent), dialog(dialog) {
   MarkGrowth();
   Build();
   SetTabOrder();
@@ -164,3 +166,5 @@ void QtDialogWindow::FocusOn(int id) {
 void QtDialogWindow::End() { done(QDialog::Accepted); }
 
 void QtDialogWindow::reject() { OnClick(IDCANCEL); }
+
+}  // namespace morvane

@@ -7,9 +7,11 @@
 
 #include <QDialog>
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 #include "platform/qt/DialogContainer.h"
 #include "platform/qt/DialogWidget.h"
+
+namespace morvane {
 
 /// The window of any dialog, built from its controls.
 class QtDialogWindow : public QDialog, public DialogWindow {
@@ -17,7 +19,7 @@ class QtDialogWindow : public QDialog, public DialogWindow {
 
  public:
   /// The dialog has to outlive the window.
-  QtDialogWindow(CDialog& dialog, QWidget* parent);
+  QtDialogWindow(Dialog& dialog, QWidget* parent);
   ~QtDialogWindow() override;
 
   void Refresh() override;
@@ -42,9 +44,11 @@ class QtDialogWindow : public QDialog, public DialogWindow {
   void SetTabOrder();
   void OnClick(int id);
 
-  CDialog& dialog;
+  Dialog& dialog;
   std::map<int, std::unique_ptr<DialogContainer>> containers;
   std::vector<Entry> widgets;
   std::set<int> wide;  ///< controls that take more room than they need, and what holds them
   std::set<int> tall;
 };
+
+}  // namespace morvane

@@ -13,6 +13,8 @@
 #include "platform/qt/DialogParent.h"
 #include "platform/qt/QtFontDialog.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kAllFiles = "All Files (*)";
@@ -91,7 +93,7 @@ std::optional<Dialogs::ExportAnswer> QtDialogs::AskExport(const ExportRequest& r
   return ExportAnswer{*path, selectionOnly != nullptr && selectionOnly->isChecked()};
 }
 
-std::optional<COLORREF> QtDialogs::AskColor(COLORREF start) {
+std::optional<COLORREF> QtDialogs::AskColour(COLORREF start) {
   const QColor chosen = QColorDialog::getColor(
       QColor(static_cast<int>(GetRValue(start)), static_cast<int>(GetGValue(start)),
              static_cast<int>(GetBValue(start))),
@@ -106,3 +108,5 @@ std::optional<Dialogs::FontChoice> QtDialogs::AskFont(const FontChoice& start) {
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Choice();
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 class QFileDialog;
 
+namespace morvane {
+
 /// The desktop's dialogs for files, colours and fonts.
 class QtDialogs : public Dialogs {
  public:
@@ -11,7 +13,7 @@ class QtDialogs : public Dialogs {
   std::optional<std::string> AskSavePath(const FileFilter& filter,
                                          const std::string& suggestion) override;
   std::optional<ExportAnswer> AskExport(const ExportRequest& request) override;
-  std::optional<COLORREF> AskColor(COLORREF start) override;
+  std::optional<COLORREF> AskColour(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
 
  private:
@@ -20,3 +22,5 @@ class QtDialogs : public Dialogs {
 
   std::string lastFolder;
 };
+
+}  // namespace morvane

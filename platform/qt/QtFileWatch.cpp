@@ -8,6 +8,8 @@
 
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 namespace {
 
 /// Whoever writes a file does it in several steps; they are looked at together.
@@ -49,3 +51,5 @@ std::unique_ptr<FileWatch::Handle> QtFileWatch::Start(const std::string& path,
                                                       std::function<void()> touched) {
   return std::make_unique<Watching>(path, std::move(touched));
 }
+
+}  // namespace morvane

@@ -15,6 +15,8 @@
 #include "drawing/qt/QtText.h"
 #include "platform/Wording.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kTenths = 10;
@@ -28,9 +30,9 @@ QtFontDialog::QtFontDialog(const Dialogs::FontChoice& start, QWidget* parent)
     : QDialog(parent),
       fonts(new QFontDialog(this)),
       startFace(start.face),
-      colorButton(new QToolButton(this)),
-      color(static_cast<int>(GetRValue(start.color)), static_cast<int>(GetGValue(start.color)),
-            static_cast<int>(GetBValue(start.color))) {
+      colourButton(new QToolButton(this)),
+      colour(static_cast<int>(GetRValue(start.colour)), static_cast<int>(GetGValue(start.colour)),
+             static_cast<int>(GetBValue(start.colour))) {
   setWindowTitle(ToQString(Worded("Font")));
   fonts->setWindowFlags(Qt::Widget);
   fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
@@ -43,21 +45,21 @@ QtFontDialog::QtFontDialog(const Dialogs::FontChoice& start, QWidget* parent)
   fonts->layout()->setContentsMargins(0, 0, 0, 0);
 
   auto* label = new QLabel(ToQString(Worded("&Color:")), this);
-  label->setBuddy(colorButton);
-  colorButton->setAccessibleName(ToQString(Worded("Color")));
-  colorButton->setIconSize(kSwatch);
-  ShowColor();
-  auto* colorRow = new QHBoxLayout;
-  colorRow->addWidget(label);
-  colorRow->addWidget(colorButton);
-  colorRow->addStretch(1);
+  label->setBuddy(colourButton);
+  colourButton->setAccessibleName(ToQString(Worded("Color")));
+  colourButton->setIconSize(kSwatch);
+  ShowColour();
+  auto* colourRow = new QHBoxLayout;
+  colourRow->addWidget(label);
+  colourRow->addWidget(colourButton);
+  colourRow->addStretch(1);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(fonts, 1);
-  layout->addLayout(colorRow);
+  layout->addLayout(colourRow);
   layout->addWidget(buttons);
 
-  connect(colorButton, &QToolButton::clicked, this, &QtFontDialog::AskColor);
+  connect(colourButton, &QToolButton::clicked, this, &QtFontDialog::AskColour);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   // Return and Escape inside it end the whole.
@@ -65,27 +67,29 @@ QtFontDialog::QtFontDialog(const Dialogs::FontChoice& start, QWidget* parent)
   connect(fonts, &QDialog::rejected, this, &QDialog::reject);
 }
 
-void QtFontDialog::ShowColor() {
+void QtFontDialog::ShowColour() {
   QPixmap swatch(kSwatch * devicePixelRatioF());
   swatch.setDevicePixelRatio(devicePixelRatioF());
-  swatch.fill(color);
+  swatch.fill(colour);
   QPainter painter(&swatch);
   painter.setPen(palette().color(QPalette::Text));
   painter.drawRect(QRect(QPoint(0, 0), kSwatch).adjusted(0, 0, -1, -1));
-  colorButton->setIcon(swatch);
+  colourButton->setIcon(swatch);
 }
 
-void QtFontDialog::AskColor() {
-  const QColor chosen = QColorDialog::getColor(color, this);
+void QtFontDialog::AskColour() {
+  const QColor chosen = QColorDialog::getColor(colour, this);
   if (!chosen.isValid()) return;
-  color = chosen;
-  ShowColor();
+  colour = chosen;
+  ShowColour();
 }
 
 Dialogs::FontChoice QtFontDialog::Choice() const {
   const QFont font = fonts->currentFont();
   return {font.family() == shownFace ? startFace : ToBytes(font.family()),
           static_cast<std::int32_t>(std::lround(font.pointSizeF() * kTenths)),
-          RGB(static_cast<unsigned>(color.red()), static_cast<unsigned>(color.green()),
-              static_cast<unsigned>(color.blue()))};
+          RGB(static_cast<unsigned>(colour.red()), static_cast<unsigned>(colour.green()),
+              static_cast<unsigned>(colour.blue()))};
 }
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 class QFontDialog;
 class QToolButton;
 
+namespace morvane {
+
 /// The choice of a font together with its colour.
 class QtFontDialog : public QDialog {
   Q_OBJECT
@@ -17,12 +19,14 @@ class QtFontDialog : public QDialog {
   Dialogs::FontChoice Choice() const;
 
  private:
-  void ShowColor();
-  void AskColor();
+  void ShowColour();
+  void AskColour();
 
   QFontDialog* fonts;
   std::string startFace;
   QString shownFace;  ///< another one where the machine lacks the face to start from
-  QToolButton* colorButton;
-  QColor color;
+  QToolButton* colourButton;
+  QColor colour;
 };
+
+}  // namespace morvane

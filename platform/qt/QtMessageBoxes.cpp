@@ -6,6 +6,8 @@
 #include "drawing/qt/QtText.h"
 #include "platform/qt/DialogParent.h"
 
+namespace morvane {
+
 namespace {
 
 QMessageBox::StandardButtons ButtonsOf(unsigned flags) {
@@ -73,3 +75,5 @@ MessageAnswer QtMessageBoxes::Show(const std::string& text, unsigned flags) {
   if (waiting) QApplication::restoreOverrideCursor();
   return AnswerOf(button, flags);
 }
+
+}  // namespace morvane

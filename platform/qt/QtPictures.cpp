@@ -13,6 +13,8 @@
 
 #include "drawing/qt/QtDC.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kScreenInch = 96;
@@ -46,29 +48,29 @@ bool IsLikeFormer(const QImage& image, int y) {
 /// The colours of a picture in the order of their first pixel; empty if there are too many for a
 /// palette.
 QList<QRgb> PaletteOf(const QImage& image) {
-  QList<QRgb> colors;
+  QList<QRgb> colours;
   std::unordered_set<QRgb> seen;
   QRgb last = 0;
   for (int y = 0; y < image.height(); ++y) {
     if (IsLikeFormer(image, y)) continue;
-    for (const QRgb color : RowOf(image, y)) {
-      if (color == last) continue;
-      last = color;
-      if (!seen.insert(color).second) continue;
+    for (const QRgb colour : RowOf(image, y)) {
+      if (colour == last) continue;
+      last = colour;
+      if (!seen.insert(colour).second) continue;
       if (seen.size() > kPaletteSize) return {};
-      colors << color;
+      colours << colour;
     }
   }
-  return colors;
+  return colours;
 }
 
-QImage ToPalette(const QImage& image, const QList<QRgb>& colors) {
+QImage ToPalette(const QImage& image, const QList<QRgb>& colours) {
   QHash<QRgb, uchar> indices;
-  for (qsizetype i = 0; i < colors.size(); ++i) indices.insert(colors[i], static_cast<uchar>(i));
+  for (qsizetype i = 0; i < colours.size(); ++i) indices.insert(colours[i], static_cast<uchar>(i));
   QImage result(image.size(), QImage::Format_Indexed8);
   if (result.isNull()) return image;
-  result.setColorTable(colors);
-  QRgb last = colors.first();
+  result.setColorTable(colours);
+  QRgb last = colours.first();
   uchar index = 0;
   for (int y = 0; y < image.height(); ++y) {
     uchar* to = result.scanLine(y);
@@ -76,8 +78,8 @@ QImage ToPalette(const QImage& image, const QList<QRgb>& colors) {
       std::copy_n(result.constScanLine(y - 1), image.width(), to);
       continue;
     }
-    for (const QRgb color : RowOf(image, y)) {
-      if (color != last) index = indices.value(last = color);
+    for (const QRgb colour : RowOf(image, y)) {
+      if (colour != last) index = indices.value(last = colour);
       *to++ = index;
     }
   }
@@ -166,3 +168,5 @@ std::optional<std::string> QtPictures::MakePdf(SIZE size, const Paint& paint) {
   MakeReproducible(pdf);
   return pdf.toStdString();
 }
+
+}  // namespace morvane

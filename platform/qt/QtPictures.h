@@ -6,6 +6,8 @@
 #include "drawing/qt/QtText.h"
 #include "platform/Pictures.h"
 
+namespace morvane {
+
 /// Pictures and pages made by Qt. The same drawing gives the same bytes.
 class QtPictures : public Pictures {
  public:
@@ -22,3 +24,5 @@ class QtPictures : public Pictures {
  private:
   QtFontCache fonts;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 unsigned QtPopupMenus::Track(const std::vector<Item>& items, POINT screen) {
   QMenu menu;
   for (const Item& item : items) {
@@ -20,3 +22,5 @@ unsigned QtPopupMenus::Track(const std::vector<Item>& items, POINT screen) {
   const QAction* chosen = menu.exec(QPoint(screen.x, screen.y));
   return chosen != nullptr ? chosen->data().toUInt() : 0;
 }
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 #include "platform/Wording.h"
 #include "platform/qt/DialogParent.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kProgressDelay = 1000;  // milliseconds
@@ -95,3 +97,5 @@ std::string QtPrintJob::WriteFile() {
       ReplaceWholeFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
   return written.Ok() ? std::string() : path + "\n\n" + written.ErrorText();
 }
+
+}  // namespace morvane

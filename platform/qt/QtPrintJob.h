@@ -13,6 +13,9 @@ class QPagedPaintDevice;
 class QPdfWriter;
 class QPrinter;
 class QProgressDialog;
+
+namespace morvane {
+
 class QtDC;
 class QtFontCache;
 
@@ -49,3 +52,5 @@ class QtPrintJob : public PrintJob {
   bool cancelled = false;
   bool failed = false;
 };
+
+}  // namespace morvane

@@ -14,6 +14,8 @@
 #include "platform/qt/QtPrintJob.h"
 #include "platform/qt/SvgIcon.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr QSize kFirstSize(900, 700);
@@ -51,10 +53,10 @@ QtPrintPreview::QtPrintPreview(PrintedPages& pages, QPrinter& printer, QtFontCac
 QAction* QtPrintPreview::AddButton(const char* text, const char* icon,
                                    void (QtPrintPreview::*run)()) {
   QAction* action = bar->addAction(ToQString(Worded(text)), this, run);
-  const SvgColors colors =
-      SvgColors::On(palette().color(QPalette::Button), palette().color(QPalette::ButtonText));
+  const SvgColours colours =
+      SvgColours::On(palette().color(QPalette::Button), palette().color(QPalette::ButtonText));
   QIcon picture;
-  AddSvgPixmaps(picture, icon, kIconSize, colors);
+  AddSvgPixmaps(picture, icon, kIconSize, colours);
   action->setIcon(picture);
   return action;
 }
@@ -149,3 +151,5 @@ void QtPrintPreview::ZoomOut() {
 }
 
 void QtPrintPreview::FitPage() { view->fitInView(); }
+
+}  // namespace morvane

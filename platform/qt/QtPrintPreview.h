@@ -2,11 +2,14 @@
 
 #include <QDialog>
 
-class PrintedPages;
 class QLabel;
 class QPrintPreviewWidget;
 class QPrinter;
 class QToolBar;
+
+namespace morvane {
+
+class PrintedPages;
 class QtFontCache;
 
 /// The pages as the paper gets them, one at a time or all together, with zoom, print setup and
@@ -45,3 +48,5 @@ class QtPrintPreview : public QDialog {
   QAction* all = nullptr;
   QString problem;
 };
+
+}  // namespace morvane

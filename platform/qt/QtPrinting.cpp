@@ -10,6 +10,8 @@
 #include "platform/qt/QtPrintJob.h"
 #include "platform/qt/QtPrintPreview.h"
 
+namespace morvane {
+
 QtPrinting::QtPrinting() = default;
 
 QtPrinting::~QtPrinting() = default;
@@ -53,3 +55,5 @@ std::unique_ptr<PrintJob> QtPrinting::StartJob(const std::string& title) {
 void QtPrinting::ShowPreview(PrintedPages& pages) {
   QtPrintPreview(pages, Printer(), fonts, DialogParent()).exec();
 }
+
+}  // namespace morvane

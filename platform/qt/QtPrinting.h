@@ -5,6 +5,8 @@
 
 class QPrinter;
 
+namespace morvane {
+
 /// The desktop's printers by Qt, and documents in PDF files.
 class QtPrinting : public Printing {
  public:
@@ -29,3 +31,5 @@ class QtPrinting : public Printing {
   std::unique_ptr<QPrinter> printer;
   QtFontCache fonts;
 };
+
+}  // namespace morvane

@@ -16,6 +16,8 @@
 #include "platform/MessageBox.h"
 #include "platform/Wording.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kOrganisation = "Halvern";
@@ -241,3 +243,5 @@ void QtProfile::ShowFailure() {
   failureShown = true;
   ShowMessage(Worded(kSettingsUnsaved) + "\n\n" + FromQPath(path), MB_ICONEXCLAMATION);
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 #include "platform/Profile.h"
 
+namespace morvane {
+
 /// The user's settings in an INI file, each section a group, each number as decimal text. What
 /// other running copies of the program store in it stays.
 class QtProfile : public Profile {
@@ -48,3 +50,5 @@ class QtProfile : public Profile {
   QVariantMap unsaved;        ///< what the file did not take yet; a null value is to go from it
   bool failureShown = false;  ///< the user knows: a run says it once
 };
+
+}  // namespace morvane

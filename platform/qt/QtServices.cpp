@@ -2,6 +2,8 @@
 
 #include "platform/qt/QtProfile.h"
 
+namespace morvane {
+
 QtServices::QtServices(Use use) {
   Service<Pictures>::Set(&pictures);
   if (use == Use::Job) {
@@ -36,3 +38,5 @@ QtServices::~QtServices() {
   Service<Clipboard>::Set(nullptr);
   Service<Pictures>::Set(nullptr);
 }
+
+}  // namespace morvane

@@ -15,6 +15,8 @@
 #include "platform/qt/QtUiThread.h"
 #include "platform/qt/QtWaitCursors.h"
 
+namespace morvane {
+
 /// All services of the desktop by Qt, in use for as long as the object lives. It has to go before
 /// the application object.
 class QtServices {
@@ -43,3 +45,5 @@ class QtServices {
   QtWaitCursors waitCursors;
   std::unique_ptr<Profile> profile;
 };
+
+}  // namespace morvane

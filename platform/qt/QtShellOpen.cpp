@@ -6,6 +6,8 @@
 
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 namespace {
 
 OpenResult Open(const QUrl& url) {
@@ -23,3 +25,5 @@ OpenResult QtShellOpen::OpenFile(const std::string& path) {
 OpenResult QtShellOpen::OpenWeb(const std::string& address) {
   return Open(QUrl(ToQString(address)));
 }
+
+}  // namespace morvane

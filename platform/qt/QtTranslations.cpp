@@ -8,6 +8,8 @@
 
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 void LoadToolkitTexts(const std::string& locale) {
   auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
   if (translator->load("qtbase_" + ToQString(locale),
@@ -15,3 +17,5 @@ void LoadToolkitTexts(const std::string& locale) {
     QCoreApplication::installTranslator(translator.release());
   }
 }
+
+}  // namespace morvane

@@ -15,6 +15,8 @@
 #include "platform/qt/QtTreeModel.h"
 #include "platform/qt/SvgIcon.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kIconSide = 16;
@@ -60,10 +62,10 @@ QtTreeCtrl::~QtTreeCtrl() { tree.SetListener({}); }
 QSize QtTreeCtrl::sizeHint() const { return {firstWidth, QTreeView::sizeHint().height()}; }
 
 void QtTreeCtrl::LoadIcons() {
-  const QPalette& colors = palette();
-  const SvgColors normal =
-      SvgColors::On(colors.color(QPalette::Base), colors.color(QPalette::Text));
-  const QColor marked = colors.color(QPalette::HighlightedText);
+  const QPalette& colours = palette();
+  const SvgColours normal =
+      SvgColours::On(colours.color(QPalette::Base), colours.color(QPalette::Text));
+  const QColor marked = colours.color(QPalette::HighlightedText);
   QList<QIcon> icons;
   for (const std::string& name : tree.Images()) {
     QIcon icon;
@@ -245,3 +247,5 @@ void QtTreeCtrl::mouseDoubleClickEvent(QMouseEvent* event) {
   Sync();
   QTreeView::mouseDoubleClickEvent(event);
 }
+
+}  // namespace morvane

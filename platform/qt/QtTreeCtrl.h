@@ -3,6 +3,8 @@
 #include <QTimer>
 #include <QTreeView>
 
+namespace morvane {
+
 class CTreeCtrl;
 class QtTreeModel;
 class TreeItem;
@@ -54,3 +56,5 @@ class QtTreeCtrl : public QTreeView {
   bool bringSelectedUp = false;  ///< at the next look
   bool showing = false;          ///< the window follows the tree, not the user
 };
+
+}  // namespace morvane

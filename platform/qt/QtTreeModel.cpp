@@ -6,6 +6,8 @@
 #include "drawing/qt/QtText.h"
 #include "platform/CTreeCtrl.h"
 
+namespace morvane {
+
 namespace {
 
 /// No pane is so wide that it shows more of a text.
@@ -68,3 +70,5 @@ QVariant QtTreeModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DecorationRole) return {};
   return icons.value(tree.Selected() == item ? item->SelectedImage() : item->Image());
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QList>
 
+namespace morvane {
+
 class CTreeCtrl;
 class TreeItem;
 
@@ -35,3 +37,5 @@ class QtTreeModel : public QAbstractItemModel {
   bool open = true;
   QList<QIcon> icons;
 };
+
+}  // namespace morvane

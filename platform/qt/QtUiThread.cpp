@@ -5,6 +5,8 @@
 
 #include <QTimer>
 
+namespace morvane {
+
 namespace {
 
 constexpr std::chrono::milliseconds kPause{15};
@@ -16,3 +18,5 @@ void QtUiThread::Post(Task task) {
       &receiver, [this, task = std::move(task)] { QTimer::singleShot(kPause, &receiver, task); },
       Qt::QueuedConnection);
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "platform/UiThread.h"
 
+namespace morvane {
+
 /// Runs tasks on the thread that made this object. Each waits for a moment, so that a thread that
 /// posts without pause leaves time for the user's events.
 class QtUiThread : public UiThread {
@@ -13,3 +15,5 @@ class QtUiThread : public UiThread {
  private:
   QObject receiver;  ///< what was posted goes with it
 };
+
+}  // namespace morvane

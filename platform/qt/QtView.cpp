@@ -13,6 +13,8 @@
 #include "platform/CScrollView.h"
 #include "platform/Feedback.h"
 
+namespace morvane {
+
 // The picture of the client area and its scroll bars; what comes from the mouse and the keyboard is
 // in QtViewInput.cpp.
 
@@ -198,3 +200,5 @@ void QtView::OnBarMoved(ScrollBar bar, int value) {
 void QtView::scrollContentsBy(int, int) {
   // The view scrolls itself.
 }
+
+}  // namespace morvane

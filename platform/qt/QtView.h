@@ -10,6 +10,8 @@
 #include "drawing/qt/QtText.h"
 #include "platform/WindowPeer.h"
 
+namespace morvane {
+
 class CScrollView;
 
 /// The window of a `CScrollView`. It keeps a picture of its client area: a paint erases and redraws
@@ -116,3 +118,5 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   int wheelRestY = 0;
   int zoomRest = 0;
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "platform/qt/QtCursors.h"
 #include "platform/qt/QtView.h"
 
+namespace morvane {
+
 namespace {
 
 /// A notch of the wheel is 120 eighths of a degree and scrolls by three lines.
@@ -292,3 +294,5 @@ POINT QtView::ScreenToClient(POINT p) const {
   const QPoint client = viewport()->mapFromGlobal(QPoint(p.x, p.y));
   return {client.x(), client.y()};
 }
+
+}  // namespace morvane

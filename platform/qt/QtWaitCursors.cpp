@@ -3,6 +3,8 @@
 #include <QCursor>
 #include <QGuiApplication>
 
+namespace morvane {
+
 void QtWaitCursors::Begin() {
   if (qGuiApp != nullptr) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
@@ -10,3 +12,5 @@ void QtWaitCursors::Begin() {
 void QtWaitCursors::End() {
   if (qGuiApp != nullptr) QGuiApplication::restoreOverrideCursor();
 }
+
+}  // namespace morvane

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "platform/CWaitCursor.h"
+#include "platform/WaitCursor.h"
+
+namespace morvane {
 
 /// The wait cursor over the whole program.
 class QtWaitCursors : public WaitCursors {
@@ -8,3 +10,5 @@ class QtWaitCursors : public WaitCursors {
   void Begin() override;
   void End() override;
 };
+
+}  // namespace morvane

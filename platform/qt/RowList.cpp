@@ -11,6 +11,8 @@
 #include "drawing/TextCodec.h"
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 namespace {
 
 /// No more of a text fits into a row.
@@ -105,3 +107,5 @@ void RowList::Select(const std::vector<int>& selected) {
   list->clearSelection();
   for (const int row : selected) list->topLevelItem(row)->setSelected(true);
 }
+
+}  // namespace morvane

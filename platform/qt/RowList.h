@@ -9,6 +9,8 @@
 
 class QTreeWidget;
 
+namespace morvane {
+
 /// A list of rows of which several can be selected. The selection shows without the keyboard too.
 class RowList : public QObject, public DialogWidget {
   Q_OBJECT
@@ -35,3 +37,5 @@ class RowList : public QObject, public DialogWidget {
   std::vector<std::vector<std::string>> rows;
   bool showing = false;  ///< the program changes the list, not the user
 };
+
+}  // namespace morvane

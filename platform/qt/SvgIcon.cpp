@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
+namespace morvane {
+
 namespace {
 
 constexpr std::array<double, 4> kRatios{1, 1.5, 2, 3};
@@ -29,18 +31,20 @@ QPixmap Render(QSvgRenderer& renderer, int side, double ratio) {
 
 }  // namespace
 
-SvgColors SvgColors::On(const QColor& ground, const QColor& text) {
+SvgColours SvgColours::On(const QColor& ground, const QColor& text) {
   if (ground.lightness() < kDarkBelow) return {text, QColor(kAccentOnDark)};
   return {QColor(kInk), QColor(kAccent)};
 }
 
-void AddSvgPixmaps(QIcon& icon, const QString& name, int side, const SvgColors& colors,
+void AddSvgPixmaps(QIcon& icon, const QString& name, int side, const SvgColours& colours,
                    QIcon::Mode mode) {
   QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
   if (!file.open(QIODevice::ReadOnly)) return;
   QByteArray svg = file.readAll();
-  svg.replace(kInk, colors.ink.name().toLatin1());
-  svg.replace(kAccent, colors.accent.name().toLatin1());
+  svg.replace(kInk, colours.ink.name().toLatin1());
+  svg.replace(kAccent, colours.accent.name().toLatin1());
   QSvgRenderer renderer(svg);
   for (const double ratio : kRatios) icon.addPixmap(Render(renderer, side, ratio), mode);
 }
+
+}  // namespace morvane

@@ -4,15 +4,19 @@
 #include <QIcon>
 #include <QString>
 
+namespace morvane {
+
 /// The two colours of our pictures, fit for what they are shown on.
-struct SvgColors {
+struct SvgColours {
   QColor ink;
   QColor accent;
   /// For a ground; on a dark one the ink is that of the text there.
-  static SvgColors On(const QColor& ground, const QColor& text);
+  static SvgColours On(const QColor& ground, const QColor& text);
 };
 
 /// Adds a picture of the resources, by its name, to an icon: a square of `side` pixels, crisp at
 /// the usual ratios of screens. Without such a picture the icon stays as it is.
-void AddSvgPixmaps(QIcon& icon, const QString& name, int side, const SvgColors& colors,
+void AddSvgPixmaps(QIcon& icon, const QString& name, int side, const SvgColours& colours,
                    QIcon::Mode mode = QIcon::Normal);
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "platform/qt/DialogWidget.h"
 
+namespace morvane {
+
 /// A choice of texts as a control of a dialog.
 class TextCombo : public DialogWidget {
  public:
@@ -16,3 +18,5 @@ class TextCombo : public DialogWidget {
  private:
   QComboBox* combo;
 };
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace morvane {
+
 /// The bytes behind a text box. As long as the user leaves the box alone they go back as they came;
 /// only what was edited is taken from the screen.
 class TextState {
@@ -25,3 +27,5 @@ class TextState {
   std::string known;     ///< what the control held last
   bool loaded = false;
 };
+
+}  // namespace morvane

@@ -6,8 +6,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "persistence/CDocManager.h"
 #include "persistence/CDocument.h"
+#include "persistence/DocumentManager.h"
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
 #include "platform/qt/QtView.h"
@@ -15,6 +15,8 @@
 #include "shell/qt/ObjectBrowserPane.h"
 #include "shell/qt/WindowTitle.h"
 #include "surface/LayoutMgr.h"
+
+namespace morvane {
 
 namespace {
 
@@ -24,7 +26,7 @@ constexpr int kRetryMilliseconds = 200;
 
 }  // namespace
 
-CChildFrame::CChildFrame(CDocument& document, CDocManager& manager)
+CChildFrame::CChildFrame(CDocument& document, DocumentManager& manager)
     : document(&document), manager(manager), viewWidget(new QtView(*document.GetView(), this)) {
   setWindowIcon(QIcon(":/icons/morvane.svg"));
   // A window of its own inside this one lets the pane dock on each side of the chart.
@@ -100,3 +102,5 @@ void CChildFrame::closeEvent(QCloseEvent* event) {
   if (ModalLoop::IsRunning() || QApplication::activeModalWidget() != nullptr) return;
   if (document->SaveModified()) manager.CloseDocument(*document);
 }
+
+}  // namespace morvane

@@ -2,7 +2,9 @@
 
 #include <QMdiSubWindow>
 
-class CDocManager;
+namespace morvane {
+
+class DocumentManager;
 class CDocument;
 class CScrollView;
 class ObjectBrowserPane;
@@ -14,7 +16,7 @@ class CChildFrame : public QMdiSubWindow {
   Q_OBJECT
 
  public:
-  CChildFrame(CDocument& document, CDocManager& manager);
+  CChildFrame(CDocument& document, DocumentManager& manager);
   ~CChildFrame() override;
 
   /// Null once the document is closed.
@@ -39,9 +41,11 @@ class CChildFrame : public QMdiSubWindow {
 
  private:
   CDocument* document;
-  CDocManager& manager;
+  DocumentManager& manager;
   QtView* viewWidget;
   NoticeBar* notices;
   ObjectBrowserPane* objectBrowser;
   bool ready = false;
 };
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 #include "resources/CommandIds.h"
 #include "shell/qt/CommandTarget.h"
 
+namespace morvane {
+
 namespace {
 
 /// A movement of so many pixels, across and down added up, makes a drag of a press.
@@ -67,3 +69,5 @@ void CDragToolBar::Run(unsigned id) {
     QTimer::singleShot(0, this, [this, id] { Target().RunCommand(id); });
   }
 }
+
+}  // namespace morvane

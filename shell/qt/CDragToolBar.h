@@ -6,6 +6,8 @@
 
 #include "shell/qt/CommandBar.h"
 
+namespace morvane {
+
 /// The bar of the drawing tools. A button acts at the press, so that a tool can be dragged from the
 /// bar to the chart in one movement.
 class CDragToolBar : public CommandBar {
@@ -25,3 +27,5 @@ class CDragToolBar : public CommandBar {
 
   std::optional<QPoint> pressPoint;  ///< on the screen, while a press may become a drag
 };
+
+}  // namespace morvane

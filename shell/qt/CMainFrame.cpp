@@ -33,6 +33,11 @@
 #include "shell/qt/LockIndicators.h"
 #include "shell/qt/WindowTitle.h"
 
+/// What the toolkit makes of this stands outside of any namespace.
+static void LoadIconResource() { Q_INIT_RESOURCE(icons); }
+
+namespace morvane {
+
 // The windows of the main window; what commands do is in CMainFrameCommands.cpp.
 
 namespace {
@@ -60,12 +65,12 @@ QStringList LocalPaths(const QMimeData* data) {
 }  // namespace
 
 CMainFrame::CMainFrame(Factories factories) : area(new QMdiArea(this)) {
-  Q_INIT_RESOURCE(icons);
-  manager = std::make_unique<CDocManager>(CDocTemplate{kBaseName,
-                                                       {Translate(kFilterText), kExtension},
-                                                       std::move(factories.makeDocument),
-                                                       std::move(factories.makeView)},
-                                          *this);
+  LoadIconResource();
+  manager = std::make_unique<DocumentManager>(DocumentKind{kBaseName,
+                                                           {Translate(kFilterText), kExtension},
+                                                           std::move(factories.makeDocument),
+                                                           std::move(factories.makeView)},
+                                              *this);
   setWindowIcon(QIcon(":/icons/morvane.svg"));
   setCentralWidget(area);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -344,3 +349,5 @@ void CMainFrame::OpenDropped(const QStringList& paths) {
   }
   for (const QString& path : paths) manager->OpenDocumentFile(FromQPath(path));
 }
+
+}  // namespace morvane

@@ -8,17 +8,20 @@
 
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
-#include "persistence/CDocManager.h"
+#include "persistence/DocumentManager.h"
 #include "shell/FrameActions.h"
 #include "shell/qt/CommandTarget.h"
 #include "shell/qt/ToolImage.h"
+
+class QLabel;
+class QMdiArea;
+
+namespace morvane {
 
 class ChartBrowserPane;
 class CChildFrame;
 class CommandBar;
 class CommandMenu;
-class QLabel;
-class QMdiArea;
 
 /// The main window: the charts' windows inside it, menus, bars and keys, and the way of a command
 /// to its target.
@@ -45,7 +48,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   explicit CMainFrame(Factories factories);
   ~CMainFrame() override;
 
-  CDocManager& Manager() override { return *manager; }
+  DocumentManager& Manager() override { return *manager; }
   /// Null for none; not owned.
   void SetListener(Listener* other) { listener = other; }
   /// The chart that commands go to; null without one, and while it is still being opened.
@@ -110,7 +113,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   DialogGenerators generators;
   ToolImage toolImage;
   QMdiArea* area;
-  std::unique_ptr<CDocManager> manager;
+  std::unique_ptr<DocumentManager> manager;
   Listener* listener = nullptr;
   QList<CommandMenu*> startMenus;
   QList<CommandMenu*> chartMenus;
@@ -124,3 +127,5 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   QTimer idleTimer;
   bool idleSeen = false;  ///< nothing happened since the bars were refreshed
 };
+
+}  // namespace morvane

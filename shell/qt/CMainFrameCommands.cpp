@@ -14,6 +14,8 @@
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
 
+namespace morvane {
+
 // The way of a command, to the active view or else to the frame, and what the commands of the frame
 // do with its windows.
 
@@ -97,3 +99,5 @@ void CMainFrame::ArrangeIcons() {
 }
 
 void CMainFrame::ShowAbout() { CSplashDlg(true, this).exec(); }
+
+}  // namespace morvane

@@ -2,8 +2,8 @@
 
 #include <QThread>
 
-#include "persistence/CDocManager.h"
 #include "persistence/CMorvaneDoc.h"
+#include "persistence/DocumentManager.h"
 #include "platform/MessageBox.h"
 #include "platform/qt/QtTranslations.h"
 #include "recovery/CrashReport.h"
@@ -20,6 +20,8 @@
 #include "shell/qt/FrameState.h"
 #include "shell/qt/RecoveryWindow.h"
 #include "surface/LayoutMgr.h"
+
+namespace morvane {
 
 namespace {
 
@@ -98,7 +100,7 @@ bool CMorvaneApp::ShowSplash() {
 }
 
 bool CMorvaneApp::ProcessShellCommand(const std::string& file) {
-  CDocManager& manager = frame->Manager();
+  DocumentManager& manager = frame->Manager();
   if (!file.empty()) {
     manager.OpenDocumentFile(file);
   } else if (manager.Documents().empty()) {
@@ -106,3 +108,5 @@ bool CMorvaneApp::ProcessShellCommand(const std::string& file) {
   }
   return !manager.Documents().empty();
 }
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include "shell/qt/CMainFrame.h"
 
+namespace morvane {
+
 class RecoveryStore;
 
 /// The program while it has windows.
@@ -33,3 +35,5 @@ class CMorvaneApp : private CMainFrame::Listener {
   std::unique_ptr<RecoveryStore> store;
   std::unique_ptr<CMainFrame> frame;
 };
+
+}  // namespace morvane

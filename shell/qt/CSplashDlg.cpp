@@ -12,6 +12,8 @@
 #include "resources/Version.h"
 #include "shell/qt/SplashPicture.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr QSize kSize(387, 242);
@@ -59,3 +61,5 @@ void CSplashDlg::mousePressEvent(QMouseEvent*) {
 void CSplashDlg::keyPressEvent(QKeyEvent*) {
   if (modal) accept();
 }
+
+}  // namespace morvane

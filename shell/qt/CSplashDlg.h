@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <QImage>
 
+namespace morvane {
+
 /// The picture of the program with its version: for a moment at start-up, and as the About box.
 class CSplashDlg : public QDialog {
   Q_OBJECT
@@ -29,3 +31,5 @@ class CSplashDlg : public QDialog {
   bool loaded;
   QImage bitmap;
 };
+
+}  // namespace morvane

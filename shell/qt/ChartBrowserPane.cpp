@@ -8,6 +8,8 @@
 #include "platform/qt/QtTreeCtrl.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kWidth = 175;
@@ -40,3 +42,5 @@ void ChartBrowserPane::StoreFolder() const {
   if (item == nullptr) return;
   Service<Profile>::Get().WriteString(kSection, kKey, tree.PathOfItem(*item));
 }
+
+}  // namespace morvane

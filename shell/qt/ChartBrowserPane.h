@@ -7,6 +7,8 @@
 
 #include "shell/CDirTreeCtrl.h"
 
+namespace morvane {
+
 class QtTreeCtrl;
 
 /// The pane of the main window that shows the folders of the machine with the charts in them.
@@ -29,3 +31,5 @@ class ChartBrowserPane : public QDockWidget {
   CDirTreeCtrl tree;
   QtTreeCtrl* window;
 };
+
+}  // namespace morvane

@@ -16,6 +16,8 @@
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 namespace {
 
 /// A chart of so many bytes takes a moment to draw; larger ones have no picture.
@@ -72,7 +74,7 @@ std::optional<QImage> MakeThumbnail(const std::string& text, QSize size, double 
     const UseService<MessageBoxes> use(silence);
     LayoutMgr chart;
     if (!ModelFile::Parse(text, chart).empty()) return std::nullopt;
-    chart.PlaceWithoutWindow(true);
+    chart.PlaceWithoutWindow(LayoutMgr::Size::Normal);
     return Draw(chart, size, ratio);
   } catch (const std::exception&) {
     return std::nullopt;
@@ -104,3 +106,5 @@ void ChartThumbnail::paintEvent(QPaintEvent*) {
   const QPointF corner((width() - shown.width()) / 2, (height() - shown.height()) / 2);
   painter.drawImage(corner.toPoint(), *picture);
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QWidget>
 
+namespace morvane {
+
 /// A small picture of the chart of a model text, with nothing of the paper around it, at most
 /// `size` large at `ratio` physical pixels to a pixel. Nothing for a text that can't be read or
 /// takes too long.
@@ -25,3 +27,5 @@ class ChartThumbnail : public QWidget {
   bool drawn = false;
   std::optional<QImage> picture;
 };
+
+}  // namespace morvane

@@ -9,6 +9,8 @@
 #include "shell/qt/CommandIcons.h"
 #include "shell/qt/CommandTarget.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr QSize kIconSize(18, 18);
@@ -60,3 +62,5 @@ void CommandBar::changeEvent(QEvent* event) {
   QToolBar::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) LoadIcons();
 }
+
+}  // namespace morvane

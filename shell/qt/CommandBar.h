@@ -4,6 +4,8 @@
 
 #include <QToolBar>
 
+namespace morvane {
+
 class CommandTarget;
 
 /// A bar of command buttons.
@@ -25,3 +27,5 @@ class CommandBar : public QToolBar {
   void LoadIcons();
   CommandTarget& target;
 };
+
+}  // namespace morvane

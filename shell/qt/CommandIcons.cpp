@@ -6,6 +6,8 @@
 #include "platform/qt/SvgIcon.h"
 #include "shell/AllCommands.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kIconSize = 18;
@@ -15,9 +17,11 @@ constexpr int kIconSize = 18;
 QIcon MakeCommandIcon(unsigned id, const QPalette& palette) {
   const std::string_view name = FindCommand(id).icon;
   if (name.empty()) return {};
-  const SvgColors colors =
-      SvgColors::On(palette.color(QPalette::Button), palette.color(QPalette::ButtonText));
+  const SvgColours colours =
+      SvgColours::On(palette.color(QPalette::Button), palette.color(QPalette::ButtonText));
   QIcon icon;
-  AddSvgPixmaps(icon, FromUtf8(name), kIconSize, colors);
+  AddSvgPixmaps(icon, FromUtf8(name), kIconSize, colours);
   return icon;
 }
+
+}  // namespace morvane

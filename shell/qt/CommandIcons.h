@@ -4,5 +4,9 @@
 
 class QPalette;
 
+namespace morvane {
+
 /// The icon of a command in the colours of a palette; null if the command has none.
 QIcon MakeCommandIcon(unsigned id, const QPalette& palette);
+
+}  // namespace morvane

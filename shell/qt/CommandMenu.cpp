@@ -7,6 +7,8 @@
 #include "shell/AllCommands.h"
 #include "shell/qt/CommandTarget.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kMaxPathLetters = 60;
@@ -76,3 +78,5 @@ void CommandMenu::RefreshRecentFiles() {
     recentEntries << action;
   }
 }
+
+}  // namespace morvane

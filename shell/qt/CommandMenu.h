@@ -7,6 +7,8 @@
 
 #include "shell/MenuTable.h"
 
+namespace morvane {
+
 class CommandTarget;
 
 /// A popup of the menu tables. Its entries are made up to date each time that it opens.
@@ -29,3 +31,5 @@ class CommandMenu : public QMenu {
   QAction* recentPlace = nullptr;  ///< the entry that stands where the recent files go
   QList<QAction*> recentEntries;
 };
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include "platform/Command.h"
 
+namespace morvane {
+
 /// Where menus, bars and keys send their commands, and where they ask what to show.
 class CommandTarget {
  public:
@@ -15,3 +17,5 @@ class CommandTarget {
   /// The files of the recent file list, newest first.
   virtual const std::vector<std::string>& RecentPaths() const = 0;
 };
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QStyle>
 
+namespace morvane {
+
 namespace {
 
 constexpr int kLeastLetters = 12;
@@ -34,3 +36,5 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
                         isEnabled(), shown, foregroundRole());
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include <QLabel>
 
+namespace morvane {
+
 /// A line of text that takes whatever width there is: a longer one has dots in its middle and is
 /// whole in its tool tip.
 class ElidedLabel : public QLabel {
@@ -17,3 +19,5 @@ class ElidedLabel : public QLabel {
  private:
   bool IsCut() const;
 };
+
+}  // namespace morvane

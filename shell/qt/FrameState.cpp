@@ -4,6 +4,8 @@
 
 #include "platform/Profile.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr const char* kSection = "Frame";
@@ -35,3 +37,5 @@ void FrameState::Save(const QMainWindow& frame) {
   Write(kPlacementKey, frame.saveGeometry());
   Write(kBarsKey, frame.saveState(kBarsVersion));
 }
+
+}  // namespace morvane

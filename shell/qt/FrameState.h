@@ -2,6 +2,8 @@
 
 class QMainWindow;
 
+namespace morvane {
+
 /// What of the main window lasts from run to run: its place and size, and which bars stand where.
 class FrameState {
  public:
@@ -10,3 +12,5 @@ class FrameState {
   static bool Restore(QMainWindow& frame);
   static void Save(const QMainWindow& frame);
 };
+
+}  // namespace morvane

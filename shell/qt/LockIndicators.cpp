@@ -8,6 +8,8 @@
 #include "drawing/qt/QtText.h"
 #include "resources/Texts.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr std::array<const char*, 3> kTexts{"CAP", "NUM", "SCRL"};
@@ -49,3 +51,5 @@ void LockIndicators::Follow(const QKeyEvent& key) {
 }
 
 void LockIndicators::Show(Lock lock, bool on) { labels[lock]->setEnabled(on); }
+
+}  // namespace morvane

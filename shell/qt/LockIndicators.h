@@ -8,6 +8,8 @@ class QKeyEvent;
 class QLabel;
 class QStatusBar;
 
+namespace morvane {
+
 /// The fields of the status bar that tell whether the caps, number and scroll locks are on. The
 /// toolkit tells of the locks with each key only, so the fields follow the keyboard.
 class LockIndicators : public QObject {
@@ -28,3 +30,5 @@ class LockIndicators : public QObject {
   std::array<QLabel*, LockCount> labels{};
   bool scrollLocked = false;
 };
+
+}  // namespace morvane

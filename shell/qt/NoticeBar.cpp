@@ -9,6 +9,8 @@
 
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kEdge = 6;
@@ -27,10 +29,10 @@ QWidget* NoticeBar::MakeBar(const DocumentNotice& notice) {
   auto* bar = new QFrame(this);
   bar->setAutoFillBackground(true);
   // The colours of a tool tip: the desktop's own for a remark on what is below it.
-  QPalette colors = bar->palette();
-  colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
-  colors.setColor(QPalette::WindowText, colors.color(QPalette::ToolTipText));
-  bar->setPalette(colors);
+  QPalette colours = bar->palette();
+  colours.setColor(QPalette::Window, colours.color(QPalette::ToolTipBase));
+  colours.setColor(QPalette::WindowText, colours.color(QPalette::ToolTipText));
+  bar->setPalette(colours);
 
   auto* row = new QHBoxLayout(bar);
   row->setContentsMargins(kEdge * 2, kEdge, kEdge, kEdge);
@@ -41,7 +43,7 @@ QWidget* NoticeBar::MakeBar(const DocumentNotice& notice) {
   auto* text = new QLabel(ToQString(notice.text), bar);
   text->setTextFormat(Qt::PlainText);
   text->setWordWrap(true);
-  text->setPalette(colors);
+  text->setPalette(colours);
   row->addWidget(text, 1);
   for (const DocumentNotice::Button& choice : notice.buttons) {
     auto* button = new QPushButton(ToQString(choice.text), bar);
@@ -68,3 +70,5 @@ void NoticeBar::Show(const std::vector<DocumentNotice>& notices) {
   }
   setVisible(!bars.empty());
 }
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 
 #include "persistence/CDocument.h"
 
+namespace morvane {
+
 /// The bars across the top of a chart's window: one for each notice, with its buttons.
 class NoticeBar : public QWidget {
   Q_OBJECT
@@ -24,3 +26,5 @@ class NoticeBar : public QWidget {
 
   std::vector<QWidget*> bars;
 };
+
+}  // namespace morvane

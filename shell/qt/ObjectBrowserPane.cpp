@@ -7,6 +7,8 @@
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kWidth = 150;
@@ -33,3 +35,5 @@ void ObjectBrowserPane::Detach() {
   if (LayoutMgr* former = std::exchange(chart, nullptr)) former->SetObjectTree(nullptr);
   tree.Detach();
 }
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "shell/CObjectTree.h"
 
+namespace morvane {
+
 class LayoutMgr;
 class QtTreeCtrl;
 
@@ -26,3 +28,5 @@ class ObjectBrowserPane : public QDockWidget {
   QtTreeCtrl* window;
   LayoutMgr* chart;
 };
+
+}  // namespace morvane

@@ -17,6 +17,8 @@
 #include "shell/qt/ChartThumbnail.h"
 #include "shell/qt/ElidedLabel.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr QSize kPicture(168, 118);
@@ -241,3 +243,5 @@ void RecoveryWindow::Refresh() {
     rows.rbegin()->second.line->hide();
   }
 }
+
+}  // namespace morvane

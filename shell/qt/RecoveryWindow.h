@@ -9,6 +9,8 @@
 class QScrollArea;
 class QPushButton;
 
+namespace morvane {
+
 /// Lists at the start what can be recovered. It closes by itself when all of it is done.
 class RecoveryWindow : public QDialog {
   Q_OBJECT
@@ -41,3 +43,5 @@ class RecoveryWindow : public QDialog {
   QPushButton* recoverAll = nullptr;
   std::map<int, ShownRow> rows;  ///< by the rows' ids
 };
+
+}  // namespace morvane

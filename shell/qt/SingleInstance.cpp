@@ -14,6 +14,8 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+namespace morvane {
+
 namespace {
 
 using std::chrono::milliseconds;
@@ -176,3 +178,5 @@ void SingleInstance::Read(QLocalSocket& socket, Guest& guest) {
       break;
   }
 }
+
+}  // namespace morvane

@@ -9,6 +9,8 @@
 
 #include "shell/InstanceRequest.h"
 
+namespace morvane {
+
 /// Where the starts of a program by one user on one display find each other.
 struct InstancePlace {
   QString folder;  ///< open to the user alone; empty where there is none
@@ -64,3 +66,5 @@ class SingleInstance : public QObject {
   std::unique_ptr<QLockFile> deciding;
   QLocalServer server;
 };
+
+}  // namespace morvane

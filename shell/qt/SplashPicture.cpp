@@ -2,6 +2,8 @@
 
 #include <QtEndian>
 
+namespace morvane {
+
 namespace {
 
 // Places in the file
@@ -22,3 +24,5 @@ QImage ReadSplashPicture(const QByteArray& bytes) {
                       DoubleWord(bytes, kHeaderSizeAt) != kCoreHeaderSize;
   return isRead ? QImage::fromData(bytes, "BMP").convertToFormat(QImage::Format_RGB32) : QImage();
 }
+
+}  // namespace morvane

@@ -8,13 +8,15 @@
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/WindowActivation.h"
 
+namespace morvane {
+
 namespace {
 
 /// A window that is not free is asked again so often.
 constexpr int kRetryMilliseconds = 50;
 
 /// The program shows one chart that nothing was done with.
-bool HasOnlyAnEmptyChart(const CDocManager& manager) {
+bool HasOnlyAnEmptyChart(const DocumentManager& manager) {
   if (manager.Documents().size() != 1) return false;
   CDocument& document = *manager.Documents().front();
   return document.GetPathName().empty() && !document.IsModified();
@@ -64,7 +66,7 @@ void StartRequests::CarryOut() {
 
 void StartRequests::CarryOut(const InstanceRequest& request) {
   BringForward(*frame, request);
-  CDocManager& manager = frame->Manager();
+  DocumentManager& manager = frame->Manager();
   if (!request.file.empty()) {
     manager.OpenDocumentFile(request.file);
   } else if (!HasOnlyAnEmptyChart(manager)) {
@@ -77,3 +79,5 @@ void StartRequests::HandOn() {
   for (const InstanceRequest& request : waiting) StartProgram(request.file);
   waiting.clear();
 }
+
+}  // namespace morvane

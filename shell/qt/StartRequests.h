@@ -6,6 +6,8 @@
 
 #include "shell/InstanceRequest.h"
 
+namespace morvane {
+
 class CMainFrame;
 
 /// What later starts of the program ask of this one. It is done as soon as the window is free: not
@@ -31,3 +33,5 @@ class StartRequests : public QObject {
   std::deque<InstanceRequest> waiting;
   QTimer timer;
 };
+
+}  // namespace morvane

@@ -6,6 +6,8 @@
 
 #include "shell/qt/CommandIcons.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kImageSize = 30;
@@ -41,3 +43,5 @@ void ToolImage::Show(unsigned command, POINT topLeft) {
 void ToolImage::Hide() {
   if (window != nullptr) window->hide();
 }
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 
 class QLabel;
 
+namespace morvane {
+
 /// The icon of a drawing tool in a small window that follows the pointer.
 class ToolImage : public DragImages {
  public:
@@ -21,3 +23,5 @@ class ToolImage : public DragImages {
   unsigned shown = 0;
   const UseService<DragImages> use{*this};
 };
+
+}  // namespace morvane

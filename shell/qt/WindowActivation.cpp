@@ -15,6 +15,8 @@
 #include <xcb/xcb.h>
 #endif
 
+namespace morvane {
+
 namespace {
 
 #ifdef MORVANE_XCB
@@ -115,3 +117,5 @@ void BringForward(QWidget& window, const InstanceRequest& start) {
   front.activateWindow();
   BringForwardInX(front, start.startupId);
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "drawing/qt/QtText.h"
 #include "persistence/CDocument.h"
 
+namespace morvane {
+
 namespace {
 
 /// The place of the mark in a title; twice, it stands for itself.
@@ -29,3 +31,5 @@ QString MenuTitle(const CDocument& document) {
   title.replace('&', "&&");
   return document.HasUnsavedMark() ? title + '*' : title;
 }
+
+}  // namespace morvane

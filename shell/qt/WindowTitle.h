@@ -2,6 +2,8 @@
 
 #include <QString>
 
+namespace morvane {
+
 class CDocument;
 
 // A chart's name where windows show it, with its unsaved changes.
@@ -13,3 +15,5 @@ QString MarkedTitle(const CDocument& document);
 QString MarkedInnerTitle(const CDocument& document);
 /// For an entry of a menu, with an asterisk behind the name of a chart that has unsaved changes.
 QString MenuTitle(const CDocument& document);
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include "tests/support/ChartTest.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -104,3 +106,5 @@ TEST(Architecture, SourcesKeepToTheirLevel) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/support/SizedPictures.h"
 
+namespace morvane {
+
 namespace {
 
 class CommandLineTest : public ::testing::Test {
@@ -100,3 +102,5 @@ TEST_F(CommandLineTest, PicturesShowTheWholeChartAtNormalSize) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kSource = 101;
@@ -113,3 +115,5 @@ TEST(Note, HasNoAnchorAtItsFold) {
 }
 
 }  // namespace
+
+}  // namespace morvane

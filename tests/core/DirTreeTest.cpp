@@ -4,6 +4,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/support/TreeRows.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -184,3 +186,5 @@ TEST(Folders, FindsTheVolumesOfAUser) {
 }
 
 }  // namespace
+
+}  // namespace morvane

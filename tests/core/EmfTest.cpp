@@ -3,10 +3,12 @@
 #include "tests/support/EmfReader.h"
 #include "tests/support/FakeClipboard.h"
 
+namespace morvane {
+
 namespace {
 
 TEST(Emf, TextsKeepTheirLettersClipAndAdvances) {
-  CNullDC reference;
+  NullDC reference;
   CMetaFileDC dc(reference);
   CFont font;
   font.height = -10;
@@ -62,3 +64,5 @@ TEST(CopyAsMetafile, PutsThePictureInSeveralFormatsOrSaysWhatFails) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -1,5 +1,7 @@
 #include "tests/support/ChartTest.h"
 
+namespace morvane {
+
 namespace {
 
 /// The charts that come with the program.
@@ -12,7 +14,7 @@ TEST(Examples, WriteTheirBytesBackAlsoWhenTheirStatesAreTouched) {
     std::string bytes;
     ASSERT_EQ(ModelFile::Load(path, chart), "");
     ASSERT_TRUE(ReadWholeFile(path, bytes).Ok());
-    chart.PlaceWithoutWindow(false);
+    chart.PlaceWithoutWindow(LayoutMgr::Size::Stored);
     EXPECT_EQ(ModelFile::ToDisk(chart.ModelText()), bytes);
     for (Shape* shape : chart.GetModel().Objects()) {
       if (auto* state = dynamic_cast<State*>(shape))
@@ -27,3 +29,5 @@ TEST(Examples, WriteTheirBytesBackAlsoWhenTheirStatesAreTouched) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 #include "tests/support/EmfReader.h"
 #include "tests/support/SizedPictures.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kLow = std::numeric_limits<int>::min();
@@ -61,3 +63,5 @@ TEST_F(ExportTest, AFileIsReplacedAndNotOverwritten) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/support/FullDisk.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -230,3 +232,5 @@ TEST_P(WrittenFile, TakesLongNamesPipesAndDevices) {
 INSTANTIATE_TEST_SUITE_P(EachWay, WrittenFile, testing::Values(WriteWholeFile, ReplaceWholeFile));
 
 }  // namespace
+
+}  // namespace morvane

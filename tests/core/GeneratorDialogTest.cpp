@@ -3,6 +3,8 @@
 #include "tests/support/Tools.h"
 #include "tests/support/UiQueue.h"
 
+namespace morvane {
+
 namespace {
 
 using Dlg = CGenerateCppDlg;
@@ -12,10 +14,10 @@ class ToolUser : public GeneratorHost, public OutputBox {
  public:
   void Run(Dlg& dialog) override {
     dialog.SetOutputBox(this);
-    const std::string& output = dialog.Control(Dlg::IDC_OUTPUT).text;
+    const std::string& output = dialog.Control(Dlg::kOutputId).text;
     const auto generate = [&](const std::string& arguments, const std::string& end) {
       processes.instead = ToolLine(arguments);
-      dialog.Click(Dlg::IDC_GENERATE);
+      dialog.Click(Dlg::kGenerateId);
       return ui.RunUntil([&] { return output.ends_with(end); });
     };
     const std::string all = NumberedLines(0, 500'000);
@@ -45,8 +47,10 @@ TEST(GeneratorDialogTest, TheBoxShowsEachRunAloneAndTheNewestOfAFlood) {
   Dlg dialog(GeneratorKind::Cpp);
   dialog.SetDesignFile("C:\\Work\\lift.mrv");
   EXPECT_FALSE(dialog.DoModal());
-  EXPECT_EQ(dialog.Control(Dlg::IDC_OUTPUT_FOLDER).text, "C:\\Work");
+  EXPECT_EQ(dialog.Control(Dlg::kOutputFolderId).text, "C:\\Work");
   EXPECT_TRUE(user.closed);
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -1,6 +1,8 @@
 #include "platform/PosixProcess.h"
 #include "tests/support/ChartTest.h"
 
+namespace morvane {
+
 namespace {
 
 using Words = std::vector<std::string>;
@@ -75,3 +77,5 @@ TEST_F(GeneratorProgramTest, IsRunWithoutAShell) {
 }
 
 }  // namespace
+
+}  // namespace morvane

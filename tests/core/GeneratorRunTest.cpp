@@ -7,6 +7,8 @@
 #include "tests/support/Tools.h"
 #include "tests/support/UiQueue.h"
 
+namespace morvane {
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -206,3 +208,5 @@ TEST(GeneratorInboxTest, KeepsTheOrderAndTheNewest) {
 }
 
 }  // namespace
+
+}  // namespace morvane

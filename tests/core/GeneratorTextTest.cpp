@@ -2,6 +2,8 @@
 
 #include "codegen/ScreenText.h"
 
+namespace morvane {
+
 namespace {
 
 TEST(GeneratorTextTest, LinesComeOutAlikeWhereverTheBytesAreCut) {
@@ -40,3 +42,5 @@ TEST(GeneratorTextTest, OnlyTheNewestLinesCome) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "shell/InstanceRequest.h"
 #include "tests/support/ChartTest.h"
 
+namespace morvane {
+
 namespace {
 
 using State = InstanceRequestReader::State;
@@ -73,3 +75,5 @@ TEST(InstanceRequestTest, APathBeginsAtTheWorkingFolderOfItsStart) {
 }
 
 }  // namespace
+
+}  // namespace morvane

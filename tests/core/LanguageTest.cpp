@@ -11,6 +11,8 @@
 #include "tests/support/AllDialogs.h"
 #include "tests/support/ChartTest.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -49,7 +51,7 @@ std::vector<Texts> AllMenus() {
 
 /// The number of classes in dialogs/ and codegen/ that are dialogs.
 std::size_t CountDialogClasses() {
-  static const std::regex derived("public (CDialog|CPropertySheet)\\b");
+  static const std::regex derived("public (Dialog|PropertySheet)\\b");
   std::size_t count = 0;
   for (const char* room : {"dialogs", "codegen"}) {
     for (const auto& entry : fs::directory_iterator(fs::path(MORVANE_SOURCE_DIR) / room)) {
@@ -117,7 +119,7 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
   for (const std::string_view text : kPlatformTexts) ExpectTranslated(text);
   for (const std::string& label : PlatformLabels()) ExpectTranslated(label);
   AllDialogs all;
-  for (const CDialog* dialog : all.list) {
+  for (const Dialog* dialog : all.list) {
     ExpectTranslated(dialog->Caption());
     for (const DialogControl& control : dialog->Controls()) ExpectTranslated(control.label);
   }
@@ -295,3 +297,5 @@ TEST_F(LoadLanguageTest, TheLanguagesToChooseFromHaveALibrary) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
+namespace morvane {
+
 namespace {
 
 using Records = std::vector<ChainRecord>;
@@ -131,3 +133,5 @@ TEST(LinkChain, BuildsWhatAFileHolds) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "persistence/UndoHistory.h"
 #include "tests/support/ChartTest.h"
 
+namespace morvane {
+
 // The small owners and lists under a chart, each by itself.
 
 namespace {
@@ -151,3 +153,5 @@ TEST(Collection, AMemberMayLeaveOrGoWhileAllAreTold) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
+namespace morvane {
+
 namespace {
 
 /// The text that the reader throws; empty when it reads the chart.
@@ -161,3 +163,5 @@ TEST(ModelStream, NumbersAreReadAsTheStandardStreamsReadThem) {
 }
 
 }  // namespace
+
+}  // namespace morvane

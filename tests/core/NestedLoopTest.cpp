@@ -1,9 +1,11 @@
 #include "model/ModelStream.h"
-#include "persistence/CDocManager.h"
-#include "platform/CDialog.h"
+#include "persistence/DocumentManager.h"
+#include "platform/Dialog.h"
 #include "platform/PopupMenus.h"
 #include "shell/CObjectTree.h"
 #include "tests/support/ChartTest.h"
+
+namespace morvane {
 
 // What a loop within an operation can meet: a chart that is read, replaced or closed meanwhile.
 
@@ -16,7 +18,7 @@ class Meanwhile : public PopupMenus, public DialogHost {
     act();
     return choice;
   }
-  void Run(CDialog& dialog) override {
+  void Run(Dialog& dialog) override {
     act();
     for (const DialogControl& control : dialog.Controls()) {
       if (control.kind == DialogControl::Kind::MultiEdit) dialog.Control(control.id).text = "typed";
@@ -140,11 +142,11 @@ class NoFrames : public FrameHost {
 
 TEST_F(NestedLoops, AChartThatIsClosedUnderADialogLivesUntilItIsDone) {
   NoFrames frames;
-  CDocManager manager({"Chart",
-                       {"Charts", ".mrv"},
-                       [] { return std::make_unique<CMorvaneDoc>(); },
-                       [] { return std::make_unique<LayoutMgr>(); }},
-                      frames);
+  DocumentManager manager({"Chart",
+                           {"Charts", ".mrv"},
+                           [] { return std::make_unique<CMorvaneDoc>(); },
+                           [] { return std::make_unique<LayoutMgr>(); }},
+                          frames);
   CDocument* document = manager.NewDocument();
   auto& view = dynamic_cast<LayoutMgr&>(*document->GetView());
   std::string reason;
@@ -156,3 +158,5 @@ TEST_F(NestedLoops, AChartThatIsClosedUnderADialogLivesUntilItIsDone) {
 }
 
 }  // namespace
+
+}  // namespace morvane

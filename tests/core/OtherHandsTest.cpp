@@ -1,6 +1,8 @@
 #include "tests/support/OpenCharts.h"
 #include "tests/support/SaveDialogs.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -174,3 +176,5 @@ TEST_F(OtherHandsTest, TheMarkFollowsTheTextAndTheTitleFollowsTheMark) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -1,11 +1,13 @@
 #include <array>
 
 #include "drawing/CRgn.h"
-#include "drawing/CSvgDC.h"
 #include "drawing/Mapping.h"
+#include "drawing/SvgDC.h"
 #include "drawing/TextCodec.h"
 #include "drawing/TextLayout.h"
 #include "tests/support/ChartTest.h"
+
+namespace morvane {
 
 namespace {
 
@@ -64,7 +66,7 @@ TEST(TextLayout, BreaksAtWordsAndLineBreaks) {
 }
 
 TEST(CDC, DrawTextSetsCentresAndCuts) {
-  CNullDC reference;
+  NullDC reference;
   CMetaFileDC dc(reference);
   CFont font;
   font.height = -10;  // five to the letter, a line of twelve
@@ -99,9 +101,9 @@ TEST(TextCodec, TakesWhatIsNoUtf8AsWindows1252) {
   EXPECT_EQ(Utf8Prefix("a\xE2\x82\xAC", 3), "a");
 }
 
-TEST(CSvgDC, WritesTextAsTextAndJoinsLines) {
-  CNullDC reference;
-  CSvgDC dc(reference, {60, 40});
+TEST(SvgDC, WritesTextAsTextAndJoinsLines) {
+  NullDC reference;
+  SvgDC dc(reference, {60, 40});
   for (const PenStyle style : {PenStyle::Solid, PenStyle::Dot}) {
     dc.SelectPen({style, 0, 0x0000FF});
     dc.MoveTo({1, 2});
@@ -122,3 +124,5 @@ TEST(CSvgDC, WritesTextAsTextAndJoinsLines) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -4,19 +4,21 @@
 #include "shell/SessionSettings.h"
 #include "tests/support/ChartTest.h"
 
+namespace morvane {
+
 namespace {
 
 /// Chooses in the dialog that opens, and closes it.
 class PreferencesUser : public DialogHost {
  public:
-  void Run(CDialog& dialog) override {
-    for (const int id : {PreferencesDlg::IDC_LANGUAGE, PreferencesDlg::IDC_REOPEN}) {
+  void Run(Dialog& dialog) override {
+    for (const int id : {PreferencesDlg::kLanguageId, PreferencesDlg::kReopenId}) {
       const DialogControl& combo = dialog.Control(id);
       shown.push_back(combo.selection < 0 ? "" : combo.items.at(combo.selection));
     }
-    languages = dialog.Control(PreferencesDlg::IDC_LANGUAGE).items;
-    if (language >= 0) dialog.Control(PreferencesDlg::IDC_LANGUAGE).selection = language;
-    if (reopen >= 0) dialog.Control(PreferencesDlg::IDC_REOPEN).selection = reopen;
+    languages = dialog.Control(PreferencesDlg::kLanguageId).items;
+    if (language >= 0) dialog.Control(PreferencesDlg::kLanguageId).selection = language;
+    if (reopen >= 0) dialog.Control(PreferencesDlg::kReopenId).selection = reopen;
     dialog.Click(button);
   }
   int language = -1;  ///< to choose
@@ -79,3 +81,5 @@ TEST(PreferencesTest, TheSettingOfTheSessionIsReadAsItWasWritten) {
 }
 
 }  // namespace
+
+}  // namespace morvane

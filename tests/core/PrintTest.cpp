@@ -7,6 +7,8 @@
 #include "tests/support/Routes.h"
 #include "tests/support/ScriptedPrinting.h"
 
+namespace morvane {
+
 namespace {
 
 /// A chart whose one state ends at a model point.
@@ -17,11 +19,11 @@ std::unique_ptr<LayoutMgr> ChartTo(POINT corner) {
 /// Asks for the printer and turns "Print to Fit" round in the dialog that opens.
 class PrintSetup : public DialogHost {
  public:
-  void Run(CDialog& dialog) override {
+  void Run(Dialog& dialog) override {
     NestedLoop::Run();
-    bool& fits = dialog.Control(PrinterSetup::IDC_PRINT_TO_FIT).checked;
+    bool& fits = dialog.Control(PrinterSetup::kPrintToFitId).checked;
     fits = !fits;
-    dialog.Click(PrinterSetup::IDC_PRINTER);
+    dialog.Click(PrinterSetup::kPrinterId);
     EXPECT_TRUE(dialog.IsOpen());
     dialog.Click(button);
   }
@@ -178,3 +180,5 @@ TEST_F(Print, WhatCannotBePrintedIsSaid) {
 }
 
 }  // namespace
+
+}  // namespace morvane

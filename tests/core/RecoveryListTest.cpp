@@ -3,6 +3,8 @@
 #include "tests/support/OpenCharts.h"
 #include "tests/support/SaveDialogs.h"
 
+namespace morvane {
+
 namespace {
 
 class RecoveryListTest : public testing::Test {
@@ -103,7 +105,7 @@ TEST_F(RecoveryListTest, SavesUnderANameThatTheUserChooses) {
   }
   LayoutMgr chart;
   EXPECT_EQ(ModelFile::Load(copy, chart), "");
-  chart.PlaceWithoutWindow(false);
+  chart.PlaceWithoutWindow(LayoutMgr::Size::Stored);
   EXPECT_EQ(chart.GetProperties().Author, "Ann");
   EXPECT_EQ(folder.Read("a.mrv"), ModelFile::ToDisk(SmallChart()));
   EXPECT_EQ(LeftFor(charts), 1U);
@@ -125,3 +127,5 @@ TEST_F(RecoveryListTest, DiscardsAfterAQuestionOnly) {
 }
 
 }  // namespace
+
+}  // namespace morvane

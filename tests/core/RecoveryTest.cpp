@@ -7,6 +7,8 @@
 #include "shell/ChartSession.h"
 #include "tests/support/OpenCharts.h"
 
+namespace morvane {
+
 namespace {
 
 class RecoveryTest : public testing::Test {
@@ -270,3 +272,5 @@ TEST_F(RecoveryTest, ACrashIsReportedAndStillACrash) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -1,6 +1,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kArrow = 103;
@@ -32,8 +34,8 @@ TEST(TransitionPaint, TheWindowShowsHandlesOfASelectedOne) {
     const Metafile painted = PaintOnScreen(*FindShape(*chart, kArrow));
     for (const Metafile::Record& record : painted.records) {
       if (record.kind != Metafile::Kind::FillRect) continue;
-      if (record.brush.color == 0xFF0000) handles.push_back(TopLeft(record.rect));
-      framed = framed || record.brush.color == 0x00C000;
+      if (record.brush.colour == 0xFF0000) handles.push_back(TopLeft(record.rect));
+      framed = framed || record.brush.colour == 0x00C000;
     }
     return Text(handles) + (framed ? " framed" : "");
   };
@@ -43,3 +45,5 @@ TEST(TransitionPaint, TheWindowShowsHandlesOfASelectedOne) {
 }
 
 }  // namespace
+
+}  // namespace morvane

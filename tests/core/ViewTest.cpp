@@ -1,6 +1,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/support/Routes.h"
 
+namespace morvane {
+
 namespace {
 
 std::unique_ptr<LayoutMgr> Shown(const std::string& text) {
@@ -67,3 +69,5 @@ TEST(View, UndoGoesBackTwentyStepsAndRedoForth) {
 }
 
 }  // namespace
+
+}  // namespace morvane

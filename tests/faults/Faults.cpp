@@ -11,6 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace morvane {
+
 namespace {
 
 struct Armed {
@@ -191,8 +193,12 @@ int __wrap_unlink(const char* path) {
 }
 }
 
+bool IsMemoryRefused(std::size_t size) { return IsRefused(size); }
+
+}  // namespace morvane
+
 void* operator new(std::size_t size) {
-  void* memory = IsRefused(size) ? nullptr : std::malloc(size != 0 ? size : 1);
+  void* memory = morvane::IsMemoryRefused(size) ? nullptr : std::malloc(size != 0 ? size : 1);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }

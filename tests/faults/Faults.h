@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <functional>
 
+namespace morvane {
+
 /// What goes wrong in this process's files and memory, for the length of a test. The linker sends
 /// the program's calls here first.
 class Faults {
@@ -29,3 +31,5 @@ class Faults {
   /// files. `Failed` is any other end of the child, an exception among them.
   static End KillAtFileCall(int call, bool cut, const std::function<void()>& work);
 };
+
+}  // namespace morvane

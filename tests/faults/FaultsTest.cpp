@@ -4,6 +4,8 @@
 #include "tests/faults/Faults.h"
 #include "tests/support/ChartTest.h"
 
+namespace morvane {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -16,7 +18,7 @@ class FaultsTest : public testing::Test {
     document.SetView(std::make_unique<LayoutMgr>());
     document.SetPathName(path);
     EXPECT_TRUE(document.OnOpenDocument(path));
-    View().PlaceWithoutWindow(false);
+    View().PlaceWithoutWindow(LayoutMgr::Size::Stored);
     document.RememberSavedText();
   }
   LayoutMgr& View() { return dynamic_cast<LayoutMgr&>(*document.GetView()); }
@@ -223,3 +225,5 @@ INSTANTIATE_TEST_SUITE_P(
                     Deed{ReplaceWholeFile, false, false}, Deed{ReplaceWholeFile, false, true}));
 
 }  // namespace
+
+}  // namespace morvane

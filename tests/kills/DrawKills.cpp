@@ -17,6 +17,8 @@
 #include "tests/support/ChartTest.h"
 #include "tests/ui/Events.h"
 
+using namespace morvane;
+
 // Kills the program while somebody draws: draw_kills KILLS [GESTURES [MILLISECONDS_OF_A_GESTURE]].
 // An hour by hand is 3,600 gestures; they are drawn in the real main window, and after each kill
 // the next run of the program recovers what was left behind and goes on. What is on the disk or on

@@ -7,6 +7,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace morvane {
+
 /// A child process that does something without end until it is killed.
 class KilledChild {
  public:
@@ -28,3 +30,5 @@ class KilledChild {
  private:
   pid_t child;
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "tests/kills/SharedBoard.h"
 #include "tests/support/OpenCharts.h"
 
+using namespace morvane;
+
 // Kills the program in the middle of saves: save_kills KILLS [OBJECTS]. After each kill the chart's
 // file has to hold the whole text of the last save that was done, or of the one that was under way,
 // or that one has to be on offer in the recovery store. Prints how often which was so.
@@ -48,7 +50,7 @@ void SaveForEver(const std::string& path, const std::string& store, Progress& pr
 int SaveOf(const std::string& text) {
   LayoutMgr view;
   if (!ModelFile::Parse(text, view).empty()) return -1;
-  view.PlaceWithoutWindow(false);
+  view.PlaceWithoutWindow(LayoutMgr::Size::Stored);
   if (view.ModelText() != text) return -1;
   return std::atoi(view.GetProperties().Author.c_str());
 }

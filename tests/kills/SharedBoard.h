@@ -4,6 +4,8 @@
 #include <new>
 #include <sys/mman.h>
 
+namespace morvane {
+
 /// A value that a process and the child that it kills both see; what the child wrote stays.
 template <class T>
 class SharedBoard {
@@ -21,3 +23,5 @@ class SharedBoard {
  private:
   T* value;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 using Lines = std::vector<std::string>;
 
 /// What became of some lines: those that are gone behind "- ", those that are new behind "+ ".
@@ -31,3 +33,5 @@ inline Lines LineDiff(const Lines& before, const Lines& after) {
   }
   return changes;
 }
+
+}  // namespace morvane

@@ -9,6 +9,8 @@
 #include "tests/support/Routes.h"
 #include "tests/support/TreeRows.h"
 
+namespace morvane {
+
 namespace {
 
 /// The command of an entry of the menu bar; 0 for none.
@@ -355,3 +357,5 @@ void Scenario::NoteChanges() {
   if (now.clipboard != before.clipboard) user.Note("clipboard:" + now.clipboard);
   before = now;
 }
+
+}  // namespace morvane

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "persistence/CDocManager.h"
+#include "persistence/DocumentManager.h"
 #include "shell/CObjectTree.h"
 #include "shell/FrameActions.h"
 #include "tests/scenarios/ScenarioUser.h"
 #include "tests/support/FakeClipboard.h"
 #include "tests/support/SizedPictures.h"
 #include "tests/support/UiQueue.h"
+
+namespace morvane {
 
 /// The program with its charts, the active one beside its tree, and a user who does steps with
 /// them. What comes of each is written down: the lines of the model text and of the tree that
@@ -25,7 +27,7 @@ class Scenario : public FrameHost, public FrameActions {
   void CloseFrame(CDocument& document) override;
   void UpdateTitle(CDocument& /*document*/) override {}
 
-  CDocManager& Manager() override { return manager; }
+  DocumentManager& Manager() override { return manager; }
   const std::vector<std::string>& RecentPaths() const override;
   CDocument* ActiveDocument() const override;
   void CloseActive() override;
@@ -95,9 +97,11 @@ class Scenario : public FrameHost, public FrameActions {
   LayoutMgr* chart = nullptr;                  ///< of the active one
   Picture before;
   const LayoutMgr* noted = nullptr;  ///< the chart of that picture
-  mutable CDocManager manager{{"Morvane_Diagram",
-                               {"Morvane Files (*.mrv)", ".mrv"},
-                               std::make_unique<CMorvaneDoc>,
-                               std::make_unique<LayoutMgr>},
-                              *this};
+  mutable DocumentManager manager{{"Morvane_Diagram",
+                                   {"Morvane Files (*.mrv)", ".mrv"},
+                                   std::make_unique<CMorvaneDoc>,
+                                   std::make_unique<LayoutMgr>},
+                                  *this};
 };
+
+}  // namespace morvane

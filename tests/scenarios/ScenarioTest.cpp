@@ -1,5 +1,7 @@
 #include "tests/scenarios/Scenario.h"
 
+namespace morvane {
+
 // What a user does with the program, tests/scenarios/*.txt. A section begins with "== " and its
 // name; what the user does stands behind "> ", and all other lines are what comes of that. With the
 // environment variable MORVANE_UPDATE_GOLDEN set, the tests write the files anew instead.
@@ -63,3 +65,5 @@ INSTANTIATE_TEST_SUITE_P(AUser, ScenarioTest, testing::ValuesIn(ReadSections()),
                          });
 
 }  // namespace
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 
 #include "platform/InstallFolder.h"
 
+namespace morvane {
+
 namespace {
 
 using Kind = DialogControl::Kind;
@@ -24,13 +26,13 @@ std::string Replaced(std::string text, const std::string& what, const std::strin
 }
 
 /// The label of a control, or of the container around it if it has none.
-std::string LabelOf(const CDialog& dialog, const DialogControl& control) {
+std::string LabelOf(const Dialog& dialog, const DialogControl& control) {
   const bool isBare = control.kind > Kind::Page && control.label.empty() && control.parent != 0;
   return isBare ? LabelOf(dialog, dialog.Control(control.parent)) : Plain(control.label);
 }
 
 /// What a control shows, in a line or, for a list, in one for each row; none for a mere container.
-Lines Shown(const CDialog& dialog, const DialogControl& control) {
+Lines Shown(const Dialog& dialog, const DialogControl& control) {
   const std::string label = (control.enabled ? "" : "disabled ") + LabelOf(dialog, control);
   switch (control.kind) {
     case Kind::Edit:
@@ -56,7 +58,7 @@ Lines Shown(const CDialog& dialog, const DialogControl& control) {
   }
 }
 
-Lines Shown(const CDialog& dialog) {
+Lines Shown(const Dialog& dialog) {
   Lines lines;
   for (const DialogControl& control : dialog.Controls()) {
     std::ranges::copy(Shown(dialog, control), std::back_inserter(lines));
@@ -66,7 +68,7 @@ Lines Shown(const CDialog& dialog) {
 
 /// The control that a step names by its label, "rows" being the list; "#2" behind a label means the
 /// second one that has it. Null if there is none.
-DialogControl* FindControl(CDialog& dialog, std::string name) {
+DialogControl* FindControl(Dialog& dialog, std::string name) {
   int skipped = 0;
   if (const std::size_t mark = name.find('#'); mark != std::string::npos) {
     skipped = std::stoi(name.substr(mark + 1)) - 1;
@@ -152,7 +154,7 @@ void ScenarioUser::Note(const Lines& lines, const std::string& prefix) {
   for (const std::string& line : lines) Note(prefix + line);
 }
 
-void ScenarioUser::Run(CDialog& dialog) {
+void ScenarioUser::Run(Dialog& dialog) {
   NestedLoop::Run();
   Lines shown = Shown(dialog);
   for (std::string& line : shown) line = Placed(line);
@@ -173,7 +175,7 @@ void ScenarioUser::Run(CDialog& dialog) {
   }
 }
 
-void ScenarioUser::Use(CDialog& dialog, const std::string& step) {
+void ScenarioUser::Use(Dialog& dialog, const std::string& step) {
   const std::size_t equals = step.find(" = ");
   DialogControl* control = FindControl(dialog, step.substr(0, equals));
   if (control == nullptr || !control->enabled) return Note("cannot be used");
@@ -222,7 +224,7 @@ unsigned ScenarioUser::Track(const std::vector<Item>& items, POINT screen) {
   return chosen;
 }
 
-std::optional<COLORREF> ScenarioUser::AskColor(COLORREF start) {
+std::optional<COLORREF> ScenarioUser::AskColour(COLORREF start) {
   NestedLoop::Run();
   Note("colour from " + Hex(start));
   const std::string answer = Next().value_or("Cancel");
@@ -232,10 +234,10 @@ std::optional<COLORREF> ScenarioUser::AskColor(COLORREF start) {
 
 std::optional<Dialogs::FontChoice> ScenarioUser::AskFont(const FontChoice& start) {
   NestedLoop::Run();
-  Note("font from " + start.face + " " + std::to_string(start.tenths) + " " + Hex(start.color));
+  Note("font from " + start.face + " " + std::to_string(start.tenths) + " " + Hex(start.colour));
   std::istringstream answer(Next().value_or("Cancel"));
   FontChoice choice;
-  answer >> choice.face >> choice.tenths >> std::hex >> choice.color;
+  answer >> choice.face >> choice.tenths >> std::hex >> choice.colour;
   return choice.face != "Cancel" ? std::optional(choice) : std::nullopt;
 }
 
@@ -280,3 +282,5 @@ std::unique_ptr<Process> ScenarioUser::Start(const std::string& commandLine, boo
 void ScenarioUser::Sleep(std::chrono::milliseconds time) {
   Note("waits " + std::to_string(time.count()) + " ms");
 }
+
+}  // namespace morvane

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "codegen/CGenerateCppDlg.h"
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
 #include "platform/PopupMenus.h"
@@ -12,6 +12,8 @@
 #include "platform/ShellOpen.h"
 #include "tests/scenarios/LineDiff.h"
 #include "tests/support/ChartTest.h"
+
+namespace morvane {
 
 /// A user who goes through steps one by one, in whatever opens, and writes down all that shows.
 /// Paths that begin with FOLDER are in a folder of this user's own, INSTALLED/ is where the program
@@ -35,11 +37,11 @@ class ScenarioUser : public DialogHost,
   /// Chooses that entry in the next menu.
   void WillChoose(const std::string& text) { entry = text; }
 
-  void Run(CDialog& dialog) override;
-  void Run(CGenerateCppDlg& dialog) override { Run(static_cast<CDialog&>(dialog)); }
+  void Run(Dialog& dialog) override;
+  void Run(CGenerateCppDlg& dialog) override { Run(static_cast<Dialog&>(dialog)); }
   MessageAnswer Show(const std::string& text, unsigned flags) override;
   unsigned Track(const std::vector<Item>& items, POINT screen) override;
-  std::optional<COLORREF> AskColor(COLORREF start) override;
+  std::optional<COLORREF> AskColour(COLORREF start) override;
   std::optional<FontChoice> AskFont(const FontChoice& start) override;
   std::optional<std::string> AskOpenPath(const FileFilter& filter) override;
   std::optional<std::string> AskSavePath(const FileFilter& filter,
@@ -55,7 +57,7 @@ class ScenarioUser : public DialogHost,
   /// A line without the places of this machine.
   std::string Placed(const std::string& line) const;
   std::optional<std::string> AskPath(const std::string& question);
-  void Use(CDialog& dialog, const std::string& step);
+  void Use(Dialog& dialog, const std::string& step);
 
   const TempFolder folder;
   std::deque<std::string> steps;
@@ -77,3 +79,5 @@ std::string Escaped(const std::string& text);
 std::string Unescaped(const std::string& text);
 /// A text of a menu or a dialog without the mark of its mnemonic and its key.
 std::string Plain(std::string_view text);
+
+}  // namespace morvane

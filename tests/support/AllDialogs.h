@@ -15,6 +15,8 @@
 #include "dialogs/StatePropDlg.h"
 #include "surface/LayoutMgr.h"
 
+namespace morvane {
+
 /// One of each dialog, over an empty chart.
 struct AllDialogs {
   LayoutMgr chart;
@@ -31,6 +33,8 @@ struct AllDialogs {
   FindReplaceDlg find{chart.GetModel()};
   CGenerateCppDlg generator{GeneratorKind::Cpp};
   CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
-  std::vector<CDialog*> list{&state, &mesg,  &line, &printer,   &event,    &texts,      &note,
-                             &model, &sheet, &find, &generator, &settings, &preferences};
+  std::vector<Dialog*> list{&state, &mesg,  &line, &printer,   &event,    &texts,      &note,
+                            &model, &sheet, &find, &generator, &settings, &preferences};
 };
+
+}  // namespace morvane

@@ -17,7 +17,7 @@
 #include "connectors/Note.h"
 #include "connectors/Transition.h"
 #include "drawing/CMetaFileDC.h"
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "persistence/CMorvaneDoc.h"

@@ -3,10 +3,12 @@
 #include <sstream>
 
 #include "drawing/CMetaFileDC.h"
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "surface/LayoutMgr.h"
+
+namespace morvane {
 
 namespace {
 
@@ -84,21 +86,21 @@ std::unique_ptr<LayoutMgr> LoadChart(const std::string& text) {
   std::istringstream in(text);
   ModelStream stream(in);
   stream >> *chart;
-  chart->PlaceWithoutWindow(false);
+  chart->PlaceWithoutWindow(LayoutMgr::Size::Stored);
   return chart;
 }
 
 Shape* FindShape(const LayoutMgr& chart, int id) { return chart.GetModel().Find(id); }
 
 Metafile PaintOnPaper(Shape& shape) {
-  CNullDC reference;
+  NullDC reference;
   CMetaFileDC dc(reference);
   shape.Draw(&dc);
   return dc.Close();
 }
 
 Metafile PaintOnScreen(Shape& shape) {
-  CNullDC reference;
+  NullDC reference;
   CMetaFileDC dc(reference);
   shape.DrawOnScreen(dc);
   return dc.Close();
@@ -111,3 +113,5 @@ std::vector<std::string> PaintedTexts(const Metafile& drawn) {
   }
   return texts;
 }
+
+}  // namespace morvane

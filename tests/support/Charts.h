@@ -7,6 +7,8 @@
 #include "drawing/Geometry.h"
 #include "drawing/Metafile.h"
 
+namespace morvane {
+
 class LayoutMgr;
 class Shape;
 
@@ -49,3 +51,5 @@ Metafile PaintOnPaper(Shape& shape);
 Metafile PaintOnScreen(Shape& shape);
 /// The texts in what is painted, in their order.
 std::vector<std::string> PaintedTexts(const Metafile& drawn);
+
+}  // namespace morvane

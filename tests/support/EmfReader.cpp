@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+namespace morvane {
+
 namespace {
 
 constexpr std::uint32_t kStock = 0x80000000U;
@@ -187,3 +189,5 @@ void EmfReader::FollowHandles(std::size_t at) {
     EXPECT_EQ(alive.erase(handle), 1U);
   }
 }
+
+}  // namespace morvane

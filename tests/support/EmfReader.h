@@ -10,6 +10,8 @@
 
 #include "drawing/Metafile.h"
 
+namespace morvane {
+
 /// Reads an enhanced metafile record by record and holds it to the rules of the format; what breaks
 /// one fails the test.
 class EmfReader {
@@ -63,3 +65,5 @@ class EmfReader {
   std::set<std::uint32_t> alive;
   std::uint32_t greatestHandle = 0;
 };
+
+}  // namespace morvane

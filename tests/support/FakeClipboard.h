@@ -4,6 +4,8 @@
 #include "platform/UseService.h"
 #include "tests/support/NestedLoop.h"
 
+namespace morvane {
+
 /// A clipboard that keeps what it gets, or refuses at a step. Its owner may be another program, for
 /// which it has to wait.
 class FakeClipboard : public Clipboard {
@@ -29,3 +31,5 @@ class FakeClipboard : public Clipboard {
  private:
   const UseService<Clipboard> use{*this};
 };
+
+}  // namespace morvane

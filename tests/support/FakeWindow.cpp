@@ -5,11 +5,13 @@
 #include <iostream>
 
 #include "drawing/CMetaFileDC.h"
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
 #include "surface/LayoutMgr.h"
+
+namespace morvane {
 
 FakeWindow::FakeWindow(CWnd& window) : window(window) { window.SetPeer(this); }
 
@@ -48,7 +50,7 @@ void FakeWindow::Live() {
 void FakeWindow::Paint() {
   auto* view = dynamic_cast<CScrollView*>(&window);
   if (view == nullptr) return;
-  static CNullDC reference;
+  static NullDC reference;
   CMetaFileDC dc(reference);
   view->OnPrepareDC(dc);
   view->OnDraw(dc);
@@ -76,3 +78,5 @@ void FakeWindow::TryToChange() {
   std::cerr << "a chart can be changed behind a box, a menu or a dialog\n";
   std::abort();
 }
+
+}  // namespace morvane

@@ -9,6 +9,8 @@
 #include "platform/WindowPeer.h"
 #include "tests/support/NestedLoop.h"
 
+namespace morvane {
+
 /// A window without a screen. Messages are posted before the press that reads them. While a box, a
 /// menu or a dialog waits, its events go on: it is resized, painted, and has the pointer over it.
 class FakeWindow : public WindowPeer {
@@ -63,3 +65,5 @@ class FakeWindow : public WindowPeer {
   void TryToChange();
   const NestedLoop::Member member{[this] { Live(); }};
 };
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <csignal>
 #include <sys/resource.h>
 
+namespace morvane {
+
 /// No file of this process can grow beyond a few bytes, as on a full disk.
 class FullDisk {
  public:
@@ -22,3 +24,5 @@ class FullDisk {
   void (*handler)(int);
   rlimit former{};
 };
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <map>
 #include <utility>
 
+namespace morvane {
+
 namespace {
 
 std::map<int, NestedLoop::Part>& Parts() {
@@ -30,3 +32,5 @@ void NestedLoop::Run() {
   }
   running = false;
 }
+
+}  // namespace morvane

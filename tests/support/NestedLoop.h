@@ -2,6 +2,8 @@
 
 #include <functional>
 
+namespace morvane {
+
 /// The loop that a real box, menu or dialog runs while it waits for the user: the windows that
 /// there are get their events. Each double runs it before it answers, so that whatever a box meets
 /// half done is met in every test in which one opens.
@@ -25,3 +27,5 @@ class NestedLoop {
   /// Runs the loop once. A loop within a loop has nothing to add.
   static void Run();
 };
+
+}  // namespace morvane

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "persistence/CDocManager.h"
+#include "persistence/DocumentManager.h"
 #include "recovery/RecoveryStore.h"
 #include "tests/support/ChartTest.h"
+
+namespace morvane {
 
 /// A run of the program without windows: charts that are open, and a recovery store in a folder
 /// that several runs can share. What lives in the same process counts as another running copy.
@@ -41,12 +43,14 @@ class OpenCharts : public FrameHost {
   int titlesShown = 0;
   std::vector<DocumentNotice> notices;  ///< as they were shown last
   RecoveryStore store;
-  CDocManager manager{{"Chart",
-                       {"Charts", ".mrv"},
-                       [this] { return std::make_unique<CMorvaneDoc>(&store); },
-                       [] { return std::make_unique<LayoutMgr>(); }},
-                      *this};
+  DocumentManager manager{{"Chart",
+                           {"Charts", ".mrv"},
+                           [this] { return std::make_unique<CMorvaneDoc>(&store); },
+                           [] { return std::make_unique<LayoutMgr>(); }},
+                          *this};
 
  private:
   static CMorvaneDoc& As(CDocument* document) { return dynamic_cast<CMorvaneDoc&>(*document); }
 };
+
+}  // namespace morvane

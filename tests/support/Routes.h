@@ -6,6 +6,8 @@
 
 #include "connectors/ChainRecord.h"
 
+namespace morvane {
+
 /// Points written "x,y x,y".
 inline std::vector<POINT> Points(const std::string& text) {
   std::vector<POINT> points;
@@ -56,3 +58,5 @@ inline std::string Corners(const std::vector<ChainRecord>& records) {
   }
   return text;
 }
+
+}  // namespace morvane

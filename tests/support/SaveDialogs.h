@@ -7,6 +7,8 @@
 #include "platform/UseService.h"
 #include "tests/support/NestedLoop.h"
 
+namespace morvane {
+
 /// Answers each dialog for saving with a path, or with Cancel where that is empty, and the others
 /// with Cancel.
 class SaveDialogs : public Dialogs {
@@ -18,7 +20,7 @@ class SaveDialogs : public Dialogs {
     return path.empty() ? std::nullopt : std::optional(path);
   }
   std::optional<ExportAnswer> AskExport(const ExportRequest&) override { return {}; }
-  std::optional<COLORREF> AskColor(COLORREF) override { return {}; }
+  std::optional<COLORREF> AskColour(COLORREF) override { return {}; }
   std::optional<FontChoice> AskFont(const FontChoice&) override { return {}; }
 
   std::string path;
@@ -27,3 +29,5 @@ class SaveDialogs : public Dialogs {
  private:
   const UseService<Dialogs> use{*this};
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 
 #include "tests/support/NestedLoop.h"
 
+namespace morvane {
+
 ScriptedMessageBoxes::~ScriptedMessageBoxes() {
   for (const auto& left : expected) ADD_FAILURE() << "no message box came: " << left.first;
 }
@@ -22,3 +24,5 @@ MessageAnswer ScriptedMessageBoxes::Show(const std::string& text, unsigned flags
       << "the box says: " << text << "\nexpected: " << textPart;
   return answer;
 }
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "platform/MessageBox.h"
 #include "platform/UseService.h"
 
+namespace morvane {
+
 /// Takes the place of the message boxes for the length of a test. A box that nobody expected, one
 /// with another text and an answer that nobody asked for each fail the test. The windows live on
 /// while a box waits for its answer.
@@ -31,3 +33,5 @@ class ScriptedMessageBoxes : public MessageBoxes {
   unsigned lastFlags = 0;
   const UseService<MessageBoxes> use{*this};
 };
+
+}  // namespace morvane

@@ -1,13 +1,15 @@
 #include "tests/support/ScriptedPrinting.h"
 
 #include "drawing/CMetaFileDC.h"
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "tests/support/NestedLoop.h"
+
+namespace morvane {
 
 namespace {
 
 /// Measures as no window does, on paper of a size.
-class PaperDC : public CNullDC {
+class PaperDC : public NullDC {
  public:
   PaperDC(SIZE millimetres, SIZE pixels) : millimetres(millimetres), pixels(pixels) {}
   int GetDeviceCaps(DeviceCap cap) const override {
@@ -16,7 +18,7 @@ class PaperDC : public CNullDC {
       case DeviceCap::VertSize: return millimetres.cy;
       case DeviceCap::HorzRes: return pixels.cx;
       case DeviceCap::VertRes: return pixels.cy;
-      default: return CNullDC::GetDeviceCaps(cap);
+      default: return NullDC::GetDeviceCaps(cap);
     }
   }
 
@@ -88,3 +90,5 @@ void ScriptedPrinting::ShowPreview(PrintedPages& pages) {
   NestedLoop::Run();
   if (previewPages != 0) pages.End(paper);
 }
+
+}  // namespace morvane

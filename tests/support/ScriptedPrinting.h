@@ -10,6 +10,8 @@
 #include "platform/Printing.h"
 #include "platform/UseService.h"
 
+namespace morvane {
+
 /// Takes the place of the printers for the length of a test: a printer whose paper the test
 /// chooses, which keeps what is printed.
 class ScriptedPrinting : public Printing {
@@ -45,3 +47,5 @@ class ScriptedPrinting : public Printing {
  private:
   const UseService<Printing> use{*this};
 };
+
+}  // namespace morvane

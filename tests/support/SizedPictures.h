@@ -5,15 +5,17 @@
 #include <string>
 
 #include "drawing/CMetaFileDC.h"
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 #include "platform/Pictures.h"
 #include "platform/UseService.h"
+
+namespace morvane {
 
 /// Makes pictures that tell their size, and whether they are as on paper, without handles and
 /// anchors.
 class SizedPictures : public Pictures {
  public:
-  std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<CNullDC>(); }
+  std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<NullDC>(); }
   std::optional<std::string> MakePng(SIZE size, const Paint& paint) override {
     return Make(size, paint);
   }
@@ -26,7 +28,7 @@ class SizedPictures : public Pictures {
  private:
   std::optional<std::string> Make(SIZE size, const Paint& paint) const {
     if (size.cx > limit || size.cy > limit) return std::nullopt;
-    CNullDC reference;
+    NullDC reference;
     CMetaFileDC dc(reference);
     paint(dc);
     const Metafile drawn = dc.Close();
@@ -38,3 +40,5 @@ class SizedPictures : public Pictures {
   }
   const UseService<Pictures> use{*this};
 };
+
+}  // namespace morvane

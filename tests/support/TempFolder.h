@@ -6,6 +6,8 @@
 #include <stdlib.h>
 #include <string>
 
+namespace morvane {
+
 /// A folder of a test's own, which goes with it.
 class TempFolder {
  public:
@@ -36,3 +38,5 @@ class TempFolder {
  private:
   std::filesystem::path path;
 };
+
+}  // namespace morvane

@@ -14,6 +14,8 @@
 #include "platform/PosixProcess.h"
 #include "platform/UseService.h"
 
+namespace morvane {
+
 /// The command line of the tests' own tool.
 inline std::string ToolLine(const std::string& arguments) {
   return std::string(MORVANE_TEST_TOOL) + " " + arguments;
@@ -86,3 +88,5 @@ inline std::string NumberedLines(long first, long end) {
   for (long i = first; i < end; ++i) text += std::to_string(1'000'000'000 + i).substr(1) + "\n";
   return text;
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "platform/CTreeCtrl.h"
 
+namespace morvane {
+
 namespace {
 
 void AddRows(const TreeItem* item, const std::string& indent, bool withImages,
@@ -33,3 +35,5 @@ std::vector<std::string> TreeRows(const CTreeCtrl& tree, bool withImages) {
 TreeItem* FindRow(const CTreeCtrl& tree, const std::string& text) {
   return FindFrom(tree.FirstItem(), text);
 }
+
+}  // namespace morvane

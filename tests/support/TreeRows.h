@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+namespace morvane {
+
 class CTreeCtrl;
 class TreeItem;
 
@@ -11,3 +13,5 @@ class TreeItem;
 std::vector<std::string> TreeRows(const CTreeCtrl& tree, bool withImages = true);
 /// The first item with that text; null if there is none.
 TreeItem* FindRow(const CTreeCtrl& tree, const std::string& text);
+
+}  // namespace morvane

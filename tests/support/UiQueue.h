@@ -10,6 +10,8 @@
 #include "platform/UiThread.h"
 #include "platform/UseService.h"
 
+namespace morvane {
+
 /// Takes the place of the user-interface thread's queue: what is posted runs when the test says so.
 class UiQueue : public UiThread {
  public:
@@ -45,3 +47,5 @@ class UiQueue : public UiThread {
   std::deque<Task> tasks;
   const UseService<UiThread> use{*this};
 };
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 #include "drawing/qt/QtDC.h"
 #include "drawing/qt/QtText.h"
 
+namespace morvane {
+
 /// The box around all pixels that aren't white.
 inline QRect InkOf(const QImage& image) {
   QRect box;
@@ -61,3 +63,5 @@ class Canvas {
   QImage image;
   QtFontCache fonts;
 };
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "shell/qt/ObjectBrowserPane.h"
 #include "tests/ui/MainWindow.h"
 
+namespace morvane {
+
 namespace {
 
 /// The main window over real charts.
@@ -107,3 +109,5 @@ TEST_F(ChartWindows, TheChartBrowserOpensChartsAndComesBackToItsFolder) {
 }
 
 }  // namespace
+
+}  // namespace morvane

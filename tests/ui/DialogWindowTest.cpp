@@ -5,13 +5,15 @@
 #include "tests/ui/Canvas.h"
 #include "tests/ui/OpenDialog.h"
 
+namespace morvane {
+
 namespace {
 
 class DialogWindow : public testing::Test {
  protected:
   /// Runs each dialog that has a window of the common kind, and `act` in it.
-  void RunAll(const std::function<void(CDialog&, QtDialogWindow&)>& act) {
-    for (CDialog* dialog : all.list) {
+  void RunAll(const std::function<void(Dialog&, QtDialogWindow&)>& act) {
+    for (Dialog* dialog : all.list) {
       if (dialog == &all.generator) continue;  // it has a window of its own
       open.Run(*dialog, [&](QtDialogWindow& window) { act(*dialog, window); });
     }
@@ -27,7 +29,7 @@ TEST_F(DialogWindow, EveryControlHasANameAndRoomInADarkThemeToo) {
   const QPalette former = QApplication::palette();
   QPalette dark(ink, QColor(50, 50, 50), ink, paper, paper, ink, ink, QColor(20, 20, 20), paper);
   QApplication::setPalette(dark);
-  RunAll([&](CDialog& dialog, QtDialogWindow& window) {
+  RunAll([&](Dialog& dialog, QtDialogWindow& window) {
     EXPECT_EQ(window.windowTitle().toStdString(), dialog.Caption());
     EXPECT_TRUE(window.isModal());
     EXPECT_EQ(window.grab().toImage().pixelColor(1, 1), paper) << dialog.Caption();
@@ -46,7 +48,7 @@ TEST_F(DialogWindow, EveryControlHasANameAndRoomInADarkThemeToo) {
 }
 
 TEST_F(DialogWindow, TabGoesThroughTheControlsInOrder) {
-  RunAll([this](CDialog& dialog, QtDialogWindow& window) {
+  RunAll([this](Dialog& dialog, QtDialogWindow& window) {
     if (&dialog == &all.sheet) return;  // pages that don't show are left out
     const int first = OpenDialog::FocusId();
     std::vector<int> visited;
@@ -78,7 +80,7 @@ TEST_F(DialogWindow, ReturnAcceptsAndEscapeAndTitleBarCancel) {
 
 TEST_F(DialogWindow, BoxesGrowWithTheWindow) {
   open.Run(all.texts, [](QtDialogWindow& window) {
-    auto* box = OpenDialog::Find<QPlainTextEdit>(window, EntryExitEditor::IDC_EXIT);
+    auto* box = OpenDialog::Find<QPlainTextEdit>(window, EntryExitEditor::kExitId);
     const QSize before = box->size();
     window.resize(window.size() + QSize(200, 200));
     QApplication::processEvents();
@@ -89,12 +91,12 @@ TEST_F(DialogWindow, BoxesGrowWithTheWindow) {
 
 TEST_F(DialogWindow, ClicksReachTheRules) {
   open.Run(all.state, [&](QtDialogWindow& window) {
-    auto* name = OpenDialog::Find<QLineEdit>(window, StatePropDlg::IDC_NAME);
+    auto* name = OpenDialog::Find<QLineEdit>(window, StatePropDlg::kNameId);
     name->setText("typed");
     for (const bool enabled : {true, false}) {
-      auto* color = OpenDialog::Find<QWidget>(window, StatePropDlg::IDC_BG_COLOR);
-      EXPECT_EQ(color->isEnabled(), enabled);
-      OpenDialog::Click(window, StatePropDlg::IDC_TRANSPARENT);
+      auto* colour = OpenDialog::Find<QWidget>(window, StatePropDlg::kBgColourId);
+      EXPECT_EQ(colour->isEnabled(), enabled);
+      OpenDialog::Click(window, StatePropDlg::kTransparentId);
     }
     EXPECT_EQ(all.state.name, "typed");
     EXPECT_EQ(name->text(), "typed");
@@ -102,9 +104,9 @@ TEST_F(DialogWindow, ClicksReachTheRules) {
 }
 
 /// A dialog around a list that notes the selections it is told of.
-class ListDialog : public CDialog {
+class ListDialog : public Dialog {
  public:
-  ListDialog() : CDialog("List") {
+  ListDialog() : Dialog("List") {
     DialogControl& list = Add(DialogControl::Kind::List, 100, "");
     list.columns = {{"A", 125}, {"B", 0}};
     list.rows = {{"1", "x"}, {"2", "y\nz"}, {"3", std::string(1000, 'w')}};
@@ -162,11 +164,11 @@ TEST_F(DialogWindow, ComboShowsAndTakesItsItem) {
   all.line.colourIndex = 13;
   all.line.styleIndex = 99;
   EXPECT_TRUE(open.Run(all.line, [](QtDialogWindow& window) {
-    auto* colors = OpenDialog::Find<QComboBox>(window, CLineProperty::IDC_COLOR);
-    const QImage shown = colors->grab().toImage();
+    auto* colours = OpenDialog::Find<QComboBox>(window, CLineProperty::kColourId);
+    const QImage shown = colours->grab().toImage();
     EXPECT_EQ(shown.pixelColor(shown.width() / 3, shown.height() / 2), QColor(0, 0, 255));
-    EXPECT_EQ(OpenDialog::Find<QComboBox>(window, CLineProperty::IDC_STYLE)->currentIndex(), -1);
-    colors->setFocus();
+    EXPECT_EQ(OpenDialog::Find<QComboBox>(window, CLineProperty::kStyleId)->currentIndex(), -1);
+    colours->setFocus();
     OpenDialog::Key(Qt::Key_Up);
     OpenDialog::Click(window, IDOK);
   }));
@@ -178,12 +180,12 @@ TEST_F(DialogWindow, ComboOfTextsShowsAndTakesItsItem) {
   PreferencesDlg dialog({"English", "Fran\xC3\xA7\x61is"});
   dialog.language = 1;
   EXPECT_TRUE(open.Run(dialog, [](QtDialogWindow& window) {
-    auto* languages = OpenDialog::Find<QComboBox>(window, PreferencesDlg::IDC_LANGUAGE);
+    auto* languages = OpenDialog::Find<QComboBox>(window, PreferencesDlg::kLanguageId);
     EXPECT_EQ(languages->currentText(), "English");
     languages->setFocus();
     OpenDialog::Key(Qt::Key_Down);
     EXPECT_EQ(languages->currentText(), "Fran\u00E7ais");
-    EXPECT_EQ(OpenDialog::Find<QComboBox>(window, PreferencesDlg::IDC_REOPEN)->currentText(),
+    EXPECT_EQ(OpenDialog::Find<QComboBox>(window, PreferencesDlg::kReopenId)->currentText(),
               "Never");
     OpenDialog::Click(window, IDOK);
   }));
@@ -195,7 +197,9 @@ TEST(FontDialog, KeepsAFaceThatTheMachineLacks) {
   const QtFontDialog dialog({"No Such Face", 85, 0x112233}, nullptr);
   EXPECT_EQ(dialog.Choice().face, "No Such Face");
   EXPECT_EQ(dialog.Choice().tenths, 80);
-  EXPECT_EQ(dialog.Choice().color, 0x112233U);
+  EXPECT_EQ(dialog.Choice().colour, 0x112233U);
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 #include <QMouseEvent>
 #include <QWidget>
 
+namespace morvane {
+
 // What a hand does with a widget, at places of the widget, and what an eye sees of a window.
 
 /// The pixels that stand on the screen, whatever a repaint would show.
@@ -45,3 +47,5 @@ inline void SendKey(QWidget& widget, int key, const QString& text = {},
 inline void PostKey(QWidget& widget, int key) {
   QCoreApplication::postEvent(&widget, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 #include "platform/qt/QtDialogs.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 class ExportDialogTest : public testing::Test {
@@ -68,3 +70,5 @@ TEST_F(ExportDialogTest, OffersTheSelectionWhereThereIsOne) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -12,10 +12,12 @@
 #include "platform/CScrollView.h"
 #include "resources/CommandIds.h"
 
+namespace morvane {
+
 /// A view that notes what happens to it, and does in a test what the test says.
 class FakeView : public CScrollView {
  public:
-  COLORREF color = 0x0000FF;
+  COLORREF colour = 0x0000FF;
   int paints = 0;
   int asked = 0;  ///< how often, for the state of a command
   std::vector<std::string> log;
@@ -28,7 +30,7 @@ class FakeView : public CScrollView {
   void OnDraw(CDC& dc) override {
     ++paints;
     if (onDraw) return onDraw(dc);
-    dc.FillSolidRect({-10000, -10000, 10000, 10000}, color);
+    dc.FillSolidRect({-10000, -10000, 10000, 10000}, colour);
   }
   void OnScroll(ScrollBar bar, ScrollCode code, int target) override {
     std::ostringstream text;
@@ -112,3 +114,5 @@ class FakeDocument : public CDocument {
   bool marked = false;
   std::string status;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "tests/support/Tools.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 /// Runs the dialog in its window; the test's steps run inside its loop.
@@ -101,3 +103,5 @@ TEST_F(GeneratorWindowTest, AnEndlessFloodLeavesTimeForTheUser) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "tests/support/Routes.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 /// The hand on a real view: a state with a message on its way to another one, a note and a line,
@@ -297,3 +299,5 @@ TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscapeOrOutside) {
 }
 
 }  // namespace
+
+}  // namespace morvane

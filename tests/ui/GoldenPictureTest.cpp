@@ -1,12 +1,14 @@
 #include <QSvgRenderer>
 
-#include "drawing/CSvgDC.h"
 #include "drawing/EmfWriter.h"
+#include "drawing/SvgDC.h"
 #include "model/Defaults.h"
 #include "platform/qt/QtPictures.h"
 #include "tests/support/EmfReader.h"
 #include "tests/ui/PictureCompare.h"
 #include "tests/ui/WindowTest.h"
+
+namespace morvane {
 
 // Pictures of whole charts against those that were found good, tests/golden/*.png. With the
 // environment variable MORVANE_UPDATE_GOLDEN set, the tests write those files anew instead.
@@ -85,7 +87,7 @@ Forms MakeForms(Pictures& pictures, const Sample& sample) {
     LayoutMgr chart;
     const std::string path = std::string(MORVANE_SOURCE_DIR) + "/" + sample.chart;
     EXPECT_EQ(ModelFile::Load(path, chart), "");
-    chart.PlaceWithoutWindow(true);
+    chart.PlaceWithoutWindow(LayoutMgr::Size::Normal);
     const ChartPicture picture(chart);
     picture.Paint(recording);
     return {picture.Size(),
@@ -100,7 +102,7 @@ Forms MakeForms(Pictures& pictures, const Sample& sample) {
   forms.calls = recording.Close();
   forms.png = pictures.MakePng(forms.size, DrawPens).value_or("");
   forms.pdf = pictures.MakePdf(forms.size, DrawPens).value_or("");
-  CSvgDC svg(*reference, forms.size);
+  SvgDC svg(*reference, forms.size);
   DrawPens(svg);
   forms.svg = svg.Close();
   forms.emf = EmfWriter::Encode(forms.calls, *reference, "Program");
@@ -210,3 +212,5 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
+
+}  // namespace morvane

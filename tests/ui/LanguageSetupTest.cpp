@@ -3,6 +3,8 @@
 #include "shell/Language.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 /// Which settings say what the language is, as the file of a user's settings is read.
@@ -60,3 +62,5 @@ TEST(LanguageSetup, AChosenLanguageIsKeptAndGoesAgainFromTheFile) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -7,6 +7,8 @@
 #include "platform/qt/QtView.h"
 #include "tests/support/NestedLoop.h"
 
+namespace morvane {
+
 /// What goes on with the windows on the screen while a box waits: they are resized, repainted and
 /// get their events.
 inline void LetWindowsLive() {
@@ -25,3 +27,5 @@ inline void LetWindowsLive() {
   }
   QApplication::processEvents();
 }
+
+}  // namespace morvane

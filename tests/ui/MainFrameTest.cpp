@@ -12,6 +12,8 @@
 #include "tests/ui/FakeChart.h"
 #include "tests/ui/MainWindow.h"
 
+namespace morvane {
+
 namespace {
 
 class MainFrameTest : public MainWindow<FakeDocument, FakeView> {
@@ -309,3 +311,5 @@ TEST_F(MainFrameTest, ADamagedPlacementIsNone) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "shell/qt/CMainFrame.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 /// A shown main window over charts of a kind, with settings of its own.
 template <class Document, class View>
 class MainWindow : public testing::Test {
@@ -27,7 +29,7 @@ class MainWindow : public testing::Test {
   }
   /// A chart from a file, or a new one.
   Document& Open(const std::string& path = "") {
-    CDocManager& manager = frame->Manager();
+    DocumentManager& manager = frame->Manager();
     auto* document = path.empty() ? manager.NewDocument() : manager.OpenDocumentFile(path);
     QApplication::processEvents();
     return dynamic_cast<Document&>(*document);
@@ -42,3 +44,5 @@ class MainWindow : public testing::Test {
   const UseService<Profile> use{profile};
   std::unique_ptr<CMainFrame> frame;
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include "shell/qt/CommandIcons.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 TEST(MenuTableTest, EachCommandStandsOnceInATableAndItsKeysAreItsOwn) {
   std::set<unsigned> ids;
   std::set<QKeySequence> seen;
@@ -46,3 +48,5 @@ TEST(MenuTableTest, EveryButtonHasATipAndAnIcon) {
     }
   }
 }
+
+}  // namespace morvane

@@ -10,6 +10,8 @@
 #include "tests/ui/LivingWindows.h"
 #include "tests/ui/MainWindow.h"
 
+namespace morvane {
+
 // What the user does with the main window while a box, a menu or a dialog is on top of a chart.
 
 namespace {
@@ -139,3 +141,5 @@ TEST_F(NestedLoopWindow, OnlyFilesOfThisMachineAreTakenFromADrop) {
 }
 
 }  // namespace
+
+}  // namespace morvane

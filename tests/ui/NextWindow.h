@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QWidget>
 
+namespace morvane {
+
 /// Does something in the modal window that opens next, and then closes it.
 template <class Window, class Act>
 void InNextWindow(Act act) {
@@ -18,3 +20,5 @@ void InNextWindow(Act act) {
     window->close();
   });
 }
+
+}  // namespace morvane

@@ -5,11 +5,13 @@
 #include "platform/qt/QtDialogWindow.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 /// Runs dialogs in their real windows for the length of a test.
 class OpenDialog {
  public:
   /// Runs a dialog and `act` in it; what `act` leaves open is cancelled. True if OK closed it.
-  bool Run(CDialog& dialog, const std::function<void(QtDialogWindow&)>& act) {
+  bool Run(Dialog& dialog, const std::function<void(QtDialogWindow&)>& act) {
     InNextWindow<QtDialogWindow>(act);
     return dialog.DoModal();
   }
@@ -39,3 +41,5 @@ class OpenDialog {
   QtDialogHost host;
   const UseService<DialogHost> use{host};
 };
+
+}  // namespace morvane

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdlib>
 
+namespace morvane {
+
 namespace {
 
 constexpr int kSquare = PictureDifference::kSquare;
@@ -54,3 +56,5 @@ PictureDifference PictureDifference::Of(const QImage& a, const QImage& b, const 
   }
   return result;
 }
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QRegion>
 
+namespace morvane {
+
 /// How far two pictures are apart, told by the mean colours of small squares: what smooths edges in
 /// another way hardly changes them, a stroke more or less or a moved letter does.
 struct PictureDifference {
@@ -16,3 +18,5 @@ struct PictureDifference {
   /// different.
   static PictureDifference Of(const QImage& a, const QImage& b, const QRegion& ignored = {});
 };
+
+}  // namespace morvane

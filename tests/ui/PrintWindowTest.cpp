@@ -5,6 +5,8 @@
 #include "tests/ui/Canvas.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 constexpr int kDotsPerInch = 60;
@@ -121,3 +123,5 @@ TEST_F(PrintWindow, WhatCannotBePrintedIsSaidAndCancelPrintsNothing) {
 }
 
 }  // namespace
+
+}  // namespace morvane

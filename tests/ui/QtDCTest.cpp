@@ -4,6 +4,8 @@
 #include "tests/ui/Canvas.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 using Draw = std::function<void(CDC&)>;
@@ -207,3 +209,5 @@ TEST(QtDCTest, ALongLineEndsWhereItIsMeasured) {
   EXPECT_NEAR(canvas.Painted().right(), 78, 2);
   EXPECT_LT(canvas.Painted().left(), 8) << "the letters before the blanks";
 }
+
+}  // namespace morvane

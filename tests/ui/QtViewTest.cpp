@@ -7,6 +7,8 @@
 #include "tests/ui/FakeChart.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 using Log = std::vector<std::string>;
@@ -55,7 +57,7 @@ TEST_F(QtViewTest, PaintsOnceWhenTheQueueIsEmptyUnlessRedrawIsOff) {
 }
 
 TEST_F(QtViewTest, PaintsOnlyWhatIsInvalidOnWhite) {
-  view.color = 0x00FF00;
+  view.colour = 0x00FF00;
   view.InvalidateRect({10, 20, 30, 40});
   const std::array<POINT, 3> corners{POINT{60, 10}, {100, 10}, {60, 50}};
   view.InvalidateRgn(CRgn::FromPolygon(corners));
@@ -92,7 +94,7 @@ TEST_F(QtViewTest, FeedbackInvertsWhatIsShownForAsLongAsItStands) {
     FeedbackDC(first, view).FillSolidRect({50, 5, 59, 9}, 0);
     EXPECT_EQ(shown(5, 5), kRed) << "the drawing before";
     EXPECT_EQ(shown(58, 8), inverted);
-    view.color = 0x00FF00;
+    view.colour = 0x00FF00;
     view.InvalidateRect({55, 0, 100, 100});
     view.UpdateWindow();
     EXPECT_EQ(shown(58, 8), 0xFFFF00FF) << "a repaint below it";
@@ -215,3 +217,5 @@ TEST_F(QtViewTest, ScrollBarsFollowTheViewAndTheViewThem) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "tests/ui/Canvas.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 class RecoveryWindowTest : public testing::Test {
@@ -123,3 +125,5 @@ TEST_F(RecoveryWindowTest, APictureShowsTheChartAtAnyScaleAndDamageShowsNone) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "tests/support/FullDisk.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 TEST(QtClipboardTest, KeepsAllBytesUnderAllFormats) {
@@ -162,3 +164,5 @@ TEST_F(QtPicturesTest, PdfIsOnePageOfItsSizeThatMeasuresAsTheScreenDoes) {
 }
 
 }  // namespace
+
+}  // namespace morvane

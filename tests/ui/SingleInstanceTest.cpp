@@ -11,6 +11,8 @@
 #include "shell/qt/SingleInstance.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 using std::chrono::milliseconds;
@@ -268,3 +270,5 @@ TEST_F(ProgramStartTest, ALimitOfFileSizesIsAnOrdinaryError) {
 }
 
 }  // namespace
+
+}  // namespace morvane

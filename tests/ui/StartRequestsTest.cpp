@@ -3,6 +3,8 @@
 #include "tests/ui/FakeChart.h"
 #include "tests/ui/MainWindow.h"
 
+namespace morvane {
+
 namespace {
 
 class StartRequestsTest : public MainWindow<FakeDocument, FakeView> {
@@ -92,3 +94,5 @@ TEST_F(StartRequestsTest, WaitForDialogsMenusAndGestures) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -9,6 +9,8 @@
 #include "shell/qt/SplashPicture.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 QString Title() {
@@ -126,3 +128,5 @@ TEST(PopupMenuWindow, GivesTheChosenCommand) {
 }
 
 }  // namespace
+
+}  // namespace morvane

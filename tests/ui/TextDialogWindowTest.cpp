@@ -6,14 +6,16 @@
 #include "dialogs/EntryExitEditor.h"
 #include "tests/ui/OpenDialog.h"
 
+namespace morvane {
+
 // Texts on their way through a real window.
 
 namespace {
 
 using namespace std::string_literals;
 
-constexpr int kEntry = EntryExitEditor::IDC_ENTRY;
-constexpr int kExit = EntryExitEditor::IDC_EXIT;
+constexpr int kEntry = EntryExitEditor::kEntryId;
+constexpr int kExit = EntryExitEditor::kExitId;
 
 class TextDialogWindow : public testing::Test {
  protected:
@@ -64,7 +66,7 @@ TEST_F(TextDialogWindow, OneLineStaysOneLine) {
   CEventEditor editor;
   editor.guard = "caf\xE9";
   EXPECT_TRUE(open.Run(editor, [](QtDialogWindow& window) {
-    auto* event = OpenDialog::Find<QLineEdit>(window, CEventEditor::IDC_EVENT);
+    auto* event = OpenDialog::Find<QLineEdit>(window, CEventEditor::kEventId);
     EXPECT_EQ(event->selectedText(), "-Edit-") << "typing replaces it";
     for (const QString& text : {QString("a\nb\r\nc"), QString(50000, 'x')}) {
       QApplication::clipboard()->setText(text);
@@ -147,7 +149,7 @@ TEST_F(TextDialogWindow, LongTextsAreEditedAndEndlessLinesShownInPart) {
     CEventEditor event;
     event.guard = std::string(length, 'g');
     EXPECT_TRUE(open.Run(event, [](QtDialogWindow& window) {
-      window.FocusOn(CEventEditor::IDC_GUARD);
+      window.FocusOn(CEventEditor::kGuardId);
       OpenDialog::Key(Qt::Key_End);
       OpenDialog::Type("!");
       OpenDialog::Click(window, IDOK);
@@ -157,3 +159,5 @@ TEST_F(TextDialogWindow, LongTextsAreEditedAndEndlessLinesShownInPart) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -3,6 +3,8 @@
 #include "tests/support/TreeRows.h"
 #include "tests/ui/WindowTest.h"
 
+namespace morvane {
+
 namespace {
 
 using Log = std::vector<std::string>;
@@ -126,3 +128,5 @@ TEST_F(TreeWindow, ReportsWhatIsPressedAndKeysMoveTheSelection) {
 }
 
 }  // namespace
+
+}  // namespace morvane

@@ -5,6 +5,8 @@
 #include "tests/support/TempFolder.h"
 #include "tests/ui/LivingWindows.h"
 
+using namespace morvane;
+
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   // What a user left unsaved is nobody's business here.

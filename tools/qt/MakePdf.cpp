@@ -6,6 +6,8 @@
 
 #include "tools/qt/PdfBook.h"
 
+using namespace morvane;
+
 namespace {
 
 int Fail(const QString& what) {

@@ -8,6 +8,8 @@
 #include <QTextList>
 #include <QTextTable>
 
+namespace morvane {
+
 namespace {
 
 // All lengths are in pixels of 1/96 inch.
@@ -293,3 +295,5 @@ void PdfBook::PaintPage(QPainter& painter, int page) const {
   painter.drawText(foot, Qt::AlignRight, QString::number(page + 1));
   painter.restore();
 }
+
+}  // namespace morvane

@@ -8,6 +8,8 @@
 class QPdfWriter;
 class QPainter;
 
+namespace morvane {
+
 /// A document in Markdown, laid out for paper: a title page with the contents, chapters ("##") and
 /// sections ("###"), pictures, tables, and pages with numbers.
 class PdfBook {
@@ -47,3 +49,5 @@ class PdfBook {
   QList<Heading> headings;
   QList<QTextBlock> contents;  ///< one line for each heading
 };
+
+}  // namespace morvane

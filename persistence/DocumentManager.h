@@ -8,11 +8,13 @@
 #include "persistence/RecentFiles.h"
 #include "platform/Dialogs.h"
 
+namespace morvane {
+
 class CDocument;
 class CScrollView;
 
 /// What kind of document the program has.
-struct CDocTemplate {
+struct DocumentKind {
   std::string baseName;  ///< of a new document; a number is added
   Dialogs::FileFilter filter;
   std::function<std::unique_ptr<CDocument>()> makeDocument;
@@ -36,12 +38,12 @@ class FrameHost {
 };
 
 /// The open documents of the program; it owns them.
-class CDocManager {
+class DocumentManager {
  public:
-  CDocManager(CDocTemplate documentTemplate, FrameHost& host);
-  ~CDocManager();
-  CDocManager(const CDocManager&) = delete;
-  CDocManager& operator=(const CDocManager&) = delete;
+  DocumentManager(DocumentKind documentTemplate, FrameHost& host);
+  ~DocumentManager();
+  DocumentManager(const DocumentManager&) = delete;
+  DocumentManager& operator=(const DocumentManager&) = delete;
 
   /// A new document in a window of its own.
   CDocument* NewDocument();
@@ -60,7 +62,7 @@ class CDocManager {
   void CloseAllDocuments();
 
   const std::vector<std::unique_ptr<CDocument>>& Documents() const { return documents; }
-  const CDocTemplate& Template() const { return documentTemplate; }
+  const DocumentKind& Template() const { return documentTemplate; }
   RecentFiles& Recent() { return recent; }
   void OnTitleChanged(CDocument& document) { host.UpdateTitle(document); }
   void OnNoticesChanged(CDocument& document) { host.UpdateNotices(document); }
@@ -75,10 +77,12 @@ class CDocManager {
   void ShowDocument(CDocument& document);
   CDocument* FindByPath(const std::string& fullPath) const;
 
-  CDocTemplate documentTemplate;
+  DocumentKind documentTemplate;
   FrameHost& host;
   RecentFiles recent;
   std::vector<std::unique_ptr<CDocument>> documents;
   std::vector<std::unique_ptr<CDocument>> closed;  ///< until nothing works on them any more
   int lastNumber = 0;
 };
+
+}  // namespace morvane

@@ -1,14 +1,16 @@
-#include "codegen/CCodegenPackage.h"
+#include "codegen/CodegenPackage.h"
 
 #include <utility>
 
 #include "codegen/CodegenControls.h"
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 
-CCodegenPackage::CCodegenPackage(std::string title, std::string infoTitle, int firstId)
-    : CPropertyPage(std::move(title)), infoTitle(std::move(infoTitle)), firstId(firstId) {}
+namespace morvane {
 
-void CCodegenPackage::AddControls(CDialog& sheet, int page) {
+CodegenPackage::CodegenPackage(std::string title, std::string infoTitle, int firstId)
+    : PropertyPage(std::move(title)), infoTitle(std::move(infoTitle)), firstId(firstId) {}
+
+void CodegenPackage::AddControls(Dialog& sheet, int page) {
   sheet.Add(DialogControl::Kind::Group, firstId + kContext, "Context Class Info", page);
   AddNameBox(sheet, firstId + kClassName, "Class Name :", firstId + kContext);
   AddNameBox(sheet, firstId + kPackage, "Package :", firstId + kContext);
@@ -16,8 +18,10 @@ void CCodegenPackage::AddControls(CDialog& sheet, int page) {
   AddCodeBox(sheet, firstId + kDeclarations, "", firstId + kInfo);
 }
 
-void CCodegenPackage::DoDataExchange(DataExchange& exchange) {
+void CodegenPackage::ExchangeFields(FieldExchange& exchange) {
   exchange.Text(firstId + kClassName, className);
   exchange.Text(firstId + kPackage, package);
   exchange.Text(firstId + kDeclarations, declarations);
 }
+
+}  // namespace morvane

@@ -1,4 +1,4 @@
-#include "drawing/CSvgDC.h"
+#include "drawing/SvgDC.h"
 
 #include <algorithm>
 #include <array>
@@ -6,6 +6,8 @@
 #include <cstdio>
 
 #include "drawing/Decimal.h"
+
+namespace morvane {
 
 namespace {
 
@@ -63,9 +65,9 @@ std::string DashesOf(const CPen& pen) {
 
 }  // namespace
 
-CSvgDC::CSvgDC(CDC& reference, SIZE size) : reference(reference), size(size) {}
+SvgDC::SvgDC(CDC& reference, SIZE size) : reference(reference), size(size) {}
 
-std::string CSvgDC::Close() {
+std::string SvgDC::Close() {
   FlushPath();
   const std::string width = Number(size.cx);
   const std::string height = Number(size.cy);
@@ -80,21 +82,21 @@ std::string CSvgDC::Close() {
   return text;
 }
 
-int CSvgDC::GetDeviceCaps(DeviceCap cap) const { return reference.GetDeviceCaps(cap); }
+int SvgDC::GetDeviceCaps(DeviceCap cap) const { return reference.GetDeviceCaps(cap); }
 
-RECT CSvgDC::GetClipBox() const { return RECT{0, 0, size.cx, size.cy} - GetViewportOrg(); }
+RECT SvgDC::GetClipBox() const { return RECT{0, 0, size.cx, size.cy} - GetViewportOrg(); }
 
-std::int64_t CSvgDC::PenWidth() const {
+std::int64_t SvgDC::PenWidth() const {
   return GetPen().style == PenStyle::Null ? 0 : std::max(GetPen().width, 1);
 }
 
-std::string CSvgDC::PixelCentre(POINT p) const {
+std::string SvgDC::PixelCentre(POINT p) const {
   const POINT placed = p + GetViewportOrg();
   return CentreOf(placed.x) + "," + CentreOf(placed.y);
 }
 
 /// The outline of a shape runs inside its box: its line's middle is half a pen in.
-std::string CSvgDC::OutlineBox(const RECT& r) const {
+std::string SvgDC::OutlineBox(const RECT& r) const {
   const RECT box = Placed(r);
   if (GetPen().style == PenStyle::Null) return BoxAttributes(box);
   const std::int64_t pen = PenWidth();
@@ -109,10 +111,10 @@ std::string CSvgDC::OutlineBox(const RECT& r) const {
          Number(std::max<std::int64_t>(Height(box) - 1, 0)) + "\"";
 }
 
-std::string CSvgDC::StrokeAttributes() const {
+std::string SvgDC::StrokeAttributes() const {
   const CPen& pen = GetPen();
   if (pen.style == PenStyle::Null) return " stroke=\"none\"";
-  std::string text = " stroke=\"" + ColourText(pen.color) + "\"";
+  std::string text = " stroke=\"" + ColourText(pen.colour) + "\"";
   if (pen.width > 1) text += " stroke-width=\"" + Number(pen.width) + "\"";
   // A line begins in the middle of its first pixel, and its dashes half a pixel before.
   const std::string dashes = DashesOf(pen);
@@ -121,19 +123,19 @@ std::string CSvgDC::StrokeAttributes() const {
 }
 
 /// Thick lines have round ends and corners.
-std::string CSvgDC::LineAttributes() const {
+std::string SvgDC::LineAttributes() const {
   const bool thick = GetPen().style != PenStyle::Null && GetPen().width > 1;
   return StrokeAttributes() + (thick ? " stroke-linecap=\"round\" stroke-linejoin=\"round\"" : "");
 }
 
-std::string CSvgDC::FillAttribute() const {
+std::string SvgDC::FillAttribute() const {
   const CBrush& brush = GetBrush();
-  return " fill=\"" + (brush.hollow ? std::string("none") : ColourText(brush.color)) + "\"";
+  return " fill=\"" + (brush.hollow ? std::string("none") : ColourText(brush.colour)) + "\"";
 }
 
-std::string CSvgDC::PaintAttributes() const { return FillAttribute() + StrokeAttributes(); }
+std::string SvgDC::PaintAttributes() const { return FillAttribute() + StrokeAttributes(); }
 
-void CSvgDC::FlushPath() {
+void SvgDC::FlushPath() {
   if (path.empty()) return;
   body += "<path d=\"" + path + "\" fill=\"none\"";
   const CPen pen = SelectPen(pathPen);
@@ -142,7 +144,7 @@ void CSvgDC::FlushPath() {
   path.clear();
 }
 
-void CSvgDC::Polyline(std::span<const POINT> points) {
+void SvgDC::Polyline(std::span<const POINT> points) {
   if (points.size() < 2) return;
   const bool goesOn = !path.empty() && pathPen == GetPen() && pathEnd == points.front();
   if (!goesOn) {
@@ -155,7 +157,7 @@ void CSvgDC::Polyline(std::span<const POINT> points) {
   pathEnd = points.back();
 }
 
-void CSvgDC::Polygon(std::span<const POINT> points) {
+void SvgDC::Polygon(std::span<const POINT> points) {
   FlushPath();
   body += "<polygon points=\"";
   for (std::size_t i = 0; i < points.size(); ++i) {
@@ -164,12 +166,12 @@ void CSvgDC::Polygon(std::span<const POINT> points) {
   body += "\"" + FillAttribute() + LineAttributes() + "/>\n";
 }
 
-void CSvgDC::Rectangle(const RECT& r) {
+void SvgDC::Rectangle(const RECT& r) {
   FlushPath();
   body += "<rect " + OutlineBox(r) + PaintAttributes() + "/>\n";
 }
 
-void CSvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
+void SvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
   // The box's corners are those of a thick outline's outer edge.
   const double inset = PenWidth() > 1 ? static_cast<double>(PenWidth()) / 2 : 0;
   const auto radius = [inset](std::int32_t axis) {
@@ -180,7 +182,7 @@ void CSvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
           radius(cornerEllipse.cy) + "\"" + PaintAttributes() + "/>\n";
 }
 
-void CSvgDC::Ellipse(const RECT& logical) {
+void SvgDC::Ellipse(const RECT& logical) {
   const RECT r = Placed(logical);
   const std::int64_t pen = PenWidth();
   FlushPath();
@@ -192,7 +194,7 @@ void CSvgDC::Ellipse(const RECT& logical) {
           PaintAttributes() + "/>\n";
 }
 
-void CSvgDC::Arc(const RECT& logical, POINT start, POINT end) {
+void SvgDC::Arc(const RECT& logical, POINT start, POINT end) {
   const RECT r = Placed(logical);
   start = start + GetViewportOrg();
   end = end + GetViewportOrg();
@@ -223,13 +225,13 @@ void CSvgDC::Arc(const RECT& logical, POINT start, POINT end) {
           (thick ? " stroke-linecap=\"square\"" : "") + "/>\n";
 }
 
-void CSvgDC::FillRect(const RECT& r, const CBrush& with) {
+void SvgDC::FillRect(const RECT& r, const CBrush& with) {
   if (with.hollow || IsRectEmpty(r)) return;
   FlushPath();
-  body += "<rect " + BoxAttributes(Placed(r)) + " fill=\"" + ColourText(with.color) + "\"/>\n";
+  body += "<rect " + BoxAttributes(Placed(r)) + " fill=\"" + ColourText(with.colour) + "\"/>\n";
 }
 
-void CSvgDC::FillMask(POINT topLeft, const BitMask& mask) {
+void SvgDC::FillMask(POINT topLeft, const BitMask& mask) {
   for (int y = 0; y < mask.height; ++y) {
     for (int x = 0; x < mask.width; ++x) {
       const POINT p = topLeft + POINT{x, y};
@@ -238,7 +240,7 @@ void CSvgDC::FillMask(POINT topLeft, const BitMask& mask) {
   }
 }
 
-std::string CSvgDC::ClipAttribute(const RECT& clip) {
+std::string SvgDC::ClipAttribute(const RECT& clip) {
   if (clipCount == 0 || clip != lastClip) {
     lastClip = clip;
     ++clipCount;
@@ -248,7 +250,7 @@ std::string CSvgDC::ClipAttribute(const RECT& clip) {
   return " clip-path=\"url(#c" + Number(clipCount) + ")\"";
 }
 
-void CSvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
+void SvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   if (utf8.empty()) return;
   FlushPath();
   const CFont& font = GetFont();
@@ -269,12 +271,14 @@ void CSvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   body += ">" + Escape(utf8) + "</text>\n";
 }
 
-SIZE CSvgDC::GetTextExtent(std::string_view utf8) const {
+SIZE SvgDC::GetTextExtent(std::string_view utf8) const {
   reference.SelectFont(GetFont());
   return reference.GetTextExtent(utf8);
 }
 
-TextMetrics CSvgDC::GetTextMetrics() const {
+TextMetrics SvgDC::GetTextMetrics() const {
   reference.SelectFont(GetFont());
   return reference.GetTextMetrics();
 }
+
+}  // namespace morvane

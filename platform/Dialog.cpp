@@ -1,9 +1,11 @@
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 
 #include <algorithm>
 
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 #include "platform/ModalLoop.h"
+
+namespace morvane {
 
 namespace {
 
@@ -11,7 +13,7 @@ constexpr int kButtonRow = -1;
 
 class NoDialogHost : public DialogHost {
  public:
-  void Run(CDialog& dialog) override { dialog.Click(IDCANCEL); }
+  void Run(Dialog& dialog) override { dialog.Click(IDCANCEL); }
 };
 
 }  // namespace
@@ -21,28 +23,28 @@ DialogHost& DialogHost::Default() {
   return service;
 }
 
-bool CDialog::DoModal() {
+bool Dialog::DoModal() {
   const ModalLoop loop;
   open = true;
   accepted = false;
-  UpdateData(false);
-  OnInitDialog();
+  ShowFields();
+  OnFilled();
   Run();
   open = false;
   return accepted;
 }
 
-void CDialog::Run() { Service<DialogHost>::Get().Run(*this); }
+void Dialog::Run() { Service<DialogHost>::Get().Run(*this); }
 
-DialogControl& CDialog::Control(int id) {
+DialogControl& Dialog::Control(int id) {
   return *std::ranges::find(controls, id, &DialogControl::id);
 }
 
-const DialogControl& CDialog::Control(int id) const {
+const DialogControl& Dialog::Control(int id) const {
   return *std::ranges::find(controls, id, &DialogControl::id);
 }
 
-void CDialog::Click(int id) {
+void Dialog::Click(int id) {
   if (!open) return;
   switch (id) {
     case IDOK:
@@ -54,7 +56,7 @@ void CDialog::Click(int id) {
   Refresh();
 }
 
-DialogControl& CDialog::Add(DialogControl::Kind kind, int id, std::string label, int parent) {
+DialogControl& Dialog::Add(DialogControl::Kind kind, int id, std::string label, int parent) {
   DialogControl& control = controls.emplace_back();
   control.kind = kind;
   control.id = id;
@@ -63,32 +65,39 @@ DialogControl& CDialog::Add(DialogControl::Kind kind, int id, std::string label,
   return control;
 }
 
-void CDialog::AddButtons(const std::string& ok, const std::string& cancel) {
+void Dialog::AddButtons(const std::string& ok, const std::string& cancel) {
   Add(DialogControl::Kind::Row, kButtonRow, "");
   Add(DialogControl::Kind::Button, IDOK, ok, kButtonRow).isDefault = true;
   Add(DialogControl::Kind::Button, IDCANCEL, cancel, kButtonRow);
 }
 
-bool CDialog::OnOk() {
-  UpdateData(true);
+bool Dialog::OnOk() {
+  TakeFields();
   return true;
 }
 
-void CDialog::UpdateData(bool save) {
-  DataExchange exchange(*this, save);
-  DoDataExchange(exchange);
+void Dialog::ShowFields() {
+  FieldExchange exchange(*this, FieldExchange::Way::ToControls);
+  ExchangeFields(exchange);
 }
 
-void CDialog::FocusOn(int id) {
+void Dialog::TakeFields() {
+  FieldExchange exchange(*this, FieldExchange::Way::ToFields);
+  ExchangeFields(exchange);
+}
+
+void Dialog::FocusOn(int id) {
   if (window != nullptr) window->FocusOn(id);
 }
 
-void CDialog::EndDialog(bool ok) {
+void Dialog::EndDialog(bool ok) {
   accepted = ok;
   open = false;
   if (window != nullptr) window->End();
 }
 
-void CDialog::Refresh() {
+void Dialog::Refresh() {
   if (open && window != nullptr) window->Refresh();
 }
+
+}  // namespace morvane

@@ -2,6 +2,8 @@
 
 #include "platform/Service.h"
 
+namespace morvane {
+
 /// Shows that the program is at work. The default service shows nothing.
 class WaitCursors {
  public:
@@ -12,12 +14,12 @@ class WaitCursors {
 };
 
 /// The wait cursor for as long as the object lives, or until `Restore`.
-class CWaitCursor {
+class WaitCursor {
  public:
-  CWaitCursor() { Service<WaitCursors>::Get().Begin(); }
-  ~CWaitCursor() { Restore(); }
-  CWaitCursor(const CWaitCursor&) = delete;
-  CWaitCursor& operator=(const CWaitCursor&) = delete;
+  WaitCursor() { Service<WaitCursors>::Get().Begin(); }
+  ~WaitCursor() { Restore(); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
   void Restore() {
     if (active) Service<WaitCursors>::Get().End();
     active = false;
@@ -26,3 +28,5 @@ class CWaitCursor {
  private:
   bool active = true;
 };
+
+}  // namespace morvane

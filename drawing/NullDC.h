@@ -2,9 +2,11 @@
 
 #include "drawing/CDC.h"
 
+namespace morvane {
+
 /// The context of a window that isn't there. It paints nothing and measures every letter as half
 /// as wide as it is high, so that a chart can be laid out with no display.
-class CNullDC : public CDC {
+class NullDC : public CDC {
  public:
   int GetDeviceCaps(DeviceCap cap) const override;
   RECT GetClipBox() const override { return {}; }
@@ -20,3 +22,5 @@ class CNullDC : public CDC {
   SIZE GetTextExtent(std::string_view utf8) const override;
   TextMetrics GetTextMetrics() const override;
 };
+
+}  // namespace morvane

@@ -1,6 +1,8 @@
-#include "drawing/CNullDC.h"
+#include "drawing/NullDC.h"
 
 #include <algorithm>
+
+namespace morvane {
 
 namespace {
 
@@ -17,15 +19,17 @@ std::int64_t CountCodePoints(std::string_view utf8) {
 
 }  // namespace
 
-int CNullDC::GetDeviceCaps(DeviceCap cap) const {
+int NullDC::GetDeviceCaps(DeviceCap cap) const {
   return cap == DeviceCap::LogPixelsX || cap == DeviceCap::LogPixelsY ? kPixelsPerInch : 0;
 }
 
-SIZE CNullDC::GetTextExtent(std::string_view utf8) const {
+SIZE NullDC::GetTextExtent(std::string_view utf8) const {
   return {Saturate(CountCodePoints(utf8) * EmHeight(GetFont()) / 2), GetTextMetrics().height};
 }
 
-TextMetrics CNullDC::GetTextMetrics() const {
+TextMetrics NullDC::GetTextMetrics() const {
   const std::int32_t em = EmHeight(GetFont());
   return {AddSat(em, em / 4), em};
 }
+
+}  // namespace morvane

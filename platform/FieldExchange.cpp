@@ -1,32 +1,36 @@
-#include "platform/DataExchange.h"
+#include "platform/FieldExchange.h"
 
-#include "platform/CDialog.h"
+#include "platform/Dialog.h"
 
-void DataExchange::Text(int id, std::string& field) {
+namespace morvane {
+
+void FieldExchange::Text(int id, std::string& field) {
   std::string& shown = dialog.Control(id).text;
-  if (save) {
+  if (way == Way::ToFields) {
     field = shown;
   } else {
     shown = field;
   }
 }
 
-void DataExchange::Check(int id, std::int32_t& flag) {
+void FieldExchange::Check(int id, std::int32_t& flag) {
   bool& shown = dialog.Control(id).checked;
   const bool set = flag != 0;
-  if (!save) {
+  if (way == Way::ToControls) {
     shown = set;
   } else if (shown != set) {
     flag = shown ? 1 : 0;
   }
 }
 
-void DataExchange::Index(int id, std::int32_t& index) {
+void FieldExchange::Index(int id, std::int32_t& index) {
   DialogControl& combo = dialog.Control(id);
-  if (!save) {
+  if (way == Way::ToControls) {
     const bool known = index >= 0 && index < combo.itemCount;
     combo.selection = known ? index : DialogControl::kNoItem;
   } else if (combo.selection != DialogControl::kNoItem) {
     index = combo.selection;
   }
 }
+
+}  // namespace morvane

@@ -2,13 +2,15 @@
 
 #include <string>
 
-#include "platform/CPropertySheet.h"
+#include "platform/PropertySheet.h"
+
+namespace morvane {
 
 /// The page of the texts of a language whose classes stand in packages.
-class CCodegenPackage : public CPropertyPage {
+class CodegenPackage : public PropertyPage {
  public:
-  void AddControls(CDialog& sheet, int page) override;
-  void DoDataExchange(DataExchange& exchange) override;
+  void AddControls(Dialog& sheet, int page) override;
+  void ExchangeFields(FieldExchange& exchange) override;
 
   std::string className;
   std::string package;
@@ -18,9 +20,11 @@ class CCodegenPackage : public CPropertyPage {
   /// The controls of a page, counted from its first number.
   enum Place : int { kContext, kClassName, kPackage, kInfo, kDeclarations };
 
-  CCodegenPackage(std::string title, std::string infoTitle, int firstId);
+  CodegenPackage(std::string title, std::string infoTitle, int firstId);
 
  private:
   std::string infoTitle;
   int firstId;
 };
+
+}  // namespace morvane

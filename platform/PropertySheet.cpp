@@ -1,4 +1,6 @@
-#include "platform/CPropertySheet.h"
+#include "platform/PropertySheet.h"
+
+namespace morvane {
 
 namespace {
 
@@ -8,17 +10,19 @@ constexpr int kFirstPage = -3;
 
 }  // namespace
 
-CPropertySheet::CPropertySheet(std::string caption) : CDialog(std::move(caption)) {
+PropertySheet::PropertySheet(std::string caption) : Dialog(std::move(caption)) {
   Add(DialogControl::Kind::Tabs, kTabs, "");
 }
 
-void CPropertySheet::AddPage(CPropertyPage& page) {
+void PropertySheet::AddPage(PropertyPage& page) {
   const int id = kFirstPage - static_cast<int>(pages.size());
   Add(DialogControl::Kind::Page, id, page.Title(), kTabs);
   page.AddControls(*this, id);
   pages.push_back(&page);
 }
 
-void CPropertySheet::DoDataExchange(DataExchange& exchange) {
-  for (CPropertyPage* page : pages) page->DoDataExchange(exchange);
+void PropertySheet::ExchangeFields(FieldExchange& exchange) {
+  for (PropertyPage* page : pages) page->ExchangeFields(exchange);
 }
+
+}  // namespace morvane

@@ -3,13 +3,17 @@
 #include <cstdint>
 #include <string>
 
-class CDialog;
+namespace morvane {
+
+class Dialog;
 
 /// One move of a dialog's fields into its controls, or back into the fields. A field whose control
 /// still shows it is left alone.
-class DataExchange {
+class FieldExchange {
  public:
-  DataExchange(CDialog& dialog, bool save) : dialog(dialog), save(save) {}
+  enum class Way { ToControls, ToFields };
+
+  FieldExchange(Dialog& dialog, Way way) : dialog(dialog), way(way) {}
 
   void Text(int id, std::string& field);
   /// A flag of a check box. Any number but 0 shows as checked and stays that number.
@@ -18,6 +22,8 @@ class DataExchange {
   void Index(int id, std::int32_t& index);
 
  private:
-  CDialog& dialog;
-  bool save;
+  Dialog& dialog;
+  Way way;
 };
+
+}  // namespace morvane

@@ -4,12 +4,14 @@
 
 #include "drawing/CDC.h"
 
+namespace morvane {
+
 /// A context that writes a picture as SVG, one user unit to the logical unit, with text as text. Of
 /// the mapping it takes the viewport origin alone. The same calls give the same bytes. Texts are
 /// measured by the reference context, which has to outlive this one.
-class CSvgDC : public CDC {
+class SvgDC : public CDC {
  public:
-  CSvgDC(CDC& reference, SIZE size);
+  SvgDC(CDC& reference, SIZE size);
 
   /// Ends the picture and hands its text over.
   std::string Close();
@@ -51,3 +53,5 @@ class CSvgDC : public CDC {
   RECT lastClip;  ///< of the last text that was cut off, user units
   int clipCount = 0;
 };
+
+}  // namespace morvane

@@ -9,9 +9,11 @@
 #include "drawing/Geometry.h"
 #include "platform/Service.h"
 
+namespace morvane {
+
 class CDC;
-class CDialog;
-class DataExchange;
+class Dialog;
+class FieldExchange;
 
 /// One control of a dialog, and what it shows now. A container holds other controls.
 struct DialogControl {
@@ -86,18 +88,18 @@ class DialogHost {
   /// Runs the dialog until it has ended. The window writes what the user types, checks or selects
   /// into the controls and then calls the dialog's `Click`. A text that the user left alone stays
   /// as it is, byte for byte.
-  virtual void Run(CDialog& dialog) = 0;
+  virtual void Run(Dialog& dialog) = 0;
   static DialogHost& Default();
 };
 
 /// A modal dialog: its controls and the rules between them, free of any toolkit. A class of its own
-/// adds the controls in its constructor and ties its fields to them in `DoDataExchange`.
-class CDialog {
+/// adds the controls in its constructor and ties its fields to them in `ExchangeFields`.
+class Dialog {
  public:
-  explicit CDialog(std::string caption) : caption(std::move(caption)) {}
-  virtual ~CDialog() = default;
-  CDialog(const CDialog&) = delete;
-  CDialog& operator=(const CDialog&) = delete;
+  explicit Dialog(std::string caption) : caption(std::move(caption)) {}
+  virtual ~Dialog() = default;
+  Dialog(const Dialog&) = delete;
+  Dialog& operator=(const Dialog&) = delete;
 
   /// Fills the controls from the fields, shows the dialog and waits; true if it was closed with its
   /// OK button.
@@ -124,14 +126,17 @@ class CDialog {
   /// Shows the dialog until it has ended. One with a window of a kind of its own asks another host.
   virtual void Run();
   /// Moves the fields into the controls or back.
-  virtual void DoDataExchange(DataExchange& /*exchange*/) {}
+  virtual void ExchangeFields(FieldExchange& /*exchange*/) {}
   /// Follows the first move of the fields into the controls.
-  virtual void OnInitDialog() {}
+  virtual void OnFilled() {}
   virtual void OnClicked(int /*id*/) {}
   /// The OK button: takes the controls into the fields. False keeps the dialog open.
   virtual bool OnOk();
 
-  void UpdateData(bool save);
+  /// Moves the fields into the controls, which then show them.
+  void ShowFields();
+  /// Moves the controls into the fields.
+  void TakeFields();
   void Enable(int id, bool on) { Control(id).enabled = on; }
   void SetCaption(std::string text) { caption = std::move(text); }
   void FocusOn(int id);
@@ -146,3 +151,5 @@ class CDialog {
   bool open = false;
   bool accepted = false;
 };
+
+}  // namespace morvane

@@ -1,4 +1,4 @@
-#include "persistence/CDocManager.h"
+#include "persistence/DocumentManager.h"
 
 #include <algorithm>
 
@@ -7,14 +7,16 @@
 #include "platform/Files.h"
 #include "platform/ModalLoop.h"
 
-CDocManager::CDocManager(CDocTemplate documentTemplate, FrameHost& host)
+namespace morvane {
+
+DocumentManager::DocumentManager(DocumentKind documentTemplate, FrameHost& host)
     : documentTemplate(std::move(documentTemplate)), host(host) {
   recent.Load();
 }
 
-CDocManager::~CDocManager() = default;
+DocumentManager::~DocumentManager() = default;
 
-CDocument* CDocManager::AddDocument() {
+CDocument* DocumentManager::AddDocument() {
   DropClosed();
   documents.push_back(documentTemplate.makeDocument());
   CDocument& document = *documents.back();
@@ -24,12 +26,12 @@ CDocument* CDocManager::AddDocument() {
   return &document;
 }
 
-void CDocManager::ShowDocument(CDocument& document) {
+void DocumentManager::ShowDocument(CDocument& document) {
   document.GetView()->OnInitialUpdate();
   host.ShowFrame(document);
 }
 
-CDocument* CDocManager::NewDocument() {
+CDocument* DocumentManager::NewDocument() {
   CDocument* document = AddDocument();
   document->SetTitle(documentTemplate.baseName + std::to_string(++lastNumber));
   if (!document->OnNewDocument()) {
@@ -40,14 +42,14 @@ CDocument* CDocManager::NewDocument() {
   return document;
 }
 
-CDocument* CDocManager::FindByPath(const std::string& fullPath) const {
+CDocument* DocumentManager::FindByPath(const std::string& fullPath) const {
   const auto found = std::find_if(documents.begin(), documents.end(), [&](const auto& document) {
     return !document->GetPathName().empty() && FullPath(document->GetPathName()) == fullPath;
   });
   return found == documents.end() ? nullptr : found->get();
 }
 
-bool CDocManager::IsOpenInOther(const CDocument& document, const std::string& path) const {
+bool DocumentManager::IsOpenInOther(const CDocument& document, const std::string& path) const {
   const std::string fullPath = FullPath(path);
   return std::ranges::any_of(documents, [&](const auto& open) {
     return open.get() != &document && !open->GetPathName().empty() &&
@@ -55,11 +57,11 @@ bool CDocManager::IsOpenInOther(const CDocument& document, const std::string& pa
   });
 }
 
-void CDocManager::LookAtFiles() {
+void DocumentManager::LookAtFiles() {
   for (const auto& document : documents) document->LookAtFile();
 }
 
-CDocument* CDocManager::OpenDocumentFile(const std::string& path) {
+CDocument* DocumentManager::OpenDocumentFile(const std::string& path) {
   const std::string fullPath = FullPath(path);
   if (CDocument* open = FindByPath(fullPath)) {
     host.ActivateFrame(*open);
@@ -78,19 +80,19 @@ CDocument* CDocManager::OpenDocumentFile(const std::string& path) {
   return document;
 }
 
-void CDocManager::OnFileOpen() {
+void DocumentManager::OnFileOpen() {
   if (const auto path = AskOpenPath(documentTemplate.filter)) {
     OpenDocumentFile(*path);
   }
 }
 
-void CDocManager::OnOpenRecentFile(std::size_t index) {
+void DocumentManager::OnOpenRecentFile(std::size_t index) {
   if (index >= recent.Paths().size()) return;
   const std::string path = recent.Paths()[index];
   OpenDocumentFile(path);
 }
 
-void CDocManager::CloseDocument(CDocument& document) {
+void DocumentManager::CloseDocument(CDocument& document) {
   document.OnCloseDocument();
   host.CloseFrame(document);
   const auto place =
@@ -101,15 +103,17 @@ void CDocManager::CloseDocument(CDocument& document) {
 }
 
 /// An operation on a document that was closed may still wait for the user: it lives until then.
-void CDocManager::DropClosed() {
+void DocumentManager::DropClosed() {
   if (!ModalLoop::IsRunning()) closed.clear();
 }
 
-bool CDocManager::SaveAllModified() {
+bool DocumentManager::SaveAllModified() {
   return std::all_of(documents.begin(), documents.end(),
                      [](const auto& document) { return document->SaveModified(); });
 }
 
-void CDocManager::CloseAllDocuments() {
+void DocumentManager::CloseAllDocuments() {
   while (!documents.empty()) CloseDocument(*documents.back());
 }
+
+}  // namespace morvane
