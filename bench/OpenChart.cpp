@@ -1,10 +1,10 @@
 #include "bench/OpenChart.h"
 
-#include <memory>
 #include <sstream>
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QTimer>
 
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
@@ -47,23 +47,28 @@ void OpenChart::DragFirstState(int steps) {
   view.GetModel().SelectOnly(state);
   const RECT box = view.ToClient(state->GetBounds());
   const QPoint start((box.left + box.right) / 2, (box.top + box.bottom) / 2);
-  const auto mouse = [&](QEvent::Type type, QPoint at, Qt::MouseButtons buttons) {
-    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    return new QMouseEvent(type, at, window.viewport()->mapToGlobal(at), button, buttons,
-                           Qt::NoModifier);
+  const auto send = [&](QEvent::Type type, int distance) {
+    const QPoint at = start + QPoint(distance, distance);
+    const bool moves = type == QEvent::MouseMove;
+    QMouseEvent event(
+        type, at, window.viewport()->mapToGlobal(at), moves ? Qt::NoButton : Qt::LeftButton,
+        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.viewport(), &event);
   };
-  const auto post = [&](QMouseEvent* event) { QApplication::postEvent(window.viewport(), event); };
   constexpr int stride = 6;
   constexpr int reach = 40;
-  for (int i = 0; i < steps; ++i) {
-    const int distance = i % reach * stride;
-    post(mouse(QEvent::MouseMove, start + QPoint(distance, distance), Qt::LeftButton));
-  }
-  post(mouse(QEvent::MouseMove, start, Qt::LeftButton));
-  post(mouse(QEvent::MouseButtonRelease, start, Qt::NoButton));
-  // The gesture takes its further messages from the queue while the press is handled.
-  const std::unique_ptr<QMouseEvent> press(mouse(QEvent::MouseButtonPress, start, Qt::LeftButton));
-  QApplication::sendEvent(window.viewport(), press.get());
+  // The gesture waits for its messages while the press is handled; each step is shown before the
+  // next one comes.
+  int step = 0;
+  QTimer hand;
+  QObject::connect(&hand, &QTimer::timeout, &window, [&] {
+    if (step < steps) send(QEvent::MouseMove, step % reach * stride);
+    if (step == steps) send(QEvent::MouseMove, 0);
+    if (step > steps) send(QEvent::MouseButtonRelease, 0);
+    ++step;
+  });
+  hand.start(0);
+  send(QEvent::MouseButtonPress, 0);
 }
 
 RECT OpenChart::VisibleRect() {
