@@ -133,7 +133,8 @@ TextSource* current = nullptr;
 
 TextSource& TextSource::Current() {
   static BuiltInEnglish english;
-  return current != nullptr ? *current : english;
+  if (current != nullptr) return *current;
+  return english;
 }
 
 TextSource* TextSource::Use(TextSource* source) { return std::exchange(current, source); }

@@ -34,7 +34,7 @@ CMorvaneApp::CMorvaneApp() = default;
 
 CMorvaneApp::~CMorvaneApp() {
   // An end in order, also of a start that failed, is no crash; unsaved work stays where it is.
-  if (frame != nullptr && !ended) OnClosing();
+  if (frame != nullptr && !ended) CMorvaneApp::OnClosing();
   if (frame != nullptr) frame->SetListener(nullptr);
 }
 
