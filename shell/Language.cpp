@@ -45,7 +45,7 @@ bool IsKnown(std::string_view code) {
 /// to the system.
 std::optional<std::string> StoredCode() {
   Profile& profile = Service<Profile>::Get();
-  const std::optional<std::string> code = profile.Find("", kKey);
+  std::optional<std::string> code = profile.Find("", kKey);
   if (code ? code->size() > kMaxLetters : profile.IsDamaged("", kKey)) {
     ShowMessage(kUnreadable);
     return std::string(kEnglish.code);
