@@ -34,7 +34,7 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"persistence", {"resources", "drawing", "platform", "model", "recovery"}},
     {"machine",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
-    {"generators", {"drawing", "platform", "model", "machine"}},
+    {"generators", {"resources", "drawing", "platform", "model", "machine"}},
     {"surface",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"dialogs", {"resources", "drawing", "platform", "model", "states", "connectors"}},
