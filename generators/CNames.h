@@ -31,6 +31,7 @@ class CNames {
   const Machine& machine;
   std::string prefix;
   std::string macro;
+  std::string none;
 };
 
 }  // namespace morvane

@@ -17,6 +17,7 @@ using Kind = MachineState::Kind;
 
 CodePlan::CodePlan(const Machine& machine)
     : machine(machine),
+      noted(machine.transitions.size()),
       entered(machine.states.size()),
       left(machine.states.size()),
       landed(machine.states.size()),
@@ -29,9 +30,8 @@ CodePlan::CodePlan(const Machine& machine)
       lastInside[Index(parent)] = std::max(lastInside[Index(parent)], lastInside[i]);
     }
   }
-  if (machine.initial != MachineState::kNone) Note(machine.initial);
-  for (std::size_t i = 0; i < machine.transitions.size(); ++i) {
-    if (!machine.transitions[i].isInitial) Note(static_cast<int>(i));
+  // A final state that is entered lets its composite take more transitions.
+  while (NoteMore()) {
   }
   for (std::size_t i = 0; i < machine.states.size(); ++i) {
     if (Eventless(static_cast<int>(i)).empty()) continue;
@@ -39,7 +39,25 @@ CodePlan::CodePlan(const Machine& machine)
   }
 }
 
+bool CodePlan::NoteMore() {
+  bool more = false;
+  for (int i = 0; i < static_cast<int>(machine.transitions.size()); ++i) {
+    if (noted[Index(i)] || !IsTaken(i)) continue;
+    Note(i);
+    more = true;
+  }
+  return more;
+}
+
+bool CodePlan::IsTaken(int transition) const {
+  const MachineTransition& taken = machine.transitions[Index(transition)];
+  if (transition == machine.initial) return true;
+  if (taken.isInitial) return taken.source != MachineState::kChart && IsLanded(taken.source);
+  return !taken.events.empty() || !Eventless(taken.source).empty();
+}
+
 void CodePlan::Note(int transition) {
+  noted[Index(transition)] = true;
   const MachineTransition& taken = machine.transitions[Index(transition)];
   for (const int state : taken.entered) entered[Index(state)] = true;
   Land(taken.target);
@@ -73,7 +91,8 @@ void CodePlan::NoteLoop(int transition) {
   if (!leftByLoop[Index(taken.source)] || !leftByLoop[Index(lastInside[Index(taken.source)])]) {
     for (int state = taken.source; state <= lastInside[Index(taken.source)]; ++state) note(state);
   }
-  for (int state = taken.source; state != taken.scope; state = machine.states[Index(state)].parent) {
+  for (int state = taken.source; state != taken.scope;
+       state = machine.states[Index(state)].parent) {
     note(state);
   }
 }
@@ -85,7 +104,8 @@ bool CodePlan::Remembers(int state) const {
 std::vector<int> CodePlan::Exits(int transition) const {
   const MachineTransition& taken = machine.transitions[Index(transition)];
   std::vector<int> exits;
-  for (int state = taken.source; state != taken.scope; state = machine.states[Index(state)].parent) {
+  for (int state = taken.source; state != taken.scope;
+       state = machine.states[Index(state)].parent) {
     exits.push_back(state);
   }
   return exits;
@@ -120,8 +140,7 @@ std::vector<CodePlan::Reaction> CodePlan::Reactions(int state) const {
 
 std::vector<int> CodePlan::Eventless(int state) const {
   const MachineState& source = machine.states[Index(state)];
-  if (source.kind == Kind::Composite &&
-      std::ranges::none_of(source.children, [this](int child) {
+  if (source.kind == Kind::Composite && std::ranges::none_of(source.children, [this](int child) {
         return machine.states[Index(child)].kind == Kind::Final && IsEntered(child);
       })) {
     return {};

@@ -20,6 +20,8 @@ class CodePlan {
 
   explicit CodePlan(const Machine& machine);
 
+  /// It is of use: it can be tried, or it is followed where a transition ends.
+  bool IsTaken(int transition) const;
   /// Some transition enters the state.
   bool IsEntered(int state) const { return entered[Index(state)]; }
   /// Some transition leaves the state.
@@ -39,7 +41,8 @@ class CodePlan {
   /// The transitions that a state tries without an event: a simple one at rest, a composite once a
   /// final state inside it has been entered.
   std::vector<int> Eventless(int state) const;
-  /// The state itself, or the innermost around it, that reacts to events; `kChart` if there is none.
+  /// The state itself, or the innermost around it, that reacts to events; `kChart` if there is
+  /// none.
   int Handler(int state) const;
   bool HasEventless() const { return hasEventless; }
   bool HasCompletion() const { return hasCompletion; }
@@ -56,8 +59,10 @@ class CodePlan {
   void Note(int transition);
   void Land(int state);
   void NoteLoop(int transition);
+  bool NoteMore();
 
   const Machine& machine;
+  std::vector<bool> noted;  ///< transitions
   std::vector<bool> entered;
   std::vector<bool> left;
   std::vector<bool> landed;

@@ -21,9 +21,9 @@ void Append(std::string& line, std::uint32_t c) {
   if (c == '\t') c = ' ';
   if (TurnsDirection(c) || IsControl(c)) return;
   // Neither an end nor a beginning of a comment, nor an escape of a character in Java
-  const bool joins = !line.empty() && ((line.back() == '*' && c == '/') ||
-                                       (line.back() == '/' && c == '*') ||
-                                       (line.back() == '\\' && c == 'u'));
+  const bool joins =
+      !line.empty() && ((line.back() == '*' && c == '/') || (line.back() == '/' && c == '*') ||
+                        (line.back() == '\\' && c == 'u'));
   if (joins) line += ' ';
   AppendUtf8(line, c);
 }
