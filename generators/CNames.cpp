@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 
+#include "drawing/TextCodec.h"
 #include "machine/Identifier.h"
 #include "machine/Machine.h"
 
@@ -113,7 +114,8 @@ constexpr std::array<std::string_view, 99> kWords = {"alignas",
                                                      "unix"};
 
 std::string PrefixOf(std::string_view stem) {
-  std::string name = CleanIdentifier(stem, "Machine");
+  std::string name = Identifier::Clean(ToUtf8(stem), 'M');
+  if (name.empty()) name = "Machine";
   if (std::ranges::find(kWords, name) != kWords.end()) name += '_';
   return name;
 }
