@@ -238,6 +238,7 @@ void CSourceWriter::WriteTake(int transition) {
   out.Line("/* " + About(machine, transition) + " */");
   out.Line("static void " + names.OfTransition("take", transition) + '(' + Self() + ')');
   out.Open("{");
+  const std::size_t begin = out.Text().size();
   if (plan.LeavesByLoop(transition)) {
     actions.LeaveTo(taken.scope);
   } else {
@@ -247,6 +248,7 @@ void CSourceWriter::WriteTake(int transition) {
   actions.Act(transition);
   actions.EnterAll(taken.entered);
   actions.Land(taken.target);
+  if (!Mentions(std::string_view(out.Text()).substr(begin), "self")) out.Line("(void)self;");
   out.Close("}");
   out.Gap();
 }
@@ -313,7 +315,7 @@ void CSourceWriter::WriteSettle() {
   out.Line("return;");
   out.Close("}");
   out.Close("}");
-  out.Line("assert(!\"the chart comes to rest\");");
+  out.Line("assert(0 && \"the chart does not come to rest\");");
   out.Close("}");
   out.Gap();
 }

@@ -99,7 +99,9 @@ class ScxmlWriter {
     out.Open('<' + tag + Attribute("id", state.name) + '>');
     if (state.kind == Kind::Composite) WriteBeginning(state);
     WriteText("onentry", "enter", state.name, state.entry);
-    WriteText("onexit", "exit", state.name, state.exit);
+    // The machine ends in an outermost final state, and is not said to leave it.
+    const bool isEnd = state.kind == Kind::Final && state.parent == MachineState::kChart;
+    if (!isEnd) WriteText("onexit", "exit", state.name, state.exit);
     for (const int transition : state.outgoing) WriteTransition(transition);
     for (const int child : state.children) WriteState(child);
     out.Close("</" + tag + '>');

@@ -1,6 +1,7 @@
 // Compares the traces of made-up charts in all languages that they become:
 // morvane_conformance COUNT FOLDER [FIRST [SCXML_RUNNER]]
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>

@@ -23,7 +23,8 @@ struct RigLanguage {
   std::vector<std::string> commands;
 };
 
-/// All five. `scxmlRunner` is the program that runs SCXML; with an empty one that is left out.
+/// All that there are emitters for. `scxmlRunner` is the program that runs SCXML; with an empty one
+/// that is left out.
 std::vector<RigLanguage> RigLanguages(const std::string& scxmlRunner);
 
 /// The program that feeds each chart its events and prints a line with its number in front.

@@ -9,6 +9,7 @@
 #include <string>
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QScxmlStateMachine>
 
 namespace {
@@ -53,11 +54,16 @@ class Feeder {
   }
 
  private:
-  /// False if it doesn't come to rest.
+  /// False if it doesn't come to rest: that is once it has said so and does no more.
   bool Wait() {
-    stable = false;
-    for (int turn = 0; !stable && turn < 10000; ++turn) QCoreApplication::processEvents();
-    return stable;
+    bool rested = false;
+    for (int turn = 0; turn < 10000; ++turn) {
+      stable = false;
+      QCoreApplication::processEvents();
+      if (rested && !stable) return true;
+      rested = rested || stable;
+    }
+    return false;
   }
 
   std::unique_ptr<QScxmlStateMachine> machine;
@@ -83,6 +89,7 @@ bool Run(std::istringstream& line) {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
+  QLoggingCategory::setFilterRules("scxml.statemachine=false");
   if (argc < 2) return 2;
   std::ifstream events(argv[1]);
   for (std::string text; std::getline(events, text);) {
