@@ -1,0 +1,57 @@
+#include "generators/CommentText.h"
+
+#include <cstdint>
+
+#include "drawing/TextCodec.h"
+
+namespace morvane {
+
+namespace {
+
+bool IsControl(std::uint32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
+
+/// Line ends of other tools, and what turns the direction of a line.
+bool IsTrap(std::uint32_t c) {
+  return (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069) || c == 0xFEFF;
+}
+
+void AppendCharacter(std::string& line, std::uint32_t c, CommentStyle style) {
+  const bool special = c == '<' || c == '>' || c == '&';
+  // A backslash may begin the code of a character, and an asterisk or a slash the comment's end.
+  const bool html = style == CommentStyle::Html &&
+                    (c == '@' || c == '\\' || c == '{' || c == '}' || c == '*' || c >= 0x80);
+  if (style != CommentStyle::Line && (special || html)) {
+    line += "&#" + std::to_string(c) + ';';
+  } else {
+    AppendUtf8(line, c);
+  }
+}
+
+void Finish(std::string& line, CommentStyle style) {
+  line.erase(line.find_last_not_of(' ') + 1);
+  const bool joins = line.ends_with('\\') || line.ends_with("?\?/");
+  if (style == CommentStyle::Line && joins) line += " .";
+}
+
+}  // namespace
+
+std::vector<std::string> CommentLines(std::string_view text, CommentStyle style) {
+  const std::string utf8 = ToUtf8(text);
+  std::vector<std::string> lines(1);
+  for (std::size_t at = 0; at < utf8.size();) {
+    const CodePoint c = DecodeUtf8(utf8, at);
+    at += c.length;
+    if (c.value == '\n') {
+      lines.emplace_back();
+    } else if (c.value == '\t') {
+      lines.back() += ' ';
+    } else if (!IsControl(c.value) && !IsTrap(c.value)) {
+      AppendCharacter(lines.back(), c.value, style);
+    }
+  }
+  for (std::string& line : lines) Finish(line, style);
+  while (!lines.empty() && lines.back().empty()) lines.pop_back();
+  return lines;
+}
+
+}  // namespace morvane
