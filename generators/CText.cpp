@@ -1,10 +1,9 @@
 #include "generators/CText.h"
 
-#include <sstream>
-
 #include "generators/CodeWriter.h"
 #include "generators/CommentText.h"
 #include "generators/Emitter.h"
+#include "generators/UserCode.h"
 #include "machine/Machine.h"
 #include "platform/Files.h"
 
@@ -21,20 +20,10 @@ std::string Quoted(std::string_view text) {
   return quoted + '"';
 }
 
-std::string IncludeLine(const std::string& line) {
-  const std::size_t first = line.find_first_not_of(" \t\r");
-  if (first == std::string::npos) return {};
-  const std::string text = line.substr(first, line.find_last_not_of(" \t\r") + 1 - first);
-  if (text.front() == '<' || text.front() == '"') return "#include " + text;
-  const bool isName =
-      text.find_first_of(" \t;(){}#/*") == std::string::npos && text.find('.') != std::string::npos;
-  return isName ? "#include \"" + text + '"' : line;
-}
-
 }  // namespace
 
 void CText::Comment(std::string_view text) {
-  const std::vector<std::string> lines = CommentLines(text);
+  const std::vector<std::string> lines = CommentLines(text, CommentStyle::Block);
   if (lines.size() == 1) {
     out.Line("/** " + lines.front() + " */");
     return;
@@ -47,8 +36,10 @@ void CText::Comment(std::string_view text) {
 void CText::FileComment(const Machine& machine) {
   const ModelProperties& about = machine.properties;
   std::string text = "@file\n" + about.ModelName + '\n';
-  if (!CommentLine(about.Description).empty()) text += '\n' + about.Description + '\n';
-  if (!CommentLine(about.Author).empty()) text += "\nAuthor: " + CommentLine(about.Author) + '\n';
+  if (!CommentLine(about.Description, CommentStyle::Block).empty())
+    text += '\n' + about.Description + '\n';
+  if (!CommentLine(about.Author, CommentStyle::Block).empty())
+    text += "\nAuthor: " + CommentLine(about.Author, CommentStyle::Block) + '\n';
   text += "\nMade from " + FileNameOf(options.modelFile) +
           ". Change the chart and generate this file again: changes made here are lost.\n";
   Comment(text);
@@ -81,11 +72,6 @@ void CText::CodeOutside(std::string_view code, int line) {
   out.Gap();
 }
 
-void CText::Includes(std::string_view list, int line) {
-  std::string lines;
-  std::istringstream in{std::string(list)};
-  for (std::string text; std::getline(in, text);) lines += IncludeLine(text) + '\n';
-  CodeOutside(lines, line);
-}
+void CText::Includes(std::string_view list, int line) { CodeOutside(IncludeLines(list), line); }
 
 }  // namespace morvane

@@ -8,54 +8,62 @@ namespace morvane {
 
 namespace {
 
-bool TurnsDirection(std::uint32_t c) {
-  return (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069) || c == 0x200E || c == 0x200F;
-}
-
 bool IsControl(std::uint32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
 
-/// A line break of some language, which would end a comment of one line.
-bool BreaksLine(std::uint32_t c) { return c == '\n' || c == 0x85 || c == 0x2028 || c == 0x2029; }
-
-void Append(std::string& line, std::uint32_t c) {
-  if (c == '\t') c = ' ';
-  if (TurnsDirection(c) || IsControl(c)) return;
-  // Neither an end nor a beginning of a comment, nor an escape of a character in Java
-  const bool joins =
-      !line.empty() && ((line.back() == '*' && c == '/') || (line.back() == '/' && c == '*') ||
-                        (line.back() == '\\' && c == 'u'));
-  if (joins) line += ' ';
-  AppendUtf8(line, c);
+/// Line ends of other tools, and what turns the direction of a line.
+bool IsTrap(std::uint32_t c) {
+  return (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069) || c == 0xFEFF;
 }
 
-void TrimEnd(std::string& line) {
-  // A backslash would go on with the comment in the next line.
-  line.erase(line.find_last_not_of(" \\") + 1);
+void AppendCharacter(std::string& line, std::uint32_t c, CommentStyle style) {
+  const bool turns =
+      !line.empty() && ((line.back() == '*' && c == '/') || (line.back() == '/' && c == '*'));
+  if (style == CommentStyle::Block) {
+    if (turns) line += ' ';
+    AppendUtf8(line, c);
+    return;
+  }
+  const bool special = c == '<' || c == '>' || c == '&';
+  // A backslash may begin the code of a character, and an asterisk or a slash the comment's end.
+  const bool html = style == CommentStyle::Html &&
+                    (c == '@' || c == '\\' || c == '{' || c == '}' || c == '*' || c >= 0x80);
+  if (style != CommentStyle::Line && (special || html)) {
+    line += "&#" + std::to_string(c) + ';';
+  } else {
+    AppendUtf8(line, c);
+  }
+}
+
+void Finish(std::string& line, CommentStyle style) {
+  line.erase(line.find_last_not_of(' ') + 1);
+  const bool joins = line.ends_with('\\') || line.ends_with("?\?/");
+  if (style == CommentStyle::Line && joins) line += " .";
 }
 
 }  // namespace
 
-std::vector<std::string> CommentLines(std::string_view text) {
+std::vector<std::string> CommentLines(std::string_view text, CommentStyle style) {
   const std::string utf8 = ToUtf8(text);
   std::vector<std::string> lines(1);
   for (std::size_t at = 0; at < utf8.size();) {
     const CodePoint c = DecodeUtf8(utf8, at);
-    if (c.length == 0) break;
     at += c.length;
-    if (BreaksLine(c.value)) {
+    if (c.value == '\n') {
       lines.emplace_back();
-    } else {
-      Append(lines.back(), c.value);
+    } else if (c.value == '\t') {
+      lines.back() += ' ';
+    } else if (!IsControl(c.value) && !IsTrap(c.value)) {
+      AppendCharacter(lines.back(), c.value, style);
     }
   }
-  for (std::string& line : lines) TrimEnd(line);
+  for (std::string& line : lines) Finish(line, style);
   while (!lines.empty() && lines.back().empty()) lines.pop_back();
   return lines;
 }
 
-std::string CommentLine(std::string_view text) {
+std::string CommentLine(std::string_view text, CommentStyle style) {
   std::string joined;
-  for (const std::string& line : CommentLines(text)) {
+  for (const std::string& line : CommentLines(text, style)) {
     if (!joined.empty() && !line.empty()) joined += ' ';
     joined += line;
   }

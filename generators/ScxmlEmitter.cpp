@@ -57,10 +57,11 @@ class ScxmlWriter {
   void WriteAbout() {
     const ModelProperties& about = machine.properties;
     std::string text = about.ModelName + '\n' + about.Description + '\n';
-    if (!CommentLine(about.Author).empty()) text += "Author: " + about.Author + '\n';
+    if (!CommentLine(about.Author, CommentStyle::Line).empty())
+      text += "Author: " + about.Author + '\n';
     text += "Made from " + FileNameOf(options.modelFile) + '.';
     out.Line("<!--");
-    for (std::string line : CommentLines(text)) {
+    for (std::string line : CommentLines(text, CommentStyle::Line)) {
       // Two hyphens would end the comment.
       for (std::size_t at = line.find("--"); at != std::string::npos; at = line.find("--", at)) {
         line.insert(at + 1, " ");
@@ -82,7 +83,7 @@ class ScxmlWriter {
     if (acts) initial = UniqueId("Initial");
     out.Open("<scxml xmlns=\"http://www.w3.org/2005/07/scxml\" version=\"1.0\"" +
              Attribute("datamodel", "ecmascript") +
-             Attribute("name", CommentLine(machine.properties.ModelName)) +
+             Attribute("name", CommentLine(machine.properties.ModelName, CommentStyle::Line)) +
              Attribute("initial", initial) + '>');
     if (acts) {
       out.Open("<state" + Attribute("id", initial) + '>');
