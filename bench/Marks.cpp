@@ -1,6 +1,9 @@
 #include "bench/Marks.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <string_view>
 
 namespace morvane {
 
@@ -26,6 +29,10 @@ constexpr Mark kMarks[] = {
     {"keep an edit of 10,000 objects for recovery, seconds", "KeepUnsaved/10000", nullptr, 0.001},
     {"start to the first paint of an empty chart, seconds", "Start", nullptr, 0.4},
     {"open 50,000 objects, seconds", "Open/50000", nullptr, 3},
+    {"an event in generated C, to a switch by hand", "GeneratedC", "ByHand", 1.5},
+    {"an event in generated C++, to a switch by hand", "GeneratedCpp", "ByHand", 1.5},
+    {"generate 1,000 states, seconds", "Generate/1000", nullptr, 0.2},
+    {"generate 10,000 states, to 1,000", "Generate/10000", "Generate/1000", 13.4},
 };
 constexpr const char* kMemory = "Memory/10000";
 constexpr double kMostMegabytes = 80;
@@ -75,6 +82,19 @@ bool Marks::Report(double slack) const {
     print("memory with 21 snapshots, megabytes", memory->second, kMostMegabytes);
   }
   return allHold;
+}
+
+double Marks::TakeSlack(int& argc, char** argv) {
+  constexpr std::string_view option = "--slack=";
+  double slack = 1;
+  argc = static_cast<int>(std::remove_if(argv + 1, argv + argc,
+                                         [&](std::string_view argument) {
+                                           if (!argument.starts_with(option)) return false;
+                                           slack = std::atof(argument.data() + option.size());
+                                           return true;
+                                         }) -
+                          argv);
+  return slack;
 }
 
 }  // namespace morvane

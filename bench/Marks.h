@@ -19,6 +19,10 @@ class Marks : public benchmark::ConsoleReporter {
   /// in seconds are left out.
   bool Report(double slack) const;
 
+  /// Takes the factor `--slack=` out of the arguments by which marks may be missed; 1 if there is
+  /// none.
+  static double TakeSlack(int& argc, char** argv);
+
  private:
   double TimeOf(const std::string& work) const;
 

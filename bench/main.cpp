@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <malloc.h>
@@ -297,27 +296,13 @@ void Register() {
   add("PaintWindow", PaintWindow)->Arg(kHuge)->Iterations(few)->Unit(benchmark::kMillisecond);
 }
 
-/// Takes the factor out of the arguments by which marks may be missed; 1 if there is none.
-double TakeSlack(int& argc, char** argv) {
-  constexpr std::string_view option = "--slack=";
-  double slack = 1;
-  argc = static_cast<int>(std::remove_if(argv + 1, argv + argc,
-                                         [&](std::string_view argument) {
-                                           if (!argument.starts_with(option)) return false;
-                                           slack = std::atof(argument.data() + option.size());
-                                           return true;
-                                         }) -
-                          argv);
-  return slack;
-}
-
 }  // namespace
 
 /// Prints the times and then the marks; fails when one is missed.
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   if (argc == 2 && std::string_view(argv[1]) == kFirstPaint) return PaintFirst(argc, argv);
-  const double slack = TakeSlack(argc, argv);
+  const double slack = Marks::TakeSlack(argc, argv);
   Register();
   benchmark::Initialize(&argc, argv);
   const QApplication application(argc, argv);

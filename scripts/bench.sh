@@ -7,8 +7,12 @@ set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 "$root/scripts/setup.sh"
-"$root/scripts/build.sh" release morvane_bench
+"$root/scripts/build.sh" release morvane_bench morvane_code_bench
 # In mixed order, so that a machine that slows down for a while does not slow down one side of a
 # ratio only.
-exec "$root/build/release/bin/morvane_bench" --benchmark_repetitions=3 \
-  --benchmark_enable_random_interleaving=true "$@"
+status=0
+for program in morvane_bench morvane_code_bench; do
+  "$root/build/release/bin/$program" --benchmark_repetitions=3 \
+    --benchmark_enable_random_interleaving=true "$@" || status=1
+done
+exit "$status"
