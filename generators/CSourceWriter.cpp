@@ -413,7 +413,8 @@ void CSourceWriter::WriteQueue() {
   out.Line("self->count--;");
   out.Line("machine_step(self, event);");
   out.Close("}");
-  out.Line("self->count = 0;");
+  // What waits when the machine ends is dropped.
+  if (plan.HasEnd()) out.Line("self->count = 0;");
   out.Verbatim("#else");
   out.Line("(void)self;");
   out.Verbatim("#endif");

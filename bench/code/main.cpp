@@ -70,7 +70,8 @@ void Generate(benchmark::State& state) {
       state.SkipWithError("the chart has an error");
       break;
     }
-    benchmark::DoNotOptimize(emitter->Emit(*built.machine, {.modelFile = "Chart.mrv", .stem = "Chart"}));
+    benchmark::DoNotOptimize(
+        emitter->Emit(*built.machine, {.modelFile = "Chart.mrv", .stem = "Chart"}));
   }
 }
 
