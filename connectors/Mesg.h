@@ -50,6 +50,8 @@ class Mesg : public ConnectableRectShape {
 
   /// Null in a damaged file alone: then the box is loose.
   Transition* GetTransition() const { return transition; }
+  /// The transition that the record names, whether there is such an object or not.
+  std::int32_t GetReadTransitionId() const { return transitionId; }
   /// The transition is gone.
   void ForgetTransition() { transition = nullptr; }
   EventEditorBox& GetText() { return text; }

@@ -65,6 +65,10 @@ class Transition : public StateTransition {
   void DetachSource() override;
   void DetachTarget() override;
 
+  /// What the record names as the ends, whether there is such an object or not; 0 for a free end.
+  std::int32_t GetReadSourceId() const { return sourceId; }
+  std::int32_t GetReadTargetId() const { return targetId; }
+
   /// The message; null if none.
   Mesg* GetMesg() const { return mesg; }
   /// A message names this transition as its own. Where a damaged file has several, the last one is

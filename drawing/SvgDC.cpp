@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "drawing/Decimal.h"
+#include "drawing/XmlText.h"
 
 namespace morvane {
 
@@ -30,22 +31,6 @@ std::string ColourText(COLORREF c) {
   std::snprintf(text.data(), text.size(), "#%02x%02x%02x", GetRValue(c), GetGValue(c),
                 GetBValue(c));
   return text.data();
-}
-
-std::string Escape(std::string_view utf8) {
-  std::string out;
-  for (const char c : utf8) {
-    switch (c) {
-      case '&': out += "&amp;"; break;
-      case '<': out += "&lt;"; break;
-      case '>': out += "&gt;"; break;
-      case '"': out += "&quot;"; break;
-      default:
-        // XML knows no control characters.
-        out += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
-    }
-  }
-  return out;
 }
 
 std::string BoxAttributes(const RECT& r) {
@@ -262,13 +247,13 @@ void SvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   const POINT place = topLeft + GetViewportOrg();
   body += "<text x=\"" + Number(place.x) + "\" y=\"" +
           Number(AddSat(place.y, GetTextMetrics().ascent)) + "\" font-family=\"" +
-          Escape(font.face) + ", DejaVu Sans, sans-serif\" font-size=\"" +
+          XmlEscape(font.face) + ", DejaVu Sans, sans-serif\" font-size=\"" +
           Number(std::abs(std::int64_t{font.height})) + "\"";
   if (font.weight >= CFont::kBoldWeight) body += " font-weight=\"bold\"";
   body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Number(extent.cx) +
           "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"";
   if (cut) body += ClipAttribute(Placed(*clip));
-  body += ">" + Escape(utf8) + "</text>\n";
+  body += ">" + XmlEscape(utf8) + "</text>\n";
 }
 
 SIZE SvgDC::GetTextExtent(std::string_view utf8) const {

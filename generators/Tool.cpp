@@ -16,14 +16,10 @@ std::string_view OutputOf(TargetLanguage language) {
   switch (language) {
     case TargetLanguage::Cpp:
       return "C++17: the include file that the chart's properties name, and a .cpp beside it";
-    case TargetLanguage::C:
-      return "C99: a .h and a .c with the name of the model";
-    case TargetLanguage::CSharp:
-      return "C#: a partial class in a file of its name";
-    case TargetLanguage::Java:
-      return "Java: a class in a file of its name";
-    case TargetLanguage::Xml:
-      return "SCXML: a .scxml with the name of the model";
+    case TargetLanguage::C: return "C99: a .h and a .c with the name of the model";
+    case TargetLanguage::CSharp: return "C#: a partial class in a file of its name";
+    case TargetLanguage::Java: return "Java: a class in a file of its name";
+    case TargetLanguage::Xml: return "SCXML: a .scxml with the name of the model";
   }
   return {};
 }
@@ -38,10 +34,11 @@ std::string Tool::Usage() const {
 }
 
 std::string Tool::Help() const {
-  std::string help = Usage() + "\nTurns a state chart into " + std::string(OutputOf(language)) +
-                     ".\n\n"
-                     "  -d         write into the folder of the model, all messages to the standard "
-                     "output\n";
+  std::string help =
+      Usage() + "\nTurns a state chart into " + std::string(OutputOf(language)) +
+      ".\n\n"
+      "  -d         write into the folder of the model, all messages to the standard "
+      "output\n";
   if (language != TargetLanguage::Xml) {
     help += "  -g         refer to the lines of the model and print a trace of what happens\n";
   }
@@ -68,22 +65,23 @@ int Tool::RunGenerate(const ToolArguments& arguments, std::ostream& out, std::os
   return result.exitCode;
 }
 
+int Tool::WrongUse(const ToolArguments& arguments, std::ostream& out, std::ostream& err) const {
+  (arguments.fromDesigner ? out : err) << Usage();
+  return kWrongUse;
+}
+
 int Tool::Run(const std::vector<std::string>& arguments, std::ostream& out,
               std::ostream& err) const {
   const ToolArguments parsed = ToolArguments::Parse(arguments);
+  if (parsed.debug && language == TargetLanguage::Xml) return WrongUse(parsed, out, err);
   switch (parsed.job) {
-    case ToolArguments::Job::Help:
-      out << Help();
-      return GenerateResult::kSuccess;
+    case ToolArguments::Job::Help: out << Help(); return GenerateResult::kSuccess;
     case ToolArguments::Job::Version:
       out << Name() << ' ' << kProductVersion << '\n';
       return GenerateResult::kSuccess;
-    case ToolArguments::Job::WrongUse:
-      (parsed.fromDesigner ? out : err) << Usage();
-      return kWrongUse;
+    case ToolArguments::Job::WrongUse: return WrongUse(parsed, out, err);
     case ToolArguments::Job::Generate:
-    case ToolArguments::Job::Check:
-      break;
+    case ToolArguments::Job::Check: break;
   }
   const int status = RunGenerate(parsed, out, err);
   out.flush();

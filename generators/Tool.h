@@ -26,6 +26,7 @@ class Tool {
   std::string Usage() const;
   std::string Help() const;
   int RunGenerate(const ToolArguments& arguments, std::ostream& out, std::ostream& err) const;
+  int WrongUse(const ToolArguments& arguments, std::ostream& out, std::ostream& err) const;
 
   TargetLanguage language;
 };

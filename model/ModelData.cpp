@@ -50,7 +50,15 @@ void ModelData::Write(ModelStream& stream) const {
   stream << "END DATA\n";
 }
 
-void ModelData::Read(ModelStream& stream) {
+void ModelData::SkipToRecords(ModelStream& stream) {
+  for (;;) {
+    if (!HasMore(stream.In())) throw LoadText(IDS_INVALID_FILE);
+    const RecordLine line = RecordLine::Parse(ReadLine(stream.In()));
+    if (line.first == "BEGIN" && line.second == "DATA") break;
+  }
+}
+
+void ModelData::Read(ModelStream& stream, const RecordHook& onRecord) {
   complete = false;
   for (;;) {
     if (!HasMore(stream.In())) throw LoadText(IDS_INVALID_FILE);
@@ -62,6 +70,7 @@ void ModelData::Read(ModelStream& stream) {
     if (shape == nullptr) throw LoadText(IDS_INVALID_FILE);
     Shape* made = shape.get();
     Append(std::move(shape));
+    if (onRecord) onRecord(*made);
     stream >> made;
   }
   complete = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -13,6 +14,8 @@ class Shape;
 /// decides what paints over what.
 class ModelData {
  public:
+  using RecordHook = std::function<void(const Shape&)>;
+
   explicit ModelData(const Factory& factory) : factory(factory) {}
   ~ModelData();
   ModelData(const ModelData&) = delete;
@@ -30,7 +33,11 @@ class ModelData {
   void Write(ModelStream& stream) const;
   /// Reads the records up to "END DATA", unattached. Throws a text for the user; what was read so
   /// far stays in the list.
-  void Read(ModelStream& stream);
+  /// `onRecord` is called with each new object while the stream stands behind the first line of its
+  /// record.
+  void Read(ModelStream& stream, const RecordHook& onRecord = {});
+  /// Skips what stands before "BEGIN DATA", and that line. Throws a text for the user.
+  static void SkipToRecords(ModelStream& stream);
   /// False while a `Read` runs and after one that failed.
   bool IsComplete() const { return complete; }
 

@@ -8,7 +8,6 @@
 #include "model/ModelClipboard.h"
 #include "model/ModelStream.h"
 #include "model/ObjectBrowser.h"
-#include "model/RecordLine.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
 
@@ -218,11 +217,7 @@ void ModelMgr::DeleteSelected(bool prompt) {
 void ModelMgr::Write(ModelStream& stream) const { data.Write(stream); }
 
 void ModelMgr::Read(ModelStream& stream) {
-  for (;;) {
-    if (!HasMore(stream.In())) throw LoadText(IDS_INVALID_FILE);
-    const RecordLine line = RecordLine::Parse(ReadLine(stream.In()));
-    if (line.first == "BEGIN" && line.second == "DATA") break;
-  }
+  ModelData::SkipToRecords(stream);
   data.Read(stream);
 }
 

@@ -53,5 +53,12 @@ for file in bin/_sp.mo bin/lang{fra,ger,esp}.dll Docs/Morvane-{UserGuide,Tutoria
   Examples/Socket_C++/Socket.mrv; do
   [[ -s $root/lib/morvane/$file ]] || fail "not installed: $file"
 done
+for tool in mrv2cpp mrv2c mrv2cs mrv2java mrv2xml; do
+  [[ $("$root/bin/$tool" --version) == "$tool $number" ]] || fail "$tool doesn't run"
+  zcat "$root/share/man/man1/$tool.1.gz" | sed -n 1p | grep -F "\"$version\"" >/dev/null ||
+    fail "no manual page of $tool"
+  "$root/bin/$tool" --check "$root/lib/morvane/Examples/Socket_C++/Socket.mrv" ||
+    fail "$tool finds something in an example"
+done
 "$root/bin/morvane" --export "$work/chart.png" "$root/lib/morvane/Examples/Socket_C++/Socket.mrv"
 [[ -s $work/chart.png ]] || fail "the installed program draws nothing"

@@ -26,6 +26,8 @@ class GenericState : public StartableState, public EndableState {
   void RefreshAnchors() override;
 
   EntryExitTextBox& GetEntryExit() { return entryExit; }
+  const EntryExitTextBox& GetEntryExit() const { return entryExit; }
+  bool KeepsHistory() const { return history != 0; }
 
  private:
   void DrawHistoryMark(CDC* dc, const RECT& inner) const;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "machine/Problem.h"
+
+namespace morvane {
+
+struct DrawnObject;
+
+/// Gathers what is wrong with a chart.
+class ProblemList {
+ public:
+  /// `what` follows the name of the object; the place is its record, or another line.
+  void Error(const DrawnObject& object, const std::string& what, int line = 0);
+  void Warning(const DrawnObject& object, const std::string& what, int line = 0);
+  /// An error of no object.
+  void Error(std::string message);
+
+  bool HasErrors() const { return hasErrors; }
+  /// In the order of the lines.
+  std::vector<Problem> Sorted() const;
+
+ private:
+  void Add(Problem::Severity severity, const DrawnObject& object, const std::string& what,
+           int line);
+
+  std::vector<Problem> problems;
+  bool hasErrors = false;
+};
+
+}  // namespace morvane

@@ -1,0 +1,117 @@
+#include "machine/StructureBuilder.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+#include "machine/DrawnChart.h"
+#include "machine/ProblemList.h"
+#include "machine/StateTree.h"
+#include "machine/TextCheck.h"
+#include "machine/TransitionBuilder.h"
+
+namespace morvane {
+
+namespace {
+
+constexpr int kNone = MachineState::kNone;
+constexpr int kChart = MachineState::kChart;
+
+/// In the place of an event: the transition has none.
+constexpr int kNoEvent = -1;
+
+/// Those with a guard by id, and then those without one.
+void SortOutgoing(Machine& machine) {
+  for (MachineState& state : machine.states) {
+    std::ranges::stable_partition(state.outgoing, [&machine](int transition) {
+      return !machine.transitions[transition].guard.IsEmpty();
+    });
+  }
+}
+
+/// Reports the unguarded transitions of a state that nothing keeps apart.
+void CheckRivals(const Structure& structure, const MachineState& state, const DrawnState& drawn,
+                 ProblemList& problems) {
+  const Machine& machine = structure.machine;
+  std::map<int, int> firsts;  // by event
+  for (const int at : state.outgoing) {
+    const MachineTransition& transition = machine.transitions[at];
+    if (!transition.guard.IsEmpty()) continue;
+    std::vector<int> events = transition.events;
+    if (events.empty()) events.push_back(kNoEvent);
+    for (const int event : events) {
+      const auto [first, isNew] = firsts.emplace(event, at);
+      if (isNew || first->second == at) continue;
+      const std::string when =
+          event == kNoEvent ? "no event" : "the event \"" + machine.events[event].written + '"';
+      problems.Error(*structure.drawnTransitions[at],
+                     "leaves " + drawn.Name() + " on " + when + " without a guard, like " +
+                         structure.drawnTransitions[first->second]->Name());
+      break;
+    }
+  }
+}
+
+/// Why a machine can come to rest on the border of each composite and needs to know where to go on.
+class Landings {
+ public:
+  explicit Landings(const Structure& structure) : structure(structure) {
+    const Machine& machine = structure.machine;
+    firstInto.assign(machine.states.size(), kNone);
+    for (int i = 0; i < std::ssize(machine.transitions); ++i) {
+      int& first = firstInto[machine.transitions[i].target];
+      if (first == kNone) first = i;
+    }
+  }
+
+  /// Empty if it can't.
+  std::string Reason(int at) const {
+    const MachineState& state = structure.machine.states[at];
+    if (firstInto[at] != kNone) {
+      return structure.drawnTransitions[firstInto[at]]->Name() + " ends at it";
+    }
+    if (state.history) return "it keeps a history";
+    if (state.parent == kChart || !structure.machine.states[state.parent].history) return {};
+    return "the history of " + structure.drawnStates[state.parent]->Name() + " leads to it";
+  }
+
+ private:
+  const Structure& structure;
+  std::vector<int> firstInto;  ///< the first transition that ends at each state
+};
+
+void CheckInitials(const Structure& structure, const StateTree& tree, ProblemList& problems) {
+  if (tree.MarkIn(kChart) == nullptr) problems.Error("The chart has no InitialState");
+  const Landings landings(structure);
+  for (int i = 0; i < std::ssize(structure.machine.states); ++i) {
+    const bool isComposite = structure.machine.states[i].kind == MachineState::Kind::Composite;
+    if (!isComposite || tree.MarkIn(i) != nullptr) continue;
+    const std::string reason = landings.Reason(i);
+    if (reason.empty()) continue;
+    problems.Error(*structure.drawnStates[i], "has no InitialState inside, but " + reason);
+  }
+}
+
+}  // namespace
+
+Structure StructureBuilder::Build(const DrawnChart& chart, const ChartIndex& index,
+                                  const std::vector<int>& parents, ProblemList& problems) {
+  Structure structure;
+  const StateTree tree(chart, parents, structure, problems);
+  for (const DrawnState& drawn : chart.states) {
+    CheckText(drawn, drawn.entry, "entry text", problems);
+    CheckText(drawn, drawn.exit, "exit text", problems);
+  }
+  TransitionBuilder(chart, index, tree, structure, problems).Build();
+  Machine& machine = structure.machine;
+  SortOutgoing(machine);
+  for (std::size_t i = 0; i < machine.states.size(); ++i) {
+    CheckRivals(structure, machine.states[i], *structure.drawnStates[i], problems);
+  }
+  CheckInitials(structure, tree, problems);
+  machine.properties = chart.properties;
+  machine.propertyLines = chart.propertyLines;
+  return structure;
+}
+
+}  // namespace morvane

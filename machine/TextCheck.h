@@ -1,0 +1,14 @@
+#pragma once
+
+namespace morvane {
+
+class ProblemList;
+struct DrawnObject;
+struct MachineText;
+
+/// Reports a bracket, quote or comment that is left open in a text of an object. `which` is what
+/// the user calls the text: the entry text, the guard.
+void CheckText(const DrawnObject& object, const MachineText& text, const char* which,
+               ProblemList& problems);
+
+}  // namespace morvane
