@@ -135,6 +135,10 @@ void CRedirect::ReportFailure(const std::string& commandLine) {
   OnToolOutput(kCannotStart + commandLine + "\n");
 }
 
+std::optional<ProcessEnd> CRedirect::ToolEnd() const {
+  return run != nullptr ? run->process->End() : std::nullopt;
+}
+
 void CRedirect::StopTool() { Stop(Pauses::Kept); }
 
 void CRedirect::Stop(Pauses pauses) {

@@ -3,11 +3,13 @@
 #include <atomic>
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace morvane {
 
 class Process;
+struct ProcessEnd;
 
 /// Starts a tool with its output redirected and reports what it writes. Two readers and a watcher
 /// run on threads of their own; whatever they report comes to the operations below on the
@@ -38,6 +40,8 @@ class CRedirect {
   virtual void OnToolOutput(const std::string& /*text*/) {}
   virtual void OnToolError(const std::string& /*text*/) {}
   virtual void OnToolExited() {}
+  /// How the tool that was started last ended; nothing while it runs, or if that isn't known.
+  std::optional<ProcessEnd> ToolEnd() const;
 
  private:
   struct Run;

@@ -5,9 +5,12 @@
 
 #include "codegen/CCodegenSheet.h"
 #include "codegen/CGenerateCppDlg.h"
+#include "codegen/ChartPlaces.h"
 #include "codegen/GeneratorKind.h"
 #include "model/ModelProperties.h"
+#include "persistence/CDocument.h"
 #include "platform/WaitCursor.h"
+#include "surface/LayoutMgr.h"
 
 namespace morvane {
 
@@ -54,9 +57,10 @@ bool DialogGenerators::EditProperties(ModelProperties& properties) {
   return true;
 }
 
-void DialogGenerators::Run(unsigned command, const std::string& path) {
-  auto dialog = std::make_unique<CGenerateCppDlg>(GeneratorTraits::KindOf(command));
-  dialog->SetDesignFile(path);
+void DialogGenerators::Run(unsigned command, LayoutMgr& chart) {
+  const ChartPlaces places(chart);
+  auto dialog = std::make_unique<CGenerateCppDlg>(GeneratorTraits::KindOf(command), &places);
+  dialog->SetDesignFile(chart.GetDocument()->GetPathName());
   dialog->DoModal();
   // The end of the tool takes its time.
   const WaitCursor wait;

@@ -9,7 +9,7 @@ namespace morvane {
 class DialogGenerators : public Generators {
  public:
   bool EditProperties(ModelProperties& properties) override;
-  void Run(unsigned command, const std::string& path) override;
+  void Run(unsigned command, LayoutMgr& chart) override;
 
  private:
   const UseService<Generators> use{*this};

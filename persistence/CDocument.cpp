@@ -42,6 +42,8 @@ bool CDocument::OnNewDocument() {
   return true;
 }
 
+bool CDocument::BringForward() { return manager != nullptr && manager->BringForward(*this); }
+
 bool CDocument::DoFileSave() { return pathName.empty() ? DoFileSaveAs() : SaveTo(pathName); }
 
 bool CDocument::DoFileSaveAs() {

@@ -64,6 +64,8 @@ class CDocument {
   /// What the view shows has another text now, or may have.
   virtual void OnTextChanged(const SharedText& /*text*/) {}
 
+  /// Brings the window of the document forward; false if it was closed.
+  bool BringForward();
   /// Saves under the present path, or asks for one.
   bool DoFileSave();
   /// Asks for a path and saves there.

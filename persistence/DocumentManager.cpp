@@ -92,6 +92,15 @@ void DocumentManager::OnOpenRecentFile(std::size_t index) {
   OpenDocumentFile(path);
 }
 
+bool DocumentManager::BringForward(CDocument& document) {
+  if (std::ranges::find(documents, &document, &std::unique_ptr<CDocument>::get) ==
+      documents.end()) {
+    return false;
+  }
+  host.ActivateFrame(document);
+  return true;
+}
+
 void DocumentManager::CloseDocument(CDocument& document) {
   document.OnCloseDocument();
   host.CloseFrame(document);

@@ -55,6 +55,8 @@ class DocumentManager {
   /// Opens an entry of the recent file list, counted from 0.
   void OnOpenRecentFile(std::size_t index);
 
+  /// Brings the window of a document forward; false if the document isn't open any more.
+  bool BringForward(CDocument& document);
   /// Closes a document without a question.
   void CloseDocument(CDocument& document);
   /// Offers to save each modified document; false if the user cancelled.

@@ -140,10 +140,11 @@ class Dialog {
   void Enable(int id, bool on) { Control(id).enabled = on; }
   void SetCaption(std::string text) { caption = std::move(text); }
   void FocusOn(int id);
+  /// Shows the controls as they stand now, when it was no click that changed them.
+  void Refresh();
 
  private:
   void EndDialog(bool accepted);
-  void Refresh();
 
   std::string caption;
   std::deque<DialogControl> controls;

@@ -155,11 +155,22 @@ std::size_t PosixProcess::Read(Stream stream, std::span<char> buffer) {
   return 0;
 }
 
-bool PosixProcess::HasEnded() const {
-  siginfo_t info{};
+bool PosixProcess::Ask(siginfo_t& info) const {
+  info = {};
   // The number stays taken, so that a later signal can't reach a stranger.
-  const int result = waitid(P_PID, static_cast<id_t>(pid), &info, WEXITED | WNOHANG | WNOWAIT);
-  return result != 0 ? errno == ECHILD : info.si_pid == pid;
+  return waitid(P_PID, static_cast<id_t>(pid), &info, WEXITED | WNOHANG | WNOWAIT) == 0;
+}
+
+bool PosixProcess::HasEnded() const {
+  siginfo_t info;
+  return Ask(info) ? info.si_pid == pid : errno == ECHILD;
+}
+
+std::optional<ProcessEnd> PosixProcess::End() {
+  siginfo_t info;
+  if (!Ask(info) || info.si_pid != pid) return std::nullopt;
+  const bool exited = info.si_code == CLD_EXITED;
+  return ProcessEnd{exited ? ProcessEnd::How::Exited : ProcessEnd::How::Killed, info.si_status};
 }
 
 bool PosixProcess::WaitForEnd(std::chrono::milliseconds limit) {

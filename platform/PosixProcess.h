@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <csignal>
 #include <mutex>
 #include <sys/types.h>
 
@@ -47,6 +48,7 @@ class PosixProcess : public Process {
 
   std::size_t Read(Stream stream, std::span<char> buffer) override;
   bool WaitForEnd(std::chrono::milliseconds limit) override;
+  std::optional<ProcessEnd> End() override;
   void SignalStop() override;
   void CloseInherited() override;
   void CloseOwn() override;
@@ -62,6 +64,8 @@ class PosixProcess : public Process {
   PosixProcess() = default;
   bool CreatePipes();
   bool Spawn(const CommandParts& command);
+  /// What the system knows of an end; false if it doesn't know the process.
+  bool Ask(siginfo_t& info) const;
   bool HasEnded() const;
 
   Pipe stop;  ///< its read end is ready once the write end is closed

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,6 +12,14 @@
 #include "platform/Service.h"
 
 namespace morvane {
+
+/// How a process ended.
+struct ProcessEnd {
+  enum class How { Exited, Killed };
+
+  How how = How::Exited;
+  int number = 0;  ///< the exit code, or the signal that killed it
+};
 
 /// A program that was started with pipes for its three standard streams. The object stands for the
 /// process even after its end, until it is destroyed. What it says of threads holds for one reader
@@ -26,6 +35,8 @@ class Process {
   /// Waits for the end of the process, but no longer than the limit; true if it has ended. For any
   /// thread.
   virtual bool WaitForEnd(std::chrono::milliseconds limit) = 0;
+  /// How the process ended; nothing while it runs, or if the system doesn't know. For any thread.
+  virtual std::optional<ProcessEnd> End() = 0;
   /// Wakes the readers for good.
   virtual void SignalStop() = 0;
   /// Closes what is still open here of the three ends that the program was given.

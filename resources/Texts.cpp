@@ -114,6 +114,16 @@ constexpr std::array kTexts = {
     Text{IDS_NOT_KEPT,
          "Changes of this chart cannot be kept for a recovery: the disk may be full."},
     Text{IDS_OBJECTS, "Objects: %1"},
+    Text{IDS_TOOL_NOT_RUN, "Not started yet"},
+    Text{IDS_TOOL_RUNS, "Running..."},
+    Text{IDS_TOOL_FINISHED, "Finished"},
+    Text{IDS_TOOL_EXIT_CODE, "Failed with exit code %1"},
+    Text{IDS_TOOL_SIGNAL, "Ended by signal %1"},
+    Text{IDS_TOOL_ENDED, "Ended"},
+    Text{IDS_TOOL_NOT_STARTED, "Could not be started"},
+    Text{IDS_PLACE_GONE, "What this message is about is no longer on the chart."},
+    Text{IDS_FOLDER_NOT_THERE, "The folder %1 is not there."},
+    Text{IDS_FOLDER_NOT_SHOWN, "The folder %1 cannot be shown: there is no program for that."},
 };
 
 class BuiltInEnglish : public TextSource {

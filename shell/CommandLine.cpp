@@ -4,6 +4,7 @@
 #include <optional>
 #include <ostream>
 
+#include "generators/Generate.h"
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
 #include "resources/Texts.h"
@@ -22,6 +23,9 @@ constexpr const char* kUsage =
     "       morvane --convert OUT FILE    read FILE, write it as model text\n"
     "       morvane --export OUT FILE     draw the whole chart; OUT ends in .png, .svg,\n"
     "                                     .pdf or .emf\n"
+    "       morvane --generate LANGUAGE [-o FOLDER] FILE\n"
+    "                                     turn FILE into code, in the current folder or in\n"
+    "                                     FOLDER; LANGUAGE is cpp, c, cs, java or xml\n"
     "       morvane --help | --version\n";
 
 bool IsOption(std::string_view argument) { return argument.size() > 1 && argument[0] == '-'; }
@@ -50,6 +54,19 @@ CommandLine CommandLine::ParseWindow(std::span<const std::string> arguments) {
   return line;
 }
 
+CommandLine CommandLine::ParseGenerate(std::span<const std::string> arguments) {
+  CommandLine line;
+  line.job = Job::WrongUse;
+  const auto language = LanguageFromName(arguments.empty() ? "" : arguments.front());
+  const bool hasFolder = arguments.size() == 4 && arguments[1] == "-o";
+  if (!language || (arguments.size() != 2 && !hasFolder)) return line;
+  line.job = Job::Generate;
+  line.language = *language;
+  if (hasFolder) line.output = arguments[2];
+  line.file = arguments.back();
+  return line;
+}
+
 CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
   const std::string first = arguments.empty() ? "" : arguments[0];
   if (!IsOption(first)) return ParseWindow(arguments);
@@ -58,6 +75,7 @@ CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
     line.newInstance = true;
     return line;
   }
+  if (first == "--generate") return ParseGenerate(std::span(arguments).subspan(1));
   CommandLine line;
   const bool hasPaths = arguments.size() == 3;
   if (first == "--help" && arguments.size() == 1) {
@@ -80,6 +98,7 @@ int CommandLine::Run(std::ostream& out, std::ostream& err) const {
     case Job::Version: out << "Morvane " << kProductVersion << '\n'; return kSuccess;
     case Job::Convert: return RunConvert(err);
     case Job::Export: return RunExport(err);
+    case Job::Generate: return RunGenerate(err);
     case Job::WrongUse: err << kUsage; return kWrongUse;
     case Job::None: break;
   }
@@ -97,6 +116,12 @@ int CommandLine::RunConvert(std::ostream& err) const {
   } catch (const std::exception&) {
     return Fail(err, file, LoadText(IDS_UNKNOWN_ERROR));
   }
+}
+
+int CommandLine::RunGenerate(std::ostream& err) const {
+  const GenerateResult result = Generate({.language = language, .folder = output, .model = file});
+  err << result.messages;
+  return result.exitCode;
 }
 
 int CommandLine::RunExport(std::ostream& err) const {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-namespace morvane {
+#include "generators/TargetLanguage.h"
 
-class LayoutMgr;
+namespace morvane {
 
 /// What the program was started for: a window, or a job that needs none.
 class CommandLine {
@@ -31,16 +31,20 @@ class CommandLine {
   int Run(std::ostream& out, std::ostream& err) const;
 
  private:
-  enum class Job { None, Help, Version, Convert, Export, WrongUse };
+  enum class Job { None, Help, Version, Convert, Export, Generate, WrongUse };
 
   /// What stands behind the option, or in place of one, when a window opens.
   static CommandLine ParseWindow(std::span<const std::string> arguments);
+  /// What stands behind "--generate".
+  static CommandLine ParseGenerate(std::span<const std::string> arguments);
   int RunConvert(std::ostream& err) const;
   int RunExport(std::ostream& err) const;
+  int RunGenerate(std::ostream& err) const;
 
   Job job = Job::None;
   bool newInstance = false;
-  std::string output;
+  TargetLanguage language = TargetLanguage::Cpp;
+  std::string output;  ///< a file, or the folder of generated ones
   std::string file;
 };
 

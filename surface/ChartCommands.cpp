@@ -156,8 +156,7 @@ bool EnsureModelSaved(CDocument& document) {
 }
 
 void GenerateFile(LayoutMgr& chart, unsigned id) {
-  CDocument& document = *chart.GetDocument();
-  if (EnsureModelSaved(document)) Service<Generators>::Get().Run(id, document.GetPathName());
+  if (EnsureModelSaved(*chart.GetDocument())) Service<Generators>::Get().Run(id, chart);
 }
 
 constexpr CommandRow<LayoutMgr> kRows[] = {

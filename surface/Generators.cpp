@@ -7,7 +7,7 @@ namespace {
 class NoGenerators : public Generators {
  public:
   bool EditProperties(ModelProperties& /*properties*/) override { return false; }
-  void Run(unsigned /*command*/, const std::string& /*path*/) override {}
+  void Run(unsigned /*command*/, LayoutMgr& /*chart*/) override {}
 };
 
 }  // namespace

@@ -68,6 +68,11 @@ void LayoutMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const 
 
 void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
+void LayoutMgr::Reveal(Shape& shape) {
+  model->SelectOnly(&shape);
+  geometry->ScrollIntoView(shape.GetBounds());
+}
+
 void LayoutMgr::DeleteSelection() {
   {
     const WaitCursor wait;

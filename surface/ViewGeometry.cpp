@@ -17,6 +17,9 @@ constexpr std::int32_t kGridStep = 3;
 /// A page step of the scroll bars, model units.
 constexpr std::int32_t kPageStep = 6;
 
+/// The part of a window, as a fraction, that stays free before what was scrolled into it.
+constexpr std::int64_t kLead = 6;
+
 constexpr SIZE kChartSize = ChartView::kChartSize;
 
 }  // namespace
@@ -58,6 +61,19 @@ void ViewGeometry::DrawGrid(CDC& dc) const {
     dc.LineTo({size.cx, y});
   }
   dc.SelectPen(oldPen);
+}
+
+void ViewGeometry::ScrollIntoView(const RECT& model) {
+  const RECT client = view.GetClientRect();
+  const RECT shown = view.ToClient(model);
+  const auto distance = [](std::int32_t start, std::int32_t end, std::int64_t room) {
+    if (start >= 0 && end <= room) return 0;
+    const std::int64_t free = room - end + start;
+    return Saturate(start -
+                    std::clamp<std::int64_t>(room / kLead, 0, std::max<std::int64_t>(free, 0)));
+  };
+  view.OnScrollBy({distance(shown.left, shown.right, Width(client)),
+                   distance(shown.top, shown.bottom, Height(client))});
 }
 
 bool ViewGeometry::ScrollByKey(VirtualKey key) {

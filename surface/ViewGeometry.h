@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drawing/Geometry.h"
 #include "platform/Message.h"
 
 namespace morvane {
@@ -23,6 +24,9 @@ class ViewGeometry {
   void PrepareMapping(CDC& dc) const;
   /// Draws the grid, if there is one, on a context that is still in device pixels.
   void DrawGrid(CDC& dc) const;
+  /// Scrolls so far that a rectangle in absolute model units shows, if it doesn't. It then stands
+  /// nearer to the beginning of the window than to its end, where a dialog may lie.
+  void ScrollIntoView(const RECT& model);
   /// Scrolls as a key says; false for a key that says nothing of it.
   bool ScrollByKey(VirtualKey key);
 

@@ -2,17 +2,17 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QFontDatabase>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QScreen>
 #include <QStyle>
-#include <QTextBlock>
 
+#include "codegen/qt/ToolOutput.h"
 #include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 #include "platform/qt/DialogParent.h"
 #include "resources/Texts.h"
 
@@ -23,17 +23,21 @@ namespace {
 /// How much smaller than at first the output box can get.
 constexpr int kSmallest = 3;
 
-/// A text as the box can show it: its own marks for the structure of a document, and control
-/// characters, take the place of a blank.
-QString Printable(std::string_view utf8) {
-  QString text = FromUtf8(utf8);
-  for (QChar& c : text) {
-    const bool isControl = c < u' ' && c != u'\n' && c != u'\t';
-    const bool isMark = c == QChar::LineSeparator || c == QChar::ParagraphSeparator ||
-                        c == QChar(0xFDD0) || c == QChar(0xFDD1);
-    if (isControl || isMark || c == QChar(0x7F)) c = u' ';
-  }
-  return text;
+/// A line of text that the user can copy but not change, as wide as there is room.
+QLineEdit* MakeReadOnly(const QString& label) {
+  auto* box = new QLineEdit;
+  box->setReadOnly(true);
+  box->setAccessibleName(label);
+  return box;
+}
+
+/// Shows a text from its beginning; the tool tip has the whole of one that is too long.
+void Show(QLineEdit& box, const std::string& text) {
+  const QString shown = ToQString(text);
+  if (box.text() == shown) return;
+  box.setText(shown);
+  box.setToolTip(shown);
+  box.setCursorPosition(0);
 }
 
 }  // namespace
@@ -59,35 +63,35 @@ GeneratorWindow::~GeneratorWindow() {
   dialog.SetWindow(nullptr);
 }
 
+QString GeneratorWindow::LabelOf(int id) const {
+  return ToQString(Worded(dialog.Control(id).label));
+}
+
 QWidget* GeneratorWindow::MakeFields() {
   auto* fields = new QWidget;
   auto* layout = new QFormLayout(fields);
   layout->setContentsMargins(0, 0, 0, 0);
-  for (const int id : {CGenerateCppDlg::kDesignFileId, CGenerateCppDlg::kOutputFolderId}) {
-    const DialogControl& control = dialog.Control(id);
-    auto* box = new QLineEdit(ToQString(control.text));
-    box->setReadOnly(true);
-    box->setToolTip(box->text());  // the whole of a path that is too long for the box
-    box->setAccessibleName(ToQString(control.label));
-    layout->addRow(ToQString(control.label), box);
+  using Dlg = CGenerateCppDlg;
+  for (const int id : {Dlg::kDesignFileId, Dlg::kOutputFolderId, Dlg::kCommandId}) {
+    boxes[id] = MakeReadOnly(LabelOf(id));
+    layout->addRow(LabelOf(id), boxes[id]);
   }
-  debug = new QCheckBox(ToQString(dialog.Control(CGenerateCppDlg::kDebugId).label));
+  debug = new QCheckBox(LabelOf(Dlg::kDebugId));
   connect(debug, &QCheckBox::toggled, this,
           [this](bool on) { this->dialog.Control(CGenerateCppDlg::kDebugId).checked = on; });
   layout->addRow(debug);
+  status = new QLabel;
+  status->setTextFormat(Qt::PlainText);
+  layout->addRow(LabelOf(Dlg::kStatusId), status);
   return fields;
 }
 
 QSize GeneratorWindow::MakeOutput() {
   const DialogControl& control = dialog.Control(CGenerateCppDlg::kOutputId);
-  output = new QPlainTextEdit;
-  output->setReadOnly(true);
-  output->setUndoRedoEnabled(false);
-  output->setMaximumBlockCount(static_cast<int>(ScreenText::kMostLines));
-  output->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  output->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  output->setTabChangesFocus(true);
+  output = new ToolOutput;
   output->setAccessibleName(ToQString(Translate("Output of the tool")));
+  connect(output, &ToolOutput::LinkFollowed, this,
+          [this](const QString& line) { this->dialog.FollowLine(line.toStdString()); });
   const QFontMetrics metrics = output->fontMetrics();
   const QSize room(metrics.averageCharWidth() * control.width,
                    metrics.lineSpacing() * control.lines);
@@ -101,14 +105,17 @@ QWidget* GeneratorWindow::MakeButtons() {
   auto* buttons = new QWidget;
   auto* layout = new QHBoxLayout(buttons);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addStretch(1);
-  for (const int id : {int{CGenerateCppDlg::kGenerateId}, int{IDCANCEL}}) {
+  for (const int id :
+       {int{CGenerateCppDlg::kOpenFolderId}, int{CGenerateCppDlg::kGenerateId}, int{IDCANCEL}}) {
     const DialogControl& control = dialog.Control(id);
-    auto* button = new QPushButton(ToQString(control.label));
+    auto* button = new QPushButton(LabelOf(id));
+    button->setAutoDefault(false);
     button->setDefault(control.isDefault);
     if (control.isDefault) generate = button;
     connect(button, &QPushButton::clicked, this, [this, id] { this->dialog.Click(id); });
     layout->addWidget(button);
+    // What has nothing to do with the run stands apart.
+    if (id == CGenerateCppDlg::kOpenFolderId) layout->addStretch(1);
   }
   return buttons;
 }
@@ -117,45 +124,38 @@ void GeneratorWindow::Refresh() {
   const DialogControl& control = dialog.Control(CGenerateCppDlg::kDebugId);
   debug->setEnabled(control.enabled);
   debug->setChecked(control.checked);
+  for (const auto& [id, box] : boxes) Show(*box, dialog.Control(id).text);
+  status->setText(ToQString(dialog.Control(CGenerateCppDlg::kStatusId).text));
 }
 
 void GeneratorWindow::FocusOn(int id) {
   if (id == CGenerateCppDlg::kOutputId) output->setFocus();
 }
 
-void GeneratorWindow::Clear() {
-  screenText.Clear();
-  output->clear();
-}
+void GeneratorWindow::Clear() { output->Empty(); }
 
-void GeneratorWindow::Append(std::string_view text) {
-  QScrollBar* bar = output->verticalScrollBar();
-  const bool atEnd = bar->value() == bar->maximum();
-  QString lines = Printable(screenText.Add(text));
-  QTextCursor cursor(output->document());
-  cursor.movePosition(QTextCursor::End);
-  cursor.beginEditBlock();
-  const QString last = cursor.block().text();
-  if (lines.startsWith(last)) {
-    // What stands there stays, so that a selection in it does too.
-    lines.remove(0, last.size());
-  } else {
-    cursor.movePosition(QTextCursor::StartOfBlock, QTextCursor::KeepAnchor);
+void GeneratorWindow::Append(std::string_view text) { output->Add(text); }
+
+void GeneratorWindow::MakeRoomFor(const RECT& place) {
+  const QRect wanted(QPoint(place.left, place.top), QPoint(place.right, place.bottom));
+  const QRect present = frameGeometry();
+  if (!present.intersects(wanted) || screen() == nullptr) return;
+  const auto covered = [&wanted](const QRect& window) {
+    const QRect both = window.intersected(wanted);
+    return std::int64_t{both.width()} * both.height();
+  };
+  QRect best = present;
+  const QRect all = screen()->availableGeometry();
+  for (const Qt::Corner corner :
+       {Qt::BottomRightCorner, Qt::TopRightCorner, Qt::BottomLeftCorner, Qt::TopLeftCorner}) {
+    QRect window = present;
+    const bool right = corner == Qt::BottomRightCorner || corner == Qt::TopRightCorner;
+    const bool bottom = corner == Qt::BottomRightCorner || corner == Qt::BottomLeftCorner;
+    right ? window.moveRight(all.right()) : window.moveLeft(all.left());
+    bottom ? window.moveBottom(all.bottom()) : window.moveTop(all.top());
+    if (covered(window) < covered(best)) best = window;
   }
-  cursor.insertText(lines);
-  cursor.endEditBlock();
-  Forget(cursor);
-  if (atEnd) bar->setValue(bar->maximum());
-}
-
-void GeneratorWindow::Forget(QTextCursor& cursor) const {
-  const int excess =
-      output->document()->characterCount() - static_cast<int>(CGenerateCppDlg::kBoxLimit);
-  if (excess <= 0) return;
-  cursor.movePosition(QTextCursor::Start);
-  cursor.setPosition(excess, QTextCursor::KeepAnchor);
-  cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor);
-  cursor.removeSelectedText();
+  move(best.topLeft());
 }
 
 void GeneratorWindow::reject() { dialog.Click(IDCANCEL); }

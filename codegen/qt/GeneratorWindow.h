@@ -1,16 +1,19 @@
 #pragma once
 
+#include <map>
+
 #include <QDialog>
 
 #include "codegen/CGenerateCppDlg.h"
-#include "codegen/ScreenText.h"
 
 class QCheckBox;
-class QPlainTextEdit;
+class QLabel;
+class QLineEdit;
 class QPushButton;
-class QTextCursor;
 
 namespace morvane {
+
+class ToolOutput;
 
 /// The window of a generator run.
 class GeneratorWindow : public QDialog, public DialogWindow, public OutputBox {
@@ -25,21 +28,24 @@ class GeneratorWindow : public QDialog, public DialogWindow, public OutputBox {
   void End() override { done(0); }
   void Clear() override;
   void Append(std::string_view text) override;
+  void MakeRoomFor(const RECT& place) override;
   /// Escape, or the window was closed.
   void reject() override;
 
  private:
+  /// The label of a control in the language of the user.
+  QString LabelOf(int id) const;
   QWidget* MakeFields();
   /// Gives how much larger than its smallest size the box is at first.
   QSize MakeOutput();
   QWidget* MakeButtons();
-  void Forget(QTextCursor& cursor) const;
 
   CGenerateCppDlg& dialog;
   QCheckBox* debug = nullptr;
-  QPlainTextEdit* output = nullptr;
+  std::map<int, QLineEdit*> boxes;  ///< by the id of their control
+  QLabel* status = nullptr;
+  ToolOutput* output = nullptr;
   QPushButton* generate = nullptr;
-  ScreenText screenText;
 };
 
 /// Shows the dialogs of generator runs for as long as it lives.

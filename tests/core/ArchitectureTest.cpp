@@ -38,7 +38,7 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"surface",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"dialogs", {"resources", "drawing", "platform", "model", "states", "connectors"}},
-    {"codegen", {"resources", "drawing", "platform", "model", "surface"}},
+    {"codegen", {"resources", "drawing", "platform", "model", "persistence", "surface"}},
     {"shell",
      {"resources", "drawing", "platform", "recovery", "model", "states", "connectors",
       "persistence", "machine", "generators", "surface", "dialogs", "codegen"}}};

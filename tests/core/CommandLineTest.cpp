@@ -28,6 +28,12 @@ TEST_F(CommandLineTest, WrongUseExitsWithTwo) {
                                             {"--help", "me"},
                                             {"-x"},
                                             {"--convert", "a", "b", "c"},
+                                            {"--generate"},
+                                            {"--generate", "c"},
+                                            {"--generate", "pascal", chart},
+                                            {"--generate", "c", chart, "-o", "."},
+                                            {"--generate", "c", "-o", chart},
+                                            {"--generate", "c", "-x", ".", chart},
                                             {"--new-instance", "a", "b"},
                                             {"--new-instance", "--help"},
                                             {"--export", folder.Path("x.gif"), chart}};
@@ -84,6 +90,36 @@ TEST_F(CommandLineTest, FailuresNameFileAndReasonAndWriteNothing) {
     EXPECT_NE(err.str().find(message), std::string::npos) << err.str();
     EXPECT_EQ(std::filesystem::exists(output), output == "/dev/full");
   }
+}
+
+TEST_F(CommandLineTest, GenerateWritesCodeIntoAFolderOrSaysWhyNot) {
+  const std::string lamp = folder.Write(
+      "Lamp.mrv", ModelFile::ToDisk(ChartText(InitialRecord(101, {20, 6, 24, 10}) +
+                                              StateRecord(102, {10, 24, 40, 50}, "Off") +
+                                              TransitionRecord(103, 101, 102))));
+  std::filesystem::create_directory(folder.Path("out"));
+  const std::pair<const char*, const char*> languages[] = {{"c", "Lamp.c"}, {"xml", "Lamp.scxml"}};
+  for (const auto& [language, name] : languages) {
+    EXPECT_EQ(Run({"--generate", language, "-o", folder.Path("out"), lamp}), 0) << err.str();
+    EXPECT_EQ(out.str() + err.str(), "");
+    EXPECT_NE(folder.Read(std::string("out/") + name).find("Off"), std::string::npos) << name;
+  }
+  const std::filesystem::path former = std::filesystem::current_path();
+  std::filesystem::current_path(folder.Root());
+  EXPECT_EQ(Run({"--generate", "c", "Lamp.mrv"}), 0) << err.str();
+  std::filesystem::current_path(former);
+  EXPECT_EQ(folder.Read("Lamp.c"), folder.Read("out/Lamp.c"));
+
+  const std::string empty = folder.Write("Empty.mrv", ModelFile::ToDisk(ChartText("")));
+  for (const std::string& file : {empty, folder.Path("none.mrv")}) {
+    EXPECT_EQ(Run({"--generate", "c", "-o", folder.Path("out"), file}), 1);
+    EXPECT_EQ(out.str(), "");
+    EXPECT_TRUE(err.str().starts_with(file + ": error: ")) << err.str();
+    EXPECT_TRUE(err.str().ends_with("1 error\n")) << err.str();
+  }
+  EXPECT_EQ(Run({"--generate", "c", "-o", folder.Path("nowhere"), lamp}), 1);
+  EXPECT_NE(err.str().find("No such file or directory"), std::string::npos) << err.str();
+  EXPECT_FALSE(std::filesystem::exists(folder.Path("out/Empty.c")));
 }
 
 TEST_F(CommandLineTest, PicturesShowTheWholeChartAtNormalSize) {

@@ -19,6 +19,7 @@ using Words = std::vector<std::string>;
 class Recorder : public CRedirect {
  public:
   using CRedirect::CRedirect;
+  using CRedirect::ToolEnd;
 
   std::string started;
   std::string output;
@@ -64,6 +65,29 @@ TEST_F(GeneratorRunTest, ReportsStartOutputAndEnd) {
   EXPECT_EQ(tool->output, "[-d]\n[-g]\n[/My]\n[charts/lift.mrv]\ninput is idle\n");
   ASSERT_TRUE(WaitForExit());
   EXPECT_FALSE(CRedirect::IsRunning());
+}
+
+TEST_F(GeneratorRunTest, TellsHowTheToolEnded) {
+  using How = ProcessEnd::How;
+  const struct {
+    const char* arguments;
+    How how;
+    int number;
+  } cases[] = {{"exit 0", How::Exited, 0},
+               {"exit 255", How::Exited, 255},
+               {"signal 9", How::Killed, SIGKILL},
+               {"signal 15", How::Killed, SIGTERM}};
+  EXPECT_FALSE(tool->ToolEnd()) << "nothing was started";
+  for (const auto& [arguments, how, number] : cases) {
+    tool->exits = 0;
+    ASSERT_TRUE(Launch(arguments) && WaitForExit());
+    const auto end = tool->ToolEnd();
+    ASSERT_TRUE(end) << arguments;
+    EXPECT_EQ(end->how, how) << arguments;
+    EXPECT_EQ(end->number, number) << arguments;
+  }
+  ASSERT_TRUE(Launch("lines 0"));
+  EXPECT_FALSE(tool->ToolEnd()) << "it runs";
 }
 
 TEST_F(GeneratorRunTest, NothingIsLostWhenTheToolEndsAtOnce) {
@@ -150,6 +174,7 @@ class FakeProcesses : public Processes {
       owner.calls.push_back("wait " + std::to_string(limit.count()));
       return false;
     }
+    std::optional<ProcessEnd> End() override { return std::nullopt; }
     void SignalStop() override { owner.calls.push_back("signal"); }
     void CloseInherited() override { owner.calls.push_back("close inherited"); }
     void CloseOwn() override { owner.calls.push_back("close own"); }

@@ -35,12 +35,13 @@ class OpenCharts : public FrameHost {
 
   void CreateFrame(CDocument& /*document*/) override {}
   void ShowFrame(CDocument& /*document*/) override {}
-  void ActivateFrame(CDocument& /*document*/) override {}
+  void ActivateFrame(CDocument& /*document*/) override { ++activated; }
   void CloseFrame(CDocument& /*document*/) override {}
   void UpdateTitle(CDocument& /*document*/) override { ++titlesShown; }
   void UpdateNotices(CDocument& document) override { notices = document.Notices(); }
 
   int titlesShown = 0;
+  int activated = 0;
   std::vector<DocumentNotice> notices;  ///< as they were shown last
   RecoveryStore store;
   DocumentManager manager{{"Chart",

@@ -47,6 +47,8 @@ int main(int count, char** arguments) {
   }
   if (mode == "lines" || mode == "both") WriteLines(stdout, number);
   if (mode == "both") WriteLines(stderr, number);
+  if (mode == "exit") return static_cast<int>(number);
+  if (mode == "signal") raise(static_cast<int>(number));
   if (mode == "stubborn") BeStubborn();
   if (mode == "silent") CloseStreamsAndLiveOn();
 }

@@ -1,6 +1,12 @@
+#include <QTextBlock>
+
 #include "codegen/qt/GeneratorWindow.h"
+#include "codegen/qt/ToolOutput.h"
 #include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 #include "platform/qt/QtUiThread.h"
+#include "resources/TextLibrary.h"
+#include "tests/support/OpenCharts.h"
 #include "tests/support/Tools.h"
 #include "tests/ui/WindowTest.h"
 
@@ -14,13 +20,32 @@ class GeneratorWindowTest : public testing::Test {
   void Run(GeneratorKind kind, const std::function<void(GeneratorWindow&)>& steps) {
     CGenerateCppDlg dialog(kind);
     dialog.SetDesignFile("/home/caf\xE9/lift.mrv");
-    QTimer::singleShot(0, [&] {
+    InWindow(steps);
+    dialog.DoModal();
+  }
+  /// Does something in the window that opens next.
+  void InWindow(const std::function<void(GeneratorWindow&)>& steps) {
+    QTimer::singleShot(0, [this, steps] {
       auto* window = dynamic_cast<GeneratorWindow*>(QApplication::activeModalWidget());
       ASSERT_NE(window, nullptr);
-      output = window->findChild<QPlainTextEdit*>();
+      output = window->findChild<ToolOutput*>();
       steps(*window);
     });
-    dialog.DoModal();
+  }
+  /// The texts of all labels of a window, in one.
+  static QString Labels(const QWidget& window) {
+    QStringList texts;
+    for (const auto* label : window.findChildren<QLabel*>()) texts += label->text();
+    return texts.join("|");
+  }
+  /// Where a line of the output stands, in its viewport.
+  QPoint PlaceOf(int line) const {
+    const QTextCursor cursor(output->document()->findBlockByNumber(line));
+    return output->cursorRect(cursor).center() + QPoint(20, 0);
+  }
+  void ClickOn(QPoint place) {
+    SendMouse(*output->viewport(), QEvent::MouseButtonPress, place);
+    SendMouse(*output->viewport(), QEvent::MouseButtonRelease, place);
   }
   static QPushButton* Button(const QWidget& window, const QString& text) {
     for (auto* button : window.findChildren<QPushButton*>()) {
@@ -36,7 +61,7 @@ class GeneratorWindowTest : public testing::Test {
   const UseService<UiThread> use{uiThread};
   QtGeneratorHost host;
   TestProcesses processes;
-  QPlainTextEdit* output = nullptr;
+  ToolOutput* output = nullptr;
 };
 
 TEST_F(GeneratorWindowTest, ShowsTheFieldsAndRunsByTheDefaultButton) {
@@ -44,7 +69,7 @@ TEST_F(GeneratorWindowTest, ShowsTheFieldsAndRunsByTheDefaultButton) {
   Run(GeneratorKind::Cpp, [this](GeneratorWindow& window) {
     EXPECT_EQ(window.windowTitle(), "C++ Code Generation");
     const auto boxes = window.findChildren<QLineEdit*>();
-    ASSERT_EQ(boxes.size(), 2);
+    ASSERT_EQ(boxes.size(), 3);
     EXPECT_EQ(boxes[0]->text(), QString::fromUtf8("/home/caf\xC3\xA9/lift.mrv"));
     EXPECT_EQ(boxes[1]->text(), QString::fromUtf8("/home/caf\xC3\xA9"));
     EXPECT_TRUE(boxes[0]->isReadOnly() && boxes[1]->isReadOnly() && output->isReadOnly());
@@ -52,6 +77,8 @@ TEST_F(GeneratorWindowTest, ShowsTheFieldsAndRunsByTheDefaultButton) {
     SendKey(window, Qt::Key_Return);
     ASSERT_EQ(processes.started.size(), 1U);
     EXPECT_EQ(output->toPlainText(), ToQString("Unable to start " + processes.started[0] + "\n"));
+    EXPECT_EQ(boxes[2]->text(), ToQString(processes.started[0]));
+    EXPECT_TRUE(Labels(window).contains("Could not be started"));
     EXPECT_EQ(processes.started[0].find("-g"), std::string::npos);
     EXPECT_TRUE(processes.started[0].ends_with(" -d /home/caf\xE9/lift.mrv"));
     Button(window, "Close")->click();
@@ -81,6 +108,88 @@ TEST_F(GeneratorWindowTest, TheBoxTakesTextInAnyPiecesFollowsItsEndAndHasItsLimi
     for (int i = 0; i < 3; ++i) window.Append(std::string(1 << 20, '\n') + "end");
     EXPECT_EQ(output->document()->blockCount(), 20000);
     EXPECT_TRUE(output->toPlainText().endsWith("\nend"));
+    window.close();
+  });
+}
+
+TEST_F(GeneratorWindowTest, TellsHowTheRunGoes) {
+  processes.instead = ToolLine("exit 3");
+  Run(GeneratorKind::C, [this](GeneratorWindow& window) {
+    EXPECT_TRUE(Labels(window).contains("Not started yet"));
+    Button(window, "Generate")->click();
+    EXPECT_TRUE(Labels(window).contains("Running..."));
+    EXPECT_TRUE(WaitUntil([&] {
+      QApplication::processEvents();
+      return Labels(window).contains("Failed with exit code 3");
+    }));
+    window.close();
+  });
+}
+
+TEST_F(GeneratorWindowTest, SpeaksTheLanguageOfTheUser) {
+  std::string bytes;
+  TextLibrary german;
+  ASSERT_TRUE(ReadWholeFile(MORVANE_SOURCE_DIR "/resources/lang/langger.txt", bytes).Ok());
+  ASSERT_TRUE(german.Read(bytes));
+  TextSource* former = TextSource::Use(&german);
+  SetTranslator(Translate);
+  Run(GeneratorKind::Cpp, [](GeneratorWindow& window) {
+    EXPECT_EQ(Labels(window).toStdString(),
+              "Modelldatei:|Ausgabeordner:|Befehlszeile:|Status:|Noch nicht gestartet");
+    EXPECT_EQ(window.findChild<QCheckBox*>()->text(), "Debug-Informationen (Option -g)");
+    for (const char* text : {"Ordner \xC3\xB6\x66\x66nen", "Generieren", "Schlie\xC3\x9F\x65n"}) {
+      EXPECT_NE(Button(window, QString::fromUtf8(text)), nullptr) << text;
+    }
+    window.close();
+  });
+  SetTranslator(nullptr);
+  TextSource::Use(former);
+}
+
+TEST_F(GeneratorWindowTest, AMessageWithAPlaceIsALinkToItsObject) {
+  const TempFolder folder;
+  OpenCharts charts(folder.Path("store"));
+  const std::string path = folder.Write("Two.mrv", ChartText(StateRecord(101, {10, 10, 40, 30}) +
+                                                             StateRecord(102, {50, 10, 90, 30})));
+  LayoutMgr& view = OpenCharts::ViewOf(charts.Open(path));
+  ScriptedMessageBoxes boxes;
+  const auto isSelected = [&view](int id) { return FindShape(view, id)->IsInSelection(); };
+  InWindow([&](GeneratorWindow& window) {
+    window.Append("Two.mrv:3: error: GenericState 101 is odd\nplain\n");
+    window.Append("Two.mrv:9: warning: GenericState 102");
+    ClickOn(PlaceOf(1));
+    EXPECT_FALSE(isSelected(101) || isSelected(102)) << "no link";
+    ClickOn(PlaceOf(0));
+    EXPECT_TRUE(isSelected(101));
+    ClickOn({output->viewport()->width() - 2, PlaceOf(2).y()});
+    EXPECT_TRUE(isSelected(101)) << "beside the text";
+    SendMouse(*output->viewport(), QEvent::MouseButtonPress, PlaceOf(2));
+    SendMouse(*output->viewport(), QEvent::MouseMove, PlaceOf(2) + QPoint(60, 0), Qt::LeftButton);
+    SendMouse(*output->viewport(), QEvent::MouseButtonRelease, PlaceOf(2) + QPoint(60, 0));
+    EXPECT_TRUE(isSelected(101)) << "a drag selects text";
+    output->moveCursor(QTextCursor::End);
+    SendKey(*output, Qt::Key_Return);
+    EXPECT_TRUE(isSelected(102) && !isSelected(101));
+    EXPECT_TRUE(processes.started.empty()) << "the default button was not meant";
+    delete FindShape(view, 101);
+    boxes.Expect("no longer on the chart");
+    ClickOn(PlaceOf(0));
+    window.close();
+  });
+  DialogGenerators().Run(ID_GENERATE_CPP, view);
+}
+
+TEST_F(GeneratorWindowTest, MakesRoomForWhatALinkLeadsTo) {
+  Run(GeneratorKind::Cpp, [](GeneratorWindow& window) {
+    const QRect screen = window.screen()->availableGeometry();
+    window.resize(screen.size() / 2);
+    window.move(screen.topLeft());
+    window.MakeRoomFor(
+        {screen.right() - 20, screen.bottom() - 20, screen.right(), screen.bottom()});
+    EXPECT_EQ(window.pos(), screen.topLeft()) << "it covers nothing";
+    window.MakeRoomFor(
+        {screen.left() + 10, screen.top() + 10, screen.left() + 90, screen.top() + 60});
+    EXPECT_EQ(window.frameGeometry().bottomRight(), screen.bottomRight());
     window.close();
   });
 }
