@@ -79,7 +79,8 @@ TEST(Names, OfStatesDifferAlsoWithoutCase) {
       {"initial 1\nstate -7 !\narrow 3 1 -7", "State4294967289 ", "",
        "GenericState -7 \"!\" is named State4294967289 in code\n"},
       {"initial 1\nstate 2 A\n  state 3 B\n  final 4\n  final 5\nfinal 6\nstate 7 final\n"
-       "arrow 8 1 3\narrow 9 3 4\nmessage 16 9 w\narrow 10 2 5\nmessage 11 10 x\narrow 12 3 6\nmessage 13 12 y\n"
+       "arrow 8 1 3\narrow 9 3 4\nmessage 16 9 w\narrow 10 2 5\nmessage 11 10 x\narrow 12 3 "
+       "6\nmessage 13 12 y\n"
        "arrow 14 3 7\nmessage 15 14 z",
        "A B AFinal AFinal_5 Final_6 final ", "w x y z ", ""},
   };
