@@ -50,7 +50,7 @@ void TransitionBuilder::TakeMessages() {
     const auto [first, isNew] = messages.emplace(named->id, &message);
     if (isNew) continue;
     problems.Error(message,
-                   "is a second one of " + named->Name() + " beside " + first->second->Name());
+                   "is a second message of " + named->Name() + " beside " + first->second->Name());
   }
 }
 

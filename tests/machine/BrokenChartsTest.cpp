@@ -77,7 +77,7 @@ TEST(BrokenCharts, SayWhichReferencesLeadNowhere) {
       {"arrow 7 3 1", "error: Transition 7 can't end at InitialState 1\n"},
       {"note 7\narrow 8 7 6",
        "error: Transition 8 can't begin at Note 7\nerror: Transition 8 can't end at Mesg 6\n"},
-      {"message 7 5 stop", "error: Mesg 7 is a second one of Transition 5 beside Mesg 6\n"},
+      {"message 7 5 stop", "error: Mesg 7 is a second message of Transition 5 beside Mesg 6\n"},
       {"message 7 99 stop", "warning: Mesg 7 belongs to no transition\n"},
       {"message 7 3 stop", "warning: Mesg 7 belongs to no transition\n"},
   };
