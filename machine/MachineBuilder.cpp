@@ -1,6 +1,5 @@
 #include "machine/MachineBuilder.h"
 
-#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -32,14 +31,10 @@ std::optional<Machine> Build(const std::string& text, ProblemList& problems) {
   return std::move(structure.machine);
 }
 
-/// A problem is one line.
-std::string OneLine(std::string text) {
-  std::ranges::replace(text, '\n', ' ');
-  return text;
-}
-
 BuiltMachine Refused(std::string reason) {
-  return {{}, {{Problem::Severity::Error, 0, 0, OneLine(std::move(reason))}}};
+  ProblemList problems;
+  problems.Error(std::move(reason));
+  return {{}, problems.Sorted()};
 }
 
 /// From a text with LF between the lines.

@@ -1,6 +1,7 @@
 #include "machine/Names.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <numeric>
 #include <string>
 #include <unordered_set>
@@ -17,6 +18,9 @@ namespace {
 
 using Kind = MachineState::Kind;
 
+/// A damaged file may have negative ids, whose sign no name can hold.
+std::uint32_t NumberOf(std::int32_t id) { return static_cast<std::uint32_t>(id); }
+
 /// The names that are given away.
 class TakenNames {
  public:
@@ -30,7 +34,7 @@ class TakenNames {
   }
 
   /// The name itself, or one with a number behind it.
-  std::string TakeNext(const std::string& name, int number) {
+  std::string TakeNext(const std::string& name, std::uint64_t number) {
     std::string next = name + '_' + std::to_string(number);
     while (!Take(next)) next = name + '_' + std::to_string(++number);
     return next;
@@ -73,23 +77,23 @@ class StateNames {
     MachineState& state = StateAt(at);
     if (state.kind == Kind::Final || !state.name.empty()) return;
     std::string name = Identifier::Clean(state.title, 'S');
-    if (name.empty()) name = "State" + std::to_string(state.id);
+    if (name.empty()) name = "State" + std::to_string(NumberOf(state.id));
     state.name = Free(name, state);
     problems.Warning(*structure.drawnStates[at], "is named " + state.name + " in code");
   }
 
   std::string Free(const std::string& name, const MachineState& state) {
     if (names.Take(name)) return name;
-    if (state.parent < 0) return names.TakeNext(name, state.id);
+    if (state.parent < 0) return names.TakeNext(name, NumberOf(state.id));
     const std::string inside = StateAt(state.parent).name + '_' + name;
-    return names.Take(inside) ? inside : names.TakeNext(inside, state.id);
+    return names.Take(inside) ? inside : names.TakeNext(inside, NumberOf(state.id));
   }
 
   void NameFinal(int at) {
     MachineState& state = StateAt(at);
     if (state.kind != Kind::Final) return;
     const std::string name = (state.parent < 0 ? "" : StateAt(state.parent).name) + "Final";
-    state.name = names.Take(name) ? name : names.TakeNext(name, state.id);
+    state.name = names.Take(name) ? name : names.TakeNext(name, NumberOf(state.id));
   }
 
   Structure& structure;
@@ -107,7 +111,7 @@ void GiveEventNames(Structure& structure, ProblemList& problems) {
     if (!event.name.empty()) continue;
     const DrawnMessage& message = *structure.namedBy[i];
     std::string name = Identifier::Clean(event.written, 'E');
-    if (name.empty()) name = "Event" + std::to_string(message.id);
+    if (name.empty()) name = "Event" + std::to_string(NumberOf(message.id));
     constexpr int second = 2;
     event.name = names.Take(name) ? name : names.TakeNext(name, second);
     problems.Warning(message,

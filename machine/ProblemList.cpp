@@ -7,6 +7,18 @@
 
 namespace morvane {
 
+namespace {
+
+/// What the user wrote may hold anything; a problem is one line.
+std::string OneLine(std::string text) {
+  constexpr unsigned char firstVisible = ' ';
+  std::ranges::replace_if(
+      text, [](unsigned char c) { return c < firstVisible; }, ' ');
+  return text;
+}
+
+}  // namespace
+
 void ProblemList::Error(const DrawnObject& object, const std::string& what, int line) {
   hasErrors = true;
   Add(Problem::Severity::Error, object, what, line);
@@ -18,13 +30,13 @@ void ProblemList::Warning(const DrawnObject& object, const std::string& what, in
 
 void ProblemList::Error(std::string message) {
   hasErrors = true;
-  problems.push_back({Problem::Severity::Error, 0, 0, std::move(message)});
+  problems.push_back({Problem::Severity::Error, 0, 0, OneLine(std::move(message))});
 }
 
 void ProblemList::Add(Problem::Severity severity, const DrawnObject& object,
                       const std::string& what, int line) {
   problems.push_back(
-      {severity, object.id, line > 0 ? line : object.line, object.Name() + ' ' + what});
+      {severity, object.id, line > 0 ? line : object.line, OneLine(object.Name() + ' ' + what)});
 }
 
 std::vector<Problem> ProblemList::Sorted() const {

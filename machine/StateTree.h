@@ -28,7 +28,7 @@ class StateTree {
 
  private:
   std::size_t IndexOf(const DrawnState& drawn) const;
-  static std::size_t Slot(int level) { return static_cast<std::size_t>(level + 1); }
+  static int Slot(int level) { return level + 1; }
   int LevelAt(std::size_t drawn) const;
   void AddStates();
   int Add(const DrawnState& drawn, int parent);

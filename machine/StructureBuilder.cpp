@@ -23,7 +23,7 @@ constexpr int kNoEvent = -1;
 /// Those with a guard by id, and then those without one.
 void SortOutgoing(Machine& machine) {
   for (MachineState& state : machine.states) {
-    std::ranges::stable_partition(state.outgoing, [&machine](int transition) {
+    std::stable_partition(state.outgoing.begin(), state.outgoing.end(), [&machine](int transition) {
       return !machine.transitions[transition].guard.IsEmpty();
     });
   }

@@ -17,6 +17,13 @@ bool IsWordPart(char c) {
   return IsDigit(c) || c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
+std::string Bracket(char bracket) { return {'a', ' ', '"', bracket, '"'}; }
+
+/// What stands in front of a raw string.
+bool IsRawPrefix(std::string_view word) {
+  return word == "R" || word == "LR" || word == "uR" || word == "UR" || word == "u8R";
+}
+
 class Scan {
  public:
   explicit Scan(std::string_view code) : code(code) {}
@@ -44,7 +51,7 @@ std::optional<TextFault> Scan::Run() {
   while (at < code.size()) {
     if (!Step()) return fault;
   }
-  if (!brackets.empty()) Fault(brackets.back(), {'"', code[brackets.back()], '"'}, true);
+  if (!brackets.empty()) Fault(brackets.back(), Bracket(code[brackets.back()]), true);
   return fault;
 }
 
@@ -88,7 +95,7 @@ bool Scan::SkipTo(std::string_view end, std::size_t from, const char* what) {
 /// A string: plain, verbatim (@"..."), raw (R"(...)") or between three quotes.
 bool Scan::SkipQuote() {
   const std::string_view word = code.substr(wordStart, at - wordStart);
-  if (word.ends_with('R')) {
+  if (IsRawPrefix(word)) {
     const std::size_t bracket = code.find('(', at);
     if (bracket == kNowhere) return Fault(at, "a quote", true);
     const std::string end = ')' + std::string(code.substr(at + 1, bracket - at - 1)) + '"';
@@ -134,7 +141,7 @@ bool Scan::SkipDoubledQuote() {
 bool Scan::Close(char bracket) {
   const char opening = kOpening[kClosing.find(bracket)];
   if (brackets.empty() || code[brackets.back()] != opening) {
-    return Fault(at, {'"', bracket, '"'}, false);
+    return Fault(at, Bracket(bracket), false);
   }
   brackets.pop_back();
   return true;

@@ -10,9 +10,9 @@ void CheckText(const DrawnObject& object, const MachineText& text, const char* w
                ProblemList& problems) {
   const auto fault = TextBalance::Check(text.text);
   if (!fault) return;
-  const std::string place = fault->what + " in its " + which;
   problems.Error(object,
-                 fault->isOpen ? "never closes " + place : "closes " + place + " that is not open",
+                 "has " + fault->what + " in its " + which +
+                     (fault->isOpen ? " that is never closed" : " that closes nothing"),
                  text.line + fault->line);
 }
 

@@ -50,7 +50,7 @@ void TransitionBuilder::TakeMessages() {
     const auto [first, isNew] = messages.emplace(named->id, &message);
     if (isNew) continue;
     problems.Error(message,
-                   "is a second one of " + named->Name() + " beside " + first->second->Name());
+                   "is a second message of " + named->Name() + " beside " + first->second->Name());
   }
 }
 
@@ -96,11 +96,12 @@ void TransitionBuilder::Add(const DrawnTransition& drawn) {
   made.source = mark != nullptr ? tree.LevelOf(*mark) : tree.StateOf(*source);
   made.target = tree.StateOf(*target);
   const auto message = messages.find(drawn.id);
-  if (message != messages.end()) TakeTexts(*message->second, mark, made);
+  const bool isSound = message == messages.end() || TakeTexts(*message->second, mark, made);
   if (mark != nullptr) return AddInitial(drawn, *mark, std::move(made));
   FindPath(made);
-  structure.machine.states[made.source].outgoing.push_back(
-      static_cast<int>(structure.machine.transitions.size()));
+  const auto place = static_cast<int>(structure.machine.transitions.size());
+  // With its events at fault it can't be compared with others.
+  if (isSound) structure.machine.states[made.source].outgoing.push_back(place);
   structure.machine.transitions.push_back(std::move(made));
   structure.drawnTransitions.push_back(&drawn);
 }
@@ -123,18 +124,21 @@ void TransitionBuilder::AddInitial(const DrawnTransition& drawn, const DrawnStat
   structure.drawnTransitions.push_back(&drawn);
 }
 
-void TransitionBuilder::TakeTexts(const DrawnMessage& message, const DrawnState* mark,
+/// False if the events are at fault.
+bool TransitionBuilder::TakeTexts(const DrawnMessage& message, const DrawnState* mark,
                                   MachineTransition& made) {
+  bool isSound = true;
   made.messageId = message.id;
   if (mark != nullptr) {
     RefuseTrigger(message, *mark);
   } else {
-    TakeEvents(message, made);
+    isSound = TakeEvents(message, made);
     made.guard = message.guard;
     CheckText(message, message.guard, "guard", problems);
   }
   made.effect = message.effect;
   CheckText(message, message.effect, "effect", problems);
+  return isSound;
 }
 
 void TransitionBuilder::RefuseTrigger(const DrawnMessage& message, const DrawnState& mark) {
@@ -147,20 +151,23 @@ void TransitionBuilder::RefuseTrigger(const DrawnMessage& message, const DrawnSt
   }
 }
 
-void TransitionBuilder::TakeEvents(const DrawnMessage& message, MachineTransition& made) {
+bool TransitionBuilder::TakeEvents(const DrawnMessage& message, MachineTransition& made) {
   const EventList list = EventList::Parse(message.event.text);
   const int line = message.event.line;
   if (list.isUntouched) {
     problems.Error(message, "still has \"-Edit-\" for its event", line);
+    return false;
   }
   if (std::ranges::find(list.names, std::string()) != list.names.end()) {
-    return problems.Error(message, "has a comma too many between its events", line);
+    problems.Error(message, "has a comma too many between its events", line);
+    return false;
+  }
+  const auto bad = std::ranges::find_if_not(list.names, Identifier::IsAlmostSound);
+  if (bad != list.names.end()) {
+    problems.Error(message, "has the event " + Quoted(*bad) + ", which is no identifier", line);
+    return false;
   }
   for (const std::string& name : list.names) {
-    if (!Identifier::IsAlmostSound(name)) {
-      problems.Error(message, "has the event " + Quoted(name) + ", which is no identifier", line);
-      continue;
-    }
     const int event = EventOf(name, message);
     if (std::ranges::find(made.events, event) == made.events.end()) {
       made.events.push_back(event);
@@ -168,6 +175,7 @@ void TransitionBuilder::TakeEvents(const DrawnMessage& message, MachineTransitio
       problems.Warning(message, "has the event " + Quoted(name) + " twice", line);
     }
   }
+  return true;
 }
 
 int TransitionBuilder::EventOf(const std::string& name, const DrawnMessage& message) {

@@ -28,9 +28,9 @@ class TransitionBuilder {
   bool CheckEnds(const DrawnTransition& drawn);
   void Add(const DrawnTransition& drawn);
   void AddInitial(const DrawnTransition& drawn, const DrawnState& mark, MachineTransition made);
-  void TakeTexts(const DrawnMessage& message, const DrawnState* mark, MachineTransition& made);
+  bool TakeTexts(const DrawnMessage& message, const DrawnState* mark, MachineTransition& made);
   void RefuseTrigger(const DrawnMessage& message, const DrawnState& mark);
-  void TakeEvents(const DrawnMessage& message, MachineTransition& made);
+  bool TakeEvents(const DrawnMessage& message, MachineTransition& made);
   int EventOf(const std::string& name, const DrawnMessage& message);
   void FindPath(MachineTransition& made) const;
 
