@@ -16,11 +16,14 @@ bool IsTrap(std::uint32_t c) {
 }
 
 void AppendCharacter(std::string& line, std::uint32_t c, CommentStyle style) {
-  const bool special = c == '<' || c == '>' || c == '&';
-  // A backslash may begin the code of a character, and an asterisk or a slash the comment's end.
-  const bool html = style == CommentStyle::Html &&
-                    (c == '@' || c == '\\' || c == '{' || c == '}' || c == '*' || c >= 0x80);
-  if (style != CommentStyle::Line && (special || html)) {
+  // A backslash may begin the code of a character, and an asterisk the comment's end.
+  constexpr std::string_view kMeantByJavadoc = "@\\{}*";
+  const bool isMeant = c >= 0x80 || kMeantByJavadoc.find(static_cast<char>(c)) != std::string::npos;
+  if (style == CommentStyle::Line) {
+    AppendUtf8(line, c);
+  } else if (c == '<' || c == '>' || c == '&') {
+    line += c == '<' ? "&lt;" : c == '>' ? "&gt;" : "&amp;";
+  } else if (style == CommentStyle::Html && isMeant) {
     line += "&#" + std::to_string(c) + ';';
   } else {
     AppendUtf8(line, c);
