@@ -130,7 +130,7 @@ TEST(ClassEmitter, HoldsWhatTheModelSays) {
       {CppFacts(), false, "enum class State : std::uint8_t {"},
       // A text calls another Handle, and means another event.
       {CppFacts(), false, "bool Dispatch(Event event_);"},
-      {CppFacts(), false, "void Handle_(Event event_);"},
+      {CppFacts(), false, "inline void Handle_(Event event_);"},
       {CSharpFacts(), true, "#line 102 \"C:\\a b\\Chart.mrv\"\n"},
       {CSharpFacts(), true, "\n#line default\n"},
       {CSharpFacts(), false, "QueueSize = 8", false},
