@@ -198,7 +198,7 @@ std::vector<RigCase> Events() {
            .Initial("", "int")
            .On("int", "int", "State")
            .On("State", "double", "None")
-           .On("None", "Start", "Words", "", "int state = 1; n = state;"),
+           .On("None", "Start", "Words", "", "state = 1;"),
        "START int double Start",
        "take 101|enter int|event int|exit int|take 102|enter State|event double|exit State|"
        "take 103|enter None|event Start|exit None|take 104|enter Words"},

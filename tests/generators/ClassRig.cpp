@@ -32,7 +32,8 @@ void DressCpp(Machine& machine, int queueSize) {
   all.CppIncludes = "<cstdio>\n#define " + MacroName(all.CppClassName) + "_QUEUE_SIZE " +
                     std::to_string(queueSize);
   all.CppDeclarations =
-      "int n = 0;\nvoid Say(const char* text) { std::printf(\"say %s\\n\", text); }\n"
+      "int n = 0, state = 0, next = 0, queue = 0;\nvoid Say(const char* text) { std::printf(\"say "
+      "%s\\n\", text); }\n"
       "bool Asked() { Say(\"asked\"); return n > 0; }";
   if (Posts(machine)) {
     all.CppDeclarations +=
@@ -43,7 +44,8 @@ void DressCpp(Machine& machine, int queueSize) {
 void DressCSharp(Machine& machine, int queueSize) {
   std::string& text = machine.properties.CSharpDeclarations;
   text =
-      "public int n = 0;\nvoid Say(string text) { System.Console.WriteLine(\"say \" + text); }\n"
+      "public int n = 0, state = 0, next = 0, queue = 0;\nvoid Say(string text) { "
+      "System.Console.WriteLine(\"say \" + text); }\n"
       "bool Asked() { Say(\"asked\"); return n > 0; }";
   if (Posts(machine)) {
     text += "\nvoid Post() { Say(Dispatch(Event.Ping) ? \"posted\" : \"refused\"); }";
@@ -54,7 +56,8 @@ void DressCSharp(Machine& machine, int queueSize) {
 void DressJava(Machine& machine, int queueSize) {
   std::string& text = machine.properties.JavaDeclarations;
   text =
-      "int n = 0;\nvoid Say(String text) { System.out.println(\"say \" + text); }\n"
+      "int n = 0, state = 0, next = 0, queue = 0;\nvoid Say(String text) { "
+      "System.out.println(\"say \" + text); }\n"
       "boolean Asked() { Say(\"asked\"); return n > 0; }";
   if (Posts(machine)) {
     text += "\nvoid Post() { Say(dispatch(Event.Ping) ? \"posted\" : \"refused\"); }";
@@ -94,6 +97,9 @@ Machine ClassRig::Dressed(const std::string& package, const RigCase& each) const
   all.CppClassName = all.CSharpClassName = all.JavaClassName = each.name;
   all.CppNamespace = all.CSharpPackage = all.JavaPackage = package;
   all.CppIncludeFile = package + each.name + ".h";
+  // What would break comments, and fields that the generated code might call its own
+  all.Author = "C:\\users\\";
+  all.Description = "*/ /* \\u000a <b> \xE2\x80\xAE \xFF\nends \\";
   DressCpp(machine, each.queueSize);
   DressCSharp(machine, each.queueSize);
   DressJava(machine, each.queueSize);
