@@ -4,23 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/generators/MachineSketch.h"
+#include "tests/generators/TraceCases.h"
 
 namespace morvane {
 
 struct ClassFacts;
-
-/// A machine, what happens to it, and what it shall print.
-///
-/// Its texts may use `n`, a number that begins with 0, `Say("...")`, which prints a line,
-/// `Asked()`, which does and is whether n is above 0, and `Post()`, which dispatches an event Ping.
-struct RigCase {
-  std::string name;  ///< of the class, too
-  MachineSketch sketch;
-  std::string events;    ///< with blanks between them; START starts the machine
-  std::string expected;  ///< lines with a | between them
-  int queueSize = 8;
-};
 
 /// Compiles the classes of many machines at once in one language, runs them and keeps what each
 /// printed.
