@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "generators/CEmitter.h"
+#include "generators/NamePool.h"
 #include "tests/generators/TraceCases.h"
 #include "tests/support/TempFolder.h"
 
@@ -38,7 +39,7 @@ class CRig {
     ModelProperties& all = machine.properties;
     all.Description = "*/ /* \\u000a \xE2\x80\xAE \xFF\nends \\";
     all.CIncludes =
-        "rig.h\n#define " + Upper(name) + "_QUEUE_SIZE " + std::to_string(each.queueSize);
+        "rig.h\n#define " + MacroName(name) + "_QUEUE_SIZE " + std::to_string(each.queueSize);
     all.CDeclarations = "#define Post() Say(" + name + "_Dispatch(self, " + name +
                         "Event_Ping) ? \"posted\" : \"refused\")";
     const Emission emission = CEmitter().Emit(
@@ -71,11 +72,6 @@ class CRig {
   }
 
  private:
-  static std::string Upper(std::string text) {
-    for (char& c : text) c = static_cast<char>(std::toupper(c));
-    return text;
-  }
-
   void AddRunner(const RigCase& each, const std::string& name) {
     runners += "static void run_" + name + "(void) {\n" + name +
                " m;\nn = 0;\n(void)puts(\"== " + name + "\");\n" + name + "_Init(&m, 0);\n";
