@@ -24,7 +24,7 @@ std::string Emitted(const Machine& machine, const std::string& stem, std::size_t
 constexpr const char* kShared = R"(#ifndef RIG_H
 #define RIG_H
 #include <stdio.h>
-extern int n, state;
+extern int n;
 static inline void Say(const char *text) { (void)printf("say %s\n", text); }
 static inline _Bool Asked(void) { Say("asked"); return n > 0; }
 #endif
@@ -40,8 +40,8 @@ class CRig {
     all.Description = "*/ /* \\u000a \xE2\x80\xAE \xFF\nends \\";
     all.CIncludes =
         "rig.h\n#define " + MacroName(name) + "_QUEUE_SIZE " + std::to_string(each.queueSize);
-    all.CDeclarations = "#define Post() Say(" + name + "_Dispatch(self, " + name +
-                        "Event_Ping) ? \"posted\" : \"refused\")";
+    all.CDeclarations = "extern int state, event, scope;\n#define Post() Say(" + name +
+                        "_Dispatch(self, " + name + "Event_Ping) ? \"posted\" : \"refused\")";
     const Emission emission = CEmitter().Emit(
         machine, {.debug = debug, .modelFile = "/a \"b\"/" + name + ".mrv", .stem = name});
     for (const GeneratedFile& file : emission.files) folder.Write(file.name, file.content);
@@ -51,8 +51,8 @@ class CRig {
 
   std::map<std::string, std::string> Run() {
     folder.Write("rig.h", kShared);
-    folder.Write("main.c", includes + "int n, state;\n" + runners + "int main(void) {\n" + calls +
-                               "return 0;\n}\n");
+    folder.Write("main.c", includes + "int n, state, event, scope;\n" + runners +
+                               "int main(void) {\n" + calls + "return 0;\n}\n");
     const std::string flags =
         " -std=c99 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror *.c ";
     EXPECT_EQ(Shell("clang -fsyntax-only" + flags), "");
