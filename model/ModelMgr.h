@@ -67,7 +67,9 @@ class ModelMgr : public ShapeRegistry {
   Collection& GetSelection() { return selection; }
   const std::vector<Shape*>& Objects() const { return data.Objects(); }
   void DeselectAll();
-  void SelectOnly(Shape* shape);
+  void SelectOnly(Shape* shape) { Select({shape}); }
+  /// Selects these objects and no others.
+  void Select(const std::vector<Shape*>& shapes);
   void SelectAll();
   void BringToFront(Shape* shape);
   void SendToBack(Shape* shape);

@@ -28,7 +28,8 @@ struct DialogControl {
     CheckBox,
     Button,
     Combo,  ///< a choice of items, painted or as texts
-    List    ///< rows of columns, of which several can be selected
+    List,   ///< rows of columns, of which several can be selected
+    Text    ///< a text that the user only reads
   };
   /// Paints item `index` of a combo into a rectangle, in pixels of the context.
   using PaintItem = std::function<void(CDC& dc, int index, const RECT& r, bool selected)>;
@@ -50,7 +51,7 @@ struct DialogControl {
   bool code = false;       ///< of a box: it holds code and shows it in a fixed pitch
   int width = 28;          ///< of a box: letters that have room at least
   int lines = 6;           ///< of a box of several lines: those that have room at least
-  std::string text;        ///< of a box, as the model holds it: line breaks are CR LF
+  std::string text;        ///< of a text or a box, as the model holds it: line breaks are CR LF
   bool checked = false;
   int selection = 0;  ///< of a combo; `kNoItem` for none
   int itemCount = 0;

@@ -68,9 +68,9 @@ void LayoutMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const 
 
 void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
-void LayoutMgr::Reveal(Shape& shape) {
-  model->SelectOnly(&shape);
-  geometry->ScrollIntoView(shape.GetBounds());
+void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
+  model->Select(shapes);
+  if (!shapes.empty()) geometry->ScrollIntoView(shapes.front()->GetBounds());
 }
 
 void LayoutMgr::DeleteSelection() {

@@ -76,7 +76,7 @@ QtDialogWindow::~QtDialogWindow() { dialog.SetWindow(nullptr); }
 void QtDialogWindow::MarkGrowth() {
   for (const DialogControl& control : dialog.Controls()) {
     const bool isTall = control.kind == Kind::MultiEdit || control.kind == Kind::List;
-    if (!isTall && control.kind != Kind::Edit) continue;
+    if (!isTall && control.kind != Kind::Edit && control.kind != Kind::Text) continue;
     for (int id = control.id; id != kWholeDialog; id = dialog.Control(id).parent) {
       wide.insert(id);
       if (isTall) tall.insert(id);
@@ -112,8 +112,10 @@ void QtDialogWindow::AddWidget(const DialogControl& control) {
   const int id = control.id;
   auto made = DialogWidget::Make(control, parent.Widget(), [this, id] { OnClick(id); });
   QWidget* widget = made->Widget();
-  widget->setObjectName(QStringLiteral("control%1").arg(id));
-  widget->setAccessibleName(SpokenName(control));
+  if (control.kind != Kind::Text) {
+    widget->setObjectName(QStringLiteral("control%1").arg(id));
+    widget->setAccessibleName(SpokenName(control));
+  }
   parent.Add(control, WithFixedTexts(control, widget, parent.Widget()), widget, GrowthOf(id));
   widgets.push_back({id, std::move(made)});
 }
