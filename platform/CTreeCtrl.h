@@ -75,6 +75,8 @@ class CTreeCtrl {
   /// Gives true when the press was used.
   virtual bool OnRButtonDown(TreeItem* /*hit*/, POINT /*screen*/) { return false; }
   virtual void OnLButtonDblClk() {}
+  /// The Return key, for what is selected.
+  virtual void OnReturn() {}
 
  protected:
   virtual void OnExpanded(TreeItem& /*item*/) {}

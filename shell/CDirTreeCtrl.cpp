@@ -194,6 +194,12 @@ bool CDirTreeCtrl::SelectPath(const std::string& path) {
   return true;
 }
 
+void CDirTreeCtrl::OnReturn() {
+  TreeItem* item = Selected();
+  if (item == nullptr || item->FirstChild() == nullptr) return OnLButtonDblClk();
+  item->IsExpanded() ? Collapse(*item) : Expand(*item);
+}
+
 void CDirTreeCtrl::OnLButtonDblClk() {
   const TreeItem* item = Selected();
   if (item == nullptr || item->FirstChild() != nullptr || !OpenCallback) return;

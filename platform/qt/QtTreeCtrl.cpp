@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -137,6 +138,7 @@ void QtTreeCtrl::BringUp(const QModelIndex& index) {
   const int sideways = horizontalScrollBar()->value();
   scrollTo(index);
   horizontalScrollBar()->setValue(sideways);
+  if (staysLeft) return;
   const QRect label = LabelRect(index);
   const int right = label.right() - viewport()->width() + 1;
   const int left = std::min(label.left(), std::max(right, 0));
@@ -189,11 +191,13 @@ void QtTreeCtrl::SyncFor(const QEvent& event) {
 }
 
 bool QtTreeCtrl::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress) staysLeft = false;
   SyncFor(*event);
   return QTreeView::event(event);
 }
 
 bool QtTreeCtrl::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) staysLeft = false;
   SyncFor(*event);
   return QTreeView::viewportEvent(event);
 }
@@ -215,6 +219,13 @@ QRect QtTreeCtrl::LabelRect(const QModelIndex& index) const {
 bool QtTreeCtrl::IsBesideLabel(QPoint p) const {
   const QModelIndex index = indexAt(p);
   return index.isValid() && HitTest(p) == nullptr && p.x() >= visualRect(index).left();
+}
+
+void QtTreeCtrl::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    return QTreeView::keyPressEvent(event);
+  }
+  tree.OnReturn();
 }
 
 void QtTreeCtrl::mousePressEvent(QMouseEvent* event) {
