@@ -95,7 +95,7 @@ void FindReplaceDlg::OnRowsChosen() {
   for (const SearchPlace* place : ChosenPlaces()) {
     if (Shape* object = place->Object()) objects.push_back(object);
   }
-  if (!objects.empty() && chart.reveal) chart.reveal(objects);
+  if (!objects.empty() && chart.reveal) KeepOff(chart.reveal(objects));
 }
 
 void FindReplaceDlg::EnableButtons() {

@@ -3,6 +3,8 @@
 #include <functional>
 #include <vector>
 
+#include "drawing/Geometry.h"
+
 namespace morvane {
 
 class ModelMgr;
@@ -15,8 +17,8 @@ struct SearchedChart {
   ModelProperties& properties;
   /// Follows each edit and each replacement that changed something.
   std::function<void()> onChanged = {};
-  /// Selects objects and brings the first one into sight.
-  std::function<void(const std::vector<Shape*>& objects)> reveal = {};
+  /// Selects objects and brings the first one into sight; gives where on the screen it shows.
+  std::function<RECT(const std::vector<Shape*>& objects)> reveal = {};
   /// Lets the user edit the texts for the generators; true if they were taken over.
   std::function<bool()> editCodeProperties = {};
 };

@@ -80,6 +80,8 @@ class DialogWindow {
   /// Puts the keyboard into a control; the text of a box of one line is selected.
   virtual void FocusOn(int id) = 0;
   virtual void End() = 0;
+  /// Makes way, where there is room, for a place of the screen that the user wants to see.
+  virtual void KeepOff(const RECT& /*screen*/) {}
 };
 
 /// Shows dialogs. The default service has no screen and answers each with Cancel.
@@ -141,6 +143,8 @@ class Dialog {
   void Enable(int id, bool on) { Control(id).enabled = on; }
   void SetCaption(std::string text) { caption = std::move(text); }
   void FocusOn(int id);
+  /// Lets the user see a place of the screen behind the dialog.
+  void KeepOff(const RECT& screen);
   /// Shows the controls as they stand now, when it was no click that changed them.
   void Refresh();
 

@@ -119,7 +119,10 @@ void FindAndReplace(LayoutMgr& chart, unsigned /*id*/) {
     ShowModelName(chart);
     chart.TakeSnapshot();
   };
-  searched.reveal = [&chart](const std::vector<Shape*>& objects) { chart.Reveal(objects); };
+  searched.reveal = [&chart](const std::vector<Shape*>& objects) {
+    chart.Reveal(objects);
+    return chart.PlaceOnScreen(*objects.front());
+  };
   searched.editCodeProperties = [&chart] {
     return Service<Generators>::Get().EditProperties(chart.GetProperties());
   };

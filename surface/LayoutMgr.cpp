@@ -73,6 +73,13 @@ void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
   if (!shapes.empty()) geometry->ScrollIntoView(shapes.front()->GetBounds());
 }
 
+RECT LayoutMgr::PlaceOnScreen(const Shape& shape) const {
+  const RECT client = IntersectRect(ToClient(shape.GetBounds()), GetClientRect());
+  const POINT corner = ClientToScreen(TopLeft(client));
+  return {corner.x, corner.y, AddSat(corner.x, Saturate(Width(client))),
+          AddSat(corner.y, Saturate(Height(client)))};
+}
+
 void LayoutMgr::DeleteSelection() {
   {
     const WaitCursor wait;

@@ -56,6 +56,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void BringToFront(Shape* shape);
   /// Selects objects of the model, and no others, and scrolls to the first one.
   void Reveal(const std::vector<Shape*>& shapes);
+  /// Where on the screen the part of an object is that is in sight.
+  RECT PlaceOnScreen(const Shape& shape) const;
   /// Deletes the selected objects, if the user agrees.
   void DeleteSelection();
   bool IsOverAnchor() const override { return overAnchor; }

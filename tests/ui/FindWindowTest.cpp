@@ -45,7 +45,10 @@ class FindWindow : public testing::Test {
   /// Opens the dialog over the chart, and does `act` in it.
   void Run(const std::function<void(FindReplaceDlg&, QtDialogWindow&)>& act) {
     FindReplaceDlg dialog({chart->GetModel(), chart->GetProperties(), [this] { ++changes; },
-                           [this](const auto& objects) { chart->Reveal(objects); }});
+                           [this](const auto& objects) {
+                             chart->Reveal(objects);
+                             return place;
+                           }});
     open.Run(dialog, [&](QtDialogWindow& window) { act(dialog, window); });
   }
 
@@ -54,6 +57,7 @@ class FindWindow : public testing::Test {
   OpenDialog open;
   std::unique_ptr<LayoutMgr> chart;
   int changes = 0;
+  RECT place{};  ///< of an object on the screen
 };
 
 TEST_F(FindWindow, CountsCharactersAndSaysWhatCameOfIt) {
@@ -141,8 +145,11 @@ TEST_F(FindWindow, ARowShowsItsObjectAndARunawayPatternIsGivenUp) {
     EXPECT_EQ(dialog.Control(Id::kStatusId).text, "Occurrences found: 6");
     auto* list = OpenDialog::Find<QTreeWidget>(window, Id::kListId);
     for (const auto& [row, id] : {std::pair(2, 3), std::pair(0, 1)}) {
+      const QPoint middle = window.frameGeometry().center() - QPoint(250, 0);
+      place = {middle.x(), middle.y(), middle.x() + 20, middle.y() + 10};
       list->setCurrentItem(list->topLevelItem(row));
       EXPECT_EQ(chart->GetSelection().Members(), std::vector<Collectable*>{FindShape(*chart, id)});
+      EXPECT_FALSE(window.frameGeometry().contains(place.left, place.top));
     }
   });
   const std::string entry = std::string(5000, 'a');
