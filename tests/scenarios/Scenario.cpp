@@ -318,7 +318,8 @@ Scenario::Picture Scenario::Now() const {
   if (chart == nullptr) return now;
   now.document = DocumentState();
   now.text = TextLines(chart->ModelText());
-  const CObjectTree& tree = frames.back()->tree;
+  CObjectTree& tree = frames.back()->tree;
+  tree.BringUpToDate();
   now.tree = TreeRows(tree);
   if (tree.Selected() != nullptr) now.row = " " + tree.Selected()->Text();
   now.clipboard = Records(clipboard);
