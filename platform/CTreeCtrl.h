@@ -80,7 +80,7 @@ class CTreeCtrl {
   /// Gives true when the press was used.
   virtual bool OnRButtonDown(TreeItem* /*hit*/, POINT /*screen*/) { return false; }
   virtual void OnLButtonDblClk() {}
-  /// The user selected an item by the keys.
+  /// The user selected another item, by the keys or by a press that nobody else has used for it.
   virtual void OnChosen(TreeItem& /*item*/) {}
   /// Gives true when the key was used.
   virtual bool OnKeyDown(VirtualKey /*key*/) { return false; }

@@ -113,6 +113,7 @@ void CObjectTree::Detach() {
   DeleteAllItems();
   nested.clear();
   formerlyOpen.reset();
+  waitingToOpen.clear();
   view = nullptr;
 }
 
@@ -228,6 +229,7 @@ void CObjectTree::RemoveNodes(Shape* object) {
     OnObjectsMoved();
   }
   for (TreeItem* node = FirstWithData(object); node != nullptr; node = FirstWithData(object)) {
+    if (node->IsExpanded()) waitingToOpen.insert(KeyOf(*node));
     DeleteItem(*node);
   }
 }
@@ -251,26 +253,31 @@ std::int32_t CObjectTree::IdOf(const TreeItem& item) const {
   return shape != nullptr ? shape->GetId() : 0;
 }
 
+CObjectTree::OpenItems::value_type CObjectTree::KeyOf(const TreeItem& item) const {
+  return {IdOf(item), item.Parent() != nullptr ? IdOf(*item.Parent()) : 0};
+}
+
 CObjectTree::OpenItems CObjectTree::FindOpen() const {
-  OpenItems found;
+  OpenItems found = waitingToOpen;
   TreeItem* root = FirstItem();
   for (TreeItem* item = root; item != nullptr; item = NextInWalk(item, root)) {
-    if (!item->IsExpanded()) continue;
-    found.emplace(IdOf(*item), item->Parent() != nullptr ? IdOf(*item->Parent()) : 0);
+    if (item->IsExpanded() && item->ChildCount() > 0) found.insert(KeyOf(*item));
   }
   return found;
 }
 
 /// An item that has come under another one is open below any.
 void CObjectTree::OpenAgain(const OpenItems& items) {
+  waitingToOpen.clear();
   if (items.contains({0, 0})) Expand(*FirstItem());
   for (const auto& [id, above] : items) {
-    Shape* shape = id != 0 ? view->GetModel().Find(id) : nullptr;
-    if (shape == nullptr) continue;
+    if (id == 0) continue;
+    const Shape* shape = view->GetModel().Find(id);
     TreeItem* item = FirstWithData(shape);
     while (item != nullptr && IdOf(*item->Parent()) != above) item = item->NextWithData();
     if (item == nullptr) item = FirstWithData(shape);
     if (item != nullptr) Expand(*item);
+    if (item == nullptr || !item->IsExpanded()) waitingToOpen.emplace(id, above);
   }
 }
 

@@ -56,6 +56,7 @@ class CObjectTree : public CTreeCtrl, public ChartBrowser {
   /// The shape of an item; null for the root.
   Shape* ShapeOf(const TreeItem& item) const;
   std::int32_t IdOf(const TreeItem& item) const;
+  OpenItems::value_type KeyOf(const TreeItem& item) const;
   OpenItems FindOpen() const;
   void OpenAgain(const OpenItems& items);
   void Nest();
@@ -65,6 +66,7 @@ class CObjectTree : public CTreeCtrl, public ChartBrowser {
   LayoutMgr* view = nullptr;                    ///< not owned
   std::optional<OpenItems> formerlyOpen;        ///< of the model that went last
   std::vector<std::pair<Shape*, RECT>> nested;  ///< the states as they lay when they were nested
+  OpenItems waitingToOpen;  ///< what was open before it lost all that is below it, or went
   bool isNestingStale = false;
   bool isSelectionStale = false;
 };

@@ -184,14 +184,23 @@ void QtTreeCtrl::keyPressEvent(QKeyEvent* event) {
       tree.OnKeyDown(VirtualKey::Delete)) {
     return event->accept();
   }
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    event->accept();
+    return OpenMenu();
+  }
   QTreeView::keyPressEvent(event);
 }
 
-/// By the keyboard, for the selected item; a press of the mouse has opened its menu by itself.
 void QtTreeCtrl::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
+  // A press of the mouse has opened it already.
+  if (event->reason() == QContextMenuEvent::Keyboard) OpenMenu();
+}
+
+/// The menu of the selected item, below it.
+void QtTreeCtrl::OpenMenu() {
   const QModelIndex index = treeModel->IndexOf(tree.Selected());
-  if (event->reason() != QContextMenuEvent::Keyboard || !index.isValid()) return;
+  if (!index.isValid()) return;
   scrollTo(index);
   const QPoint screen = viewport()->mapToGlobal(LabelRect(index).bottomLeft());
   tree.OnRButtonDown(tree.Selected(), {screen.x(), screen.y()});

@@ -44,6 +44,7 @@ class QtTreeCtrl : public QTreeView {
   void ShowExpanded(const TreeItem* item);
   void ShowSelected();
   void BringUp(const QModelIndex& index);
+  void OpenMenu();
   /// The user opened or closed an item.
   void OnToggled(const QModelIndex& index, bool expand);
   TreeItem* HitTest(QPoint p) const;

@@ -15,16 +15,17 @@ namespace {
 
 /// A notch of the wheel is 120 eighths of a degree.
 constexpr int kWheelNotch = 120;
-/// The edge of the window within which a gesture scrolls, and its slowest step, pixels.
+/// The edge of the window within which a gesture scrolls, and its steps, pixels.
 constexpr int kEdge = 8;
 constexpr int kEdgeStep = 16;
+constexpr int kMostEdgeStep = 60;
 
 /// How far a gesture at a place scrolls at once: the further out, the faster.
 int EdgeStep(int place, int size) {
   const int before = kEdge - place;
   const int behind = place - (size - 1 - kEdge);
-  if (before > 0) return -kEdgeStep - before;
-  return behind > 0 ? kEdgeStep + behind : 0;
+  if (before > 0) return -std::min(kEdgeStep + before, kMostEdgeStep);
+  return behind > 0 ? std::min(kEdgeStep + behind, kMostEdgeStep) : 0;
 }
 
 unsigned ToFlags(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers) {

@@ -255,6 +255,13 @@ void Scenario::UseTree(const std::string& rest) {
     if (!tree.OnRButtonDown(row, {300, 200})) user.Note("no menu");
   } else if (row != nullptr && action == "close") {
     tree.Collapse(*row);
+  } else if (row != nullptr && action == "open") {
+    tree.Expand(*row);
+  } else if (row != nullptr && action == "choose") {
+    tree.Select(row);
+    tree.OnChosen(*row);
+  } else if (action == "delete") {
+    if (!tree.OnKeyDown(VirtualKey::Delete)) user.Note("not used");
   } else {
     tree.OnLButtonDown(row);
   }

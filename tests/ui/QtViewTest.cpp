@@ -201,6 +201,40 @@ TEST_F(QtViewTest, WheelScrollsAndZooms) {
   EXPECT_EQ(view.log, (Log{"z1", "z-1"}));
 }
 
+TEST_F(QtViewTest, AHandDragsTheSurface) {
+  view.SetScrollSizes({1000, 1000}, {10, 10});
+  const auto drag = [this](Qt::MouseButton button) {
+    view.SetScrollPos(ScrollBar::Horizontal, 100);
+    view.SetScrollPos(ScrollBar::Vertical, 100);
+    SendMouse(*widget->viewport(), QEvent::MouseButtonPress, {50, 50}, button);
+    for (const QPoint p : {QPoint(40, 60), {20, 65}, {30, 80}}) {
+      SendMouse(*widget->viewport(), QEvent::MouseMove, p, button);
+    }
+    SendMouse(*widget->viewport(), QEvent::MouseButtonRelease, {30, 80}, button);
+    SendMouse(*widget->viewport(), QEvent::MouseMove, {90, 90}, Qt::NoButton);
+  };
+  const auto letGo = [this] {
+    QKeyEvent event(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget.get(), &event);
+  };
+  drag(Qt::MiddleButton);
+  EXPECT_EQ(view.GetScrollPosition(), (POINT{120, 70}));
+  SendKey(*widget, Qt::Key_Space);
+  view.log.clear();
+  drag(Qt::LeftButton);
+  letGo();
+  EXPECT_EQ(view.GetScrollPosition(), (POINT{120, 70}));
+  EXPECT_EQ(std::ranges::count(view.log, "down 1 50,50"), 0);
+  drag(Qt::LeftButton);
+  EXPECT_EQ(view.GetScrollPosition(), (POINT{100, 100}));
+  // Space that is only hit is a key.
+  view.log.clear();
+  SendKey(*widget, Qt::Key_Space);
+  EXPECT_EQ(view.log, Log{});
+  letGo();
+  EXPECT_EQ(view.log, Log{"key" + std::to_string(static_cast<int>(VirtualKey::Space))});
+}
+
 TEST_F(QtViewTest, ScrollBarsFollowTheViewAndTheViewThem) {
   view.SetScrollSizes({1000, 900}, {40, 30});
   QApplication::processEvents();
