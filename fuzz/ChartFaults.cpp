@@ -16,6 +16,7 @@
 #include "resources/CommandIds.h"
 #include "shell/CObjectTree.h"
 #include "states/EndableState.h"
+#include "states/GenericState.h"
 #include "states/StartableState.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
@@ -95,8 +96,9 @@ std::string NodeFault(const LayoutMgr& chart, const Transition& transition, cons
   return shown == expected ? "" : "the tree shows other things below a transition";
 }
 
-std::int64_t AreaOf(const Shape& shape) {
-  return Width(shape.GetBounds()) * Height(shape.GetBounds());
+double AreaOf(const Shape& shape) {
+  const RECT r = shape.GetBounds();
+  return static_cast<double>(Width(r)) * static_cast<double>(Height(r));
 }
 
 /// The smallest state that a shape lies in; null for none.
@@ -105,9 +107,10 @@ const Shape* HolderOf(const LayoutMgr& chart, const Shape& inner) {
   const Shape* holder = nullptr;
   for (const Shape* shape : chart.GetModel().Objects()) {
     if (dynamic_cast<const GenericState*>(shape) == nullptr) continue;
-    if (AreaOf(*shape) <= AreaOf(inner) || UnionRect(shape->GetBounds(), r) != shape->GetBounds()) {
-      continue;
-    }
+    const RECT outer = shape->GetBounds();
+    const bool holds = outer.left <= r.left && outer.top <= r.top && outer.right >= r.right &&
+                       outer.bottom >= r.bottom;
+    if (!holds || AreaOf(*shape) <= AreaOf(inner)) continue;
     if (holder == nullptr || AreaOf(*shape) < AreaOf(*holder)) holder = shape;
   }
   return holder;
