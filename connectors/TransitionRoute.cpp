@@ -49,12 +49,14 @@ void Transition::RebuildChain() {
 
 void Transition::MoveSourceEnd(POINT anchor) {
   BuildRegion();
+  InvalidateEnds();
   chain.Head()->MoveEnds(anchor, StepPoint(anchor, sourceKey.side));
   RefreshRoute();
 }
 
 void Transition::MoveTargetEnd(POINT anchor) {
   BuildRegion();
+  InvalidateEnds();
   chain.Tail()->MoveEnds(StepPoint(anchor, targetKey.side), anchor);
   RefreshRoute();
 }
@@ -65,6 +67,7 @@ void Transition::RefreshRoute() {
   chain.Straighten();
   Untangle();
   RebuildRegion();
+  InvalidateEnds();
   FollowLabel(oldLabel);
 }
 

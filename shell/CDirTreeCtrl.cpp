@@ -194,10 +194,14 @@ bool CDirTreeCtrl::SelectPath(const std::string& path) {
   return true;
 }
 
-void CDirTreeCtrl::OnReturn() {
+bool CDirTreeCtrl::OnReturn() {
   TreeItem* item = Selected();
-  if (item == nullptr || item->FirstChild() == nullptr) return OnLButtonDblClk();
-  item->IsExpanded() ? Collapse(*item) : Expand(*item);
+  if (item == nullptr || item->FirstChild() == nullptr) {
+    OnLButtonDblClk();
+  } else {
+    item->IsExpanded() ? Collapse(*item) : Expand(*item);
+  }
+  return true;
 }
 
 void CDirTreeCtrl::OnLButtonDblClk() {

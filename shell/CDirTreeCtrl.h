@@ -26,7 +26,7 @@ class CDirTreeCtrl : public CTreeCtrl {
 
   void OnLButtonDblClk() override;
   /// Opens a file, and opens or closes a folder.
-  void OnReturn() override;
+  bool OnReturn() override;
 
  protected:
   void OnExpanded(TreeItem& item) override;

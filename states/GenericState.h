@@ -18,6 +18,7 @@ class GenericState : public StartableState, public EndableState {
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
   void Draw(CDC* dc) override;
+  RECT GetPaintedBorder() const override;
   const std::string& GetTypeName() const override;
   void OnCommand(unsigned id) override;
   void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
@@ -36,7 +37,8 @@ class GenericState : public StartableState, public EndableState {
   bool EditProperties();
 
  private:
-  void DrawHistoryMark(CDC* dc, const RECT& inner) const;
+  void DrawHistoryMark(CDC* dc, const RECT& body) const;
+  void DrawSeparator(CDC* dc, const RECT& body, std::int32_t y) const;
   void EditTexts();
 
   EntryExitTextBox entryExit;
