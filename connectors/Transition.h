@@ -8,6 +8,7 @@
 #include "connectors/LinkChain.h"
 #include "connectors/MetafileStamp.h"
 #include "model/AnchorKey.h"
+#include "model/AnchorOffer.h"
 #include "states/StateTransition.h"
 
 namespace morvane {
@@ -47,6 +48,7 @@ class Transition : public StateTransition {
   void OnCommand(unsigned command) override;
   bool TakesPressWithControl() const override { return true; }
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  bool YieldsToConnection(unsigned flags, POINT client) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;
   void OnRestored() override;
@@ -110,25 +112,22 @@ class Transition : public StateTransition {
   void MoveSourceEnd(POINT anchor);
   void MoveTargetEnd(POINT anchor);
   void RebuildChain();
-  std::vector<ChainRecord> FreeChain() const;
   void RefreshRoute();
-  void Untangle();
   void FollowLabel(POINT oldLabel);
   POINT LabelPoint() const;
   void NoteBounds();
 
-  std::vector<POINT> RoutePoints() const;
   std::vector<RECT> VisibleHandles() const;
   void OnSelectionChanged();
   void ShowGhost(POINT offset);
 
   Link* LinkAt(POINT client) const;
-  template <class EndState>
-  EndState* StateAt(POINT client, AnchorKey& key) const;
+  bool DragActiveLink(POINT press);
+  std::vector<POINT> RouteWithEndAt(POINT client) const;
   bool TrackEnd(POINT press, POINT& drop);
-  void DragHead(POINT press);
-  void DragTail(POINT press);
-  void DragLink(POINT press);
+  bool DragHead(POINT press);
+  bool DragTail(POINT press);
+  bool DragLink(POINT press);
   void DragWhole(POINT press);
 
   POINT sourcePoint;
@@ -137,6 +136,8 @@ class Transition : public StateTransition {
   AnchorKey targetKey;
   LinkChain chain{this};
   Link* activeLink = nullptr;  ///< the one in hand during a drag; null in a drag of the whole
+  AnchorOffer offer;  ///< where the end in hand would be caught
+  POINT grabOffset;   ///< from the press to the place of the segment in hand, device pixels
   AnchorMarker marker;
   MetafileStamp stamp;
   POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added

@@ -57,7 +57,7 @@ void Transition::DrawRoute(CDC* dc, const CPen* pen) const {
   const CPen& ownPen = attached ? resources.routePen : resources.freeRoutePen;
   const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
   const CPen oldPen = dc->SelectPen(pen != nullptr ? *pen : ownPen);
-  RoutePainter(*dc, [this](POINT p) { return ToClient(p); }).Paint(RoutePoints());
+  RoutePainter(*dc, [this](POINT p) { return ToClient(p); }).Paint(chain.Points());
   dc->SelectPen(oldPen);
   dc->SetBkMode(oldMode);
 }
@@ -68,17 +68,9 @@ void Transition::PrintRoute(CDC* dc) const {
   const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
   const CPen oldPen =
       dc->SelectPen(attached ? resources.printRoutePen : resources.printFreeRoutePen);
-  RoutePainter(*dc, [this](POINT p) { return view->ToLogical(p); }).Paint(RoutePoints());
+  RoutePainter(*dc, [this](POINT p) { return view->ToLogical(p); }).Paint(chain.Points());
   dc->SelectPen(oldPen);
   dc->SetBkMode(oldMode);
-}
-
-std::vector<POINT> Transition::RoutePoints() const {
-  std::vector<POINT> points{chain.Head()->start};
-  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
-    points.push_back(link->end);
-  }
-  return points;
 }
 
 /// The handles that show in the client area, in chain order.

@@ -36,6 +36,8 @@ class CScrollView : public CWnd {
   virtual void OnScroll(ScrollBar bar, ScrollCode code, int target = 0);
   /// Steps of the wheel that ask for a larger picture, or for a smaller one if negative.
   virtual void OnZoom(int /*steps*/) {}
+  /// Another document is worked on now.
+  virtual void OnDeactivate() {}
   /// What the pages of the surface are called.
   virtual std::string GetTitle() const { return {}; }
   /// The wish to close the window; true lets it close.

@@ -15,6 +15,8 @@ class State : public ConnectableRectShape {
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
   void OnCommand(unsigned id) override;
+  /// Everywhere but on the handles of a selected state.
+  bool YieldsToConnection(unsigned flags, POINT client) override;
 
   const std::string& GetName() const { return name; }
 

@@ -21,6 +21,7 @@
 #include "surface/ChartCommands.h"
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
+#include "surface/ConnectionDrag.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -42,6 +43,7 @@ LayoutMgr::LayoutMgr()
       look(std::make_unique<ChartLook>()),
       geometry(std::make_unique<ViewGeometry>(*this)),
       tools(std::make_unique<ToolDrag>(*this)),
+      connections(std::make_unique<ConnectionDrag>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -128,6 +130,10 @@ void LayoutMgr::OnDraw(CDC& dc) {
   PrepareMapping(dc);
   dc.SetTextColor(GetTextColor());
   model->DrawOnScreen(dc);
+}
+
+SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width) const {
+  return look->Measure(text, width);
 }
 
 void LayoutMgr::TakeSnapshot() {
