@@ -30,8 +30,14 @@ std::int32_t Depth(std::int64_t size, std::int32_t reach) {
 bool AnchorZone::Reaches(const RECT& border) const {
   const RECT r = view.ToClient(border);
   const std::int32_t reach = std::max<std::int32_t>(kReach, view.GetZoom());
-  const RECT core = InflateRect(r, -Depth(Width(r), reach), -Depth(Height(r), reach));
-  return PtInRect(InflateRect(r, reach), client) && !PtInRect(core, client);
+  RECT core = InflateRect(r, -Depth(Width(r), reach), -Depth(Height(r), reach));
+  RECT around = InflateRect(r, reach);
+  // The pixel at which the band ends belongs to it on all sides.
+  ++around.right;
+  ++around.bottom;
+  if (core.left > r.left) ++core.left;
+  if (core.top > r.top) ++core.top;
+  return PtInRect(around, client) && !PtInRect(core, client);
 }
 
 void AnchorZone::Consider(Connectable& shape) {

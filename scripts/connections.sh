@@ -19,6 +19,12 @@ fi
 source "$root/scripts/display.sh"
 start_display 1240x820
 
+# Where the corner of the paper stands on the screen when the window fills it, and a place where
+# there is nothing else
+paper_x=156
+paper_y=71
+empty="700 760"
+
 # The states in model units: left, top, right, bottom
 first=(6 6 20 17)
 second=(40 28 54 39)
@@ -36,8 +42,8 @@ write_chart() {
       printf '0\nTEXTBEGIN\n\nTEXTEND\n0\nTEXTBEGIN\n\nTEXTEND\n'
       id=$((id + 1))
     done
-    sed -n '/^END DATA/,$p' "$root/Examples/Lift/Lift.mrv"
-  } >"$1"
+    sed -n '/^END DATA/,$p' "$root/Examples/Lift/Lift.mrv" | tr -d '\r'
+  } | sed 's/$/\r/' >"$1"
 }
 
 # place N LEFT TOP RIGHT BOTTOM: where try N touches the border of a state, on the screen
@@ -68,7 +74,11 @@ drag() {
 # try N: one connection, counted by what it left in the file, and taken back
 try() {
   drag $(place "$1" "${first[@]}") $(place $(($1 * 5 + 3)) "${second[@]}")
-  xdotool key ctrl+s sleep 0.4
+  xdotool key ctrl+s
+  for ((wait = 0; wait < 20; wait++)); do
+    sleep 0.1
+    if ! cmp -s "$chart" "$work/untouched"; then break; fi
+  done
   tr -d '\r' <"$chart" >"$work/saved"
   # The third line of a transition's record names its ends; a free one is 0.
   if grep -A 3 '^BEGIN Transition' "$work/saved" | tail -n 1 | grep -q '^[1-9].* [1-9]'; then
@@ -77,8 +87,8 @@ try() {
   if [[ $(grep -cxF -e "${first[*]}" -e "${second[*]}" "$work/saved") != 2 ]]; then
     moved=$((moved + 1))
   fi
-  xdotool key ctrl+z sleep 0.1 key Escape
-  sleep 0.2
+  xdotool key ctrl+z sleep 0.1 key Escape key ctrl+s
+  sleep 0.3
 }
 
 total=0
@@ -88,7 +98,9 @@ for zoom in "${zooms[@]}"; do
   moved=0
   chart="$work/Connections$zoom.mrv"
   write_chart "$chart" "$zoom"
+  cp "$chart" "$work/untouched"
   open_chart "$chart" 1240 820
+  xdotool mousemove $empty click 1 sleep 0.5
   for ((n = 0; n < count; n++)); do try "$n"; done
   kill "$app"
   wait "$app" 2>/dev/null || true

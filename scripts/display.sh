@@ -8,10 +8,6 @@ cleanup() {
 }
 trap cleanup EXIT
 
-# Where the paper of a chart begins on the screen when the window stands in its corner
-paper_x=157
-paper_y=72
-
 # start_display SIZE: a display with a window manager, until the script ends; what belongs to it is
 # in the folder $work.
 start_display() {

@@ -27,6 +27,10 @@ open() {
   open_chart "$work/${1##*/}" $screen_size
 }
 
+# Where the paper begins on the screen when the window fills it
+paper_x=157
+paper_y=72
+
 settle() { sleep "${1:-0.4}"; }
 quit() {
   kill "$app"
