@@ -136,8 +136,8 @@ class Transition : public StateTransition {
   AnchorKey targetKey;
   LinkChain chain{this};
   Link* activeLink = nullptr;  ///< the one in hand during a drag; null in a drag of the whole
-  AnchorOffer offer;  ///< where the end in hand would be caught
-  POINT grabOffset;   ///< from the press to the place of the segment in hand, device pixels
+  AnchorOffer offer;           ///< where the end in hand would be caught
+  POINT grabOffset;  ///< from the press to the place of the segment in hand, device pixels
   AnchorMarker marker;
   MetafileStamp stamp;
   POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added

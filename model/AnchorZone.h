@@ -9,8 +9,8 @@ namespace morvane {
 
 class ChartView;
 
-/// Looks from a client point for the anchor that a hand means there. A shape offers its anchors in a
-/// band along both sides of its border; within the bands the nearest anchor is meant.
+/// Looks from a client point for the anchor that a hand means there. A shape offers its anchors in
+/// a band along both sides of its border; within the bands the nearest anchor is meant.
 class AnchorZone {
  public:
   /// How far on both sides of a border the band reaches at least, device pixels.

@@ -22,9 +22,9 @@ class BaseTracker {
   BaseTracker(const BaseTracker&) = delete;
   BaseTracker& operator=(const BaseTracker&) = delete;
 
-  /// Runs from a press on. True when the drag ended with the button and with a result; false when it
-  /// was cancelled, the mouse was lost or the press stayed a click, and at once while something else,
-  /// as a tool that is placed, holds the mouse.
+  /// Runs from a press on. True when the drag ended with the button and with a result; false when
+  /// it was cancelled, the mouse was lost or the press stayed a click, and at once while something
+  /// else, as a tool that is placed, holds the mouse.
   bool Track(ChartView* view, POINT press);
   /// The button came up before there was a drag.
   bool WasClick() const { return click; }

@@ -102,7 +102,8 @@ bool CRectTracker::TrackHandle(CWnd& window, int handle, POINT p) {
         break;
       case Message::Kind::LButtonUp:
         // A click is no drag, whatever the limits would make of the rectangle.
-        if (threshold.IsPassed()) DragTo(window, Dragged(original, handle, message.point - p), handle);
+        if (threshold.IsPassed())
+          DragTo(window, Dragged(original, handle, message.point - p), handle);
         tracking = false;
         break;
       case Message::Kind::Quit:

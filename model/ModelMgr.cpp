@@ -110,8 +110,7 @@ Shape* ModelMgr::ObjectNear(const POINT& client, Layer layer) const {
   return TopObject(Objects(), layer, [&](const Shape& shape) { return shape.HitTestNear(model); });
 }
 
-AnchorOffer ModelMgr::AnchorNear(const POINT& client, Layer layer,
-                                 const AnchorOwner& owner) const {
+AnchorOffer ModelMgr::AnchorNear(const POINT& client, Layer layer, const AnchorOwner& owner) const {
   AnchorZone zone(*view, client);
   TopObject(Objects(), layer, [&](Shape& shape) {
     // Routes and lines leave room enough for the anchors on which they hang.

@@ -56,8 +56,8 @@ class ModelMgr : public ShapeRegistry {
   Shape* ObjectNear(const POINT& client, Layer layer) const;
   /// Gives what of a shape a connector of some kind may hang on; null if nothing.
   using AnchorOwner = std::function<Connectable*(Shape& shape)>;
-  /// The anchor that is meant at a client point: the nearest one of the shapes of a layer, or of all,
-  /// by whose border the point lies, and which no other shape covers there.
+  /// The anchor that is meant at a client point: the nearest one of the shapes of a layer, or of
+  /// all, by whose border the point lies, and which no other shape covers there.
   AnchorOffer AnchorNear(const POINT& client, Layer layer, const AnchorOwner& owner) const;
   /// The objects wholly inside a client rectangle, in list order.
   std::vector<Shape*> FindShapesInRect(const RECT& client) const;

@@ -46,8 +46,8 @@ class RectShape : public Shape {
   void MoveTo(const RECT& r);
   /// Takes a new rectangle, model units.
   void ResizeTo(const RECT& r);
-  /// Keeps a rectangle in device pixels off the chart's left and top edge, at its size, and snaps it
-  /// to whole model units.
+  /// Keeps a rectangle in device pixels off the chart's left and top edge, at its size, and snaps
+  /// it to whole model units.
   void SnapDeviceRect(RECT& device) const;
   /// The rectangle in device pixels of the client area.
   RECT DeviceRect() const;

@@ -17,9 +17,9 @@ class DragThreshold {
 
   /// The pointer is at a point. True from the first one on that makes a drag.
   bool Passes(POINT p) {
-    passed = passed || std::abs(std::int64_t{p.x} - press.x) +
-                               std::abs(std::int64_t{p.y} - press.y) >=
-                           distance;
+    passed =
+        passed ||
+        std::abs(std::int64_t{p.x} - press.x) + std::abs(std::int64_t{p.y} - press.y) >= distance;
     return passed;
   }
   bool IsPassed() const { return passed; }

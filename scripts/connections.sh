@@ -99,6 +99,8 @@ for zoom in "${zooms[@]}"; do
   chart="$work/Connections$zoom.mrv"
   write_chart "$chart" "$zoom"
   cp "$chart" "$work/untouched"
+  # What one run leaves unsaved must not be on offer at the start of the next.
+  export XDG_STATE_HOME="$work/state$zoom"
   open_chart "$chart" 1240 820
   xdotool mousemove $empty click 1 sleep 0.5
   for ((n = 0; n < count; n++)); do try "$n"; done

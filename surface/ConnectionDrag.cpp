@@ -41,8 +41,15 @@ void ConnectionDrag::OnMove(POINT& client) {
   SnapToAnchor(target == source ? AnchorOffer{} : target, view, targetMark, client);
 }
 
+/// A drop on the anchor where it starts makes nothing, nor one on a state in which nothing can end.
+bool ConnectionDrag::LeadsBack(POINT client) const {
+  if (target) return target == source;
+  return dynamic_cast<EndableState*>(source.shape) == nullptr &&
+         view.FindShapeNear(client, LAYER_STATE) == dynamic_cast<StartableState*>(source.shape);
+}
+
 std::vector<POINT> ConnectionDrag::RouteTo(POINT client) const {
-  if (target == source) return {};
+  if (LeadsBack(client)) return {};
   return ConnectionRoute(view, source, target, client);
 }
 
@@ -57,17 +64,14 @@ ChartView::ConnectionPress ConnectionDrag::Begin(unsigned flags, POINT press) {
   const bool dropped = tracker.Track(&view, press);
   HideHover();
   if (dropped) return Connect(tracker.movingPoint);
-  return tracker.WasClick() ? ChartView::ConnectionPress::Click
-                            : ChartView::ConnectionPress::Used;
+  return tracker.WasClick() ? ChartView::ConnectionPress::Click : ChartView::ConnectionPress::Used;
 }
 
-/// A state in which nothing can end takes its own connection as a click.
 ChartView::ConnectionPress ConnectionDrag::Connect(POINT drop) {
-  auto* from = dynamic_cast<StartableState*>(source.shape);
-  if (!target && view.FindShapeNear(drop, LAYER_STATE) == from &&
-      dynamic_cast<EndableState*>(from) == nullptr) {
-    return ChartView::ConnectionPress::Click;
+  if (LeadsBack(drop)) {
+    return target ? ChartView::ConnectionPress::Used : ChartView::ConnectionPress::Click;
   }
+  auto* from = dynamic_cast<StartableState*>(source.shape);
   ConnectAnchors(view.GetModel(), from, dynamic_cast<EndableState*>(target.shape), &source.key,
                  &target.key, &drop);
   return ChartView::ConnectionPress::Used;

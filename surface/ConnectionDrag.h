@@ -16,8 +16,8 @@ class ConnectionDrag {
  public:
   explicit ConnectionDrag(LayoutMgr& view) : view(view) {}
 
-  /// The pointer is at a point, with no button down: marks the anchor at which a press would start a
-  /// connection.
+  /// The pointer is at a point, with no button down: marks the anchor at which a press would start
+  /// a connection.
   void ShowHover(unsigned flags, POINT client);
   void HideHover();
   /// Draws a connection from a press, if one can start there.
@@ -27,6 +27,7 @@ class ConnectionDrag {
   AnchorOffer SourceAt(unsigned flags, POINT client) const;
   static void ForwardMove(POINT& client, void* drag);
   void OnMove(POINT& client);
+  bool LeadsBack(POINT client) const;
   std::vector<POINT> RouteTo(POINT client) const;
   ChartView::ConnectionPress Connect(POINT drop);
 

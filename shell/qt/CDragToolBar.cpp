@@ -58,8 +58,7 @@ bool CDragToolBar::OnPress(const QObject* button, QPoint place) {
 }
 
 void CDragToolBar::OnMove(QPoint place) {
-  const bool drags =
-      (place - pressPoint).manhattanLength() >= QApplication::startDragDistance();
+  const bool drags = (place - pressPoint).manhattanLength() >= QApplication::startDragDistance();
   if (pressed == 0 || !drags) return;
   Choose(std::exchange(pressed, 0));
   Target().RunCommand(ID_TOOL_DRAG_STARTED);

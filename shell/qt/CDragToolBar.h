@@ -6,9 +6,9 @@
 
 namespace morvane {
 
-/// The bar of the drawing tools. A click chooses a tool, or puts it away again; a double click keeps
-/// it for several objects; and a drag takes it to the chart in one movement. The other buttons act at
-/// the press.
+/// The bar of the drawing tools. A click chooses a tool, or puts it away again; a double click
+/// keeps it for several objects; and a drag takes it to the chart in one movement. The other
+/// buttons act at the press.
 class CDragToolBar : public CommandBar {
   Q_OBJECT
 
