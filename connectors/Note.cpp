@@ -104,6 +104,11 @@ void Note::EditText() {
   const bool automatic = fit.IsAutomatic(*view, rect, text.ShownText());
   if (!text.EditText(LoadText(IDS_NOTE))) return;
   if (automatic) ResizeTo(fit.Grow(*view, rect, text.ShownText()));
+  OnTextsChanged();
+}
+
+void Note::OnTextsChanged() {
+  view->UpdateNodes(this);
   Invalidate();
 }
 

@@ -193,6 +193,7 @@ void Transition::OnBroadcast(int op, void* arg) {
 /// Keeps its shape and lets go of what doesn't move along.
 void Transition::MoveBy(POINT offset) {
   BuildRegion();
+  InvalidateEnds();
   if (source != nullptr && !source->IsSelected()) source->RemoveTransition(this);
   if (target != nullptr && !target->IsSelected()) target->RemoveTransition(this);
   chain.Head()->Offset(offset);

@@ -7,6 +7,7 @@
 #include "connectors/ChainRecord.h"
 #include "connectors/LinkChain.h"
 #include "connectors/MetafileStamp.h"
+#include "connectors/RoutePainter.h"
 #include "model/AnchorKey.h"
 #include "model/AnchorOffer.h"
 #include "states/StateTransition.h"
@@ -16,6 +17,7 @@ namespace morvane {
 class EndableState;
 class Mesg;
 class StartableState;
+class State;
 struct CPen;
 
 /// The arrow of a chart: it runs from a state to a state along a chain of rectilinear links and may
@@ -117,6 +119,9 @@ class Transition : public StateTransition {
   POINT LabelPoint() const;
   void NoteBounds();
 
+  POINT ReachTo(const State* state, const AnchorKey& key, POINT end, int perModel) const;
+  RoutePainter::Reach ReachOfEnds(int perModel) const;
+  void InvalidateEnds();
   std::vector<RECT> VisibleHandles() const;
   void OnSelectionChanged();
   void ShowGhost(POINT offset);

@@ -40,12 +40,14 @@ void Transition::RebuildChain() {
 
 void Transition::MoveSourceEnd(POINT anchor) {
   BuildRegion();
+  InvalidateEnds();
   chain.Head()->MoveEnds(anchor, StepPoint(anchor, sourceKey.side));
   RefreshRoute();
 }
 
 void Transition::MoveTargetEnd(POINT anchor) {
   BuildRegion();
+  InvalidateEnds();
   chain.Tail()->MoveEnds(StepPoint(anchor, targetKey.side), anchor);
   RefreshRoute();
 }
@@ -58,6 +60,7 @@ void Transition::RefreshRoute() {
     view->TellLater(LoadText(IDS_ROUTE_REBUILT));
   }
   RebuildRegion();
+  InvalidateEnds();
   FollowLabel(oldLabel);
 }
 

@@ -18,6 +18,8 @@ class State : public ConnectableRectShape {
   /// Everywhere but on the handles of a selected state.
   bool YieldsToConnection(unsigned flags, POINT client) override;
 
+  /// The border as it is painted, logical units. It stands a little inside the rectangle.
+  virtual RECT GetPaintedBorder() const = 0;
   const std::string& GetName() const { return name; }
 
  protected:

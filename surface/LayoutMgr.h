@@ -63,9 +63,17 @@ class LayoutMgr : public ChartView, public ChartText {
   void ShowObjectMenu(Shape* shape, POINT screen) override;
   /// Opens the chart's own menu at a screen point and carries out what is chosen.
   void ShowChartMenu(POINT screen);
-  /// Shows the chart at another zoom, which is no step to undo; out of range it does nothing.
+  /// Shows the chart at another zoom, which is no step to undo; out of range it does nothing. What
+  /// lies in the middle of the window, or at a client point, stays there.
   void ChangeZoom(int value);
-  /// Sets sizes and position of the scroll bars for a new zoom.
+  void ChangeZoom(int value, POINT client);
+  /// Shows all objects, or those that are selected, as large as they fit into the window. For that
+  /// the view goes below the least zoom that a chart can have, which keeps the one it has then.
+  enum class Shown { All, Selection };
+  void ZoomToFit(Shown shown);
+  /// The zoom that is a part of the model text.
+  std::int16_t GetStoredZoom() const { return storedZoom; }
+  /// Sets sizes and position of the scroll bars for the present zoom.
   void ApplyZoom();
   /// A uniform scale from logical units to device pixels; the origin stays.
   void PrepareMapping(CDC& dc) const;
@@ -106,7 +114,7 @@ class LayoutMgr : public ChartView, public ChartText {
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
   bool OnCommand(unsigned id) override;
   CommandState OnUpdateCommand(unsigned id) override;
-  void OnZoom(int steps) override;
+  void OnZoom(int steps, POINT client) override;
   std::string GetTitle() const override;
   bool OnClose() override;
 
@@ -126,7 +134,11 @@ class LayoutMgr : public ChartView, public ChartText {
   bool IsBusy() const;
   /// Places what was read, if anything was, and only then shows it in the place of what there is.
   void ShowRead();
+  /// What is under the pointer has moved away, or something else has come.
+  void RefreshHover();
+  void ShowZoom(int value, POINT client);
 
+  std::int16_t storedZoom = kNormalZoom;
   HiddenWindow menuWindow{this};  ///< takes the commands of the objects' menus
   ModelProperties properties;
   std::shared_ptr<ModelMgr> model;       ///< never null, all of it placed

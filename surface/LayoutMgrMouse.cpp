@@ -1,4 +1,4 @@
-#include <cstdlib>
+#include <algorithm>
 
 #include "model/Collection.h"
 #include "model/DrawResources.h"
@@ -22,12 +22,18 @@ ChartView::ConnectionPress LayoutMgr::BeginConnection(unsigned flags, POINT pres
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
   if (IsBusy()) return;
   const auto held = HoldModel();
-  // A press under a tool selects; while the view holds the mouse no drag starts.
+  connections->HideHover();
   const bool underTool = tools->IsRunning();
-  if (underTool) SetCapture();
-  const bool changed = held->OnLButtonDown(flags, p.x, p.y);
-  if (underTool) ReleaseCapture();
-  if (changed) TakeSnapshot();
+  bool mayHaveChanged = false;
+  {
+    const Gesture gesture(*this);
+    // A press under a tool selects; while the view holds the mouse no drag starts.
+    if (underTool) SetCapture();
+    mayHaveChanged = held->OnLButtonDown(flags, p.x, p.y);
+    if (underTool) ReleaseCapture();
+  }
+  RefreshHover();
+  if (mayHaveChanged) TakeSnapshot();
 }
 
 void LayoutMgr::OnLButtonDblClk(unsigned flags, POINT p) {
@@ -57,6 +63,13 @@ void LayoutMgr::OnDeactivate() {
   if (tools->IsRunning()) tools->EndToolDrag();
 }
 
+void LayoutMgr::RefreshHover() {
+  connections->HideHover();
+  const POINT pointer = GetCursorPos();
+  const bool free = !tools->IsRunning() && !HasCapture();
+  if (free && PtInRect(GetClientRect(), pointer)) connections->ShowHover(0, pointer);
+}
+
 void LayoutMgr::OnSetCursor() {
   if (!model->OnSetCursor(this, 0, 0)) SetCursor(DrawResources::Instance().arrow);
 }
@@ -81,8 +94,9 @@ void LayoutMgr::ShowChartMenu(POINT screen) {
   TakeSnapshot();
 }
 
-void LayoutMgr::OnZoom(int steps) {
-  for (int i = 0; i < std::abs(steps); ++i) OnCommand(steps > 0 ? ID_ZOOM_IN : ID_ZOOM_OUT);
+void LayoutMgr::OnZoom(int steps, POINT client) {
+  if (ModalLoop::IsRunning()) return;
+  ChangeZoom(std::clamp<int>(zoom + steps, std::min(zoom, kMinZoom), kMaxZoom), client);
 }
 
 bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
@@ -94,6 +108,7 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
       model->DeselectAll();
       return true;
     case VirtualKey::Delete: DeleteSelection(); return true;
+    case VirtualKey::Space: return OnCommand(ID_FIND_REPLACE);
     default: return geometry->ScrollByKey(key);
   }
 }
