@@ -42,13 +42,16 @@ void EventEditorBox::Read(ModelStream& stream) {
   ReadTextBlock(stream.In(), effect, kBeginTag, kEndTag);
 }
 
-void EventEditorBox::Draw(CDC* dc, const RECT* rect) const {
+std::string EventEditorBox::ShownText() const {
   std::string text = LoadText(IDS_ON_EVENT) + "(";
   text.append(event, 0, CDC::kMaxPaintedBytes) += ')';
   if (!guard.empty()) (text += "\n[").append(guard, 0, CDC::kMaxPaintedBytes) += ']';
   if (!effect.empty()) (text += "\n/").append(effect, 0, CDC::kMaxPaintedBytes);
+  return text;
+}
 
-  view->DrawChartText(*dc, text, *rect);
+void EventEditorBox::Draw(CDC* dc, const RECT* rect) const {
+  view->DrawChartText(*dc, ShownText(), *rect);
 }
 
 std::vector<std::string*> EventEditorBox::Texts() { return {&event, &guard, &effect}; }

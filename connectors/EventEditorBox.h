@@ -21,6 +21,8 @@ class EventEditorBox : public TextHandler {
 
   void Write(ModelStream& stream) const;
   void Read(ModelStream& stream);
+  /// The joined texts, as they are painted.
+  std::string ShownText() const;
   /// Paints the joined texts into a rectangle in logical units.
   void Draw(CDC* dc, const RECT* rect) const;
 

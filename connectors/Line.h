@@ -2,6 +2,7 @@
 
 #include "connectors/AnchorMarker.h"
 #include "model/AnchorKey.h"
+#include "model/AnchorOffer.h"
 #include "model/ComplexShape.h"
 #include "model/Connector.h"
 
@@ -23,12 +24,12 @@ class Line : public ComplexShape, public Connector {
   void Draw(CDC* dc) override;
   void DrawMarks(CDC& window) override;
   bool HitTest(const POINT& client) const override;
-  bool HitTestNear(const POINT& model) const override;
   RECT GetPaintBounds() const override;
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  bool YieldsToConnection(unsigned flags, POINT client) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnLayerPlaced() override;
   void OnDragMove(POINT& client) override;
@@ -58,8 +59,8 @@ class Line : public ComplexShape, public Connector {
   Connectable* FindConnectable(std::int32_t shapeId) const;
   static void Follow(const Connectable& shape, const AnchorKey& key, POINT& lineEnd);
   void MoveBy(POINT offset);
-  Connectable* ConnectableAt(POINT client) const;
-  void DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT other);
+  bool IsOnEnd(POINT client) const;
+  void DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT press);
   void DragWhole(POINT press);
 
   POINT start;
@@ -71,7 +72,7 @@ class Line : public ComplexShape, public Connector {
   AnchorKey startKey;
   AnchorKey endKey;
   AnchorMarker marker;
-  bool endInHand = false;
+  AnchorOffer offer;  ///< where the end in hand would be caught
   std::int32_t colourIndex = 0;
   std::int32_t styleIndex = 0;
 };

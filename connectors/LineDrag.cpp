@@ -26,45 +26,34 @@ void Line::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
   }
   const POINT press{x, y};
   if (PtInRect(GetStartHandle(), press)) {
-    DragEnd(start, startShape, startKey, end);
+    DragEnd(start, startShape, startKey, press);
   } else if (PtInRect(GetEndHandle(), press)) {
-    DragEnd(end, endShape, endKey, start);
+    DragEnd(end, endShape, endKey, press);
   } else {
     DragWhole(press);
   }
   marker.Hide();
 }
 
-/// Drags one end, with the rubber line from the other one. The end takes the point where the drag
-/// ended; it comes onto the anchor itself when the shape moves the next time.
-void Line::DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT other) {
+/// Drags one end, with the rubber line from the other one.
+void Line::DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT press) {
+  const POINT other = &dragged == &start ? end : start;
   PointTracker tracker(this, ForwardDragMove, true);
   tracker.fixedPoint = tracker.movingPoint = view->ToClient(other);
-  endInHand = true;
-  const bool dropped = tracker.Track(view);
-  // Where the line lay before it must not keep the end from what it is dropped on.
-  Connectable* target = ConnectableAt(tracker.movingPoint);
-  endInHand = false;
-  const POINT drop = view->ToAbsolute(tracker.movingPoint);
-  if (!dropped || drop == other) return;
+  if (!tracker.Track(view, press)) return;
+  const POINT drop =
+      offer ? *offer.shape->AnchorAt(offer.key) : view->ToAbsolute(tracker.movingPoint);
+  if (drop == other) return;
 
   BuildRegion();
-  AnchorKey found;
-  if (target != nullptr && !target->FindAnchorNear(view->ToLogical(drop), found)) target = nullptr;
   if (shape != nullptr) shape->RemoveConnector(this);
-  shape = target;
-  if (target != nullptr) {
-    key = found;
-    target->AddConnector(this);
+  shape = offer.shape;
+  if (offer) {
+    key = offer.key;
+    shape->AddConnector(this);
   }
   dragged = drop;
   RebuildRegion();
-}
-
-/// The top object under a client point, if it has anchors. The line itself is out of the question
-/// while its end is in hand.
-Connectable* Line::ConnectableAt(POINT client) const {
-  return dynamic_cast<Connectable*>(mgr->ObjectNear(client, LAYER_ALL));
 }
 
 void Line::DragWhole(POINT press) {
@@ -72,19 +61,26 @@ void Line::DragWhole(POINT press) {
   DragSelection(tracker, *view, press);
 }
 
-void Line::OnDragMove(POINT& client) { SnapToAnchor(ConnectableAt(client), *view, marker, client); }
+void Line::OnDragMove(POINT& client) {
+  offer = mgr->AnchorNear(client, LAYER_ALL,
+                          [](Shape& shape) { return dynamic_cast<Connectable*>(&shape); });
+  SnapToAnchor(offer, *view, marker, client);
+}
 
-bool Line::HitTestNear(const POINT& model) const {
-  return !endInHand && ComplexShape::HitTestNear(model);
+bool Line::IsOnEnd(POINT client) const {
+  return PtInRect(GetStartHandle(), client) || PtInRect(GetEndHandle(), client);
+}
+
+/// A selected line is dragged, and so are its ends.
+bool Line::YieldsToConnection(unsigned flags, POINT /*client*/) {
+  return (flags & MK_SHIFT) == 0 && !IsInSelection();
 }
 
 bool Line::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
   const DrawResources& resources = DrawResources::Instance();
   Cursor cursor = resources.overLine;
   if (IsInSelection()) {
-    const POINT pointer = view->GetCursorPos();
-    const bool onEnd = PtInRect(GetStartHandle(), pointer) || PtInRect(GetEndHandle(), pointer);
-    cursor = onEnd ? resources.lineEnd : resources.moveWhole;
+    cursor = IsOnEnd(view->GetCursorPos()) ? resources.lineEnd : resources.moveWhole;
   }
   view->SetCursor(cursor);
   return true;

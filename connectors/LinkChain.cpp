@@ -11,6 +11,9 @@ namespace morvane {
 
 namespace {
 
+/// So many crossings are cut out after one change before the route counts as beyond repair.
+constexpr int kMaxCrossings = 5;
+
 bool IsSegmentRecord(const ChainRecord& record) {
   return record.kind == LINK_H || record.kind == LINK_V;
 }
@@ -134,6 +137,20 @@ std::vector<ChainRecord> LinkChain::Records() const {
     records.push_back({link->kind, link->start, link->end});
   }
   return records;
+}
+
+std::vector<POINT> LinkChain::Points() const {
+  std::vector<POINT> points{head->start};
+  for (const Link* link = head; link != nullptr; link = link->next) points.push_back(link->end);
+  return points;
+}
+
+bool LinkChain::Untangle() {
+  Straighten();
+  for (int i = 0; i < kMaxCrossings; ++i) {
+    if (RemoveCrossing()) return true;
+  }
+  return false;
 }
 
 void LinkChain::Straighten() {

@@ -34,10 +34,14 @@ class LinkChain {
   /// The link in the middle, from which a message hangs; null in an empty chain.
   const Link* Middle() const;
   std::vector<ChainRecord> Records() const;
+  /// The start of the head, then the end of each link.
+  std::vector<POINT> Points() const;
 
   /// Makes a chain that was recorded with gaps or slants continuous and rectilinear. A sound chain
   /// stays as it is.
   void Straighten();
+  /// Does the same and cuts out all loops. False, and nothing sound, if the route is beyond repair.
+  bool Untangle();
   /// Cuts out the loop at the first place where the route crosses itself. True: there was none.
   bool RemoveCrossing();
 

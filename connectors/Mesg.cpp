@@ -165,7 +165,10 @@ void Mesg::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t 
 }
 
 void Mesg::EditText() {
-  if (text.EditText("Message")) OnTextsChanged();
+  const bool automatic = fit.IsAutomatic(*view, rect, text.ShownText());
+  if (!text.EditText("Message")) return;
+  if (automatic) ResizeTo(fit.Grow(*view, rect, text.ShownText()));
+  OnTextsChanged();
 }
 
 void Mesg::OnTextsChanged() {

@@ -3,6 +3,7 @@
 #include "connectors/AnchorMarker.h"
 #include "connectors/BoxLook.h"
 #include "connectors/EventEditorBox.h"
+#include "connectors/TextFit.h"
 #include "model/ConnectableRectShape.h"
 
 namespace morvane {
@@ -43,6 +44,8 @@ class Mesg : public ConnectableRectShape {
   POINT GetCentre() const { return CentreOf(rect); }
   /// The green handle in the middle of the box, device pixels.
   RECT GetStickHandle() const;
+  /// Lets the user edit the texts; the box grows with them.
+  void EditText();
   /// Puts the box on the label of the route.
   void Align();
   /// The box stands on the label. A message without a transition has none to stand on.
@@ -62,7 +65,6 @@ class Mesg : public ConnectableRectShape {
 
  private:
   void ResolveTransition();
-  void EditText();
   void EditProperties();
   POINT LabelPoint() const;
   bool IsOnStickHandle(POINT client) const;
@@ -71,6 +73,7 @@ class Mesg : public ConnectableRectShape {
   Transition* transition = nullptr;
   AnchorMarker marker;
   BoxLook look;
+  TextFit fit{DefaultRect(), {6, 6}};
   std::int32_t transitionId = 0;
 };
 

@@ -32,7 +32,7 @@ void Mesg::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   }
   PointTracker tracker(this, ForwardStickDrag, true);
   tracker.fixedPoint = tracker.movingPoint = press;
-  const bool dropped = tracker.Track(view);
+  const bool dropped = tracker.Track(view, press);
   if (dropped && PtInRect(transition->GetLabelRect(), tracker.movingPoint)) Align();
   marker.Hide();
 }

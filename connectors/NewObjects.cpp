@@ -6,7 +6,9 @@
 #include "connectors/Line.h"
 #include "connectors/Mesg.h"
 #include "connectors/Note.h"
+#include "connectors/RouteSketch.h"
 #include "connectors/Transition.h"
+#include "model/AnchorOffer.h"
 #include "model/ChartView.h"
 #include "model/Defaults.h"
 #include "model/ModelMgr.h"
@@ -69,6 +71,19 @@ void InsertLine(ModelMgr& model, POINT& client) {
   model.Adopt(std::make_unique<Line>(model.NextId(), model.GetView(),
                                      p + POINT{-kNewLineReach, kNewLineReach},
                                      p + POINT{kNewLineReach, -kNewLineReach}));
+}
+
+std::vector<POINT> ConnectionRoute(const ChartView& view, const AnchorOffer& from,
+                                   const AnchorOffer& to, POINT endPoint) {
+  const POINT start = *from.shape->AnchorAt(from.key);
+  RouteSketch sketch(FreeRoute(start - kNewTransitionReach, start + kNewTransitionReach));
+  sketch.MoveSource(start, from.key.side);
+  if (to) {
+    sketch.MoveTarget(*to.shape->AnchorAt(to.key), to.key.side);
+  } else {
+    sketch.MoveTarget(view.ToAbsolute(endPoint), SIDE_TOP);
+  }
+  return sketch.Points();
 }
 
 void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,

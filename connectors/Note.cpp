@@ -91,15 +91,20 @@ void Note::Draw(CDC* dc) {
 
 void Note::OnCommand(unsigned command) {
   switch (command) {
-    case ID_NOTE_EDIT:
-      if (text.EditText(LoadText(IDS_NOTE))) OnTextsChanged();
-      break;
+    case ID_NOTE_EDIT: EditText(); break;
     case ID_NOTE_DELETE:
       if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
       break;
     case ID_OBJECT_PROPERTIES: EditProperties(); break;
     default: ConnectableRectShape::OnCommand(command);
   }
+}
+
+void Note::EditText() {
+  const bool automatic = fit.IsAutomatic(*view, rect, text.ShownText());
+  if (!text.EditText(LoadText(IDS_NOTE))) return;
+  if (automatic) ResizeTo(fit.Grow(*view, rect, text.ShownText()));
+  OnTextsChanged();
 }
 
 void Note::OnTextsChanged() {

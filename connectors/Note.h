@@ -2,6 +2,7 @@
 
 #include "connectors/BoxLook.h"
 #include "connectors/TextBox.h"
+#include "connectors/TextFit.h"
 #include "model/ConnectableRectShape.h"
 
 namespace morvane {
@@ -30,9 +31,11 @@ class Note : public ConnectableRectShape {
   Layer GetClassLayer() const override { return LAYER_NOTE; }
 
  private:
+  void EditText();
   void EditProperties();
 
   TextBox text;
+  TextFit fit{DefaultRect(), {16, 7}};
   BoxLook look{.bgColor = 0x80FFFF, .borderColor = 0x000080};
 };
 

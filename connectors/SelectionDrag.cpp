@@ -10,7 +10,7 @@ namespace morvane {
 void DragSelection(PointTracker& tracker, ChartView& view, POINT press) {
   tracker.fixedPoint = tracker.movingPoint = press;
   Collection& selection = view.GetSelection();
-  if (tracker.Track(&view)) {
+  if (tracker.Track(&view, press)) {
     POINT offset = view.ToModel(tracker.movingPoint) - view.ToModel(press);
     if (offset != POINT{}) selection.Broadcast(BROADCAST_MOVE, &offset, nullptr);
   }

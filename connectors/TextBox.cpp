@@ -26,9 +26,12 @@ std::string WithoutMarks(std::string_view text) {
 
 }  // namespace
 
+std::string TextBox::ShownText() const {
+  return WithoutMarks(std::string_view(text).substr(0, CDC::kMaxPaintedBytes));
+}
+
 void TextBox::Draw(CDC* dc, const RECT* rect) const {
-  const std::string_view painted = std::string_view(text).substr(0, CDC::kMaxPaintedBytes);
-  view->DrawChartText(*dc, WithoutMarks(painted), *rect);
+  view->DrawChartText(*dc, ShownText(), *rect);
 }
 
 std::vector<std::string*> TextBox::Texts() { return {&text}; }

@@ -17,6 +17,8 @@ class TextBox : public TextHandler {
   void SetView(ChartView* chartView) { view = chartView; }
   const std::string& GetText() const { return text; }
   std::string& Text() { return text; }
+  /// What is painted of the text: all but the characters "<M>".
+  std::string ShownText() const;
   /// Paints the text, without the characters "<M>", into a rectangle in logical units.
   void Draw(CDC* dc, const RECT* rect) const;
 

@@ -6,6 +6,7 @@
 #include "connectors/HeadLink.h"
 #include "connectors/Mesg.h"
 #include "connectors/NewObjects.h"
+#include "connectors/RouteSketch.h"
 #include "connectors/TailLink.h"
 #include "model/ChartView.h"
 #include "model/ModelMgr.h"
@@ -26,7 +27,7 @@ Transition::Transition(std::int32_t id, ChartView* view, POINT sourcePoint, POIN
       targetPoint(targetPoint),
       sourceKey{1, SIDE_BOTTOM},
       targetKey{1, SIDE_TOP},
-      records(FreeChain()) {}
+      records(FreeRoute(sourcePoint, targetPoint)) {}
 
 Transition::~Transition() {
   if (source != nullptr) source->RemoveTransition(this);
@@ -218,6 +219,7 @@ void Transition::AddMesg() {
   POINT origin;
   mesg = InsertMesg(*mgr, origin, this);
   mesg->Align();
+  mesg->EditText();
 }
 
 }  // namespace morvane

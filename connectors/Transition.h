@@ -9,6 +9,7 @@
 #include "connectors/MetafileStamp.h"
 #include "connectors/RoutePainter.h"
 #include "model/AnchorKey.h"
+#include "model/AnchorOffer.h"
 #include "states/StateTransition.h"
 
 namespace morvane {
@@ -49,6 +50,7 @@ class Transition : public StateTransition {
   void OnCommand(unsigned command) override;
   bool TakesPressWithControl() const override { return true; }
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  bool YieldsToConnection(unsigned flags, POINT client) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;
   void OnRestored() override;
@@ -112,14 +114,11 @@ class Transition : public StateTransition {
   void MoveSourceEnd(POINT anchor);
   void MoveTargetEnd(POINT anchor);
   void RebuildChain();
-  std::vector<ChainRecord> FreeChain() const;
   void RefreshRoute();
-  void Untangle();
   void FollowLabel(POINT oldLabel);
   POINT LabelPoint() const;
   void NoteBounds();
 
-  std::vector<POINT> RoutePoints() const;
   POINT ReachTo(const State* state, const AnchorKey& key, POINT end, int perModel) const;
   RoutePainter::Reach ReachOfEnds(int perModel) const;
   void InvalidateEnds();
@@ -128,12 +127,12 @@ class Transition : public StateTransition {
   void ShowGhost(POINT offset);
 
   Link* LinkAt(POINT client) const;
-  template <class EndState>
-  EndState* StateAt(POINT client, AnchorKey& key) const;
+  bool DragActiveLink(POINT press);
+  std::vector<POINT> RouteWithEndAt(POINT client) const;
   bool TrackEnd(POINT press, POINT& drop);
-  void DragHead(POINT press);
-  void DragTail(POINT press);
-  void DragLink(POINT press);
+  bool DragHead(POINT press);
+  bool DragTail(POINT press);
+  bool DragLink(POINT press);
   void DragWhole(POINT press);
 
   POINT sourcePoint;
@@ -142,6 +141,8 @@ class Transition : public StateTransition {
   AnchorKey targetKey;
   LinkChain chain{this};
   Link* activeLink = nullptr;  ///< the one in hand during a drag; null in a drag of the whole
+  AnchorOffer offer;           ///< where the end in hand would be caught
+  POINT grabOffset;  ///< from the press to the place of the segment in hand, device pixels
   AnchorMarker marker;
   MetafileStamp stamp;
   POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added

@@ -2,6 +2,8 @@
 
 #include "connectors/AnchorSnap.h"
 #include "connectors/HeadLink.h"
+#include "connectors/RouteSketch.h"
+#include "connectors/RouteTracker.h"
 #include "connectors/SelectionDrag.h"
 #include "connectors/Transition.h"
 #include "drawing/CDC.h"
@@ -22,12 +24,16 @@ void ForwardDragMove(POINT& client, void* transition) {
   static_cast<Transition*>(transition)->OnDragMove(client);
 }
 
+Connectable* AsSource(Shape& shape) { return dynamic_cast<StartableState*>(&shape); }
+
+Connectable* AsTarget(Shape& shape) { return dynamic_cast<EndableState*>(&shape); }
+
 }  // namespace
 
 void Transition::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
-  if (!IsInSelection()) {
+  const bool comesIn = !IsInSelection();
+  if (comesIn) {
     view->GetSelection().Add(this);
-    mgr->BringToFront(this);
     OnSelectionChanged();
   }
   // Handles show on a selected transition only, but they work at the press that selects it.
@@ -36,13 +42,18 @@ void Transition::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
     if ((flags & MK_SHIFT) != 0) DragWhole({x, y});
     return;
   }
-  switch (activeLink->kind) {
-    case LINK_HEAD: DragHead({x, y}); break;
-    case LINK_TAIL: DragTail({x, y}); break;
-    default: DragLink({x, y});
-  }
+  // A click leaves the order of the transitions as it is.
+  if (DragActiveLink({x, y}) && comesIn) mgr->BringToFront(this);
   activeLink = nullptr;
   marker.Hide();
+}
+
+bool Transition::DragActiveLink(POINT press) {
+  switch (activeLink->kind) {
+    case LINK_HEAD: return DragHead(press);
+    case LINK_TAIL: return DragTail(press);
+    default: return DragLink(press);
+  }
 }
 
 Link* Transition::LinkAt(POINT client) const {
@@ -51,61 +62,70 @@ Link* Transition::LinkAt(POINT client) const {
   return link;
 }
 
-/// The state in which an end that is dropped at a point would be caught, and by which anchor.
-template <class EndState>
-EndState* Transition::StateAt(POINT client, AnchorKey& key) const {
-  auto* state = dynamic_cast<EndState*>(mgr->ObjectNear(client, LAYER_STATE));
-  return state != nullptr && view->FindAnchorAt(*state, client, key) ? state : nullptr;
+/// Only its handles and the drag of the whole are the transition's own.
+bool Transition::YieldsToConnection(unsigned flags, POINT client) {
+  return (flags & MK_SHIFT) == 0 && (!IsInSelection() || LinkAt(client) == nullptr);
+}
+
+/// The route that comes if the end in hand is let go at a point.
+std::vector<POINT> Transition::RouteWithEndAt(POINT client) const {
+  const POINT place = offer ? *offer.shape->AnchorAt(offer.key) : view->ToAbsolute(client);
+  RouteSketch sketch(Route());
+  if (activeLink->kind == LINK_HEAD) {
+    sketch.MoveSource(place, offer ? offer.key.side : sourceKey.side);
+  } else {
+    sketch.MoveTarget(place, offer ? offer.key.side : targetKey.side);
+  }
+  return sketch.Points();
 }
 
 /// Runs the drag of the grabbed end; gives the point where it is dropped, device pixels.
 bool Transition::TrackEnd(POINT press, POINT& drop) {
-  POINT end;
-  activeLink->GetDragLine(view->ToAbsolute(press), end, end);
-  PointTracker tracker(this, ForwardDragMove, true);
-  tracker.fixedPoint = tracker.movingPoint = view->ToClient(end);
-  if (!tracker.Track(view)) return false;
-  // Without a move the end is dropped where it stands, not at the pixel that was hit.
-  const POINT own = activeLink->kind == LINK_HEAD ? activeLink->start : activeLink->end;
-  const bool moved = tracker.movingPoint != tracker.fixedPoint;
-  drop = moved ? tracker.movingPoint : view->ToClient(own);
+  RouteTracker tracker(this, ForwardDragMove, *view,
+                       [this](POINT client) { return RouteWithEndAt(client); });
+  tracker.fixedPoint = tracker.movingPoint = press;
+  if (!tracker.Track(view, press)) return false;
+  drop = tracker.movingPoint;
   return true;
 }
 
-void Transition::DragHead(POINT press) {
+bool Transition::DragHead(POINT press) {
   POINT drop;
-  if (!TrackEnd(press, drop)) return;
-  AnchorKey key;
-  if (auto* state = StateAt<StartableState>(drop, key)) {
-    AttachSource(state, key);
+  if (!TrackEnd(press, drop)) return false;
+  if (offer) {
+    AttachSource(dynamic_cast<StartableState*>(offer.shape), offer.key);
   } else {
     if (source != nullptr) source->RemoveTransition(this);
     MoveSourceEnd(view->ToAbsolute(drop));
   }
+  return true;
 }
 
-void Transition::DragTail(POINT press) {
+bool Transition::DragTail(POINT press) {
   POINT drop;
-  if (!TrackEnd(press, drop)) return;
-  AnchorKey key;
-  if (auto* state = StateAt<EndableState>(drop, key)) {
-    AttachTarget(state, key);
+  if (!TrackEnd(press, drop)) return false;
+  if (offer) {
+    AttachTarget(dynamic_cast<EndableState*>(offer.shape), offer.key);
   } else {
     MoveTargetFree(drop.x, drop.y);
   }
+  return true;
 }
 
-void Transition::DragLink(POINT press) {
+/// The segment goes as far as the pointer does, wherever on it the press was.
+bool Transition::DragLink(POINT press) {
   POINT lineStart;
   POINT lineEnd;
-  activeLink->GetDragLine(view->ToAbsolute(press), lineStart, lineEnd);
+  activeLink->GetDragLine(activeLink->start, lineStart, lineEnd);
   LineTracker tracker(this, ForwardDragMove);
   tracker.start = tracker.movedStart = view->ToClient(lineStart);
   tracker.end = tracker.movedEnd = view->ToClient(lineEnd);
-  if (!tracker.Track(view)) return;
+  grabOffset = tracker.start - press;
+  if (!tracker.Track(view, press)) return false;
   BuildRegion();
   activeLink->MoveTo(view->ToAbsolute(tracker.movedStart));
   RefreshRoute();
+  return true;
 }
 
 void Transition::DragWhole(POINT press) {
@@ -120,13 +140,12 @@ void Transition::OnDragMove(POINT& client) {
     view->GetSelection().Broadcast(BROADCAST_SHOW_GHOST, &offset, nullptr);
     return;
   }
-  const Connectable* candidate = nullptr;
-  if (activeLink->kind == LINK_HEAD) {
-    candidate = dynamic_cast<StartableState*>(mgr->ObjectNear(client, LAYER_STATE));
-  } else if (activeLink->kind == LINK_TAIL) {
-    candidate = dynamic_cast<EndableState*>(mgr->ObjectNear(client, LAYER_STATE));
+  if (activeLink->IsSegment()) {
+    client = view->ToDevice(view->ToModel(client + grabOffset));
+    return;
   }
-  SnapToAnchor(candidate, *view, marker, client);
+  offer = mgr->AnchorNear(client, LAYER_STATE, activeLink->kind == LINK_HEAD ? AsSource : AsTarget);
+  SnapToAnchor(offer, *view, marker, client);
 }
 
 bool Transition::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {

@@ -63,7 +63,7 @@ void Transition::DrawRoute(CDC* dc, const CPen* pen) const {
   const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
   const CPen oldPen = dc->SelectPen(pen != nullptr ? *pen : ownPen);
   const Conversion toClient = [this](POINT p) { return ToClient(p); };
-  RoutePainter(*dc, toClient, ReachOfEnds(view->GetZoom())).Paint(RoutePoints());
+  RoutePainter(*dc, toClient, ReachOfEnds(view->GetZoom())).Paint(chain.Points());
   dc->SelectPen(oldPen);
   dc->SetBkMode(oldMode);
 }
@@ -75,7 +75,7 @@ void Transition::PrintRoute(CDC* dc) const {
   const CPen oldPen =
       dc->SelectPen(attached ? resources.printRoutePen : resources.printFreeRoutePen);
   const Conversion toLogical = [this](POINT p) { return view->ToLogical(p); };
-  RoutePainter(*dc, toLogical, ReachOfEnds(ChartView::kLogicalPerModel)).Paint(RoutePoints());
+  RoutePainter(*dc, toLogical, ReachOfEnds(ChartView::kLogicalPerModel)).Paint(chain.Points());
   dc->SelectPen(oldPen);
   dc->SetBkMode(oldMode);
 }
@@ -110,14 +110,6 @@ void Transition::InvalidateEnds() {
   for (const POINT end : {chain.Head()->start, chain.Tail()->end}) {
     view->InvalidateRect(InflateRect(RectAt(ToClient(end)), kEndReach));
   }
-}
-
-std::vector<POINT> Transition::RoutePoints() const {
-  std::vector<POINT> points{chain.Head()->start};
-  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
-    points.push_back(link->end);
-  }
-  return points;
 }
 
 /// The handles that show in the client area, in chain order.

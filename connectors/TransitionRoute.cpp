@@ -7,6 +7,7 @@
 #include "connectors/HeadLink.h"
 #include "connectors/Mesg.h"
 #include "connectors/RoutePainter.h"
+#include "connectors/RouteSketch.h"
 #include "connectors/TailLink.h"
 #include "connectors/Transition.h"
 #include "model/ChartView.h"
@@ -17,8 +18,6 @@ namespace morvane {
 
 namespace {
 
-/// So many crossings are cut out after one change before the route counts as beyond repair.
-constexpr int kMaxCrossings = 5;
 /// How far from a link, and to each side of the arrow's base, a click counts, device pixels.
 constexpr std::int32_t kLinkReach = 4;
 constexpr std::int32_t kArrowReach = 8;
@@ -35,16 +34,8 @@ RECT Surround(const RECT& r, POINT p) {
 
 POINT Transition::ToClient(POINT model) const { return view->ToClient(model); }
 
-/// The chain of a transition that no state holds.
-std::vector<ChainRecord> Transition::FreeChain() const {
-  const POINT stub = StepPoint(sourcePoint, SIDE_BOTTOM);
-  return {{LINK_HEAD, sourcePoint, stub},
-          {LINK_V, stub, targetPoint},
-          {LINK_TAIL, StepPoint(targetPoint, SIDE_TOP), targetPoint}};
-}
-
 void Transition::RebuildChain() {
-  if (!chain.Build(records)) chain.Build(FreeChain());
+  if (!chain.Build(records)) chain.Build(FreeRoute(sourcePoint, targetPoint));
 }
 
 void Transition::MoveSourceEnd(POINT anchor) {
@@ -64,19 +55,13 @@ void Transition::MoveTargetEnd(POINT anchor) {
 /// The common end of every operation that changes the route; `BuildRegion` was its beginning.
 void Transition::RefreshRoute() {
   const POINT oldLabel = labelCentre;
-  chain.Straighten();
-  Untangle();
+  if (!chain.Untangle()) {
+    RebuildChain();
+    view->TellLater(LoadText(IDS_ROUTE_REBUILT));
+  }
   RebuildRegion();
   InvalidateEnds();
   FollowLabel(oldLabel);
-}
-
-void Transition::Untangle() {
-  for (int i = 0; i < kMaxCrossings; ++i) {
-    if (chain.RemoveCrossing()) return;
-  }
-  RebuildChain();
-  view->TellLater(LoadText(IDS_ROUTE_REBUILT));
 }
 
 /// A message that stands on the label goes along with it, but for one that the user holds.

@@ -14,6 +14,8 @@
 
 namespace morvane {
 
+class Connectable;
+
 /// A hand that does anything at all with a chart without a screen, and never lets it grow far.
 /// Every choice comes from one function, so that the same choices make the same chart.
 class ChartHand {

@@ -22,9 +22,12 @@ class BaseTracker {
   BaseTracker(const BaseTracker&) = delete;
   BaseTracker& operator=(const BaseTracker&) = delete;
 
-  /// True when the drag ended with the button and with a result; false when it was cancelled or the
-  /// mouse was lost, and at once while something else, as a tool that is placed, holds the mouse.
-  bool Track(ChartView* view);
+  /// Runs from a press on. True when the drag ended with the button and with a result; false when
+  /// it was cancelled, the mouse was lost or the press stayed a click, and at once while something
+  /// else, as a tool that is placed, holds the mouse.
+  bool Track(ChartView* view, POINT press);
+  /// The button came up before there was a drag.
+  bool WasClick() const { return click; }
 
   // Each of the three gets a blank layer over the picture. What it draws there shows from then on,
   // instead of what showed before.
@@ -44,6 +47,7 @@ class BaseTracker {
  private:
   void* context;
   Callback callback;
+  bool click = false;
 };
 
 }  // namespace morvane

@@ -4,6 +4,7 @@
 
 #include "drawing/CDC.h"
 #include "platform/CWnd.h"
+#include "platform/DragThreshold.h"
 #include "platform/FeedbackDC.h"
 #include "platform/ModalLoop.h"
 
@@ -86,7 +87,7 @@ bool CRectTracker::TrackRubberBand(CWnd& window, POINT p) {
 bool CRectTracker::TrackHandle(CWnd& window, int handle, POINT p) {
   if (window.HasCapture()) return false;
   const RECT original = rect;
-  bool moved = false;
+  DragThreshold threshold(window, p);
   bool cancelled = false;
   const ModalLoop loop;
   window.SetCapture();
@@ -96,12 +97,13 @@ bool CRectTracker::TrackHandle(CWnd& window, int handle, POINT p) {
     const bool lost = message.kind == Message::Kind::Quit || !window.HasCapture();
     switch (lost ? Message::Kind::Quit : message.kind) {
       case Message::Kind::MouseMove:
-        moved = true;
-        DragTo(window, Dragged(original, handle, message.point - p), handle);
+        if (threshold.Passes(message.point))
+          DragTo(window, Dragged(original, handle, message.point - p), handle);
         break;
       case Message::Kind::LButtonUp:
-        // A press without a move is no drag, whatever the limits would make of the rectangle.
-        if (moved) DragTo(window, Dragged(original, handle, message.point - p), handle);
+        // A click is no drag, whatever the limits would make of the rectangle.
+        if (threshold.IsPassed())
+          DragTo(window, Dragged(original, handle, message.point - p), handle);
         tracking = false;
         break;
       case Message::Kind::Quit:

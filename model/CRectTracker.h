@@ -36,7 +36,7 @@ class CRectTracker {
 
   /// A modal loop until the left button comes up: a handle drags its side or corner, the inside
   /// the whole rectangle. False if the point hits nothing or the window holds the mouse already, if
-  /// Escape or the right button restored the rectangle, and if it didn't change.
+  /// Escape or the right button restored the rectangle, and if it didn't change, as by a click.
   bool Track(CWnd& window, POINT p);
   /// The same with a new rectangle that grows from a point in any direction. False if the pointer
   /// made none.

@@ -1,6 +1,5 @@
 #include "model/ChartView.h"
 
-#include "model/Connectable.h"
 #include "model/ObjectBrowser.h"
 
 namespace morvane {
@@ -24,10 +23,6 @@ void ChartView::InvalidateModelRect(const RECT& first, const RECT& second) {
 
 void ChartView::UpdateNodes(Shape* shape) {
   if (ObjectBrowser* browser = GetObjectTree()) browser->UpdateNodes(shape);
-}
-
-bool ChartView::FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const {
-  return shape.FindAnchorNear(ToLogical(ToAbsolute(client)), key);
 }
 
 }  // namespace morvane

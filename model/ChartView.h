@@ -5,14 +5,12 @@
 #include <string_view>
 
 #include "drawing/DrawingTools.h"
-#include "model/AnchorKey.h"
 #include "model/ShapeGeometry.h"
 #include "platform/CScrollView.h"
 
 namespace morvane {
 
 class Collection;
-class Connectable;
 class ObjectBrowser;
 class Shape;
 
@@ -69,13 +67,17 @@ class ChartView : public CScrollView {
   /// and cut off at the rectangle.
   virtual void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const = 0;
 
-  /// The anchor of a shape that answers at a client point.
-  bool FindAnchorAt(const Connectable& shape, POINT client, AnchorKey& key) const;
-  /// The pointer is on an anchor where a connection can start.
-  virtual bool IsOverAnchor() const = 0;
-  /// Draws a connection from a press on an anchor, a client point, to where the button comes up;
-  /// true if the press was used up.
-  virtual bool BeginConnection(POINT press) = 0;
+  /// The size of a text in the chart's font, logical units, if it is broken at words to a width.
+  virtual SIZE MeasureChartText(std::string_view text, std::int32_t width) const = 0;
+
+  /// What came of a press that may start a connection.
+  enum class ConnectionPress {
+    NotHere,  ///< there is no anchor that one could start at
+    Used,     ///< a connection was drawn, or given up
+    Click     ///< the button came up again where it was pressed
+  };
+  /// Draws a connection from a press by an anchor, a client point, to where the button comes up.
+  virtual ConnectionPress BeginConnection(unsigned flags, POINT press) = 0;
   /// Opens the context menu of an object at a screen point and carries out what is chosen.
   virtual void ShowObjectMenu(Shape* shape, POINT screen) = 0;
   /// Notes a message that came up while the model was changing; it is shown, once, when the

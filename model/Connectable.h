@@ -21,8 +21,6 @@ class Connectable {
 
   virtual std::int32_t GetId() const = 0;
   virtual bool IsSelected() const = 0;
-  /// How far around its point an anchor answers, logical units.
-  virtual std::uint16_t GetAnchorReach() const = 0;
   virtual ChartView* GetView() const = 0;
 
   /// Appends; it doesn't test for a duplicate.
@@ -31,8 +29,6 @@ class Connectable {
   void RemoveConnector(Connector* connector);
   const std::vector<Connector*>& GetConnectors() const { return connectors; }
 
-  /// The first anchor in key order that answers at a point in logical units.
-  bool FindAnchorNear(const POINT& logical, AnchorKey& out) const;
   /// The point of an anchor, model units; null for a key that names none, as a file can hold.
   const POINT* AnchorAt(const AnchorKey& key) const;
   const AnchorMap& GetAnchors() const { return anchors; }

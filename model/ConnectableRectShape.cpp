@@ -66,10 +66,6 @@ void ConnectableRectShape::OnRectChanged(const RECT& /*old*/, bool sized) {
   NotifyConnectors(sized);
 }
 
-std::uint16_t ConnectableRectShape::GetAnchorReach() const {
-  return static_cast<std::uint16_t>(view->ToLogical(1));
-}
-
 void ConnectableRectShape::DrawAnchors(CDC& window) const {
   const DrawResources& resources = DrawResources::Instance();
   const CBrush oldBrush = window.SelectBrush(resources.anchorBrush);

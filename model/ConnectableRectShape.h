@@ -26,7 +26,6 @@ class ConnectableRectShape : public RectShape, public Connectable {
 
   std::int32_t GetId() const override { return id; }
   bool IsSelected() const override { return IsInSelection(); }
-  std::uint16_t GetAnchorReach() const override;
   ChartView* GetView() const override { return view; }
 
   /// Paints the anchor marks on a context in device pixels of the client area.

@@ -4,8 +4,7 @@
 
 namespace morvane {
 
-bool LineTracker::Finish(POINT& point, CDC* /*dc*/) {
-  MoveTo(point);
+bool LineTracker::Finish(POINT& /*point*/, CDC* /*dc*/) {
   return movedStart != start || movedEnd != end;
 }
 

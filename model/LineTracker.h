@@ -11,7 +11,7 @@ class LineTracker : public BaseTracker {
   /// The caller sets the points afterwards, the moved ends equal to the ends.
   LineTracker(void* context, Callback callback) : BaseTracker(context, callback) {}
 
-  /// Takes the moved ends from the raw point; true if they differ from the ends.
+  /// True if the moved ends, as the last move left them, differ from the ends.
   bool Finish(POINT& point, CDC* dc) override;
   void Move(POINT& point, CDC* dc) override;
 

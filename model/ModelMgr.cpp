@@ -4,7 +4,9 @@
 #include <array>
 
 #include "drawing/CDC.h"
+#include "model/AnchorZone.h"
 #include "model/ChartView.h"
+#include "model/Connectable.h"
 #include "model/ModelClipboard.h"
 #include "model/ModelStream.h"
 #include "model/ObjectBrowser.h"
@@ -27,7 +29,7 @@ template <class Hit>
 Shape* TopObject(const std::vector<Shape*>& objects, Layer only, const Hit& hit) {
   for (auto layer = kPaintOrder.rbegin(); layer != kPaintOrder.rend(); ++layer) {
     if (only != LAYER_ALL && only != *layer) continue;
-    const auto found = std::find_if(objects.rbegin(), objects.rend(), [&](const Shape* shape) {
+    const auto found = std::find_if(objects.rbegin(), objects.rend(), [&](Shape* shape) {
       return shape->GetLayer() == *layer && hit(*shape);
     });
     if (found != objects.rend()) return *found;
@@ -110,6 +112,18 @@ Shape* ModelMgr::ObjectAt(const POINT& client) const {
 Shape* ModelMgr::ObjectNear(const POINT& client, Layer layer) const {
   const POINT model = view->ToAbsolute(client);
   return TopObject(Objects(), layer, [&](const Shape& shape) { return shape.HitTestNear(model); });
+}
+
+AnchorOffer ModelMgr::AnchorNear(const POINT& client, Layer layer, const AnchorOwner& owner) const {
+  AnchorZone zone(*view, client);
+  TopObject(Objects(), layer, [&](Shape& shape) {
+    // Routes and lines leave room enough for the anchors on which they hang.
+    if (dynamic_cast<Connectable*>(&shape) == nullptr) return false;
+    Connectable* found = zone.Reaches(shape.GetBounds()) ? owner(shape) : nullptr;
+    if (found != nullptr) zone.Consider(*found);
+    return shape.HitTest(client);
+  });
+  return zone.Nearest();
 }
 
 std::vector<Shape*> ModelMgr::FindShapesInRect(const RECT& client) const {

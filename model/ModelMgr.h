@@ -1,10 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "drawing/Geometry.h"
+#include "model/AnchorOffer.h"
 #include "model/Collection.h"
 #include "model/Factory.h"
 #include "model/ModelData.h"
@@ -52,6 +54,11 @@ class ModelMgr : public ShapeRegistry {
   Shape* ObjectAt(const POINT& client) const;
   /// The top object under or near a client point in one layer, or in all with `LAYER_ALL`.
   Shape* ObjectNear(const POINT& client, Layer layer) const;
+  /// Gives what of a shape a connector of some kind may hang on; null if nothing.
+  using AnchorOwner = std::function<Connectable*(Shape& shape)>;
+  /// The anchor that is meant at a client point: the nearest one of the shapes of a layer, or of
+  /// all, by whose border the point lies, and which no other shape covers there.
+  AnchorOffer AnchorNear(const POINT& client, Layer layer, const AnchorOwner& owner) const;
   /// The objects wholly inside a client rectangle, in list order.
   std::vector<Shape*> FindShapesInRect(const RECT& client) const;
   /// The lower right corner of all objects, model units, not below 0.

@@ -20,25 +20,26 @@ bool ModelMgr::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   const bool withShift = (flags & MK_SHIFT) != 0;
   if (withControl && (hit == nullptr || !hit->TakesPressWithControl()))
     return TrackRubberBand(x, y);
+  const auto connection = view->BeginConnection(flags, {x, y});
+  if (connection == ChartView::ConnectionPress::Used) return true;
+  const bool clicked = connection == ChartView::ConnectionPress::Click;
   if (hit == nullptr) {
-    if (TrackRubberBand(x, y)) return true;
+    if (!clicked && TrackRubberBand(x, y)) return true;
     DeselectAll();
     return false;
   }
-  const bool connects = view->IsOverAnchor() && !selection.Contains(hit);
   if (!selection.Contains(hit)) {
-    if (connects && view->BeginConnection({x, y})) return true;
     if (!withShift) DeselectAll();
   } else if (withShift) {
     selection.Remove(hit);
     hit->OnBroadcast(BROADCAST_DESELECTED, nullptr);
     return true;
   }
-  // A connection that came to nothing has used up the release of the button. While the view holds
-  // the mouse no drag starts that would wait for it.
-  if (connects) view->SetCapture();
+  // A click has used up the release of the button. While the view holds the mouse no drag starts
+  // that would wait for it.
+  if (clicked) view->SetCapture();
   hit->OnLButtonDown(flags, x, y);
-  if (connects) view->ReleaseCapture();
+  if (clicked) view->ReleaseCapture();
   return true;
 }
 

@@ -113,15 +113,39 @@ void RectShape::ChangeRect(const RECT& r, bool sized) {
 }
 
 void RectShape::SnapDeviceRect(RECT& device) const {
-  const std::int64_t minimum = view->ToDevice(kMinimumSize);
-  const std::int64_t width = std::max(Width(device), minimum);
-  const std::int64_t height = std::max(Height(device), minimum);
+  const std::int64_t width = Width(device);
+  const std::int64_t height = Height(device);
   const POINT least = view->ToClient(POINT{kFirstUnit, kFirstUnit});
   device.left = std::max(device.left, least.x);
   device.top = std::max(device.top, least.y);
   device.right = Saturate(device.left + width);
   device.bottom = Saturate(device.top + height);
   device = view->ToDevice(view->ToModel(device));
+}
+
+/// The sides that a handle pulls stop at the minimum size, or at the size of a shape that a file
+/// holds smaller, and off the chart's left and top edge. The others stand still.
+void RectShape::LimitResize(RECT& device) const {
+  const RECT old = DeviceRect();
+  const std::int32_t minimum = view->ToDevice(kMinimumSize);
+  const POINT least = view->ToClient(POINT{kFirstUnit, kFirstUnit});
+  const std::int32_t lastLeft = std::max(old.left, SubSat(old.right, minimum));
+  const std::int32_t lastTop = std::max(old.top, SubSat(old.bottom, minimum));
+  const std::int32_t firstRight = std::min(old.right, AddSat(old.left, minimum));
+  const std::int32_t firstBottom = std::min(old.bottom, AddSat(old.top, minimum));
+  if (device.left != old.left) device.left = std::min(std::max(device.left, least.x), lastLeft);
+  if (device.top != old.top) device.top = std::min(std::max(device.top, least.y), lastTop);
+  device.right = std::max(device.right, firstRight);
+  device.bottom = std::max(device.bottom, firstBottom);
+  device = view->ToDevice(view->ToModel(device));
+}
+
+bool RectShape::IsOnHandle(POINT client) {
+  if (!tracker || !IsInSelection()) return false;
+  // The shape may have moved since it was painted.
+  tracker->rect = DeviceRect();
+  const int hit = tracker->HitTest(client);
+  return hit != CRectTracker::kNothing && hit != CRectTracker::kInside;
 }
 
 void RectShape::OnBroadcast(int op, void* arg) {
@@ -173,8 +197,12 @@ void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y
 }
 
 /// A drag that keeps the size is a move, and the other selected shapes show where they would go.
-void RectShape::AdjustRect(unsigned /*handle*/, RECT& device) {
-  SnapDeviceRect(device);
+void RectShape::AdjustRect(unsigned handle, RECT& device) {
+  if (handle == CRectTracker::kInside) {
+    SnapDeviceRect(device);
+  } else {
+    LimitResize(device);
+  }
   const RECT model = view->ToModel(device);
   if (!HasSizeOf(model, rect)) return;
   POINT offset = TopLeft(model) - TopLeft(rect);

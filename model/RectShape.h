@@ -46,14 +46,17 @@ class RectShape : public Shape {
   void MoveTo(const RECT& r);
   /// Takes a new rectangle, model units.
   void ResizeTo(const RECT& r);
-  /// Raises a rectangle in device pixels to the minimum size, keeps it off the chart's left and top
-  /// edge and snaps it to whole model units.
+  /// Keeps a rectangle in device pixels off the chart's left and top edge, at its size, and snaps
+  /// it to whole model units.
   void SnapDeviceRect(RECT& device) const;
   /// The rectangle in device pixels of the client area.
   RECT DeviceRect() const;
 
  protected:
+  /// The shape is selected and a client point lies on one of its handles.
+  bool IsOnHandle(POINT client);
   void ChangeRect(const RECT& r, bool sized);
+  void LimitResize(RECT& device) const;
   void ShowGhost(POINT offset);
 
   RECT rect;

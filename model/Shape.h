@@ -68,6 +68,9 @@ class Shape : public Object, public Collectable {
   virtual void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y);
   /// A press with the control key is a gesture of the shape, and draws no rubber band.
   virtual bool TakesPressWithControl() const { return false; }
+  /// A press here, at a client point under which the shape lies, may start a connection of a state
+  /// whose border runs there instead of a gesture of the shape.
+  virtual bool YieldsToConnection(unsigned /*flags*/, POINT /*client*/) { return false; }
   /// Sets the cursor over the shape; false leaves it to the view.
   virtual bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message);
   /// The shape has got a view and a manager: resolve references, make helpers.

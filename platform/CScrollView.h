@@ -61,6 +61,8 @@ class CScrollView : public CWnd {
   /// Steps of the wheel that ask for a larger picture, or for a smaller one if negative. What lies
   /// at a client point is to stay there.
   virtual void OnZoom(int /*steps*/, POINT /*client*/) {}
+  /// Another document is worked on now.
+  virtual void OnDeactivate() {}
   /// What the pages of the surface are called.
   virtual std::string GetTitle() const { return {}; }
   /// The wish to close the window; true lets it close.

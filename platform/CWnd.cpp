@@ -52,6 +52,8 @@ POINT CWnd::GetCursorPos() const { return peer != nullptr ? peer->CursorPos() + 
 
 bool CWnd::IsShiftDown() const { return peer != nullptr && peer->IsShiftDown(); }
 
+int CWnd::GetDragDistance() const { return peer != nullptr ? peer->DragDistance() : 0; }
+
 void CWnd::SetCursor(Cursor cursor) {
   if (peer != nullptr) peer->SetCursor(cursor);
 }

@@ -52,6 +52,8 @@ class CWnd {
   bool HasCapture() const;
   POINT GetCursorPos() const;
   bool IsShiftDown() const;
+  /// How far the pointer goes, across and down added up, until a press is a drag.
+  int GetDragDistance() const;
   void SetCursor(Cursor cursor);
   POINT ClientToScreen(POINT p) const;
   POINT ScreenToClient(POINT p) const;

@@ -77,7 +77,7 @@ class DialogWindow {
   virtual ~DialogWindow() = default;
   /// Shows the controls as they stand now.
   virtual void Refresh() = 0;
-  /// Puts the keyboard into a control; the text of a box of one line is selected.
+  /// Puts the keyboard into a control; the text of a box is selected, so that typing replaces it.
   virtual void FocusOn(int id) = 0;
   virtual void End() = 0;
   /// Makes way, where there is room, for a place of the screen that the user wants to see.

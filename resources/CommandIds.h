@@ -23,6 +23,7 @@ enum CommandId : unsigned {
 
   // Tools
   ID_TOOL_DRAG_STARTED = 32775,
+  ID_TOOL_KEEP = 32776,
   ID_POINTER = 32817,
   ID_TOOL_STATE = 32873,
   ID_TOOL_TRANSITION = 32874,

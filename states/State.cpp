@@ -36,4 +36,6 @@ void State::RefreshMiddleAnchors() {
   anchors.Add({1, SIDE_LEFT}, {rect.left, middle.y});
 }
 
+bool State::YieldsToConnection(unsigned /*flags*/, POINT client) { return !IsOnHandle(client); }
+
 }  // namespace morvane

@@ -15,6 +15,8 @@ class State : public ConnectableRectShape {
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
   void OnCommand(unsigned id) override;
+  /// Everywhere but on the handles of a selected state.
+  bool YieldsToConnection(unsigned flags, POINT client) override;
 
   /// The border as it is painted, logical units. It stands a little inside the rectangle.
   virtual RECT GetPaintedBorder() const = 0;

@@ -152,6 +152,8 @@ void Point(LayoutMgr& chart, unsigned /*id*/) {
 
 void ChooseTool(LayoutMgr& chart, unsigned id) { chart.GetTools().Choose(id); }
 
+void KeepTool(LayoutMgr& chart, unsigned /*id*/) { chart.GetTools().Keep(); }
+
 void DragTool(LayoutMgr& chart, unsigned /*id*/) { chart.GetTools().BeginToolDrag(); }
 
 void Refresh(LayoutMgr& chart, unsigned /*id*/) { chart.Invalidate(); }
@@ -268,6 +270,7 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
     {{ID_TOOL_NOTE, "&Note", "", "Insert a note", "Note", "note"}, WhetherChosen, ChooseTool},
     {{ID_TOOL_LINE, "&Line", "", "Insert a line", "Line", "line"}, WhetherChosen, ChooseTool},
     {{ID_TOOL_DRAG_STARTED}, Always, DragTool},
+    {{ID_TOOL_KEEP}, Always, KeepTool},
 
     {{ID_REFRESH, "&Refresh", "F5", "Paint the chart anew", "Refresh", "refresh"}, Always, Refresh},
     {{ID_ZOOM_IN, "Zoom &In", "F2 Ctrl++ Ctrl+=", "Zoom In", "Zoom In", "zoomin"},

@@ -5,6 +5,8 @@
 
 #include "drawing/CDC.h"
 #include "model/Defaults.h"
+#include "platform/Pictures.h"
+#include "platform/Service.h"
 
 namespace morvane {
 
@@ -30,6 +32,14 @@ void ChartLook::DrawText(CDC& dc, std::string_view text, const RECT& area) const
   dc.SelectFont(oldFont);
   dc.SetTextColor(oldColour);
   dc.SetBkMode(oldMode);
+}
+
+SIZE ChartLook::Measure(std::string_view text, std::int32_t width) const {
+  const std::unique_ptr<CDC> dc = Service<Pictures>::Get().ReferenceDC();
+  dc->SelectFont(font);
+  RECT room{0, 0, width, 0};
+  dc->DrawText(text, room, DT_WORDBREAK | DT_CALCRECT);
+  return {Saturate(Width(room)), Saturate(Height(room))};
 }
 
 }  // namespace morvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "drawing/DrawingTools.h"
@@ -18,6 +19,8 @@ class ChartLook {
   COLORREF TextColour() const { return textColour; }
   /// Sets a text into a rectangle in logical units, broken at words and cut off at the rectangle.
   void DrawText(CDC& dc, std::string_view text, const RECT& area) const;
+  /// The size of a text that is broken at words to a width, logical units.
+  SIZE Measure(std::string_view text, std::int32_t width) const;
 
  private:
   CFont font;

@@ -21,6 +21,7 @@
 #include "surface/ChartCommands.h"
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
+#include "surface/ConnectionDrag.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -42,6 +43,7 @@ LayoutMgr::LayoutMgr()
       look(std::make_unique<ChartLook>()),
       geometry(std::make_unique<ViewGeometry>(*this)),
       tools(std::make_unique<ToolDrag>(*this)),
+      connections(std::make_unique<ConnectionDrag>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -96,7 +98,7 @@ void LayoutMgr::ChangeZoom(int value, POINT client) {
 }
 
 void LayoutMgr::ShowZoom(int value, POINT client) {
-  HideHover();
+  connections->HideHover();
   const int oldZoom = std::exchange(zoom, static_cast<std::int16_t>(value));
   geometry->ApplyZoom(oldZoom, client);
   RefreshHover();
@@ -160,9 +162,13 @@ void LayoutMgr::OnDraw(CDC& dc) {
   model->DrawOnScreen(dc);
 }
 
+SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width) const {
+  return look->Measure(text, width);
+}
+
 void LayoutMgr::TakeSnapshot() {
   // What the pointer was on may be gone.
-  ModalLoop::IsRunning() ? HideHover() : RefreshHover();
+  ModalLoop::IsRunning() ? connections->HideHover() : RefreshHover();
   if (objectTree != nullptr) objectTree->OnObjectsMoved();
   history->Keep();
   // The view may be gone behind a message.

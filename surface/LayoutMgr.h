@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "connectors/AnchorMarker.h"
 #include "drawing/DrawingTools.h"
 #include "model/ChartView.h"
 #include "model/ModelProperties.h"
@@ -20,6 +19,7 @@ namespace morvane {
 class ChartHistory;
 class ChartLook;
 class Collection;
+class ConnectionDrag;
 class ModelMgr;
 class ModelStream;
 class PrintMapping;
@@ -49,6 +49,7 @@ class LayoutMgr : public ChartView, public ChartText {
   const CFont& GetBoldFont() const override;
   COLORREF GetTextColor() const override;
   void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const override;
+  SIZE MeasureChartText(std::string_view text, std::int32_t width) const override;
 
   Shape* FindShapeNear(const POINT& client, Layer layer) const;
   /// The lower right corner of all objects, model units.
@@ -60,12 +61,8 @@ class LayoutMgr : public ChartView, public ChartText {
   RECT PlaceOnScreen(const Shape& shape) const;
   /// Deletes the selected objects, if the user agrees.
   void DeleteSelection();
-  bool IsOverAnchor() const override { return overAnchor; }
-  bool BeginConnection(POINT press) override;
+  ConnectionPress BeginConnection(unsigned flags, POINT press) override;
   void ShowObjectMenu(Shape* shape, POINT screen) override;
-  /// The callback while a connection is drawn: `context` is the view; the point is in device pixels
-  /// and jumps to an anchor where the connection can end.
-  static void TrackAnchorTarget(POINT& client, void* context);
   /// Opens the chart's own menu at a screen point and carries out what is chosen.
   void ShowChartMenu(POINT screen);
   /// Shows the chart at another zoom, which is no step to undo; out of range it does nothing. What
@@ -113,6 +110,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnLButtonDblClk(unsigned flags, POINT p) override;
   void OnMouseMove(unsigned flags, POINT p) override;
   void OnMouseLeave() override;
+  void OnDeactivate() override;
   void OnContextMenu(POINT screen) override;
   void OnSetCursor() override;
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
@@ -138,16 +136,11 @@ class LayoutMgr : public ChartView, public ChartText {
   bool IsBusy() const;
   /// Places what was read, if anything was, and only then shows it in the place of what there is.
   void ShowRead();
-  void ShowHover(POINT client);
-  void HideHover();
   /// What is under the pointer has moved away, or something else has come.
   void RefreshHover();
   void ShowZoom(int value, POINT client);
 
   std::int16_t storedZoom = kNormalZoom;
-  bool overAnchor = false;
-  AnchorMarker sourceMark;        ///< the anchor where a connection can start
-  AnchorMarker targetMark;        ///< the anchor where the connection being drawn would end
   HiddenWindow menuWindow{this};  ///< takes the commands of the objects' menus
   ModelProperties properties;
   std::shared_ptr<ModelMgr> model;       ///< never null, all of it placed
@@ -156,6 +149,7 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ChartLook> look;
   std::unique_ptr<ViewGeometry> geometry;
   std::unique_ptr<ToolDrag> tools;
+  std::unique_ptr<ConnectionDrag> connections;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;
   ChartBrowser* objectTree = nullptr;

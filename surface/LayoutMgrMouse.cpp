@@ -1,16 +1,11 @@
 #include <algorithm>
 
-#include "connectors/AnchorSnap.h"
-#include "connectors/NewObjects.h"
-#include "drawing/CDC.h"
 #include "model/Collection.h"
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
-#include "model/PointTracker.h"
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
-#include "states/EndableState.h"
-#include "states/StartableState.h"
+#include "surface/ConnectionDrag.h"
 #include "surface/LayoutMgr.h"
 #include "surface/ObjectMenus.h"
 #include "surface/ToolDrag.h"
@@ -20,49 +15,29 @@ namespace morvane {
 
 // The mouse and the keys over a chart.
 
-void LayoutMgr::TrackAnchorTarget(POINT& client, void* context) {
-  auto& view = *static_cast<LayoutMgr*>(context);
-  const auto* target = dynamic_cast<EndableState*>(view.FindShapeNear(client, LAYER_STATE));
-  SnapToAnchor(target, view, view.targetMark, client);
-}
-
-bool LayoutMgr::BeginConnection(POINT press) {
-  ShowHover(press);
-  PointTracker tracker(this, TrackAnchorTarget, true);
-  tracker.fixedPoint = press;
-  tracker.movingPoint = press;
-  if (!tracker.Track(this)) return true;
-
-  Shape* sourceShape = FindShapeNear(press, LAYER_STATE);
-  auto* source = dynamic_cast<StartableState*>(sourceShape);
-  AnchorKey sourceKey;
-  if (source == nullptr || !FindAnchorAt(*source, press, sourceKey)) return false;
-
-  const POINT drop = tracker.movingPoint;
-  Shape* targetShape = FindShapeNear(drop, LAYER_STATE);
-  auto* target = dynamic_cast<EndableState*>(targetShape);
-  AnchorKey targetKey;
-  if (target == nullptr && targetShape == sourceShape) return false;
-  if (target != nullptr && !FindAnchorAt(*target, drop, targetKey)) target = nullptr;
-  ConnectAnchors(*model, source, target, &sourceKey, &targetKey, &drop);
-  return true;
+ChartView::ConnectionPress LayoutMgr::BeginConnection(unsigned flags, POINT press) {
+  return connections->Begin(flags, press);
 }
 
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
   if (IsBusy()) return;
   const auto held = HoldModel();
-  sourceMark.Hide();
+  connections->HideHover();
+  const bool underTool = tools->IsRunning();
   bool mayHaveChanged = false;
   {
     const Gesture gesture(*this);
+    // A press under a tool selects; while the view holds the mouse no drag starts.
+    if (underTool) SetCapture();
     mayHaveChanged = held->OnLButtonDown(flags, p.x, p.y);
-    HideHover();
+    if (underTool) ReleaseCapture();
   }
   RefreshHover();
   if (mayHaveChanged) TakeSnapshot();
 }
 
 void LayoutMgr::OnLButtonDblClk(unsigned flags, POINT p) {
+  if (tools->IsRunning()) return OnLButtonDown(flags, p);
   if (IsBusy()) return;
   const auto held = HoldModel();
   if (held->OnLButtonDblClk(flags, p.x, p.y)) TakeSnapshot();
@@ -73,35 +48,26 @@ void LayoutMgr::OnLButtonUp(unsigned /*flags*/, POINT p) {
   if (tools->Drop(p)) TakeSnapshot();
 }
 
-void LayoutMgr::OnMouseMove(unsigned /*flags*/, POINT p) {
-  if (tools->IsRunning()) {
-    if (!ModalLoop::IsRunning()) tools->Move(p);
-    return;
-  }
-  ShowHover(p);
+void LayoutMgr::OnMouseMove(unsigned flags, POINT p) {
+  if (!tools->IsRunning()) return connections->ShowHover(flags, p);
+  if (!ModalLoop::IsRunning()) tools->Move(p);
 }
 
 void LayoutMgr::OnMouseLeave() {
-  if (!HasCapture()) HideHover();
+  if (HasCapture()) return;
+  connections->HideHover();
+  tools->Leave();
 }
 
-void LayoutMgr::ShowHover(POINT client) {
-  const auto* source = dynamic_cast<StartableState*>(FindShapeNear(client, LAYER_STATE));
-  overAnchor = SnapToAnchor(source, *this, sourceMark, client);
-  targetMark.Hide();
+void LayoutMgr::OnDeactivate() {
+  if (tools->IsRunning()) tools->EndToolDrag();
 }
 
 void LayoutMgr::RefreshHover() {
-  HideHover();
+  connections->HideHover();
   const POINT pointer = GetCursorPos();
   const bool free = !tools->IsRunning() && !HasCapture();
-  if (free && PtInRect(GetClientRect(), pointer)) ShowHover(pointer);
-}
-
-void LayoutMgr::HideHover() {
-  sourceMark.Hide();
-  targetMark.Hide();
-  overAnchor = false;
+  if (free && PtInRect(GetClientRect(), pointer)) connections->ShowHover(0, pointer);
 }
 
 void LayoutMgr::OnSetCursor() {

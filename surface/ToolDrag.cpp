@@ -31,48 +31,56 @@ struct ToolObject {
 
 }  // namespace
 
+ToolDrag::~ToolDrag() {
+  if (IsRunning()) Service<DragImages>::Get().Hide();
+}
+
 void ToolDrag::Choose(unsigned id) {
+  const bool again = id == tool;
+  EndToolDrag();
+  if (again) return;
   tool = id;
-  // A transition goes from the bar to the chart with the button down; its drag begins there.
-  if (id != ID_TOOL_TRANSITION) BeginToolDrag();
+  // What lies under the pointer has nothing to offer now.
+  view.OnMouseLeave();
+  Move(view.GetCursorPos());
 }
 
 void ToolDrag::BeginToolDrag() {
   if (tool == 0) return;
-  toolDragging = true;
-  // What lies under the pointer has nothing to offer now.
-  view.OnMouseLeave();
-  Service<DragImages>::Get().Show(tool,
-                                  view.ClientToScreen(view.GetCursorPos()) + kToolImageOffset);
+  inHand = true;
   view.SetCapture();
 }
 
 void ToolDrag::Move(POINT client) {
   if (PtInRect(view.GetClientRect(), client)) {
-    BeginToolDrag();
-    return;
+    Service<DragImages>::Get().Show(tool, view.ClientToScreen(client) + kToolImageOffset);
+  } else {
+    Service<DragImages>::Get().Hide();
   }
-  // Away: the tool goes on when the pointer comes back.
-  Service<DragImages>::Get().Hide();
-  view.ReleaseCapture();
+}
+
+void ToolDrag::Leave() {
+  if (inHand) return EndToolDrag();
+  if (IsRunning()) Service<DragImages>::Get().Hide();
 }
 
 bool ToolDrag::Drop(POINT client) {
-  const bool inside = toolDragging && PtInRect(view.GetClientRect(), client);
+  const bool inside = IsRunning() && PtInRect(view.GetClientRect(), client);
   if (inside) {
     const auto* object = std::ranges::find(kObjects, tool, &ToolObject::tool);
     if (object != std::end(kObjects)) object->insert(view.GetModel(), client);
   }
-  EndToolDrag();
+  if (!inside || !kept) EndToolDrag();
   return inside;
 }
 
 void ToolDrag::EndToolDrag() {
-  if (!toolDragging) return;
-  toolDragging = false;
-  Service<DragImages>::Get().Hide();
-  view.ReleaseCapture();
+  if (!IsRunning()) return;
   tool = 0;
+  kept = false;
+  Service<DragImages>::Get().Hide();
+  if (inHand) view.ReleaseCapture();
+  inHand = false;
 }
 
 }  // namespace morvane

@@ -28,7 +28,7 @@ class DialogWidget {
   virtual void Take(DialogControl& control) = 0;
   /// Shows the control as it stands now.
   virtual void Show(const DialogControl& control) = 0;
-  /// Selects the text of a box of one line, so that typing replaces it.
+  /// Selects the text of a box, so that typing replaces it, unless it is code of several lines.
   virtual void SelectAll() {}
 
   /// The widget for a control that is no container; it still shows nothing. `onClick` is called

@@ -11,8 +11,8 @@
 namespace morvane {
 
 LinesBox::LinesBox(const DialogControl& control, QWidget* parent)
-    : box(new CodeEdit(control.width, control.lines, parent)) {
-  if (control.code) box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    : box(new CodeEdit(control.width, control.lines, parent)), isCode(control.code) {
+  if (isCode) box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 }
 
 QWidget* LinesBox::Widget() { return box; }
@@ -34,6 +34,11 @@ void LinesBox::Show(const DialogControl& control) {
   box->setReadOnly(!text.whole);
   box->setToolTip(text.whole ? QString() : ToQString(Worded(kLineTooLong)));
   box->document()->setModified(false);
+}
+
+/// Code is edited, a text is typed anew.
+void LinesBox::SelectAll() {
+  if (!isCode) box->selectAll();
 }
 
 }  // namespace morvane

@@ -16,9 +16,11 @@ class LinesBox : public DialogWidget {
   QWidget* Widget() override;
   void Take(DialogControl& control) override;
   void Show(const DialogControl& control) override;
+  void SelectAll() override;
 
  private:
   CodeEdit* box;
+  bool isCode;
   TextState state;
 };
 

@@ -47,6 +47,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   bool HasCapture() const override;
   POINT CursorPos() const override;
   bool IsShiftDown() const override;
+  int DragDistance() const override;
   void SetCursor(Cursor cursor) override;
   POINT ClientToScreen(POINT p) const override;
   POINT ScreenToClient(POINT p) const override;

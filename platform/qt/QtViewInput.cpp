@@ -381,6 +381,7 @@ void QtView::ReleaseCapture() {
 
 void QtView::LoseCapture() {
   if (captured) ReleaseCapture();
+  if (view != nullptr && !waiting) view->OnMouseLeave();
 }
 
 bool QtView::HasCapture() const {
@@ -398,6 +399,8 @@ POINT QtView::CursorPos() const {
 }
 
 bool QtView::IsShiftDown() const { return shiftDown; }
+
+int QtView::DragDistance() const { return QApplication::startDragDistance(); }
 
 void QtView::SetCursor(Cursor wanted) {
   if (wanted == cursor) return;

@@ -1,6 +1,9 @@
 #include "shell/qt/CDragToolBar.h"
 
+#include <utility>
+
 #include <QAction>
+#include <QApplication>
 #include <QMouseEvent>
 #include <QTimer>
 
@@ -8,13 +11,6 @@
 #include "shell/qt/CommandTarget.h"
 
 namespace morvane {
-
-namespace {
-
-/// A movement of so many pixels, across and down added up, makes a drag of a press.
-constexpr int kDragDistance = 3;
-
-}  // namespace
 
 CDragToolBar::CDragToolBar(const QString& title, std::span<const unsigned> buttons,
                            CommandTarget& target, QWidget* parent)
@@ -30,10 +26,14 @@ bool CDragToolBar::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonDblClick: {
       const auto* mouse = static_cast<QMouseEvent*>(event);
       if (mouse->button() != Qt::LeftButton) break;
+      again = event->type() == QEvent::MouseButtonDblClick;
       return OnPress(watched, mouse->globalPosition().toPoint());
     }
     case QEvent::MouseMove:
       OnMove(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+      break;
+    case QEvent::MouseButtonRelease:
+      if (pressed != 0) return OnRelease();
       break;
     default: break;
   }
@@ -44,9 +44,13 @@ bool CDragToolBar::OnPress(const QObject* button, QPoint place) {
   for (QAction* action : actions()) {
     if (widgetForAction(action) != button || action->isSeparator()) continue;
     const unsigned id = action->data().toUInt();
-    if (action->isEnabled()) {
+    if (!action->isEnabled()) return true;
+    if (id >= ID_TOOL_STATE && id <= ID_TOOL_LINE) {
+      pressed = id;
       pressPoint = place;
-      Run(id);
+    } else {
+      // Behind the press: the command may open a box, which must not find the button down.
+      QTimer::singleShot(0, this, [this, id] { Target().RunCommand(id); });
     }
     return true;
   }
@@ -54,20 +58,28 @@ bool CDragToolBar::OnPress(const QObject* button, QPoint place) {
 }
 
 void CDragToolBar::OnMove(QPoint place) {
-  if (!pressPoint || (place - *pressPoint).manhattanLength() < kDragDistance) return;
-  pressPoint.reset();
-  Run(ID_TOOL_DRAG_STARTED);
+  const bool drags = (place - pressPoint).manhattanLength() >= QApplication::startDragDistance();
+  if (pressed == 0 || !drags) return;
+  Choose(std::exchange(pressed, 0));
+  Target().RunCommand(ID_TOOL_DRAG_STARTED);
+  Refresh();
 }
 
-void CDragToolBar::Run(unsigned id) {
-  const bool isTool = id == ID_TOOL_DRAG_STARTED || (id >= ID_TOOL_STATE && id <= ID_TOOL_LINE);
-  if (isTool) {
-    // At once, before the movement that follows the press.
-    Target().RunCommand(id);
+bool CDragToolBar::OnRelease() {
+  const unsigned id = std::exchange(pressed, 0);
+  if (again) {
+    Choose(id);
+    Target().RunCommand(ID_TOOL_KEEP);
   } else {
-    // Behind the press: the command may open a box, which must not find the button down.
-    QTimer::singleShot(0, this, [this, id] { Target().RunCommand(id); });
+    Target().RunCommand(id);
   }
+  Refresh();
+  return true;
+}
+
+/// The command of a tool that is chosen would put it away.
+void CDragToolBar::Choose(unsigned tool) {
+  if (!Target().StateOf(tool).checked) Target().RunCommand(tool);
 }
 
 }  // namespace morvane

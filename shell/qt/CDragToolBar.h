@@ -1,15 +1,14 @@
 #pragma once
 
-#include <optional>
-
 #include <QPoint>
 
 #include "shell/qt/CommandBar.h"
 
 namespace morvane {
 
-/// The bar of the drawing tools. A button acts at the press, so that a tool can be dragged from the
-/// bar to the chart in one movement.
+/// The bar of the drawing tools. A click chooses a tool, or puts it away again; a double click
+/// keeps it for several objects; and a drag takes it to the chart in one movement. The other
+/// buttons act at the press.
 class CDragToolBar : public CommandBar {
   Q_OBJECT
 
@@ -23,9 +22,12 @@ class CDragToolBar : public CommandBar {
  private:
   bool OnPress(const QObject* button, QPoint place);
   void OnMove(QPoint place);
-  void Run(unsigned id);
+  bool OnRelease();
+  void Choose(unsigned tool);
 
-  std::optional<QPoint> pressPoint;  ///< on the screen, while a press may become a drag
+  unsigned pressed = 0;  ///< the tool, while its press may become a click or a drag; mostly 0
+  bool again = false;    ///< the press was the second one of a double click
+  QPoint pressPoint;     ///< on the screen
 };
 
 }  // namespace morvane

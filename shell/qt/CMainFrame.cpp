@@ -199,6 +199,9 @@ void CMainFrame::RefreshBars() {
 
 void CMainFrame::OnActivated() {
   const bool forChart = ActiveChild() != nullptr;
+  for (const CChildFrame* child : Children()) {
+    if (child != ActiveChild() && child->View() != nullptr) child->View()->OnDeactivate();
+  }
   if (forChart != chartMenuShown) ShowMenu(forChart);
   ShowTitle();
   RefreshBars();

@@ -24,6 +24,7 @@ class FakeWindow : public WindowPeer {
   /// Every message has been read.
   bool IsDrained() const { return queue.empty(); }
 
+  static constexpr int kDragDistance = 4;
   /// How many things show over the picture.
   std::size_t Feedback() const { return window.ShownFeedback().size(); }
   void Paint();
@@ -45,6 +46,7 @@ class FakeWindow : public WindowPeer {
   bool HasCapture() const override { return captured; }
   POINT CursorPos() const override { return cursorPos; }
   bool IsShiftDown() const override { return shiftDown; }
+  int DragDistance() const override { return kDragDistance; }
   void SetCursor(Cursor picture) override { cursor = picture; }
   POINT ClientToScreen(POINT p) const override { return p; }
   POINT ScreenToClient(POINT p) const override { return p; }

@@ -2,11 +2,14 @@
 #include <QStyleOptionDockWidget>
 
 #include "connectors/NewObjects.h"
+#include "platform/DragImages.h"
+#include "platform/UseService.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "shell/MenuTable.h"
 #include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/DockTitle.h"
 #include "shell/qt/ObjectBrowserPane.h"
+#include "surface/ToolDrag.h"
 #include "tests/ui/MainWindow.h"
 
 namespace morvane {
@@ -56,6 +59,50 @@ TEST_F(ChartWindows, WhatCanBeChosenFollowsTheCharts) {
   EXPECT_FALSE(IsChecked(ID_TOOL_STATE));
   frame->Manager().CloseAllDocuments();
   EXPECT_EQ(Enabled(StartMenu()), withoutChart);
+}
+
+/// A picture of a tool that shows, or not.
+struct ShownTool : DragImages {
+  void Show(unsigned command, POINT /*topLeft*/) override { shown = command; }
+  void Hide() override { shown = 0; }
+  unsigned shown = 0;
+  const UseService<DragImages> use{*this};
+};
+
+TEST_F(ChartWindows, AToolOfTheBarIsClickedAndServesOneChart) {
+  ShownTool picture;
+  LayoutMgr& first = ViewOf(Open());
+  auto* bar = frame->findChild<QToolBar*>("drawingBar");
+  QWidget* button = nullptr;
+  for (QAction* action : bar->actions()) {
+    if (action->data().toUInt() == ID_TOOL_TRANSITION) button = bar->widgetForAction(action);
+  }
+  const auto click = [&](QEvent::Type press) {
+    SendMouse(*button, press, {5, 5});
+    SendMouse(*button, QEvent::MouseButtonRelease, {6, 5});
+    return IsChecked(ID_TOOL_TRANSITION);
+  };
+  EXPECT_TRUE(click(QEvent::MouseButtonPress));
+  EXPECT_FALSE(click(QEvent::MouseButtonPress));
+  EXPECT_TRUE(click(QEvent::MouseButtonPress));
+  EXPECT_TRUE(click(QEvent::MouseButtonDblClick) && click(QEvent::MouseButtonDblClick));
+  first.OnMouseMove(0, {50, 50});
+  EXPECT_EQ(picture.shown, ID_TOOL_TRANSITION);
+  for (int count = 1; count <= 2; ++count) {
+    first.OnLButtonUp(0, {50, 50});
+    EXPECT_EQ(first.GetModel().Objects().size(), static_cast<std::size_t>(count));
+    EXPECT_EQ(first.GetTools().Tool(), ID_TOOL_TRANSITION);
+  }
+
+  LayoutMgr& second = ViewOf(Open());
+  EXPECT_EQ(first.GetTools().Tool() + second.GetTools().Tool() + picture.shown, 0U);
+  SendMouse(*button, QEvent::MouseButtonPress, {5, 5});
+  SendMouse(*button, QEvent::MouseMove, {5, 45});
+  EXPECT_TRUE(second.HasCapture());
+  second.OnMouseMove(MK_LBUTTON, {60, 60});
+  EXPECT_EQ(picture.shown, ID_TOOL_TRANSITION);
+  frame->Manager().CloseAllDocuments();
+  EXPECT_EQ(picture.shown, 0U);
 }
 
 TEST_F(ChartWindows, EachHasAnObjectBrowserOfItsChart) {

@@ -266,14 +266,49 @@ TEST_F(GestureTest, KeysAndOtherPressesLeaveAGestureAlone) {
   EXPECT_EQ(chart->GetScrollPosition(), (POINT{0, 0}));
 }
 
-TEST_F(GestureTest, APressOnAnAnchorOfASelectedStateMovesIt) {
-  SelectObjects({1});
-  Hover({178, 140});
-  Post(QEvent::MouseMove, {208, 140});
-  Post(QEvent::MouseButtonRelease, {208, 140});
-  Press({170, 140});
-  EXPECT_EQ(chart->GetModel().Objects().size(), 8U);
-  EXPECT_EQ(FindShape(*chart, 1)->GetBounds(), (RECT{16, 10, 36, 30}));
+TEST_F(GestureTest, WhatShowsTheMarkStartsAConnectionAtEveryZoom) {
+  constexpr int band = 8;
+  for (const int zoom : {2, 3, 6, 12, 13}) {
+    chart->ChangeZoom(zoom);
+    chart->TakeSnapshot();
+    for (int way = -16; way <= 16; ++way) {
+      const std::string before = chart->ModelText();
+      const RECT border = chart->ToClient(FindShape(*chart, 1)->GetBounds());
+      SelectObjects(way % 2 == 0 ? std::vector<int>{} : std::vector<int>{1});
+      // Half way between two anchors.
+      const QPoint place(border.right + way, CentreOf(border).y + 5 * zoom / 2);
+      Hover(place);
+      const bool marked = !chart->ShownFeedback().empty();
+      EXPECT_TRUE(marked || std::abs(way) > band) << zoom << " " << way;
+      Post(QEvent::MouseMove, place + QPoint(40, 60));
+      Post(QEvent::MouseButtonRelease, place + QPoint(40, 60));
+      Press(place);
+      EXPECT_EQ(chart->GetModel().Objects().size(), marked ? 9U : 8U) << zoom << " " << way;
+      EXPECT_TRUE(!marked || chart->ToClient(FindShape(*chart, 1)->GetBounds()) == border);
+      if (chart->ModelText() != before) chart->OnCommand(ID_EDIT_UNDO);
+      EXPECT_EQ(chart->ModelText(), before) << zoom << " " << way;
+    }
+  }
+}
+
+TEST_F(GestureTest, AClickChangesNothingAtAnyZoom) {
+  for (int zoom = 2; zoom <= 13; ++zoom) {
+    chart->ChangeZoom(zoom);
+    chart->TakeSnapshot();
+    const std::string before = chart->ModelText();
+    for (const int id : {1, 3, 4, 5, 6, 7}) {
+      const RECT box = chart->ToClient(FindShape(*chart, id)->GetBounds());
+      for (const POINT p : {CentreOf(box), TopLeft(box), POINT{45 * zoom + 1, 35 * zoom - 1},
+                            POINT{30 * zoom - 1, 20 * zoom + 1}}) {
+        SelectObjects({id});
+        Hover({p.x, p.y});
+        Post(QEvent::MouseMove, {p.x + 2, p.y - 1});
+        Post(QEvent::MouseButtonRelease, {p.x + 2, p.y - 1});
+        Press({p.x, p.y});
+        EXPECT_EQ(chart->ModelText(), before) << zoom << " " << id;
+      }
+    }
+  }
 }
 
 TEST_F(GestureTest, AGestureAtTheEdgeScrolls) {
@@ -300,24 +335,41 @@ TEST_F(GestureTest, AGestureAtTheEdgeScrolls) {
 
 TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscapeOrOutside) {
   const QPoint place(400, 100);
+  const auto click = [&](QPoint p) {
+    Post(QEvent::MouseButtonRelease, p);
+    Press(p);
+  };
   chart->OnCommand(ID_TOOL_STATE);
   EXPECT_TRUE(chart->OnUpdateCommand(ID_TOOL_STATE).checked);
   Hover(place);
-  Press(place);
-  Post(QEvent::MouseButtonRelease, place);
-  QApplication::processEvents();
+  click(place);
   EXPECT_EQ(chart->GetModel().Objects().back()->GetBounds(), (RECT{67, 17, 77, 25}));
   EXPECT_EQ(chart->GetTools().Tool(), 0U);
   EXPECT_TRUE(CanUndo());
-  for (const QPoint drop : {place, QPoint(-20, 400)}) {
+  const std::function<void()> ends[] = {
+      [&] { chart->OnKeyDown(VirtualKey::Escape, 0); },
+      [&] { chart->OnCommand(ID_TOOL_NOTE); },
+      [&] { chart->OnCommand(ID_POINTER); },
+      [&] { chart->OnDeactivate(); },
+      [&] {
+        click({-20, 400});
+      },
+  };
+  for (const auto& end : ends) {
     chart->OnCommand(ID_TOOL_NOTE);
-    if (drop == place) chart->OnKeyDown(VirtualKey::Escape, 0);
-    Post(QEvent::MouseButtonRelease, drop);
-    QApplication::processEvents();
-    EXPECT_EQ(chart->GetModel().Objects().size(), 9U);
+    chart->OnCommand(ID_TOOL_KEEP);
+    end();
     EXPECT_EQ(chart->GetTools().Tool(), 0U);
     EXPECT_FALSE(widget->HasCapture());
+    click({500, 400});
+    EXPECT_EQ(chart->GetModel().Objects().size(), 9U);
   }
+  chart->OnCommand(ID_TOOL_NOTE);
+  chart->OnCommand(ID_TOOL_KEEP);
+  click({500, 400});
+  click({500, 460});
+  EXPECT_EQ(chart->GetModel().Objects().size(), 11U);
+  EXPECT_EQ(chart->GetTools().Tool(), ID_TOOL_NOTE);
 }
 
 }  // namespace
