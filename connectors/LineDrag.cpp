@@ -45,7 +45,7 @@ void Line::DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT ot
   // Where the line lay before it must not keep the end from what it is dropped on.
   Connectable* target = ConnectableAt(tracker.movingPoint);
   endInHand = false;
-  const POINT drop = view->ToAbsolute(tracker.movingPoint);
+  const POINT drop = ChartView::OnChart(view->ToAbsolute(tracker.movingPoint));
   if (!dropped || drop == other) return;
 
   BuildRegion();
@@ -69,7 +69,7 @@ Connectable* Line::ConnectableAt(POINT client) const {
 
 void Line::DragWhole(POINT press) {
   PointTracker tracker(this, ForwardDragMove, true);
-  DragSelection(tracker, *view, press);
+  DragSelection(tracker, *mgr, press);
 }
 
 void Line::OnDragMove(POINT& client) { SnapToAnchor(ConnectableAt(client), *view, marker, client); }

@@ -143,6 +143,21 @@ void LinkChain::Straighten() {
   if (tail->prev->end != tail->start) JoinTail(tail->start, tail->end);
 }
 
+void LinkChain::MergeTwins() {
+  for (Link* link = head->next; link != tail;) {
+    if (link->next->kind != link->kind) {
+      link = link->next;
+      continue;
+    }
+    auto* segment = static_cast<SegmentLink*>(link);
+    segment->AbsorbNext();
+    if (segment->start != segment->end) continue;
+    // The one doubled back on the other. What meets now can be of one kind too.
+    segment->Collapse();
+    link = head->next;
+  }
+}
+
 bool LinkChain::RemoveCrossing() {
   std::vector<Link*> links;
   std::vector<RouteSegment> route;
@@ -163,6 +178,7 @@ bool LinkChain::RemoveCrossing() {
   last->prev = first;
   first->SetEnds(first->start, crossing->point);
   last->SetEnds(crossing->point, last->end);
+  MergeTwins();
   return false;
 }
 

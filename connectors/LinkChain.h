@@ -38,6 +38,8 @@ class LinkChain {
   /// Makes a chain that was recorded with gaps or slants continuous and rectilinear. A sound chain
   /// stays as it is.
   void Straighten();
+  /// Makes one of neighbours of one kind.
+  void MergeTwins();
   /// Cuts out the loop at the first place where the route crosses itself. True: there was none.
   bool RemoveCrossing();
 

@@ -8,6 +8,7 @@
 #include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/DrawResources.h"
+#include "model/GroupMove.h"
 #include "model/LineTracker.h"
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
@@ -80,7 +81,7 @@ void Transition::DragHead(POINT press) {
     AttachSource(state, key);
   } else {
     if (source != nullptr) source->RemoveTransition(this);
-    MoveSourceEnd(view->ToAbsolute(drop));
+    MoveSourceEnd(FreePlace(view->ToAbsolute(drop), sourceKey.side));
   }
 }
 
@@ -104,20 +105,20 @@ void Transition::DragLink(POINT press) {
   tracker.end = tracker.movedEnd = view->ToClient(lineEnd);
   if (!tracker.Track(view)) return;
   BuildRegion();
-  activeLink->MoveTo(view->ToAbsolute(tracker.movedStart));
+  activeLink->MoveTo(ChartView::OnChart(view->ToAbsolute(tracker.movedStart)));
   RefreshRoute();
 }
 
 void Transition::DragWhole(POINT press) {
   PointTracker tracker(this, ForwardDragMove, false);
   dragOrigin = view->ToModel(press);
-  DragSelection(tracker, *view, press);
+  DragSelection(tracker, *mgr, press);
 }
 
 void Transition::OnDragMove(POINT& client) {
   if (activeLink == nullptr) {
-    POINT offset = view->SubScroll(view->ToModel(client)) - dragOrigin;
-    view->GetSelection().Broadcast(BROADCAST_SHOW_GHOST, &offset, nullptr);
+    const GroupMove move(*mgr);
+    move.ShowGhost(move.Limit(view->ToModel(client) - dragOrigin), nullptr);
     return;
   }
   const Connectable* candidate = nullptr;

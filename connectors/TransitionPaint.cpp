@@ -3,6 +3,7 @@
 #include "connectors/HeadLink.h"
 #include "connectors/Mesg.h"
 #include "connectors/RoutePainter.h"
+#include "connectors/TailLink.h"
 #include "connectors/Transition.h"
 #include "drawing/CDC.h"
 #include "drawing/CMetaFileDC.h"
@@ -73,11 +74,21 @@ void Transition::PrintRoute(CDC* dc) const {
   dc->SetBkMode(oldMode);
 }
 
+/// The anchors, the stub points, and between them the corners where the route turns: a file can
+/// hold links that go on in one line, or back on it.
 std::vector<POINT> Transition::RoutePoints() const {
-  std::vector<POINT> points{chain.Head()->start};
-  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
-    points.push_back(link->end);
+  std::vector<POINT> points{chain.Head()->start, chain.Head()->end};
+  const auto add = [&points](POINT p) {
+    const auto inLine = [&](std::int32_t POINT::*c) {
+      return points.back().*c == p.*c && points[points.size() - 2].*c == p.*c;
+    };
+    while (points.size() > 2 && (inLine(&POINT::x) || inLine(&POINT::y))) points.pop_back();
+    points.push_back(p);
+  };
+  for (const Link* link = chain.Head()->next; link != chain.Tail(); link = link->next) {
+    add(link->end);
   }
+  points.push_back(chain.Tail()->end);
   return points;
 }
 

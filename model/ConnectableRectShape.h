@@ -25,7 +25,7 @@ class ConnectableRectShape : public RectShape, public Connectable {
   virtual void RefreshAnchors() {}
 
   std::int32_t GetId() const override { return id; }
-  bool IsSelected() const override { return IsInSelection(); }
+  bool MovesAlong() const override { return Shape::MovesAlong(); }
   std::uint16_t GetAnchorReach() const override;
   ChartView* GetView() const override { return view; }
 

@@ -91,6 +91,16 @@ void LayoutMgr::ChangeZoom(int value) {
 
 void LayoutMgr::ApplyZoom() { geometry->ApplyZoom(); }
 
+/// The surface grows with what stands near its end.
+void LayoutMgr::MakeRoom() {
+  POINT corner;
+  for (const Shape* shape : model->Objects()) {
+    const POINT end = BottomRight(shape->GetPaperBounds());
+    corner = {std::max(corner.x, end.x), std::max(corner.y, end.y)};
+  }
+  geometry->MakeRoom(corner);
+}
+
 void LayoutMgr::PrepareMapping(CDC& dc) const { geometry->PrepareMapping(dc); }
 
 bool LayoutMgr::OnScrollBy(SIZE distance) {
@@ -108,6 +118,7 @@ void LayoutMgr::DrawChartText(CDC& dc, std::string_view text, const RECT& area) 
 void LayoutMgr::OnInitialUpdate() {
   ShowRead();
   geometry->Begin();
+  MakeRoom();
   look->TakeDefaults();
   history->Keep();
   if (auto* document = dynamic_cast<CMorvaneDoc*>(GetDocument())) document->RememberSavedText();
@@ -131,6 +142,7 @@ void LayoutMgr::OnDraw(CDC& dc) {
 }
 
 void LayoutMgr::TakeSnapshot() {
+  MakeRoom();
   history->Keep();
   // The view may be gone behind a message.
   const std::vector<std::string> texts = std::exchange(notices, {});
@@ -202,6 +214,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
     reason = LoadText(IDS_UNKNOWN_ERROR);
     return false;
   }
+  MakeRoom();
   if (zoom != oldZoom) ApplyZoom();
   Invalidate();
   return true;

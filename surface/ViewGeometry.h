@@ -12,7 +12,7 @@ class ChartView;
 /// the zoom, and the grid. The zoom itself is the view's, which converts by it.
 class ViewGeometry {
  public:
-  explicit ViewGeometry(ChartView& view) : view(view) {}
+  explicit ViewGeometry(ChartView& view);
 
   bool IsGridShown() const { return showGrid; }
   /// At the first showing of a chart: its grid as the defaults have it, and its whole surface at
@@ -20,6 +20,9 @@ class ViewGeometry {
   void Begin();
   /// Sets sizes and position of the scroll bars for a new zoom.
   void ApplyZoom();
+  /// Lets the surface reach beyond the lower right corner of the objects, model units. It doesn't
+  /// shrink before the next zoom.
+  void MakeRoom(POINT corner);
   /// A uniform scale from logical units to device pixels; the origin stays.
   void PrepareMapping(CDC& dc) const;
   /// Draws the grid, if there is one, on a context that is still in device pixels.
@@ -31,7 +34,10 @@ class ViewGeometry {
   bool ScrollByKey(VirtualKey key);
 
  private:
+  SIZE SurfaceInPixels() const;
+
   ChartView& view;
+  SIZE surface;  ///< model units
   bool showGrid = true;
 };
 
