@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <functional>
 #include <limits>
+#include <tuple>
 #include <utility>
 
 #include <queue>
@@ -28,8 +29,13 @@ constexpr Cost kCloseBy = 2;
 constexpr Cost kMostPriced = 1'000'000;
 /// What a route keeps away from shapes where there is room, model units.
 constexpr std::int32_t kClearance = 3;
-/// After so many looks at what is in the way a route goes through the rest.
-constexpr int kMaxRounds = 12;
+/// So much is spent on going round what is in the way: looks at crossings of lines, of which making
+/// so many counts for one, and shapes. A route goes through the rest.
+constexpr std::size_t kMostWork = 3'500;
+constexpr std::size_t kNodesPerLook = 8;
+constexpr std::size_t kMostObstacles = 60;
+/// With more shapes in the way any good way will do instead of the best.
+constexpr std::size_t kFew = 8;
 constexpr Cost kUnreached = std::numeric_limits<Cost>::max();
 
 /// Directions, in an order in which the opposite is two further on.
@@ -77,6 +83,12 @@ void AddObstacle(std::vector<Obstacle>& obstacles, const RECT& rect, Cost price,
   obstacles.push_back({r, price});
 }
 
+/// A route can have to squeeze in between two rectangles.
+bool AreNeighbours(const RECT& a, const RECT& b) {
+  const RECT r = InflateRect(a, 2 * kClearance);
+  return PieceTouches(TopLeft(b), BottomRight(b), r);
+}
+
 Cost Length(const GridLines& lines, std::size_t i) { return Cost{lines[i + 1].at} - lines[i].at; }
 
 std::size_t IndexOf(const GridLines& lines, std::int32_t at) {
@@ -88,8 +100,9 @@ std::size_t IndexOf(const GridLines& lines, std::int32_t at) {
 /// search for the cheapest way from crossing to crossing.
 class RouteGrid {
  public:
-  RouteGrid(POINT start, POINT goal, std::span<const Obstacle> obstacles)
-      : start(start), goal(goal), obstacles(obstacles) {
+  /// The goal is reached in the direction `arrive`.
+  RouteGrid(POINT start, POINT goal, Direction arrive, std::span<const Obstacle> obstacles)
+      : start(start), goal(goal), arrive(arrive), obstacles(obstacles) {
     CollectLines(xs, start.x, goal.x, &RECT::left, &RECT::right);
     CollectLines(ys, start.y, goal.y, &RECT::top, &RECT::bottom);
     across.resize(xs.size() * ys.size());
@@ -97,12 +110,16 @@ class RouteGrid {
     PricePieces();
   }
 
-  std::vector<POINT> Search(Direction leave, Direction arrive);
+  /// The corners of the cheapest way, which leaves in a direction. Takes what it does from `work`;
+  /// empty if that wasn't enough.
+  std::vector<POINT> Search(Direction leave, std::size_t& work);
 
  private:
   /// A crossing, as it is reached from one direction.
   using State = std::size_t;
-  using Entry = std::pair<Cost, State>;
+  /// What is open: the least price of a whole way over it, the least of the rest, and the state.
+  /// Of equally good ones that is looked at first which is nearest to the goal.
+  using Entry = std::tuple<Cost, Cost, State>;
 
   void CollectLines(GridLines& lines, std::int32_t a, std::int32_t b, std::int32_t RECT::*low,
                     std::int32_t RECT::*high) const;
@@ -117,12 +134,13 @@ class RouteGrid {
   }
   /// The neighbour in a direction and the price of the way there; false at the rim.
   bool Step(std::size_t node, Direction d, std::size_t& next, Cost& price) const;
-  Cost LeastCost(std::size_t node) const;
+  Cost LeastCost(State state) const;
   void Relax(State state, State from, Cost cost);
   std::vector<POINT> Way(State last) const;
 
   POINT start;
   POINT goal;
+  Direction arrive;
   std::span<const Obstacle> obstacles;
   GridLines xs;
   GridLines ys;
@@ -149,6 +167,7 @@ void RouteGrid::CollectLines(GridLines& lines, std::int32_t a, std::int32_t b,
       const Cost gap = Cost{other.rect.*low} - to;
       const bool ends = obstacle.IsOwn() && other.IsOwn();
       if (gap < 2 || (gap >= 2 * kClearance && !ends)) continue;
+      if (!ends && !AreNeighbours(obstacle.rect, other.rect)) continue;
       lines.push_back({std::max(Middle(to, other.rect.*low), least), ends ? kBend - 1 : kBend});
     }
   }
@@ -176,28 +195,28 @@ void RouteGrid::PricePieces() {
 
 /// Makes the pieces that touch a rectangle dearer, by what they have in common with it.
 void RouteGrid::PriceRange(const RECT& r, Cost price) {
-  const auto holds = [](std::int32_t at, std::int32_t low, std::int32_t high) {
-    return at >= low && at <= high;
-  };
-  // Nothing, or less, if they don't touch.
   const auto common = [](const GridLines& lines, std::size_t i, std::int32_t low,
-                         std::int32_t high) -> Cost {
-    if (i + 1 == lines.size()) return 0;
+                         std::int32_t high) {
     const Cost from = std::max(lines[i].at, low);
     const Cost to = std::min(lines[i + 1].at, high);
     return std::min(to - from + 1, kMostPriced);
   };
-  for (std::size_t y = 0; y < ys.size(); ++y) {
-    const bool inRow = holds(ys[y].at, r.top, r.bottom);
-    const Cost downCommon = common(ys, y, r.top, r.bottom);
-    if (!inRow && downCommon <= 0) continue;
-    for (std::size_t x = 0; x < xs.size(); ++x) {
-      const std::size_t node = y * xs.size() + x;
-      const bool inColumn = holds(xs[x].at, r.left, r.right);
-      if (inColumn && downCommon > 0) down[node] += price * downCommon;
-      const Cost acrossCommon = common(xs, x, r.left, r.right);
-      if (inRow && acrossCommon > 0) across[node] += price * acrossCommon;
+  // The lines that run through the rectangle, and with them the one before.
+  const std::size_t left = IndexOf(xs, r.left);
+  const std::size_t right = IndexOf(xs, AddSat(r.right, 1));
+  const std::size_t top = IndexOf(ys, r.top);
+  const std::size_t bottom = IndexOf(ys, AddSat(r.bottom, 1));
+  const auto before = [](std::size_t i) { return i > 0 ? i - 1 : 0; };
+  for (std::size_t y = top; y < bottom; ++y) {
+    for (std::size_t x = before(left); x < std::min(right, xs.size() - 1); ++x) {
+      const Cost part = common(xs, x, r.left, r.right);
+      if (part > 0) across[y * xs.size() + x] += price * part;
     }
+  }
+  for (std::size_t y = before(top); y < std::min(bottom, ys.size() - 1); ++y) {
+    const Cost part = common(ys, y, r.top, r.bottom);
+    if (part <= 0) continue;
+    for (std::size_t x = left; x < right; ++x) down[y * xs.size() + x] += price * part;
   }
 }
 
@@ -232,22 +251,33 @@ bool RouteGrid::Step(std::size_t node, Direction d, std::size_t& next, Cost& pri
   }
 }
 
-/// No way to the goal can be cheaper.
-Cost RouteGrid::LeastCost(std::size_t node) const {
-  const POINT p = PointOf(node);
-  return std::abs(Cost{goal.x} - p.x) + std::abs(Cost{goal.y} - p.y);
+/// What the way to the goal costs at least, with nothing in between; where much is in between, more
+/// than that, so that the search heads for the goal.
+Cost RouteGrid::LeastCost(State state) const {
+  const POINT p = PointOf(state / kDirections);
+  const auto heading = static_cast<Direction>(state % kDirections);
+  const Cost dx = Cost{goal.x} - p.x;
+  const Cost dy = Cost{goal.y} - p.y;
+  const bool level = heading == LEFT || heading == RIGHT;
+  const Cost ahead = heading == LEFT ? -dx : heading == RIGHT ? dx : heading == UP ? -dy : dy;
+  const bool straight = (level ? dy : dx) == 0 && ahead >= 0;
+  const bool sameAxis = arrive == heading || arrive == Opposite(heading);
+  Cost bends = sameAxis ? 2 : 1;
+  if (straight && (arrive == ANY || arrive == heading)) bends = 0;
+  const Cost least = std::abs(dx) + std::abs(dy) + bends * (kBend - 1);
+  return obstacles.size() > kFew ? least + least / 2 : least;
 }
 
 void RouteGrid::Relax(State state, State from, Cost cost) {
   if (cost >= costs[state]) return;
   costs[state] = cost;
   before[state] = from;
-  open.push({cost + LeastCost(state / kDirections), state});
+  const Cost rest = LeastCost(state);
+  open.push({cost + rest, rest, state});
 }
 
-/// A* from the start, which is left in a direction, to the goal, which is reached in one; neither
-/// way may turn straight back there.
-std::vector<POINT> RouteGrid::Search(Direction leave, Direction arrive) {
+/// A* that turns straight back neither at the start nor at the goal.
+std::vector<POINT> RouteGrid::Search(Direction leave, std::size_t& work) {
   const State last = xs.size() * ys.size() * kDirections;  // the goal with its last turn
   const State none = last + 1;
   costs.assign(last + 1, kUnreached);
@@ -257,20 +287,21 @@ std::vector<POINT> RouteGrid::Search(Direction leave, Direction arrive) {
   for (State d = 0; d < kDirections; ++d) {
     if (leave == ANY || d == leave) Relax(first * kDirections + d, none, 0);
   }
-  while (!open.empty()) {
-    const auto [estimate, state] = open.top();
+  work -= std::min(work, xs.size() * ys.size() / kNodesPerLook);
+  for (; !open.empty() && work > 0; --work) {
+    const auto [estimate, rest, state] = open.top();
     open.pop();
     if (state == last) return Way(before[last]);
     const std::size_t node = state / kDirections;
     const auto heading = static_cast<Direction>(state % kDirections);
     const Cost cost = costs[state];
-    if (estimate > cost + LeastCost(node)) continue;
+    if (estimate > cost + rest) continue;
     if (node == goalNode && heading != Opposite(arrive)) {
       const Cost total = cost + (arrive == ANY || heading == arrive ? 0 : BendAt(node));
       if (total < costs[last]) {
         costs[last] = total;
         before[last] = state;
-        open.push({total, last});
+        open.push({total, 0, last});
       }
     }
     for (const Direction d : {UP, RIGHT, DOWN, LEFT}) {
@@ -280,7 +311,7 @@ std::vector<POINT> RouteGrid::Search(Direction leave, Direction arrive) {
       Relax(next * kDirections + d, state, cost + price + (d == heading ? 0 : BendAt(node)));
     }
   }
-  return {start, {goal.x, start.y}, goal};
+  return {};
 }
 
 /// The corners on the way to a state.
@@ -323,15 +354,18 @@ std::vector<POINT> FindOrthogonalRoute(const RouteEnd& from, const RouteEnd& to,
   for (const RECT& r : others) AddObstacle(rest, r, kThroughOther, start, goal);
   // Only what turns out to be in the way takes part in the search: mostly little, and all of a
   // large chart would be slow.
-  std::vector<POINT> route;
-  for (int round = 0; round < kMaxRounds; ++round) {
-    route =
-        RouteGrid(start, goal, obstacles).Search(Outward(from.side), Opposite(Outward(to.side)));
+  const Direction leave = Outward(from.side);
+  const Direction arrive = Opposite(Outward(to.side));
+  std::size_t unlimited = std::numeric_limits<std::size_t>::max();
+  std::vector<POINT> route = RouteGrid(start, goal, arrive, obstacles).Search(leave, unlimited);
+  for (std::size_t work = kMostWork; work > 0;) {
     const auto met = std::ranges::stable_partition(
         rest, [&](const Obstacle& obstacle) { return !RouteTouches(route, obstacle.rect); });
-    if (met.empty()) break;
+    if (met.empty() || obstacles.size() + met.size() > kMostObstacles) break;
     obstacles.insert(obstacles.end(), met.begin(), met.end());
     rest.erase(met.begin(), met.end());
+    std::vector<POINT> better = RouteGrid(start, goal, arrive, obstacles).Search(leave, work);
+    if (!better.empty()) route = std::move(better);
   }
   return route;
 }
