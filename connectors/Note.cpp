@@ -92,7 +92,7 @@ void Note::Draw(CDC* dc) {
 void Note::OnCommand(unsigned command) {
   switch (command) {
     case ID_NOTE_EDIT:
-      if (text.EditText(LoadText(IDS_NOTE))) Invalidate();
+      if (text.EditText(LoadText(IDS_NOTE))) OnTextsChanged();
       break;
     case ID_NOTE_DELETE:
       if (ConfirmDeletion(IDS_CONFIRM_DELETION)) delete this;
@@ -100,6 +100,11 @@ void Note::OnCommand(unsigned command) {
     case ID_OBJECT_PROPERTIES: EditProperties(); break;
     default: ConnectableRectShape::OnCommand(command);
   }
+}
+
+void Note::OnTextsChanged() {
+  view->UpdateNodes(this);
+  Invalidate();
 }
 
 void Note::EditProperties() {

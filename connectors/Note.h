@@ -21,6 +21,7 @@ class Note : public ConnectableRectShape {
   const std::string& GetTypeName() const override;
   void OnCommand(unsigned command) override;
   void OnPlaced() override;
+  void OnTextsChanged() override;
   void RefreshAnchors() override;
 
   TextBox& GetText() { return text; }

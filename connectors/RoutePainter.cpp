@@ -10,8 +10,8 @@ namespace morvane {
 
 namespace {
 
-/// Half the width of the arrow head, in the units of the context.
-constexpr std::int32_t kArrowHalfWidth = 4;
+/// Half the width of the arrow head, as a part of a model unit, in which its length is measured.
+constexpr double kArrowHalfWidth = 4.0 / 6;
 /// How far a stroke can reach beyond its points, in the units of the context.
 constexpr std::int32_t kStrokeMargin = 2;
 
@@ -24,14 +24,17 @@ std::int32_t StepTowards(std::int32_t from, std::int32_t corner) {
 
 }  // namespace
 
-RoutePainter::RoutePainter(CDC& dc, Conversion convert)
-    : dc(dc), convert(std::move(convert)), clip(InflateRect(dc.GetClipBox(), kStrokeMargin)) {}
+RoutePainter::RoutePainter(CDC& dc, Conversion convert, const Reach& reach)
+    : dc(dc),
+      convert(std::move(convert)),
+      reach(reach),
+      clip(InflateRect(dc.GetClipBox(), kStrokeMargin)) {}
 
 void RoutePainter::Paint(std::span<const POINT> route) {
   // The stubs meet the route in sharp corners; those between are rounded.
   const std::size_t stub = route.size() - 2;
   POINT from = convert(route[1]);
-  Line(convert(route[0]), from);
+  Line(convert(route[0]) + reach.source, from);
   for (std::size_t i = 2; i < stub; ++i) {
     const POINT corner = convert(route[i]);
     const POINT before = convert(PointBefore(route[i - 1], route[i]));
@@ -43,8 +46,8 @@ void RoutePainter::Paint(std::span<const POINT> route) {
   const POINT last = convert(route[stub]);
   const POINT tip = convert(route[stub + 1]);
   Line(from, last);
-  Line(last, tip);
-  PaintArrow(last, tip);
+  Line(last, tip + reach.tip);
+  PaintArrow(ArrowBase(last, tip) + reach.tip, tip + reach.tip);
 }
 
 bool RoutePainter::IsVisible(POINT a, POINT b) const {
@@ -58,10 +61,15 @@ void RoutePainter::Line(POINT from, POINT to) {
   dc.LineTo(to);
 }
 
-void RoutePainter::PaintArrow(POINT stub, POINT tip) {
+std::int32_t RoutePainter::ArrowHalfWidth() const {
+  const std::int32_t unit = SubSat(convert({1, 0}).x, convert({0, 0}).x);
+  return std::max(RoundHalfAway(kArrowHalfWidth * unit), 1);
+}
+
+void RoutePainter::PaintArrow(POINT base, POINT tip) {
   POINT a;
   POINT b;
-  SidePoints(ArrowBase(stub, tip), tip, kArrowHalfWidth, a, b);
+  SidePoints(base, tip, ArrowHalfWidth(), a, b);
   Line(a, tip);
   Line(tip, b);
 }

@@ -15,7 +15,13 @@ class RoutePainter {
  public:
   using Conversion = std::function<POINT(POINT)>;
 
-  RoutePainter(CDC& dc, Conversion convert);
+  /// How far the ends of a route go on beyond their points, in the units of the context.
+  struct Reach {
+    POINT source;
+    POINT tip;
+  };
+
+  RoutePainter(CDC& dc, Conversion convert, const Reach& reach = {});
 
   /// At least three points: the source, the corners, the tip.
   void Paint(std::span<const POINT> route);
@@ -31,10 +37,12 @@ class RoutePainter {
  private:
   bool IsVisible(POINT a, POINT b) const;
   void Line(POINT from, POINT to);
-  void PaintArrow(POINT stub, POINT tip);
+  void PaintArrow(POINT base, POINT tip);
+  std::int32_t ArrowHalfWidth() const;
 
   CDC& dc;
   Conversion convert;
+  Reach reach;
   RECT clip;
 };
 

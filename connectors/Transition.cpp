@@ -207,6 +207,7 @@ void Transition::OnBroadcast(int op, void* arg) {
 /// Keeps its shape and lets go of what doesn't move along.
 void Transition::MoveBy(POINT offset) {
   BuildRegion();
+  InvalidateEnds();
   if (source != nullptr && !source->MovesAlong()) source->RemoveTransition(this);
   if (target != nullptr && !target->MovesAlong()) target->RemoveTransition(this);
   chain.Head()->Offset(offset);

@@ -8,6 +8,7 @@
 #include "connectors/LinkChain.h"
 #include "connectors/MetafileStamp.h"
 #include "connectors/OrthogonalRouter.h"
+#include "connectors/RoutePainter.h"
 #include "model/AnchorKey.h"
 #include "states/StateTransition.h"
 
@@ -17,6 +18,7 @@ class ChartRouter;
 class EndableState;
 class Mesg;
 class StartableState;
+class State;
 struct CPen;
 
 /// The arrow of a chart: it runs from a state to a state along a chain of rectilinear links and may
@@ -134,6 +136,9 @@ class Transition : public StateTransition {
   void NoteBounds();
 
   std::vector<POINT> RoutePoints() const;
+  POINT ReachTo(const State* state, const AnchorKey& key, POINT end, int perModel) const;
+  RoutePainter::Reach ReachOfEnds(int perModel) const;
+  void InvalidateEnds();
   std::vector<RECT> VisibleHandles() const;
   void OnSelectionChanged();
   void ShowGhost(POINT offset);

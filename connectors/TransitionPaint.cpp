@@ -2,7 +2,6 @@
 
 #include "connectors/HeadLink.h"
 #include "connectors/Mesg.h"
-#include "connectors/RoutePainter.h"
 #include "connectors/TailLink.h"
 #include "connectors/Transition.h"
 #include "drawing/CDC.h"
@@ -10,6 +9,8 @@
 #include "drawing/NullDC.h"
 #include "model/ChartView.h"
 #include "model/DrawResources.h"
+#include "states/EndableState.h"
+#include "states/StartableState.h"
 
 namespace morvane {
 
@@ -17,6 +18,9 @@ namespace {
 
 /// More handles than this are repainted as one rectangle.
 constexpr std::size_t kMaxSingleHandles = 100;
+
+/// An end reaches so far into its state at the greatest zoom, device pixels.
+constexpr std::int32_t kEndReach = 10;
 
 /// Records what a drag within the client area can bring into view.
 class GhostRecording : public CMetaFileDC {
@@ -34,7 +38,7 @@ class GhostRecording : public CMetaFileDC {
 
 void Transition::DrawOnScreen(CDC& dc) {
   CurrentRegion();
-  const Mapping logical = dc.SetMapping({});
+  const Mapping logical = dc.SetMapping(view->ClientMapping());
   DrawRoute(&dc, nullptr);
   DrawMarks(dc);
   dc.SetMapping(logical);
@@ -58,7 +62,8 @@ void Transition::DrawRoute(CDC* dc, const CPen* pen) const {
   const CPen& ownPen = attached ? resources.routePen : resources.freeRoutePen;
   const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
   const CPen oldPen = dc->SelectPen(pen != nullptr ? *pen : ownPen);
-  RoutePainter(*dc, [this](POINT p) { return ToClient(p); }).Paint(RoutePoints());
+  const Conversion toClient = [this](POINT p) { return ToClient(p); };
+  RoutePainter(*dc, toClient, ReachOfEnds(view->GetZoom())).Paint(RoutePoints());
   dc->SelectPen(oldPen);
   dc->SetBkMode(oldMode);
 }
@@ -69,9 +74,42 @@ void Transition::PrintRoute(CDC* dc) const {
   const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
   const CPen oldPen =
       dc->SelectPen(attached ? resources.printRoutePen : resources.printFreeRoutePen);
-  RoutePainter(*dc, [this](POINT p) { return view->ToLogical(p); }).Paint(RoutePoints());
+  const Conversion toLogical = [this](POINT p) { return view->ToLogical(p); };
+  RoutePainter(*dc, toLogical, ReachOfEnds(ChartView::kLogicalPerModel)).Paint(RoutePoints());
   dc->SelectPen(oldPen);
   dc->SetBkMode(oldMode);
+}
+
+/// The way from an anchor to the border that is painted of its state, in units of `perModel` to a
+/// model unit; nothing for an end that doesn't stand on its anchor.
+POINT Transition::ReachTo(const State* state, const AnchorKey& key, POINT end, int perModel) const {
+  const POINT* anchor = state != nullptr ? state->AnchorAt(key) : nullptr;
+  if (anchor == nullptr || *anchor != end) return {};
+  const RECT whole = view->ToLogical(state->GetBounds());
+  const RECT painted = state->GetPaintedBorder();
+  const auto inUnits = [perModel](std::int32_t logical) {
+    return RoundHalfAway(static_cast<double>(logical) * perModel / ChartView::kLogicalPerModel);
+  };
+  // The right and the lower edge of a shape are not a part of it.
+  switch (key.side) {
+    case SIDE_LEFT: return {inUnits(SubSat(painted.left, whole.left)), 0};
+    case SIDE_TOP: return {0, inUnits(SubSat(painted.top, whole.top))};
+    case SIDE_RIGHT: return {inUnits(SubSat(painted.right, whole.right)) - 1, 0};
+    case SIDE_BOTTOM: return {0, inUnits(SubSat(painted.bottom, whole.bottom)) - 1};
+    default: return {};
+  }
+}
+
+RoutePainter::Reach Transition::ReachOfEnds(int perModel) const {
+  return {ReachTo(source, sourceKey, chain.Head()->start, perModel),
+          ReachTo(target, targetKey, chain.Tail()->end, perModel)};
+}
+
+/// The ends reach beyond the region, into their states.
+void Transition::InvalidateEnds() {
+  for (const POINT end : {chain.Head()->start, chain.Tail()->end}) {
+    view->InvalidateRect(InflateRect(RectAt(ToClient(end)), kEndReach));
+  }
 }
 
 /// The anchors, the stub points, and between them the corners where the route turns: a file can

@@ -89,12 +89,14 @@ POINT Transition::FreePlace(POINT drop, std::uint16_t side) const {
 
 void Transition::MoveSourceEnd(POINT anchor) {
   BuildRegion();
+  InvalidateEnds();
   chain.Head()->MoveEnds(anchor, StepPoint(anchor, sourceKey.side));
   RefreshRoute();
 }
 
 void Transition::MoveTargetEnd(POINT anchor) {
   BuildRegion();
+  InvalidateEnds();
   chain.Tail()->MoveEnds(StepPoint(anchor, targetKey.side), anchor);
   RefreshRoute();
 }
@@ -106,6 +108,7 @@ void Transition::RefreshRoute() {
   chain.MergeTwins();
   Untangle();
   RebuildRegion();
+  InvalidateEnds();
   FollowLabel(oldLabel);
 }
 

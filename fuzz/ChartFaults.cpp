@@ -16,6 +16,7 @@
 #include "resources/CommandIds.h"
 #include "shell/CObjectTree.h"
 #include "states/EndableState.h"
+#include "states/GenericState.h"
 #include "states/StartableState.h"
 #include "surface/LayoutMgr.h"
 #include "tests/support/Charts.h"
@@ -95,6 +96,32 @@ std::string NodeFault(const LayoutMgr& chart, const Transition& transition, cons
   return shown == expected ? "" : "the tree shows other things below a transition";
 }
 
+double AreaOf(const Shape& shape) {
+  const RECT r = shape.GetBounds();
+  return static_cast<double>(Width(r)) * static_cast<double>(Height(r));
+}
+
+/// The smallest state that a shape lies in; null for none.
+const Shape* HolderOf(const LayoutMgr& chart, const Shape& inner) {
+  const RECT r = inner.GetBounds();
+  const Shape* holder = nullptr;
+  for (const Shape* shape : chart.GetModel().Objects()) {
+    if (dynamic_cast<const GenericState*>(shape) == nullptr) continue;
+    const RECT outer = shape->GetBounds();
+    const bool holds = outer.left <= r.left && outer.top <= r.top && outer.right >= r.right &&
+                       outer.bottom >= r.bottom;
+    if (!holds || AreaOf(*shape) <= AreaOf(inner)) continue;
+    if (holder == nullptr || AreaOf(*shape) < AreaOf(*holder)) holder = shape;
+  }
+  return holder;
+}
+
+/// The item stands for the holder, or for another one of its size.
+bool IsAsLarge(const Shape& holder, const TreeItem* item) {
+  const auto* shape = static_cast<const Shape*>(item->Data());
+  return item->Parent() != nullptr && AreaOf(*shape) == AreaOf(holder);
+}
+
 /// The first lines in which they differ.
 std::string FirstDifference(const std::string& shown, const StepBook& book) {
   std::istringstream chart(shown);
@@ -135,7 +162,8 @@ std::string ChartFault(const LayoutMgr& chart) {
   return {};
 }
 
-std::string TreeFault(const LayoutMgr& chart, const CObjectTree& tree) {
+std::string TreeFault(const LayoutMgr& chart, CObjectTree& tree) {
+  tree.BringUpToDate();
   std::size_t nodes = 1;
   for (Shape* shape : chart.GetModel().Objects()) {
     if (const auto* transition = dynamic_cast<Transition*>(shape)) {
@@ -145,10 +173,17 @@ std::string TreeFault(const LayoutMgr& chart, const CObjectTree& tree) {
       if (!fault.empty()) return fault;
       nodes += 1U + static_cast<std::size_t>(found.front()->ChildCount());
     }
-    if (dynamic_cast<State*>(shape) == nullptr) continue;
+    if (dynamic_cast<Mesg*>(shape) != nullptr || dynamic_cast<Transition*>(shape) != nullptr) {
+      continue;
+    }
     const TreeItem* item = tree.FirstWithData(shape);
-    if (item == nullptr) return "the tree has no node for a state";
-    if (item->Parent() != tree.FirstItem()) return "a state does not stand below the root";
+    if (item == nullptr) return "the tree has no node for a state, a note or a line";
+    const Shape* holder =
+        dynamic_cast<State*>(shape) != nullptr ? HolderOf(chart, *shape) : nullptr;
+    const bool isOutermost = holder == nullptr && item->Parent() == tree.FirstItem();
+    if (!isOutermost && (holder == nullptr || !IsAsLarge(*holder, item->Parent()))) {
+      return "a state does not stand below the one that it lies in";
+    }
     ++nodes;
   }
   return tree.Count() == nodes ? "" : "the tree has nodes for nothing";

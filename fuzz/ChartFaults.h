@@ -18,7 +18,7 @@ std::string ChainFault(const LinkChain& chain);
 /// was drawn by gestures; a file can store worse.
 std::string ChartFault(const LayoutMgr& chart);
 /// The browser has a node for each object, in its place, and no others.
-std::string TreeFault(const LayoutMgr& chart, const CObjectTree& tree);
+std::string TreeFault(const LayoutMgr& chart, CObjectTree& tree);
 /// The text of the chart reads back to itself.
 std::string TextFault(const LayoutMgr& chart);
 /// Undo all the way and redo all the way show the same texts, byte for byte.

@@ -82,7 +82,7 @@ class ChartHand {
 
   Choose choose;
   std::string fault;
-  CObjectTree tree;
+  mutable CObjectTree tree;  ///< it brings itself up to date when it is looked at
   StepBook book;
   std::size_t stepCount = 0;
   bool inHistory = false;  ///< a text that comes is that of an undo or a redo

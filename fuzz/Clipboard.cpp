@@ -40,7 +40,7 @@ std::string ObjectText(const LayoutMgr& chart) {
   return text.substr(0, text.find("END DATA\n"));
 }
 
-void RequireSound(const LayoutMgr& chart, const CObjectTree& tree, const std::string& former) {
+void RequireSound(const LayoutMgr& chart, CObjectTree& tree, const std::string& former) {
   Require(ObjectText(chart).starts_with(former), "a paste changes what stood there");
   Require(TreeFault(chart, tree));
   Require(TextFault(chart));

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <span>
 
 #include "drawing/TextCodec.h"
+#include "generators/ClassFacts.h"
+#include "generators/NamePool.h"
 #include "machine/Identifier.h"
 #include "machine/Machine.h"
 
@@ -12,111 +14,20 @@ namespace morvane {
 
 namespace {
 
-/// The words of C and C++, since a C++ program may include the header, that a name could be.
-constexpr std::array<std::string_view, 99> kWords = {"alignas",
-                                                     "alignof",
-                                                     "and",
-                                                     "and_eq",
-                                                     "asm",
-                                                     "auto",
-                                                     "bitand",
-                                                     "bitor",
-                                                     "bool",
-                                                     "break",
-                                                     "case",
-                                                     "catch",
-                                                     "char",
-                                                     "class",
-                                                     "compl",
-                                                     "concept",
-                                                     "const",
-                                                     "const_cast",
-                                                     "consteval",
-                                                     "constexpr",
-                                                     "constinit",
-                                                     "continue",
-                                                     "co_await",
-                                                     "co_return",
-                                                     "co_yield",
-                                                     "decltype",
-                                                     "default",
-                                                     "delete",
-                                                     "do",
-                                                     "double",
-                                                     "dynamic_cast",
-                                                     "else",
-                                                     "enum",
-                                                     "explicit",
-                                                     "export",
-                                                     "extern",
-                                                     "false",
-                                                     "float",
-                                                     "for",
-                                                     "friend",
-                                                     "goto",
-                                                     "if",
-                                                     "inline",
-                                                     "int",
-                                                     "long",
-                                                     "main",
-                                                     "mutable",
-                                                     "namespace",
-                                                     "new",
-                                                     "noexcept",
-                                                     "not",
-                                                     "not_eq",
-                                                     "nullptr",
-                                                     "operator",
-                                                     "or",
-                                                     "or_eq",
-                                                     "private",
-                                                     "protected",
-                                                     "public",
-                                                     "register",
-                                                     "reinterpret_cast",
-                                                     "requires",
-                                                     "restrict",
-                                                     "return",
-                                                     "short",
-                                                     "signed",
-                                                     "sizeof",
-                                                     "static",
-                                                     "static_assert",
-                                                     "static_cast",
-                                                     "struct",
-                                                     "switch",
-                                                     "template",
-                                                     "this",
-                                                     "thread_local",
-                                                     "throw",
-                                                     "true",
-                                                     "try",
-                                                     "typedef",
-                                                     "typeid",
-                                                     "typename",
-                                                     "typeof",
-                                                     "union",
-                                                     "unsigned",
-                                                     "using",
-                                                     "virtual",
-                                                     "void",
-                                                     "volatile",
-                                                     "wchar_t",
-                                                     "while",
-                                                     "xor",
-                                                     "xor_eq",
-                                                     "size_t",
-                                                     "uint8_t",
-                                                     "uint16_t",
-                                                     "int8_t",
-                                                     "int16_t",
-                                                     "linux",
-                                                     "unix"};
+/// What a name can't be beside the words of C++, as a C++ program may include the header.
+constexpr std::array<std::string_view, 9> kMoreWords = {
+    "main", "restrict", "typeof", "size_t", "int8_t", "uint8_t", "int16_t", "uint16_t", "uint32_t"};
+
+bool IsWord(std::string_view name) {
+  const std::span<const std::string_view> words = CppFacts().words;
+  return std::ranges::find(words, name) != words.end() ||
+         std::ranges::find(kMoreWords, name) != kMoreWords.end();
+}
 
 std::string PrefixOf(std::string_view stem) {
   std::string name = Identifier::Clean(ToUtf8(stem), 'M');
   if (name.empty()) name = "Machine";
-  if (std::ranges::find(kWords, name) != kWords.end()) name += '_';
+  if (IsWord(name)) name += '_';
   return name;
 }
 
@@ -132,9 +43,7 @@ std::string NoneIn(const Machine& machine) {
 }  // namespace
 
 CNames::CNames(const Machine& machine, std::string_view stem)
-    : machine(machine), prefix(PrefixOf(stem)), macro(prefix), none(NoneIn(machine)) {
-  for (char& c : macro) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-}
+    : machine(machine), prefix(PrefixOf(stem)), macro(MacroName(prefix)), none(NoneIn(machine)) {}
 
 std::string CNames::StateConstant(int state) const {
   if (state == MachineState::kChart) return Type("State_") + none;

@@ -5,6 +5,7 @@
 #include "generators/CNames.h"
 #include "generators/CodePlan.h"
 #include "generators/Emitter.h"
+#include "generators/NamePool.h"
 #include "machine/Machine.h"
 
 namespace morvane {
@@ -50,8 +51,16 @@ CSourceWriter::CSourceWriter(const Machine& machine, const CodePlan& plan, const
       names(names),
       options(options),
       header(header),
+      locals(machine),
       text(out, options, file),
       actions(machine, plan, names, options, out) {}
+
+CSourceWriter::Locals::Locals(const Machine& machine) {
+  NamePool pool;
+  pool.ReserveFrom(machine.properties.CIncludes);
+  pool.ReserveFrom(machine.properties.CDeclarations);
+  for (std::string* name : {&event, &state, &scope, &rounds, &context}) *name = pool.Add(*name);
+}
 
 std::string CSourceWriter::Self() const { return names.Prefix() + " *self"; }
 
@@ -98,17 +107,18 @@ void CSourceWriter::WriteTrace() {
     constants.push_back(names.EventConstant(i));
     words.push_back(machine.events[Index(i)].name);
   }
-  WriteNameFunction("static const char *event_name(" + names.Type("Event") + " event)", constants,
-                    words);
+  WriteNameFunction(
+      "static const char *event_name(" + names.Type("Event") + ' ' + locals.event + ')', constants,
+      words);
   constants.clear();
   words.clear();
   for (int i = 0; i < static_cast<int>(machine.states.size()); ++i) {
     constants.push_back(names.StateConstant(i));
     words.push_back(machine.states[Index(i)].name);
   }
-  WriteNameFunction(
-      "const char *" + names.Function("StateName") + '(' + names.Type("State") + " state)",
-      constants, words);
+  WriteNameFunction("const char *" + names.Function("StateName") + '(' + names.Type("State") + ' ' +
+                        locals.state + ')',
+                    constants, words);
 }
 
 void CSourceWriter::WriteNameFunction(const std::string& head,
@@ -179,10 +189,11 @@ void CSourceWriter::WriteLeave() {
     if (plan.IsLeftByLoop(i)) left.push_back(i);
   }
   if (left.empty()) return;
-  out.Line("/* Leaves what is active inside scope, the innermost state first. */");
-  out.Line("static void machine_leave_to(" + Self() + ", " + names.Type("State") + " scope)");
+  out.Line("/* Leaves what is active inside a scope, the innermost state first. */");
+  out.Line("static void machine_leave_to(" + Self() + ", " + names.Type("State") + ' ' +
+           locals.scope + ')');
   out.Open("{");
-  out.Open("while ((" + names.Type("State") + ")self->state != scope) {");
+  out.Open("while ((" + names.Type("State") + ")self->state != " + locals.scope + ") {");
   out.Line("switch (self->state) {");
   for (const int state : left) {
     out.Open("case " + names.StateConstant(state) + ':');
@@ -269,9 +280,9 @@ void CSourceWriter::WriteReaction(int state) {
   const int parent = machine.states[Index(state)].parent;
   const int outer = parent == MachineState::kChart ? parent : plan.Handler(parent);
   out.Line("static bool " + names.Of("react_in", state) + '(' + Self() + ", " +
-           names.Type("Event") + " event)");
+           names.Type("Event") + ' ' + locals.event + ')');
   out.Open("{");
-  out.Line("switch (event) {");
+  out.Line("switch (" + locals.event + ") {");
   for (const CodePlan::Reaction& reaction : plan.Reactions(state)) {
     for (const int event : reaction.events) out.Line("case " + names.EventConstant(event) + ':');
     out.Indent();
@@ -283,7 +294,7 @@ void CSourceWriter::WriteReaction(int state) {
   out.Close("}");
   out.Line(outer == MachineState::kChart
                ? "return false;"
-               : "return " + names.Of("react_in", outer) + "(self, event);");
+               : "return " + names.Of("react_in", outer) + "(self, " + locals.event + ");");
   out.Close("}");
   out.Gap();
 }
@@ -293,8 +304,9 @@ void CSourceWriter::WriteSettle() {
   out.Line("/* Takes transitions without an event until none is left. */");
   out.Line("static void machine_settle(" + Self() + ')');
   out.Open("{");
-  out.Line("int rounds;");
-  out.Open("for (rounds = 0; rounds < 1000; rounds++) {");
+  out.Line("int " + locals.rounds + ';');
+  const std::string& rounds = locals.rounds;
+  out.Open("for (" + rounds + " = 0; " + rounds + " < 1000; " + rounds + "++) {");
   out.Line("switch (self->state) {");
   for (int i = 0; i < static_cast<int>(machine.states.size()); ++i) {
     const bool completes = plan.Completes(i);
@@ -329,7 +341,8 @@ bool CSourceWriter::HasHandlers() const {
 
 void CSourceWriter::WriteHandle() {
   if (!HasHandlers()) return;
-  out.Line("static bool machine_handle(" + Self() + ", " + names.Type("Event") + " event)");
+  out.Line("static bool machine_handle(" + Self() + ", " + names.Type("Event") + ' ' +
+           locals.event + ')');
   out.Open("{");
   out.Line("switch (self->state) {");
   std::vector<std::vector<int>> byHandler(machine.states.size());
@@ -343,7 +356,7 @@ void CSourceWriter::WriteHandle() {
     for (const int state : handled) out.Line("case " + names.StateConstant(state) + ':');
     if (handled.empty()) continue;
     out.Indent();
-    out.Line("return " + names.Of("react_in", handler) + "(self, event);");
+    out.Line("return " + names.Of("react_in", handler) + "(self, " + locals.event + ");");
     out.Outdent();
   }
   out.Open("default:");
@@ -355,18 +368,20 @@ void CSourceWriter::WriteHandle() {
 
 void CSourceWriter::WriteStep() {
   const std::string trace = names.Macro() + "_TRACE";
-  out.Line("static void machine_step(" + Self() + ", " + names.Type("Event") + " event)");
+  out.Line("static void machine_step(" + Self() + ", " + names.Type("Event") + ' ' + locals.event +
+           ')');
   out.Open("{");
-  if (options.debug) out.Line(trace + "(\"event\", event_name(event));");
+  if (options.debug) out.Line(trace + "(\"event\", event_name(" + locals.event + "));");
   if (!HasHandlers()) {
     out.Line("(void)self;");
-    out.Line(options.debug ? trace + "(\"ignored\", event_name(event));" : "(void)event;");
+    out.Line(options.debug ? trace + "(\"ignored\", event_name(" + locals.event + "));"
+                           : "(void)" + locals.event + ';');
   } else if (options.debug) {
-    out.Open("if (!machine_handle(self, event)) {");
-    out.Line(trace + "(\"ignored\", event_name(event));");
+    out.Open("if (!machine_handle(self, " + locals.event + ")) {");
+    out.Line(trace + "(\"ignored\", event_name(" + locals.event + "));");
     out.Close("}");
   } else {
-    out.Line("(void)machine_handle(self, event);");
+    out.Line("(void)machine_handle(self, " + locals.event + ");");
   }
   if (plan.HasEventless() || plan.HasCompletion()) out.Line("machine_settle(self);");
   out.Close("}");
@@ -386,18 +401,18 @@ std::string CSourceWriter::EndCondition() const {
 void CSourceWriter::WriteQueue() {
   const std::string size = names.Macro() + "_QUEUE_SIZE";
   const std::string event = names.Type("Event");
-  out.Line("static bool machine_wait(" + Self() + ", " + event + " event)");
+  out.Line("static bool machine_wait(" + Self() + ", " + event + ' ' + locals.event + ')');
   out.Open("{");
   out.Verbatim("#if " + size + " > 0");
   out.Open("if (self->count < " + size + ") {");
   out.Line("self->queue[(self->first + self->count) % " + size + "] = (" +
-           (machine.events.size() < 256 ? "uint8_t" : "uint16_t") + ")event;");
+           (machine.events.size() < 256 ? "uint8_t" : "uint16_t") + ')' + locals.event + ';');
   out.Line("self->count++;");
   out.Line("return true;");
   out.Close("}");
   out.Verbatim("#else");
   out.Line("(void)self;");
-  out.Line("(void)event;");
+  out.Line("(void)" + locals.event + ';');
   out.Verbatim("#endif");
   out.Line("return false;");
   out.Close("}");
@@ -408,10 +423,10 @@ void CSourceWriter::WriteQueue() {
   out.Open("while (self->count > 0" +
            (plan.HasEnd() ? " && !" + names.Function("IsFinished") + "(self)" : std::string()) +
            ") {");
-  out.Line(event + " event = (" + event + ")self->queue[self->first];");
+  out.Line(event + ' ' + locals.event + " = (" + event + ")self->queue[self->first];");
   out.Line("self->first = (uint8_t)((self->first + 1) % " + size + ");");
   out.Line("self->count--;");
-  out.Line("machine_step(self, event);");
+  out.Line("machine_step(self, " + locals.event + ");");
   out.Close("}");
   // What waits when the machine ends is dropped.
   if (plan.HasEnd()) out.Line("self->count = 0;");
@@ -424,10 +439,10 @@ void CSourceWriter::WriteQueue() {
 
 void CSourceWriter::WriteStart() {
   const std::string none = names.StateConstant(MachineState::kChart);
-  out.Line("void " + names.Function("Init") + '(' + Self() + ", " + names.Macro() +
-           "_CONTEXT *context)");
+  out.Line("void " + names.Function("Init") + '(' + Self() + ", " + names.Macro() + "_CONTEXT *" +
+           locals.context + ')');
   out.Open("{");
-  out.Line("self->context = context;");
+  out.Line("self->context = " + locals.context + ';');
   out.Line("self->state = " + none + ';');
   out.Line("self->busy = false;");
   out.Close("}");
@@ -463,23 +478,23 @@ void CSourceWriter::WriteStart() {
 
 void CSourceWriter::WriteDispatch() {
   const std::string trace = names.Macro() + "_TRACE";
-  out.Line("bool " + names.Function("Dispatch") + '(' + Self() + ", " + names.Type("Event") +
-           " event)");
+  out.Line("bool " + names.Function("Dispatch") + '(' + Self() + ", " + names.Type("Event") + ' ' +
+           locals.event + ')');
   out.Open("{");
   out.Open("if (self->busy) {");
-  out.Line("return machine_wait(self, event);");
+  out.Line("return machine_wait(self, " + locals.event + ");");
   out.Close("}");
   std::string refused = "self->state == " + names.StateConstant(MachineState::kChart);
   if (plan.HasEnd()) refused += " || " + names.Function("IsFinished") + "(self)";
   out.Open("if (" + refused + ") {");
   if (options.debug) {
-    out.Line(trace + "(\"event\", event_name(event));");
-    out.Line(trace + "(\"ignored\", event_name(event));");
+    out.Line(trace + "(\"event\", event_name(" + locals.event + "));");
+    out.Line(trace + "(\"ignored\", event_name(" + locals.event + "));");
   }
   out.Line("return false;");
   out.Close("}");
   out.Line("self->busy = true;");
-  out.Line("machine_step(self, event);");
+  out.Line("machine_step(self, " + locals.event + ");");
   out.Line("machine_handle_waiting(self);");
   out.Line("self->busy = false;");
   out.Line("return true;");
@@ -509,9 +524,10 @@ void CSourceWriter::WriteQueries() {
 
 void CSourceWriter::WriteIsIn() {
   const std::string state = names.Type("State");
-  out.Line("bool " + names.Function("IsIn") + "(const " + Self() + ", " + state + " state)");
+  out.Line("bool " + names.Function("IsIn") + "(const " + Self() + ", " + state + ' ' +
+           locals.state + ')');
   out.Open("{");
-  out.Line("switch (state) {");
+  out.Line("switch (" + locals.state + ") {");
   for (int i = 0; i < static_cast<int>(machine.states.size()); ++i) {
     if (plan.LastInside(i) == i) continue;
     out.Open("case " + names.StateConstant(i) + ':');
@@ -520,7 +536,7 @@ void CSourceWriter::WriteIsIn() {
     out.Outdent();
   }
   out.Open("default:");
-  out.Line("return (" + state + ")self->state == state;");
+  out.Line("return (" + state + ")self->state == " + locals.state + ';');
   out.Close("}");
   out.Close("}");
   out.Gap();

@@ -29,6 +29,17 @@ class CSourceWriter {
     const char* notTaken;  ///< when none was
   };
 
+  /// What parameters and variables are called, so that they hide nothing that the user declares.
+  struct Locals {
+    explicit Locals(const Machine& machine);
+
+    std::string event = "event";
+    std::string state = "state";
+    std::string scope = "scope";
+    std::string rounds = "rounds";
+    std::string context = "context";
+  };
+
   void WriteBeginning();
   void WriteTrace();
   void WriteNameFunction(const std::string& head, const std::vector<std::string>& constants,
@@ -59,6 +70,7 @@ class CSourceWriter {
   const CNames& names;
   const EmitOptions& options;
   std::string header;
+  Locals locals;
   CodeWriter out;
   CText text;
   CActions actions;

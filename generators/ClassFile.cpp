@@ -96,6 +96,7 @@ std::string ClassFile::Header(const std::string& fileName) const {
   out.Gap();
   out.Line("private:");
   out.Indent();
+  out.Line("// Inline, as the source file alone calls them.");
   Declare(out, ClassMember::Access::Private);
   out.Gap();
   Fields(out);
@@ -260,6 +261,7 @@ std::string ClassFile::Signature(const ClassMember& member, bool isDeclaration) 
   if (facts.hasHeader) {
     const bool isNested = member.type == "State";
     if (isDeclaration && member.isStatic) line = "static ";
+    if (isDeclaration && member.access == ClassMember::Access::Private) line += "inline ";
     line += !isDeclaration && isNested ? names.className + "::State" : member.type;
     line += isDeclaration ? " " : ' ' + names.className + "::";
   } else {

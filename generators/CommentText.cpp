@@ -16,18 +16,17 @@ bool IsTrap(std::uint32_t c) {
 }
 
 void AppendCharacter(std::string& line, std::uint32_t c, CommentStyle style) {
-  const bool turns =
-      !line.empty() && ((line.back() == '*' && c == '/') || (line.back() == '/' && c == '*'));
-  if (style == CommentStyle::Block) {
-    if (turns) line += ' ';
-    AppendUtf8(line, c);
-    return;
+  // A backslash may begin the code of a character, and an asterisk the comment's end.
+  constexpr std::string_view kMeantByJavadoc = "@\\{}*";
+  const bool isMeant = c >= 0x80 || kMeantByJavadoc.find(static_cast<char>(c)) != std::string::npos;
+  if (style == CommentStyle::Block && !line.empty()) {
+    if ((line.back() == '*' && c == '/') || (line.back() == '/' && c == '*')) line += ' ';
   }
-  const bool special = c == '<' || c == '>' || c == '&';
-  // A backslash may begin the code of a character, and an asterisk or a slash the comment's end.
-  const bool html = style == CommentStyle::Html &&
-                    (c == '@' || c == '\\' || c == '{' || c == '}' || c == '*' || c >= 0x80);
-  if (style != CommentStyle::Line && (special || html)) {
+  if (style == CommentStyle::Line || style == CommentStyle::Block) {
+    AppendUtf8(line, c);
+  } else if (c == '<' || c == '>' || c == '&') {
+    line += c == '<' ? "&lt;" : c == '>' ? "&gt;" : "&amp;";
+  } else if (style == CommentStyle::Html && isMeant) {
     line += "&#" + std::to_string(c) + ';';
   } else {
     AppendUtf8(line, c);

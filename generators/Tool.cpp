@@ -24,6 +24,12 @@ std::string_view OutputOf(TargetLanguage language) {
   return {};
 }
 
+/// The folder of a model file, also for one at the root.
+std::string ModelFolder(const std::string& model) {
+  const std::string folder = FolderOf(model);
+  return folder.empty() && model.starts_with('/') ? "/" : folder;
+}
+
 }  // namespace
 
 std::string Tool::Name() const { return "mrv2" + std::string(NameOf(language)); }
@@ -56,7 +62,7 @@ int Tool::RunGenerate(const ToolArguments& arguments, std::ostream& out, std::os
                           .folder = arguments.folder,
                           .model = arguments.model};
   if (arguments.job == ToolArguments::Job::Check) request.output = GenerateRequest::Output::Nothing;
-  if (arguments.fromDesigner && request.folder.empty()) request.folder = FolderOf(request.model);
+  if (arguments.fromDesigner && request.folder.empty()) request.folder = ModelFolder(request.model);
   const GenerateResult result = Generate(request);
   (arguments.fromDesigner ? out : err) << result.messages;
   if (arguments.fromDesigner) {

@@ -24,6 +24,8 @@ class Shape;
 class ChartView : public CScrollView {
  public:
   static constexpr std::int16_t kMinZoom = 2;
+  /// A view can show a chart smaller than the least zoom that is stored.
+  static constexpr std::int16_t kLeastShownZoom = 1;
   static constexpr std::int16_t kMaxZoom = 13;
   static constexpr std::int16_t kNormalZoom = 6;
   static constexpr std::int32_t kLogicalPerModel = 6;

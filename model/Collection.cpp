@@ -8,18 +8,22 @@
 namespace morvane {
 
 void Collection::Add(Collectable* object) {
-  if (index.insert(object).second) members.push_back(object);
+  if (!index.insert(object).second) return;
+  members.push_back(object);
+  Tell();
 }
 
 void Collection::Remove(Collectable* object) {
   if (index.erase(object) == 0) return;
   const auto found = std::find(members.rbegin(), members.rend(), object);
   members.erase(std::next(found).base());
+  Tell();
 }
 
 void Collection::Clear() {
   members.clear();
   index.clear();
+  Tell();
 }
 
 void Collection::Broadcast(int op, void* arg, const Collectable* except) const {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace morvane {
@@ -19,12 +21,19 @@ class Collection {
   bool IsEmpty() const { return members.empty(); }
   void Clear();
   const std::vector<Collectable*>& Members() const { return members; }
+  /// Calls back after each change of the members.
+  void SetListener(std::function<void()> changed) { listener = std::move(changed); }
 
   /// Sends an operation to each member but `except`, in order. It works on a copy: a member may
   /// leave the collection or delete itself.
   void Broadcast(int op, void* arg, const Collectable* except) const;
 
  private:
+  void Tell() const {
+    if (listener) listener();
+  }
+
+  std::function<void()> listener;
   std::vector<Collectable*> members;
   std::unordered_set<const Collectable*> index;
 };

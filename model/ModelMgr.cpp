@@ -39,7 +39,11 @@ Shape* TopObject(const std::vector<Shape*>& objects, Layer only, const Hit& hit)
 }  // namespace
 
 ModelMgr::ModelMgr(ChartView* view, const Factory& factory)
-    : view(view), clipboard(std::make_unique<ModelClipboard>()), factory(factory) {}
+    : view(view), clipboard(std::make_unique<ModelClipboard>()), factory(factory) {
+  selection.SetListener([this] {
+    if (ObjectBrowser* browser = Browser()) browser->OnSelectionChanged();
+  });
+}
 
 ModelMgr::~ModelMgr() {
   clipboard.reset();
@@ -136,9 +140,13 @@ void ModelMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const {
 /// The shapes that a context shows, layer by layer, with one look at every object.
 std::vector<Shape*> ModelMgr::ShapesOn(const CDC& dc, bool selectedOnly) const {
   std::array<std::vector<Shape*>, kPaintOrder.size()> visible;
+  // Marks have their size in pixels, which reach further where the view shows less than any zoom.
+  constexpr std::int32_t smallMargin = 8;
+  const std::int32_t margin = view->GetZoom() < ChartView::kMinZoom ? smallMargin : 0;
   for (Shape* shape : Objects()) {
     if (selectedOnly && !selection.Contains(shape)) continue;
-    if (!dc.RectVisible(view->ToLogical(shape->GetPaintBounds()))) continue;
+    const RECT touched = InflateRect(shape->GetPaintBounds(), margin);
+    if (!dc.RectVisible(view->ToLogical(touched))) continue;
     const auto layer = std::find(kPaintOrder.begin(), kPaintOrder.end(), shape->GetLayer());
     if (layer == kPaintOrder.end()) continue;
     visible[static_cast<std::size_t>(layer - kPaintOrder.begin())].push_back(shape);

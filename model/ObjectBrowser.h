@@ -20,6 +20,10 @@ class ObjectBrowser {
   virtual void UpdateNodes(Shape* object) = 0;
   /// The whole model goes: everything below the root is void.
   virtual void RemoveAllNodes() = 0;
+  /// Other objects are selected now. It may be called for thousands of them, one by one.
+  virtual void OnSelectionChanged() = 0;
+  /// Objects may have moved.
+  virtual void OnObjectsMoved() = 0;
 };
 
 }  // namespace morvane

@@ -21,7 +21,7 @@ Shape::~Shape() {
 
 void Shape::DrawOnScreen(CDC& dc) {
   Draw(&dc);
-  const Mapping logical = dc.SetMapping({});
+  const Mapping logical = dc.SetMapping(view->ClientMapping());
   DrawMarks(dc);
   dc.SetMapping(logical);
 }

@@ -50,7 +50,7 @@ zcat "$root/share/man/man1/morvane.1.gz" | sed -n 1p | grep -F "\"$version\"" >/
   fail "$version, but the manual page is of another one"
 [[ ! -e $XDG_CONFIG_HOME/Halvern ]] || fail "a job has changed the profile"
 for file in bin/_sp.mo bin/lang{fra,ger,esp}.dll Docs/Morvane-{UserGuide,Tutorial}.pdf \
-  Examples/Socket_C++/Socket.mrv; do
+  Examples/Socket_C++/{Socket.mrv,main.cpp} Examples/README.md; do
   [[ -s $root/lib/morvane/$file ]] || fail "not installed: $file"
 done
 for tool in mrv2cpp mrv2c mrv2cs mrv2java mrv2xml; do

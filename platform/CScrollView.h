@@ -7,13 +7,14 @@
 namespace morvane {
 
 class CDC;
-
 class CPrintInfo;
+class Mapping;
 
 /// A window onto a larger surface, scrolled in device pixels.
 class CScrollView : public CWnd {
  public:
-  /// The size of the whole surface and of a page step, device pixels.
+  /// The size of the whole surface and of the least page step, device pixels. A page is what the
+  /// window shows, but for a little that is seen before and behind it.
   void SetScrollSizes(SIZE total, SIZE page);
   SIZE GetTotalSize() const { return total; }
   int GetScrollPos(ScrollBar bar) const;
@@ -28,14 +29,38 @@ class CScrollView : public CWnd {
   virtual void OnInitialUpdate() {}
   /// Sets the origin of a context that `OnDraw` is to paint on.
   virtual void OnPrepareDC(CDC& dc);
+  /// The mapping of a context that paints in client points, of the beginning of a gesture if one
+  /// runs.
+  Mapping ClientMapping() const;
   /// Paints the surface.
   virtual void OnDraw(CDC& dc) = 0;
   /// Scrolls by a distance in device pixels, limited to the surface; gives true if it moved.
   virtual bool OnScrollBy(SIZE distance);
-  /// A step of a scroll bar, of the wheel or of a key.
+  /// While a gesture runs, the points that it knows stay what they are, however far the surface
+  /// goes on: the scroll position is that of its beginning. Behind it the surface stays where it
+  /// went.
+  class Gesture {
+   public:
+    explicit Gesture(CScrollView& view);
+    ~Gesture();
+    Gesture(const Gesture&) = delete;
+    Gesture& operator=(const Gesture&) = delete;
+
+   private:
+    CScrollView& view;
+  };
+  /// A turn of the wheel by eighths of a degree, towards the beginning of the bar if positive. What
+  /// is too little for a step counts for the next turn.
+  void OnWheel(ScrollBar bar, int angle);
+  /// Scrolls so that the surface shows from a position on, as near as its steps allow.
+  void ScrollTo(POINT place);
+  /// Where the surface stands now, also under a gesture.
+  POINT ShownPosition() const { return position + GetDrift(); }
+  /// A step of a scroll bar or of a key.
   virtual void OnScroll(ScrollBar bar, ScrollCode code, int target = 0);
-  /// Steps of the wheel that ask for a larger picture, or for a smaller one if negative.
-  virtual void OnZoom(int /*steps*/) {}
+  /// Steps of the wheel that ask for a larger picture, or for a smaller one if negative. What lies
+  /// at a client point is to stay there.
+  virtual void OnZoom(int /*steps*/, POINT /*client*/) {}
   /// What the pages of the surface are called.
   virtual std::string GetTitle() const { return {}; }
   /// The wish to close the window; true lets it close.
@@ -71,6 +96,8 @@ class CScrollView : public CWnd {
   SIZE total;
   SIZE page;
   POINT position;
+  POINT wheelRest;  ///< what the wheel has turned too little for a step, in parts of a pixel
+  int gestures = 0;
 };
 
 }  // namespace morvane

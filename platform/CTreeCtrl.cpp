@@ -114,6 +114,20 @@ void CTreeCtrl::SetImage(TreeItem& item, int image) {
   item.selectedImage = image;
 }
 
+void CTreeCtrl::MoveItem(TreeItem& item, TreeItem& parent) {
+  if (item.parent == &parent) return;
+  Changing();
+  Unlink(item);
+  item.next = nullptr;
+  // Siblings stand in the order of their numbers.
+  item.serial = ++lastSerial;
+  Link(item, parent);
+}
+
+void CTreeCtrl::GoStale() {
+  if (listener.stale) listener.stale();
+}
+
 void CTreeCtrl::DeleteItem(TreeItem& item) {
   Changing();
   // From the leaves up, without a call for each level.

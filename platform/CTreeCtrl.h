@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "drawing/Geometry.h"
+#include "platform/Message.h"
 #include "platform/TreeItem.h"
 
 namespace morvane {
@@ -34,6 +35,8 @@ class CTreeCtrl {
     std::function<void()> changing;
     /// Another item is selected, or none.
     std::function<void()> selected;
+    /// `BringUpToDate` has something to do before the window looks at the tree again.
+    std::function<void()> stale;
   };
   void SetListener(Listener window) { listener = std::move(window); }
   const std::vector<std::string>& Images() const { return images; }
@@ -57,6 +60,8 @@ class CTreeCtrl {
                        void* data = nullptr);
   void SetText(TreeItem& item, std::string text);
   void SetImage(TreeItem& item, int image);
+  /// Makes the item, with all below it, the last child of another one, which must not stand there.
+  void MoveItem(TreeItem& item, TreeItem& parent);
   /// Deletes the item and all below it. A selection in there is gone.
   void DeleteItem(TreeItem& item);
   void DeleteChildren(TreeItem& item);
@@ -75,8 +80,16 @@ class CTreeCtrl {
   /// Gives true when the press was used.
   virtual bool OnRButtonDown(TreeItem* /*hit*/, POINT /*screen*/) { return false; }
   virtual void OnLButtonDblClk() {}
+  /// The user selected another item, by the keys or by a press that nobody else has used for it.
+  virtual void OnChosen(TreeItem& /*item*/) {}
+  /// Gives true when the key was used.
+  virtual bool OnKeyDown(VirtualKey /*key*/) { return false; }
+  /// Does what may wait until somebody looks at the tree, who calls it before.
+  virtual void BringUpToDate() {}
 
  protected:
+  /// The tree has something to do in `BringUpToDate`.
+  void GoStale();
   virtual void OnExpanded(TreeItem& /*item*/) {}
   virtual void OnCollapsed(TreeItem& /*item*/) {}
 

@@ -10,14 +10,16 @@ CWnd::~CWnd() {
   while (!feedback.empty()) (*feedback.begin())->Hide();
 }
 
-RECT CWnd::GetClientRect() const { return peer != nullptr ? peer->ClientRect() : RECT{}; }
+RECT CWnd::GetClientRect() const { return peer != nullptr ? peer->ClientRect() + drift : RECT{}; }
 
 void CWnd::InvalidateRect(const RECT& r) {
-  if (peer != nullptr) peer->InvalidateRect(r);
+  if (peer != nullptr) peer->InvalidateRect(r - drift);
 }
 
 void CWnd::InvalidateRgn(const CRgn& region) {
-  if (peer != nullptr) peer->InvalidateRgn(region);
+  if (peer == nullptr) return;
+  if (drift != POINT{}) return peer->InvalidateAll();
+  peer->InvalidateRgn(region);
 }
 
 void CWnd::Invalidate() {
@@ -33,7 +35,7 @@ void CWnd::SetRedraw(bool on) {
 }
 
 void CWnd::InvalidateFeedback(const RECT& r) {
-  if (peer != nullptr) peer->InvalidateFeedback(r);
+  if (peer != nullptr) peer->InvalidateFeedback(r - drift);
 }
 
 void CWnd::SetCapture() {
@@ -46,7 +48,7 @@ void CWnd::ReleaseCapture() {
 
 bool CWnd::HasCapture() const { return peer != nullptr && peer->HasCapture(); }
 
-POINT CWnd::GetCursorPos() const { return peer != nullptr ? peer->CursorPos() : POINT{}; }
+POINT CWnd::GetCursorPos() const { return peer != nullptr ? peer->CursorPos() + drift : POINT{}; }
 
 bool CWnd::IsShiftDown() const { return peer != nullptr && peer->IsShiftDown(); }
 
@@ -54,15 +56,20 @@ void CWnd::SetCursor(Cursor cursor) {
   if (peer != nullptr) peer->SetCursor(cursor);
 }
 
-POINT CWnd::ClientToScreen(POINT p) const { return peer != nullptr ? peer->ClientToScreen(p) : p; }
+POINT CWnd::ClientToScreen(POINT p) const {
+  return peer != nullptr ? peer->ClientToScreen(p - drift) : p;
+}
 
-POINT CWnd::ScreenToClient(POINT p) const { return peer != nullptr ? peer->ScreenToClient(p) : p; }
+POINT CWnd::ScreenToClient(POINT p) const {
+  return peer != nullptr ? peer->ScreenToClient(p) + drift : p;
+}
 
 Message CWnd::NextMessage() {
-  if (peer != nullptr) return peer->NextMessage();
-  Message quit;
-  quit.kind = Message::Kind::Quit;
-  return quit;
+  Message message;
+  message.kind = Message::Kind::Quit;
+  if (peer != nullptr) message = peer->NextMessage();
+  message.point = message.point + drift;
+  return message;
 }
 
 void CWnd::DispatchMessage(const Message& message) {

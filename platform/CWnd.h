@@ -25,6 +25,10 @@ class CWnd {
   /// Ties the real window, which isn't owned and takes itself back before it goes.
   void SetPeer(WindowPeer* window) { peer = window; }
   bool HasWindow() const { return peer != nullptr; }
+  /// How far the surface has gone on under a gesture, device pixels. What a gesture knows are the
+  /// points of its beginning: whatever comes from the real window and goes there is moved by this,
+  /// so that nobody else has to know.
+  POINT GetDrift() const { return drift; }
 
   RECT GetClientRect() const;
   void InvalidateRect(const RECT& r);
@@ -54,7 +58,8 @@ class CWnd {
 
   /// Waits for the next message of the queue, for a nested loop. Without a window it gives Quit.
   Message NextMessage();
-  /// The normal way of a message that a nested loop doesn't take.
+  /// The normal way of a message that a nested loop doesn't take. Its point is one of `NextMessage`
+  /// or of a time without a gesture.
   void DispatchMessage(const Message& message);
 
   virtual void OnLButtonDown(unsigned /*flags*/, POINT /*p*/) {}
@@ -77,9 +82,11 @@ class CWnd {
 
  protected:
   WindowPeer* Peer() const { return peer; }
+  void SetDrift(POINT distance) { drift = distance; }
 
  private:
   WindowPeer* peer = nullptr;
+  POINT drift;
   std::unordered_set<Feedback*> feedback;
 };
 

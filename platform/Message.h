@@ -7,7 +7,20 @@ namespace morvane {
 /// Key state that comes with a mouse message.
 enum MouseFlags : unsigned { MK_LBUTTON = 1, MK_RBUTTON = 2, MK_SHIFT = 4, MK_CONTROL = 8 };
 
-enum class VirtualKey { Other, Escape, Prior, Next, Home, End, Left, Up, Right, Down, Delete };
+enum class VirtualKey {
+  Other,
+  Escape,
+  Prior,
+  Next,
+  Home,
+  End,
+  Left,
+  Up,
+  Right,
+  Down,
+  Delete,
+  Space  ///< was hit, and not held to drag the surface
+};
 
 /// A message of the queue, as a nested loop sees it.
 struct Message {

@@ -36,6 +36,9 @@ enum CommandId : unsigned {
   ID_ZOOM_OUT = 32819,
   ID_ZOOM_NORMAL = 32820,
   ID_REFRESH = 32821,
+  ID_ZOOM_FIT = 32894,
+  ID_ZOOM_SELECTION = 32895,
+  ID_ZOOM_LEVEL = 32900,  ///< and so many behind it as there are zooms; the zoom itself is added
   ID_MODEL_PROPERTIES = 32847,
   ID_CODEGEN_PROPERTIES = 32848,
   ID_FIND_REPLACE = 32859,

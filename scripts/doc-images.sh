@@ -20,6 +20,10 @@ mkdir -p "$XDG_CONFIG_HOME/Halvern"
 printf '[ToolBars]\nBrowseDir=%s\n' "${program%/bin/*}/Examples/Lift" \
   >"$XDG_CONFIG_HOME/Halvern/Morvane.ini"
 mkdir -p "$images"
+# Its own folder would show in the dialog of a generator.
+mkdir "$work/bin"
+cp "$program" "${program%/*}"/{_sp.mo,*.dll,mrv2*.exe} "$work/bin"
+program="$work/bin/morvane"
 
 # open CHART: starts the program on a copy of a chart, in a window of a known place and size
 open() {
@@ -146,6 +150,8 @@ key alt+c p
 dialog codegen
 key Escape
 key alt+c Down Return
+xdotool key Return
+settle 2
 dialog generate
 key Escape
 quit

@@ -35,7 +35,7 @@ run() {
   local folder=$root/build/fuzz
   local options=(-timeout=2 -max_len=32768)
   case $target in
-    model | machine | clipboard | profile | commandline) options+=("-dict=$root/fuzz/model.dict") ;;
+    model | machine | generator | clipboard | profile | commandline) options+=("-dict=$root/fuzz/model.dict") ;;
     language) options+=("-dict=$root/fuzz/language.dict") ;;
     # What the toolkit keeps looks like a leak each time that it grows; the tests look at the end.
     picture) options+=("-dict=$root/fuzz/model.dict" -detect_leaks=0) ;;

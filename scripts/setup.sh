@@ -12,7 +12,8 @@ packages=(
   poppler-utils        # shows the tests what a document's pages look like
   libgtest-dev libbenchmark-dev
   # Compile and run what the generators write, in the tests
-  gcc clang default-jdk-headless mono-mcs mono-runtime libmono-system-core4.0-cil
+  gcc clang default-jdk-headless mono-mcs mono-runtime libmono-system4.0-cil
+  libmono-system-core4.0-cil
   qt6-scxml-dev
   desktop-file-utils appstream shared-mime-info # check what the desktop reads
   clang-format

@@ -21,9 +21,13 @@ FinalState::FinalState(std::int32_t id, ChartView* view, const RECT& rect)
 
 const std::string& FinalState::GetTypeName() const { return kKeyword; }
 
+RECT FinalState::GetPaintedBorder() const {
+  return InflateRect(view->ToLogical(rect), -kRingMargin);
+}
+
 void FinalState::Draw(CDC* dc) {
   const DrawResources& resources = DrawResources::Instance();
-  const RECT ring = InflateRect(view->ToLogical(rect), -kRingMargin);
+  const RECT ring = GetPaintedBorder();
   const CBrush oldBrush = dc->SelectBrush(resources.nullBrush);
   dc->Ellipse(ring);
   dc->SelectBrush(resources.blackBrush);

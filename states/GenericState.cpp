@@ -1,5 +1,8 @@
 #include "states/GenericState.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Defaults.h"
@@ -14,6 +17,8 @@ namespace {
 
 /// The ellipse of a rounded corner, model units.
 constexpr std::int32_t kCorner = 5;
+/// The border stands so far inside the right and the lower edge, logical units.
+constexpr std::int32_t kBorderInset = 2;
 /// What keeps texts off the lines around them, logical units.
 constexpr std::int32_t kTextMargin = 3;
 /// The name of a state whose name was emptied, whatever the default of new states is.
@@ -53,11 +58,15 @@ void GenericState::Read(ModelStream& stream) {
   entryExit.SetTexts(entry, exit);
 }
 
+RECT GenericState::GetPaintedBorder() const {
+  const RECT whole = view->ToLogical(rect);
+  return {whole.left, whole.top, SubSat(whole.right, kBorderInset),
+          SubSat(whole.bottom, kBorderInset)};
+}
+
 void GenericState::Draw(CDC* dc) {
   const BkMode oldMode = dc->SetBkMode(BkMode::Transparent);
-  RECT body = view->ToLogical(rect);
-  body.right = SubSat(body.right, 2);
-  body.bottom = SubSat(body.bottom, 2);
+  const RECT body = GetPaintedBorder();
   const CBrush oldBrush =
       dc->SelectBrush(transparent != 0 ? CBrush::Null() : CBrush::Solid(bgColor));
   const std::int32_t corner = view->ToLogical(kCorner);
@@ -68,15 +77,13 @@ void GenericState::Draw(CDC* dc) {
   const CFont oldFont = dc->SelectFont(view->GetBoldFont());
   RECT nameArea = inner;
   dc->DrawText(name, nameArea, DT_CENTER | DT_WORDBREAK);
-  if (history != 0) DrawHistoryMark(dc, inner);
+  if (history != 0) DrawHistoryMark(dc, body);
   RECT title = inner;
   const std::int32_t titleHeight =
       dc->DrawText(name, title, DT_CENTER | DT_WORDBREAK | DT_CALCRECT);
   dc->SelectFont(oldFont);
 
-  const std::int32_t separator = AddSat(AddSat(body.top, titleHeight), kTextMargin);
-  dc->MoveTo({body.left, separator});
-  dc->LineTo({body.right, separator});
+  DrawSeparator(dc, body, AddSat(AddSat(body.top, titleHeight), kTextMargin));
   const RECT compartment{body.left, AddSat(body.top, titleHeight), body.right, body.bottom};
   entryExit.Draw(dc, InflateRect(compartment, -kTextMargin));
 
@@ -85,21 +92,43 @@ void GenericState::Draw(CDC* dc) {
   dc->SelectBrush(oldBrush);
 }
 
-void GenericState::DrawHistoryMark(CDC* dc, const RECT& inner) const {
+/// From border to border, also where that is round. A name that fills the state leaves no room for
+/// a separator.
+void GenericState::DrawSeparator(CDC* dc, const RECT& body, std::int32_t y) const {
+  if (y >= SubSat(body.bottom, 1)) return;
+  const double radius =
+      std::min<double>(view->ToLogical(kCorner) / 2.0,
+                       static_cast<double>(std::min(Width(body), Height(body))) / 2.0);
+  const double fromEdge = std::min(SubSat(y, body.top), SubSat(body.bottom, y));
+  const double upwards = std::max(radius - fromEdge, 0.0);
+  const std::int32_t inset =
+      RoundHalfAway(radius - std::sqrt(std::max(radius * radius - upwards * upwards, 0.0)));
+  dc->MoveTo({AddSat(body.left, inset), y});
+  dc->LineTo({SubSat(body.right, inset), y});
+}
+
+/// The mark is as large as its letter wants it, or as the state leaves room for it.
+void GenericState::DrawHistoryMark(CDC* dc, const RECT& body) const {
   constexpr std::int32_t indent = 10;
   constexpr std::int32_t growth = 2;
-  RECT mark = inner;
+  RECT mark = InflateRect(body, -kTextMargin);
   mark.left = AddSat(mark.left, indent);
   dc->DrawText("H", mark, DT_CALCRECT);
   const std::int64_t width = Width(mark);
   const std::int64_t height = Height(mark);
+  const RECT room = InflateRect(body, -1);
+  const std::int64_t side = std::min({height + 2 * growth, Width(room), Height(room)});
+  if (side <= 0) return;
   RECT circle;
-  circle.left = Saturate(mark.left - (height - width) / 2);
-  circle.top = mark.top;
-  circle.right = Saturate(circle.left + height);
-  circle.bottom = Saturate(circle.top + height);
-  dc->Ellipse(InflateRect(circle, growth));
-  dc->DrawText("H", mark, DT_LEFT);
+  circle.left = Saturate(std::min(mark.left - (height - width) / 2 - growth, room.right - side));
+  circle.top = Saturate(std::min(std::int64_t{mark.top} - growth, room.bottom - side));
+  circle.right = Saturate(circle.left + side);
+  circle.bottom = Saturate(circle.top + side);
+  dc->Ellipse(circle);
+  RECT letter = mark + (TopLeft(circle) - POINT{Saturate(mark.left - (height - width) / 2 - growth),
+                                                SubSat(mark.top, growth)});
+  letter = IntersectRect(letter, circle);
+  dc->DrawText("H", letter, DT_LEFT);
 }
 
 void GenericState::OnCommand(unsigned command) {

@@ -18,6 +18,7 @@ class GenericState : public StartableState, public EndableState {
   void Write(ModelStream& stream) const override;
   void Read(ModelStream& stream) override;
   void Draw(CDC* dc) override;
+  RECT GetPaintedBorder() const override;
   const std::string& GetTypeName() const override;
   void OnCommand(unsigned id) override;
   void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
@@ -30,7 +31,8 @@ class GenericState : public StartableState, public EndableState {
   bool KeepsHistory() const { return history != 0; }
 
  private:
-  void DrawHistoryMark(CDC* dc, const RECT& inner) const;
+  void DrawHistoryMark(CDC* dc, const RECT& body) const;
+  void DrawSeparator(CDC* dc, const RECT& body, std::int32_t y) const;
   void EditTexts();
   void EditProperties();
 

@@ -20,8 +20,12 @@ InitialState::InitialState(std::int32_t id, ChartView* view, const RECT& rect)
 
 const std::string& InitialState::GetTypeName() const { return kKeyword; }
 
+RECT InitialState::GetPaintedBorder() const {
+  return InflateRect(view->ToLogical(rect), -kDiscMargin);
+}
+
 void InitialState::Draw(CDC* dc) {
-  const RECT disc = InflateRect(view->ToLogical(rect), -kDiscMargin);
+  const RECT disc = GetPaintedBorder();
   const CBrush oldBrush = dc->SelectBrush(DrawResources::Instance().blackBrush);
   dc->Ellipse(disc);
   dc->SelectBrush(oldBrush);

@@ -14,6 +14,7 @@ class InitialState : public StartableState {
   static constexpr RECT DefaultRect() { return {0, 0, 4, 4}; }
 
   void Draw(CDC* dc) override;
+  RECT GetPaintedBorder() const override;
   const std::string& GetTypeName() const override;
   void OnRectChanged(const RECT& old, bool sized) override;
   void RefreshAnchors() override;

@@ -16,6 +16,8 @@ class State : public ConnectableRectShape {
   void Read(ModelStream& stream) override;
   void OnCommand(unsigned id) override;
 
+  /// The border as it is painted, logical units. It stands a little inside the rectangle.
+  virtual RECT GetPaintedBorder() const = 0;
   const std::string& GetName() const { return name; }
 
  protected:

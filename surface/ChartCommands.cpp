@@ -35,6 +35,10 @@ CommandState IfZoomChanges(const LayoutMgr& chart, unsigned id) {
   }
 }
 
+CommandState WhetherAtZoom(const LayoutMgr& chart, unsigned id) {
+  return CommandState::Checked(id - ID_ZOOM_LEVEL == static_cast<unsigned>(chart.GetZoom()));
+}
+
 CommandState IfSelected(const LayoutMgr& chart, unsigned /*id*/) {
   return CommandState::Enabled(!chart.GetSelection().IsEmpty());
 }
@@ -158,6 +162,14 @@ void Zoom(LayoutMgr& chart, unsigned id) {
                                        : LayoutMgr::kNormalZoom);
 }
 
+void ZoomToLevel(LayoutMgr& chart, unsigned id) {
+  chart.ChangeZoom(static_cast<int>(id - ID_ZOOM_LEVEL));
+}
+
+void ZoomToFit(LayoutMgr& chart, unsigned id) {
+  chart.ZoomToFit(id == ID_ZOOM_FIT ? LayoutMgr::Shown::All : LayoutMgr::Shown::Selection);
+}
+
 /// A generator reads the chart's file. False if the user cancelled, or there is no file.
 bool EnsureModelSaved(CDocument& document) {
   if (document.IsModified()) {
@@ -269,6 +281,15 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
      IfZoomChanges,
      Zoom},
     {{ID_ZOOM_OUT, "Zoom &Out", "F4", "Zoom Out", "Zoom Out", "zoomout"}, IfZoomChanges, Zoom},
+
+    {{ID_ZOOM_FIT, "Zoom to &Fit", "Shift+F3", "Show all objects of the chart", "Zoom to Fit"},
+     IfAnyObject,
+     ZoomToFit},
+    {{ID_ZOOM_SELECTION, "Zoom to Se&lection", "Shift+F2", "Show the selected objects",
+      "Zoom to Selection"},
+     IfSelected,
+     ZoomToFit},
+    {{ID_ZOOM_LEVEL, "", "", "", "", "", LayoutMgr::kMaxZoom + 1}, WhetherAtZoom, ZoomToLevel},
 
     {{ID_CODEGEN_PROPERTIES, "&Properties", "", "Show and change the properties of code generation",
       "CodeGen Properties", "codegenproperties"},

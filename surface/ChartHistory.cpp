@@ -26,7 +26,7 @@ void ChartHistory::Keep() {
   // A click behind a zoom is no step either, and what can be redone stays.
   KeepZoom();
   history.Push(view.ModelText());
-  snapshotZoom = view.GetZoom();
+  snapshotZoom = view.GetStoredZoom();
   Tell(history.Current());
 }
 
@@ -35,7 +35,7 @@ void ChartHistory::OnZoomChanged() { Tell(std::make_shared<const std::string>(vi
 /// A zoom since the present snapshot becomes a part of it, if nothing else has changed.
 void ChartHistory::KeepZoom() {
   const SharedText snapshot = history.Current();
-  if (view.GetZoom() == snapshotZoom || snapshot == nullptr) return;
+  if (view.GetStoredZoom() == snapshotZoom || snapshot == nullptr) return;
   std::string text = view.ModelText();
   if (BehindZoom(text) == BehindZoom(*snapshot)) history.Amend(std::move(text));
 }
@@ -60,7 +60,7 @@ void ChartHistory::StepTo(const SharedText& snapshot, void (UndoHistory::*step)(
     return;
   }
   (history.*step)();
-  snapshotZoom = view.GetZoom();
+  snapshotZoom = view.GetStoredZoom();
   Tell(history.Current());
 }
 

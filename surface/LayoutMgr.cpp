@@ -82,14 +82,34 @@ void LayoutMgr::DeleteSelection() {
   TakeSnapshot();
 }
 
-void LayoutMgr::ChangeZoom(int value) {
-  if (value < kMinZoom || value > kMaxZoom) return;
-  zoom = static_cast<std::int16_t>(value);
-  ApplyZoom();
+void LayoutMgr::ChangeZoom(int value) { ChangeZoom(value, geometry->MiddleOfWindow()); }
+
+void LayoutMgr::ChangeZoom(int value, POINT client) {
+  if (value >= kMinZoom && value <= kMaxZoom) ShowZoom(value, client);
+}
+
+void LayoutMgr::ShowZoom(int value, POINT client) {
+  HideHover();
+  const int oldZoom = std::exchange(zoom, static_cast<std::int16_t>(value));
+  geometry->ApplyZoom(oldZoom, client);
+  RefreshHover();
+  if (value < kMinZoom) return;
+  storedZoom = zoom;
   history->OnZoomChanged();
 }
 
-void LayoutMgr::ApplyZoom() { geometry->ApplyZoom(); }
+void LayoutMgr::ZoomToFit(Shown shown) {
+  RECT around;
+  for (Shape* shape : model->Objects()) {
+    if (shown == Shown::Selection && !shape->IsInSelection()) continue;
+    around = IsRectEmpty(around) ? shape->GetBounds() : UnionRect(around, shape->GetBounds());
+  }
+  if (IsRectEmpty(around)) return;
+  ShowZoom(geometry->ZoomToFit(around), geometry->MiddleOfWindow());
+  geometry->ScrollToMiddle(around);
+}
+
+void LayoutMgr::ApplyZoom() { geometry->ApplyZoom(zoom, geometry->MiddleOfWindow()); }
 
 /// The surface grows with what stands near its end.
 void LayoutMgr::MakeRoom() {
@@ -104,7 +124,10 @@ void LayoutMgr::MakeRoom() {
 void LayoutMgr::PrepareMapping(CDC& dc) const { geometry->PrepareMapping(dc); }
 
 bool LayoutMgr::OnScrollBy(SIZE distance) {
-  return CScrollView::OnScrollBy({distance.cx / zoom * zoom, distance.cy / zoom * zoom});
+  if (!CScrollView::OnScrollBy({distance.cx / zoom * zoom, distance.cy / zoom * zoom}))
+    return false;
+  if (!IsBusy()) RefreshHover();
+  return true;
 }
 
 const CFont& LayoutMgr::GetBoldFont() const { return look->BoldFont(); }
@@ -128,7 +151,7 @@ void LayoutMgr::OnInitialUpdate() {
 
 void LayoutMgr::PlaceWithoutWindow(Size size) {
   if (size == Size::Normal && readChart != nullptr) readChart->zoom = kNormalZoom;
-  if (size == Size::Normal) zoom = kNormalZoom;
+  if (size == Size::Normal) zoom = storedZoom = kNormalZoom;
   ShowRead();
   look->TakeDefaults();
 }
@@ -143,6 +166,9 @@ void LayoutMgr::OnDraw(CDC& dc) {
 
 void LayoutMgr::TakeSnapshot() {
   MakeRoom();
+  // What the pointer was on may be gone.
+  ModalLoop::IsRunning() ? HideHover() : RefreshHover();
+  if (objectTree != nullptr) objectTree->OnObjectsMoved();
   history->Keep();
   // The view may be gone behind a message.
   const std::vector<std::string> texts = std::exchange(notices, {});
@@ -165,7 +191,7 @@ std::string LayoutMgr::ModelText() const {
 void LayoutMgr::Write(ModelStream& stream) const {
   ModelHeader::Write(stream);
   const bool waits = readChart != nullptr;
-  stream << std::int32_t{waits ? readChart->zoom : zoom} << '\n';
+  stream << std::int32_t{waits ? readChart->zoom : storedZoom} << '\n';
   (waits ? *readChart->model : *model).Write(stream);
   (waits ? readChart->properties : properties).Write(stream);
 }
@@ -186,13 +212,16 @@ void LayoutMgr::Read(ModelStream& stream) {
 void LayoutMgr::ShowRead() {
   if (readChart == nullptr) return;
   const std::unique_ptr<ReadChart> chart = std::move(readChart);
-  const std::int16_t oldZoom = std::exchange(zoom, chart->zoom);
+  const std::int16_t oldZoom = zoom;
+  // A view that shows the chart smaller than its zoom goes on with that.
+  if (chart->zoom != storedZoom) zoom = chart->zoom;
   try {
     chart->model->PlaceAll();
   } catch (...) {
     zoom = oldZoom;
     throw;
   }
+  storedZoom = chart->zoom;
   properties = std::move(chart->properties);
   model->Hide();
   model = std::move(chart->model);
@@ -215,8 +244,9 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
     return false;
   }
   MakeRoom();
-  if (zoom != oldZoom) ApplyZoom();
+  if (zoom != oldZoom) geometry->ApplyZoom(oldZoom, geometry->MiddleOfWindow());
   Invalidate();
+  RefreshHover();
   return true;
 }
 

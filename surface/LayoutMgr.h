@@ -66,9 +66,17 @@ class LayoutMgr : public ChartView, public ChartText {
   static void TrackAnchorTarget(POINT& client, void* context);
   /// Opens the chart's own menu at a screen point and carries out what is chosen.
   void ShowChartMenu(POINT screen);
-  /// Shows the chart at another zoom, which is no step to undo; out of range it does nothing.
+  /// Shows the chart at another zoom, which is no step to undo; out of range it does nothing. What
+  /// lies in the middle of the window, or at a client point, stays there.
   void ChangeZoom(int value);
-  /// Sets sizes and position of the scroll bars for a new zoom.
+  void ChangeZoom(int value, POINT client);
+  /// Shows all objects, or those that are selected, as large as they fit into the window. For that
+  /// the view goes below the least zoom that a chart can have, which keeps the one it has then.
+  enum class Shown { All, Selection };
+  void ZoomToFit(Shown shown);
+  /// The zoom that is a part of the model text.
+  std::int16_t GetStoredZoom() const { return storedZoom; }
+  /// Sets sizes and position of the scroll bars for the present zoom.
   void ApplyZoom();
   /// A uniform scale from logical units to device pixels; the origin stays.
   void PrepareMapping(CDC& dc) const;
@@ -108,7 +116,7 @@ class LayoutMgr : public ChartView, public ChartText {
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
   bool OnCommand(unsigned id) override;
   CommandState OnUpdateCommand(unsigned id) override;
-  void OnZoom(int steps) override;
+  void OnZoom(int steps, POINT client) override;
   std::string GetTitle() const override;
   bool OnClose() override;
 
@@ -131,7 +139,11 @@ class LayoutMgr : public ChartView, public ChartText {
   void ShowRead();
   void ShowHover(POINT client);
   void HideHover();
+  /// What is under the pointer has moved away, or something else has come.
+  void RefreshHover();
+  void ShowZoom(int value, POINT client);
 
+  std::int16_t storedZoom = kNormalZoom;
   bool overAnchor = false;
   AnchorMarker sourceMark;        ///< the anchor where a connection can start
   AnchorMarker targetMark;        ///< the anchor where the connection being drawn would end

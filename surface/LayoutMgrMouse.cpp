@@ -1,4 +1,4 @@
-#include <cstdlib>
+#include <algorithm>
 
 #include "connectors/AnchorSnap.h"
 #include "connectors/NewObjects.h"
@@ -27,6 +27,7 @@ void LayoutMgr::TrackAnchorTarget(POINT& client, void* context) {
 }
 
 bool LayoutMgr::BeginConnection(POINT press) {
+  ShowHover(press);
   PointTracker tracker(this, TrackAnchorTarget, true);
   tracker.fixedPoint = press;
   tracker.movingPoint = press;
@@ -50,7 +51,15 @@ bool LayoutMgr::BeginConnection(POINT press) {
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
   if (IsBusy()) return;
   const auto held = HoldModel();
-  if (held->OnLButtonDown(flags, p.x, p.y)) TakeSnapshot();
+  sourceMark.Hide();
+  bool mayHaveChanged = false;
+  {
+    const Gesture gesture(*this);
+    mayHaveChanged = held->OnLButtonDown(flags, p.x, p.y);
+    HideHover();
+  }
+  RefreshHover();
+  if (mayHaveChanged) TakeSnapshot();
 }
 
 void LayoutMgr::OnLButtonDblClk(unsigned flags, POINT p) {
@@ -80,6 +89,13 @@ void LayoutMgr::ShowHover(POINT client) {
   const auto* source = dynamic_cast<StartableState*>(FindShapeNear(client, LAYER_STATE));
   overAnchor = SnapToAnchor(source, *this, sourceMark, client);
   targetMark.Hide();
+}
+
+void LayoutMgr::RefreshHover() {
+  HideHover();
+  const POINT pointer = GetCursorPos();
+  const bool free = !tools->IsRunning() && !HasCapture();
+  if (free && PtInRect(GetClientRect(), pointer)) ShowHover(pointer);
 }
 
 void LayoutMgr::HideHover() {
@@ -112,8 +128,9 @@ void LayoutMgr::ShowChartMenu(POINT screen) {
   TakeSnapshot();
 }
 
-void LayoutMgr::OnZoom(int steps) {
-  for (int i = 0; i < std::abs(steps); ++i) OnCommand(steps > 0 ? ID_ZOOM_IN : ID_ZOOM_OUT);
+void LayoutMgr::OnZoom(int steps, POINT client) {
+  if (ModalLoop::IsRunning()) return;
+  ChangeZoom(std::clamp<int>(zoom + steps, std::min(zoom, kMinZoom), kMaxZoom), client);
 }
 
 bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
@@ -125,6 +142,7 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
       model->DeselectAll();
       return true;
     case VirtualKey::Delete: DeleteSelection(); return true;
+    case VirtualKey::Space: return OnCommand(ID_FIND_REPLACE);
     default: return geometry->ScrollByKey(key);
   }
 }

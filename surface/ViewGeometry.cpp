@@ -19,6 +19,9 @@ constexpr std::int32_t kRoom = 100;
 /// A page step of the scroll bars, model units.
 constexpr std::int32_t kPageStep = 6;
 
+/// What is to fill the window keeps so far away from its edges, model units.
+constexpr std::int32_t kFitMargin = 2;
+
 /// The part of a window, as a fraction, that stays free before what was scrolled into it.
 constexpr std::int64_t kLead = 6;
 
@@ -50,13 +53,43 @@ void ViewGeometry::MakeRoom(POINT corner) {
   view.SetScrollSizes({std::max(needed.cx, total.cx), std::max(needed.cy, total.cy)}, {page, page});
 }
 
-void ViewGeometry::ApplyZoom() {
+void ViewGeometry::SetSurface() {
   const std::int32_t page = view.ToDevice(kPageStep);
   view.SetScrollSizes(SurfaceInPixels(), {page, page});
-  for (const ScrollBar bar : {ScrollBar::Horizontal, ScrollBar::Vertical}) {
-    view.SetScrollPos(bar, view.ToDevice(view.ToModel(view.GetScrollPos(bar))));
+}
+
+void ViewGeometry::ApplyZoom(int oldZoom, POINT client) {
+  const POINT from = view.GetScrollPosition();
+  if (kept.client != client || kept.scrolledTo != from || kept.zoom != oldZoom) {
+    const double zoom = oldZoom;
+    kept = {client, (from.x + client.x) / zoom, (from.y + client.y) / zoom, {}, 0};
   }
+  SetSurface();
+  const auto place = [this](double model, std::int32_t pixel) {
+    const int zoom = view.GetZoom();
+    return view.ToDevice(RoundHalfAway(model - static_cast<double>(pixel) / zoom));
+  };
+  view.SetScrollPos(ScrollBar::Horizontal, place(kept.x, client.x));
+  view.SetScrollPos(ScrollBar::Vertical, place(kept.y, client.y));
+  kept.scrolledTo = view.GetScrollPosition();
+  kept.zoom = view.GetZoom();
   view.Invalidate();
+}
+
+int ViewGeometry::ZoomToFit(const RECT& model) const {
+  const RECT client = view.GetClientRect();
+  const RECT around = InflateRect(model, kFitMargin);
+  const std::int64_t fits = std::min(Width(client) / std::max<std::int64_t>(Width(around), 1),
+                                     Height(client) / std::max<std::int64_t>(Height(around), 1));
+  return static_cast<int>(
+      std::clamp<std::int64_t>(fits, ChartView::kLeastShownZoom, ChartView::kMaxZoom));
+}
+
+POINT ViewGeometry::MiddleOfWindow() const { return CentreOf(view.GetClientRect()); }
+
+void ViewGeometry::ScrollToMiddle(const RECT& model) {
+  SetSurface();
+  view.ScrollTo(view.ToDevice(CentreOf(model)) - MiddleOfWindow());
 }
 
 void ViewGeometry::PrepareMapping(CDC& dc) const {
@@ -66,7 +99,8 @@ void ViewGeometry::PrepareMapping(CDC& dc) const {
 }
 
 void ViewGeometry::DrawGrid(CDC& dc) const {
-  if (!showGrid) return;
+  // Below the least zoom that a chart can have its lines would lie too close.
+  if (!showGrid || view.GetZoom() < ChartView::kMinZoom) return;
   const CPen oldPen = dc.SelectPen(DrawResources::Instance().gridPen);
   const std::int32_t step = view.ToDevice(kGridStep);
   const SIZE size = SurfaceInPixels();
@@ -84,6 +118,8 @@ void ViewGeometry::DrawGrid(CDC& dc) const {
 }
 
 void ViewGeometry::ScrollIntoView(const RECT& model) {
+  // Not all of a surface can be seen that has kept the size of its first showing.
+  SetSurface();
   const RECT client = view.GetClientRect();
   const RECT shown = view.ToClient(model);
   const auto distance = [](std::int32_t start, std::int32_t end, std::int64_t room) {

@@ -18,11 +18,18 @@ class ViewGeometry {
   /// At the first showing of a chart: its grid as the defaults have it, and its whole surface at
   /// normal size, whatever the zoom, until that changes.
   void Begin();
-  /// Sets sizes and position of the scroll bars for a new zoom.
-  void ApplyZoom();
   /// Lets the surface reach beyond the lower right corner of the objects, model units. It doesn't
   /// shrink before the next zoom.
   void MakeRoom(POINT corner);
+  /// Sets sizes and position of the scroll bars for a new zoom of the view. What lay at a client
+  /// point before still lies there, as near as the edges of the surface and its steps allow.
+  void ApplyZoom(int oldZoom, POINT client);
+  /// The zoom, from 1 up to the greatest, at which a rectangle in absolute model units just fills
+  /// the window.
+  int ZoomToFit(const RECT& model) const;
+  /// Scrolls so that a rectangle in absolute model units lies in the middle of the window.
+  void ScrollToMiddle(const RECT& model);
+  POINT MiddleOfWindow() const;
   /// A uniform scale from logical units to device pixels; the origin stays.
   void PrepareMapping(CDC& dc) const;
   /// Draws the grid, if there is one, on a context that is still in device pixels.
@@ -34,10 +41,20 @@ class ViewGeometry {
   bool ScrollByKey(VirtualKey key);
 
  private:
+  /// What a zoom kept in place. Steps around the same point don't add up what each has rounded.
+  struct Kept {
+    POINT client;
+    double x = 0;  ///< model units
+    double y = 0;
+    POINT scrolledTo;
+    int zoom = 0;
+  };
+  void SetSurface();
   SIZE SurfaceInPixels() const;
 
   ChartView& view;
   SIZE surface;  ///< model units
+  Kept kept;
   bool showGrid = true;
 };
 

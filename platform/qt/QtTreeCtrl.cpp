@@ -43,7 +43,6 @@ QtTreeCtrl::QtTreeCtrl(CTreeCtrl& tree, int firstWidth, QWidget* parent)
   setIconSize({kIconSide, kIconSide});
   setFrameShape(NoFrame);
   setEditTriggers(NoEditTriggers);
-  setContextMenuPolicy(Qt::PreventContextMenu);
   LoadIcons();
 
   syncTimer.setSingleShot(true);
@@ -53,7 +52,8 @@ QtTreeCtrl::QtTreeCtrl(CTreeCtrl& tree, int firstWidth, QWidget* parent)
           [this](const QModelIndex& index) { OnToggled(index, true); });
   connect(this, &QTreeView::collapsed, this,
           [this](const QModelIndex& index) { OnToggled(index, false); });
-  tree.SetListener({[this] { OnTreeChanging(); }, [this] { OnTreeSelected(); }});
+  tree.SetListener(
+      {[this] { OnTreeChanging(); }, [this] { OnTreeSelected(); }, [this] { syncTimer.start(); }});
   OnTreeChanging();
 }
 
@@ -98,6 +98,8 @@ void QtTreeCtrl::OnTreeSelected() {
 }
 
 void QtTreeCtrl::Sync() {
+  syncTimer.stop();
+  if (!showing) tree.BringUpToDate();
   if (treeModel->IsOpen()) return;
   syncTimer.stop();
   const QScopedValueRollback guard(showing, true);
@@ -170,7 +172,38 @@ void QtTreeCtrl::selectionChanged(const QItemSelection& selected,
                                   const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
   const QModelIndexList chosen = selected.indexes();
-  if (!showing && !chosen.isEmpty()) tree.Select(QtTreeModel::ItemOf(chosen.first()));
+  if (showing || chosen.isEmpty()) return;
+  TreeItem* item = QtTreeModel::ItemOf(chosen.first());
+  if (item == tree.Selected()) return;
+  tree.Select(item);
+  tree.OnChosen(*item);
+}
+
+void QtTreeCtrl::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier &&
+      tree.OnKeyDown(VirtualKey::Delete)) {
+    return event->accept();
+  }
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    event->accept();
+    return OpenMenu();
+  }
+  QTreeView::keyPressEvent(event);
+}
+
+void QtTreeCtrl::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  // A press of the mouse has opened it already.
+  if (event->reason() == QContextMenuEvent::Keyboard) OpenMenu();
+}
+
+/// The menu of the selected item, below it.
+void QtTreeCtrl::OpenMenu() {
+  const QModelIndex index = treeModel->IndexOf(tree.Selected());
+  if (!index.isValid()) return;
+  scrollTo(index);
+  const QPoint screen = viewport()->mapToGlobal(LabelRect(index).bottomLeft());
+  tree.OnRButtonDown(tree.Selected(), {screen.x(), screen.y()});
 }
 
 void QtTreeCtrl::SyncFor(const QEvent& event) {

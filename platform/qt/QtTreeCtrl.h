@@ -31,6 +31,8 @@ class QtTreeCtrl : public QTreeView {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
@@ -42,6 +44,7 @@ class QtTreeCtrl : public QTreeView {
   void ShowExpanded(const TreeItem* item);
   void ShowSelected();
   void BringUp(const QModelIndex& index);
+  void OpenMenu();
   /// The user opened or closed an item.
   void OnToggled(const QModelIndex& index, bool expand);
   TreeItem* HitTest(QPoint p) const;

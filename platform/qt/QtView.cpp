@@ -20,6 +20,9 @@ namespace morvane {
 
 namespace {
 
+/// A gesture at the edge scrolls so often.
+constexpr int kEdgeMilliseconds = 50;
+
 QRegion ToRegion(const CRgn::Piece& piece, const QRect& client) {
   if (const RECT* r = std::get_if<RECT>(&piece)) {
     const RECT part = IntersectRect(*r, {0, 0, client.width(), client.height()});
@@ -45,6 +48,8 @@ QtView::QtView(CScrollView& view, QWidget* parent)
   repaintTimer.setSingleShot(true);
   repaintTimer.setInterval(0);
   connect(&repaintTimer, &QTimer::timeout, this, &QtView::PaintInvalid);
+  edgeTimer.setInterval(kEdgeMilliseconds);
+  connect(&edgeTimer, &QTimer::timeout, this, &QtView::ScrollAtEdge);
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, this,
           [this](int value) { OnBarMoved(ScrollBar::Horizontal, value); });
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
@@ -62,6 +67,7 @@ void QtView::Detach() {
   view = nullptr;
   queue.clear();
   repaintTimer.stop();
+  edgeTimer.stop();
 }
 
 RECT QtView::ClientRect() const { return {0, 0, viewport()->width(), viewport()->height()}; }
@@ -164,6 +170,7 @@ const QImage& QtView::Shown(const QRegion& part) {
   }
   QtDC dc(composed, scale, fonts, &physical);
   dc.SetROP2(RasterOp::NotXorPen);
+  dc.SetViewportOrg(POINT{} - view->GetDrift());
   for (const Feedback* each : view->ShownFeedback()) each->Paint(dc);
   return composed;
 }

@@ -65,6 +65,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   bool viewportEvent(QEvent* event) override;
@@ -78,8 +79,16 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   bool Handle(const Message& message);
   void HandleLeftovers();
   void Remember(const Message& message);
-  void ScrollByWheel(ScrollBar bar, int angle, int& rest);
-  void ZoomByWheel(int angle);
+  void ZoomByWheel(int angle, QPointF at);
+  bool TakesWheel() const;
+  /// The surface follows the pointer: with the middle button, or the left one while Space is held.
+  enum class Hand { Away, Ready, Dragging };
+  void TakeSurface(QPoint at);
+  void ShowHand(Hand wanted);
+  bool TakeSpace(const QKeyEvent& event);
+  void NoteEdge(POINT client);
+  void ScrollAtEdge();
+  void RepeatMove();
   void OnBarMoved(ScrollBar bar, int value);
   void LoseCapture();
   void FollowButtons(Qt::MouseButtons held);
@@ -114,9 +123,15 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   POINT pointer;
   bool shiftDown = false;
   Cursor cursor = Cursor::Arrow;
-  int wheelRestX = 0;
-  int wheelRestY = 0;
   int zoomRest = 0;
+  Hand hand = Hand::Away;
+  bool spaceHeld = false;
+  bool spaceUsed = false;      ///< as more than a key that was hit
+  QPoint taken;                ///< where the pointer took the surface
+  POINT takenFrom;             ///< where the surface stood then
+  QTimer edgeTimer;            ///< runs while a gesture holds the pointer at the edge
+  POINT newest;                ///< the last place of the pointer that came
+  bool wasWithinEdge = false;  ///< in this gesture
 };
 
 }  // namespace morvane

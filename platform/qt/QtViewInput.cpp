@@ -5,6 +5,7 @@
 #include <QPointer>
 
 #include "platform/CScrollView.h"
+#include "platform/ModalLoop.h"
 #include "platform/qt/QtCursors.h"
 #include "platform/qt/QtView.h"
 
@@ -12,9 +13,20 @@ namespace morvane {
 
 namespace {
 
-/// A notch of the wheel is 120 eighths of a degree and scrolls by three lines.
+/// A notch of the wheel is 120 eighths of a degree.
 constexpr int kWheelNotch = 120;
-constexpr int kWheelLine = kWheelNotch / 3;
+/// The edge of the window within which a gesture scrolls, and its steps, pixels.
+constexpr int kEdge = 8;
+constexpr int kEdgeStep = 16;
+constexpr int kMostEdgeStep = 60;
+
+/// How far a gesture at a place scrolls at once: the further out, the faster.
+int EdgeStep(int place, int size) {
+  const int before = kEdge - place;
+  const int behind = place - (size - 1 - kEdge);
+  if (before > 0) return -std::min(kEdgeStep + before, kMostEdgeStep);
+  return behind > 0 ? std::min(kEdgeStep + behind, kMostEdgeStep) : 0;
+}
 
 unsigned ToFlags(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers) {
   unsigned flags = 0;
@@ -83,10 +95,13 @@ void QtView::Remember(const Message& message) {
 
 bool QtView::Take(const Message& message) {
   if (view == nullptr) return false;
+  if (message.kind != Message::Kind::KeyDown) newest = message.point;
   if (waiting) {
     queue.push_back(message);
+    if (message.kind == Message::Kind::MouseMove) NoteEdge(message.point);
     return true;
   }
+  edgeTimer.stop();
   HandleLeftovers();
   return Handle(message);
 }
@@ -132,6 +147,14 @@ void QtView::TakeMouse(Message::Kind kind, QMouseEvent& event) {
 void QtView::TakePress(Message::Kind left, QMouseEvent& event) {
   const QPointer<QtView> self(this);
   pressedHere = true;
+  const bool takes = event.button() == Qt::MiddleButton ||
+                     (event.button() == Qt::LeftButton && hand == Hand::Ready);
+  if (hand == Hand::Dragging) return event.accept();
+  if (takes && view != nullptr && !waiting && !ModalLoop::IsRunning()) {
+    TakeSurface(event.position().toPoint());
+    return event.accept();
+  }
+  wasWithinEdge = false;
   if (event.button() == Qt::LeftButton) {
     TakeMouse(left, event);
   } else if (event.button() == Qt::RightButton) {
@@ -144,6 +167,10 @@ void QtView::mousePressEvent(QMouseEvent* event) { TakePress(Message::Kind::LBut
 
 void QtView::mouseReleaseEvent(QMouseEvent* event) {
   FollowButtons(event->buttons());
+  if (hand == Hand::Dragging) {
+    if (event->buttons() == Qt::NoButton) ShowHand(spaceHeld ? Hand::Ready : Hand::Away);
+    return event->accept();
+  }
   if (event->button() == Qt::LeftButton) {
     TakeMouse(Message::Kind::LButtonUp, *event);
   } else if (event->button() == Qt::RightButton) {
@@ -160,9 +187,83 @@ void QtView::FollowButtons(Qt::MouseButtons held) {
   if (held == Qt::NoButton) pressedHere = false;
 }
 
-void QtView::mouseMoveEvent(QMouseEvent* event) { TakeMouse(Message::Kind::MouseMove, *event); }
+void QtView::mouseMoveEvent(QMouseEvent* event) {
+  if (hand != Hand::Dragging) return TakeMouse(Message::Kind::MouseMove, *event);
+  event->accept();
+  const QPoint way = event->position().toPoint() - taken;
+  if (view != nullptr) view->ScrollTo(takenFrom - POINT{way.x(), way.y()});
+}
+
+void QtView::TakeSurface(QPoint at) {
+  spaceUsed = true;
+  taken = at;
+  takenFrom = view->ShownPosition();
+  view->OnMouseLeave();
+  ShowHand(Hand::Dragging);
+}
+
+void QtView::ShowHand(Hand wanted) {
+  if (wanted == hand) return;
+  hand = wanted;
+  switch (hand) {
+    case Hand::Away: viewport()->setCursor(MakeCursor(cursor)); break;
+    case Hand::Ready: viewport()->setCursor(Qt::OpenHandCursor); break;
+    case Hand::Dragging: viewport()->setCursor(Qt::ClosedHandCursor); break;
+  }
+}
+
+/// Space that is held makes the pointer a hand. One that was only hit is a key like others, when it
+/// comes up.
+bool QtView::TakeSpace(const QKeyEvent& event) {
+  if (event.key() != Qt::Key_Space || event.modifiers() != Qt::NoModifier) return false;
+  if (waiting || view == nullptr || ModalLoop::IsRunning()) return false;
+  if (event.isAutoRepeat()) {
+    spaceUsed = true;
+    return true;
+  }
+  spaceHeld = true;
+  spaceUsed = hand == Hand::Dragging;
+  if (hand == Hand::Away) ShowHand(Hand::Ready);
+  return true;
+}
+
+void QtView::focusOutEvent(QFocusEvent* event) {
+  spaceHeld = false;
+  ShowHand(Hand::Away);
+  QAbstractScrollArea::focusOutEvent(event);
+}
+
+/// A gesture that comes to the edge of the window scrolls; one that begins there goes away from it
+/// first, or out of the window.
+void QtView::NoteEdge(POINT client) {
+  const QRect whole = viewport()->rect();
+  const bool within =
+      EdgeStep(client.x, whole.width()) == 0 && EdgeStep(client.y, whole.height()) == 0;
+  wasWithinEdge = wasWithinEdge || within;
+  const bool scrolls = !within && (wasWithinEdge || !whole.contains(client.x, client.y));
+  if (!scrolls) return edgeTimer.stop();
+  if (!edgeTimer.isActive()) edgeTimer.start();
+}
+
+void QtView::ScrollAtEdge() {
+  if (!waiting || view == nullptr || !HasCapture()) return edgeTimer.stop();
+  const QRect whole = viewport()->rect();
+  if (!view->OnScrollBy({EdgeStep(newest.x, whole.width()), EdgeStep(newest.y, whole.height())}))
+    return;
+  RepeatMove();
+}
+
+/// The pointer stands still, and yet another part of the surface lies under it.
+void QtView::RepeatMove() {
+  Message message;
+  message.kind = Message::Kind::MouseMove;
+  message.point = newest;
+  message.flags = MK_LBUTTON | (shiftDown ? MK_SHIFT : 0U);
+  queue.push_back(message);
+}
 
 void QtView::keyPressEvent(QKeyEvent* event) {
+  if (TakeSpace(*event)) return event->accept();
   Message message;
   message.kind = Message::Kind::KeyDown;
   message.key = ToVirtualKey(event->key());
@@ -174,38 +275,50 @@ void QtView::keyPressEvent(QKeyEvent* event) {
 void QtView::keyReleaseEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Shift) shiftDown = false;
   event->ignore();
+  if (event->key() != Qt::Key_Space || event->isAutoRepeat() || !spaceHeld) return;
+  event->accept();
+  spaceHeld = false;
+  if (hand == Hand::Ready) ShowHand(Hand::Away);
+  if (spaceUsed) return;
+  Message message;
+  message.kind = Message::Kind::KeyDown;
+  message.key = VirtualKey::Space;
+  Take(message);
 }
 
 bool QtView::focusNextPrevChild(bool) { return false; }
 
 void QtView::wheelEvent(QWheelEvent* event) {
   event->accept();
-  if (waiting || view == nullptr || HasCapture()) return;
+  if (!TakesWheel()) return;
   const QPoint angle = event->angleDelta();
   if (event->modifiers() & Qt::ControlModifier) {
-    ZoomByWheel(angle.y());
-  } else if (event->modifiers() & Qt::ShiftModifier) {
-    ScrollByWheel(ScrollBar::Horizontal, angle.x() + angle.y(), wheelRestX);
+    // The points of a gesture hold for the zoom at which it began.
+    if (!waiting) ZoomByWheel(angle.y(), event->position());
+    return;
+  }
+  const POINT before = view->ShownPosition();
+  if (event->modifiers() & Qt::ShiftModifier) {
+    view->OnWheel(ScrollBar::Horizontal, angle.x() + angle.y());
   } else {
-    ScrollByWheel(ScrollBar::Horizontal, angle.x(), wheelRestX);
-    ScrollByWheel(ScrollBar::Vertical, angle.y(), wheelRestY);
+    view->OnWheel(ScrollBar::Horizontal, angle.x());
+    view->OnWheel(ScrollBar::Vertical, angle.y());
   }
+  if (waiting && before != view->ShownPosition()) RepeatMove();
 }
 
-void QtView::ScrollByWheel(ScrollBar bar, int angle, int& rest) {
-  rest += angle;
-  const int lines = rest / kWheelLine;
-  rest -= lines * kWheelLine;
-  for (int i = 0; i < std::abs(lines); ++i) {
-    view->OnScroll(bar, lines > 0 ? ScrollCode::LineBack : ScrollCode::LineForward);
-  }
+/// In a gesture the surface goes on under it, but not behind a menu or a dialog.
+bool QtView::TakesWheel() const {
+  if (view == nullptr || hand == Hand::Dragging) return false;
+  return waiting ? HasCapture() : !ModalLoop::IsRunning();
 }
 
-void QtView::ZoomByWheel(int angle) {
+void QtView::ZoomByWheel(int angle, QPointF at) {
   zoomRest += angle;
   const int steps = zoomRest / kWheelNotch;
   zoomRest -= steps * kWheelNotch;
-  if (steps != 0) view->OnZoom(steps);
+  const QPoint place = at.toPoint();
+  if (steps != 0) view->OnZoom(steps, {place.x(), place.y()});
 }
 
 void QtView::contextMenuEvent(QContextMenuEvent* event) {
@@ -228,6 +341,13 @@ bool QtView::event(QEvent* event) {
     // Within a gesture a key is a message of the gesture, not a command.
     event->accept();
     return true;
+  }
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Space && key->modifiers() == Qt::NoModifier) {
+      event->accept();
+      return true;
+    }
   }
   return QAbstractScrollArea::event(event);
 }
@@ -282,7 +402,7 @@ bool QtView::IsShiftDown() const { return shiftDown; }
 void QtView::SetCursor(Cursor wanted) {
   if (wanted == cursor) return;
   cursor = wanted;
-  viewport()->setCursor(MakeCursor(wanted));
+  if (hand == Hand::Away) viewport()->setCursor(MakeCursor(wanted));
 }
 
 POINT QtView::ClientToScreen(POINT p) const {

@@ -32,6 +32,7 @@
 #include "shell/qt/FrameState.h"
 #include "shell/qt/LockIndicators.h"
 #include "shell/qt/WindowTitle.h"
+#include "shell/qt/ZoomBar.h"
 
 /// What the toolkit makes of this stands outside of any namespace.
 static void LoadIconResource() { Q_INIT_RESOURCE(icons); }
@@ -157,6 +158,8 @@ void CMainFrame::CreateBars() {
   statusText = new QLabel(this);
   statusText->setTextFormat(Qt::PlainText);
   statusBar()->addWidget(statusText);
+  zoomBar = new ZoomBar(*this, statusBar());
+  statusBar()->addPermanentWidget(zoomBar);
   new LockIndicators(statusBar());
 }
 
@@ -185,6 +188,7 @@ void CMainFrame::RefreshBars() {
   if (IsAnyWaiting() || IsInDialog()) return;
   toolBar->Refresh();
   drawingBar->Refresh();
+  zoomBar->Refresh();
 }
 
 void CMainFrame::OnActivated() {

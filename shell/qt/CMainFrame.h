@@ -22,6 +22,7 @@ class ChartBrowserPane;
 class CChildFrame;
 class CommandBar;
 class CommandMenu;
+class ZoomBar;
 
 /// The main window: the charts' windows inside it, menus, bars and keys, and the way of a command
 /// to its target.
@@ -123,6 +124,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   CommandBar* drawingBar = nullptr;
   ChartBrowserPane* chartBrowser = nullptr;
   QLabel* statusText = nullptr;
+  ZoomBar* zoomBar = nullptr;
   bool chartMenuShown = false;
   QTimer idleTimer;
   bool idleSeen = false;  ///< nothing happened since the bars were refreshed

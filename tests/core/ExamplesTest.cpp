@@ -6,8 +6,9 @@ namespace {
 
 /// The charts that come with the program.
 TEST(Examples, WriteTheirBytesBackAlsoWhenTheirStatesAreTouched) {
-  for (const char* name :
-       {"Socket_C++/Socket.mrv", "Lift/Lift.mrv", "CashMachine/CashMachine.mrv"}) {
+  for (const char* name : {"Socket_C++/Socket.mrv", "Lift/Lift.mrv", "CashMachine/CashMachine.mrv",
+                           "Turnstile_C/Turnstile.mrv", "WashingMachine_C#/WashingMachine.mrv",
+                           "Safe_Java/Safe.mrv", "Alarm_XML/Alarm.mrv"}) {
     SCOPED_TRACE(name);
     const std::string path = std::string(MORVANE_SOURCE_DIR) + "/Examples/" + name;
     LayoutMgr chart;

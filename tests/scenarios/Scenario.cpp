@@ -255,6 +255,13 @@ void Scenario::UseTree(const std::string& rest) {
     if (!tree.OnRButtonDown(row, {300, 200})) user.Note("no menu");
   } else if (row != nullptr && action == "close") {
     tree.Collapse(*row);
+  } else if (row != nullptr && action == "open") {
+    tree.Expand(*row);
+  } else if (row != nullptr && action == "choose") {
+    tree.Select(row);
+    tree.OnChosen(*row);
+  } else if (action == "delete") {
+    if (!tree.OnKeyDown(VirtualKey::Delete)) user.Note("not used");
   } else {
     tree.OnLButtonDown(row);
   }
@@ -318,7 +325,8 @@ Scenario::Picture Scenario::Now() const {
   if (chart == nullptr) return now;
   now.document = DocumentState();
   now.text = TextLines(chart->ModelText());
-  const CObjectTree& tree = frames.back()->tree;
+  CObjectTree& tree = frames.back()->tree;
+  tree.BringUpToDate();
   now.tree = TreeRows(tree);
   if (tree.Selected() != nullptr) now.row = " " + tree.Selected()->Text();
   now.clipboard = Records(clipboard);

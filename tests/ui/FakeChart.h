@@ -63,7 +63,7 @@ class FakeView : public CScrollView {
     }
     return {};
   }
-  void OnZoom(int steps) override { log.push_back("z" + std::to_string(steps)); }
+  void OnZoom(int steps, POINT) override { log.push_back("z" + std::to_string(steps)); }
   bool OnCommand(unsigned id) override {
     if (!OnUpdateCommand(id).enabled) return false;
     commands.push_back(id);

@@ -276,6 +276,28 @@ TEST_F(GestureTest, APressOnAnAnchorOfASelectedStateMovesIt) {
   EXPECT_EQ(FindShape(*chart, 1)->GetBounds(), (RECT{16, 10, 36, 30}));
 }
 
+TEST_F(GestureTest, AGestureAtTheEdgeScrolls) {
+  // It takes the state along, to what lies under the pointer at last.
+  const QPoint press(120, 120);
+  const QPoint edge(300, Area().height() + 4);
+  QTimer pump;
+  QObject::connect(&pump, &QTimer::timeout, [&] {
+    if (chart->ShownPosition().y < 120) return;
+    pump.stop();
+    SendMouse(Area(), QEvent::MouseMove, {300, 300});
+    Post(QEvent::MouseButtonRelease, {300, 300});
+  });
+  pump.start(0);
+  Post(QEvent::MouseMove, {200, 200});
+  Post(QEvent::MouseMove, edge);
+  Press(press);
+  const POINT position = chart->GetScrollPosition();
+  EXPECT_GE(position.y, 120);
+  EXPECT_EQ(TopLeft(FindShape(*chart, 1)->GetBounds()),
+            (POINT{10 + 180 / 6, 10 + (180 + position.y) / 6}));
+  EXPECT_EQ(Now(), Repainted());
+}
+
 TEST_F(GestureTest, AToolIsPlacedWithOneClickAndEndsWithEscapeOrOutside) {
   const QPoint place(400, 100);
   chart->OnCommand(ID_TOOL_STATE);

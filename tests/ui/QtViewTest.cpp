@@ -191,14 +191,48 @@ TEST_F(QtViewTest, ALoopEndsWhenItsWindowGoes) {
   EXPECT_EQ(view.NextMessage().kind, Message::Kind::Quit);
 }
 
-TEST_F(QtViewTest, WheelScrollsByLinesAndZooms) {
+TEST_F(QtViewTest, WheelScrollsAndZooms) {
   view.SetScrollSizes({1000, 1000}, {10, 10});
   Wheel(-120);
-  EXPECT_EQ(std::exchange(view.log, {}), (Log{"v1:0", "v1:0", "v1:0"}));
-  for (int half = 0; half < 2; ++half) Wheel(60, Qt::ShiftModifier);
-  EXPECT_EQ(std::exchange(view.log, {}), (Log{"h0:0", "h0:0", "h0:0"}));
+  EXPECT_EQ(view.GetScrollPosition(), (POINT{0, 60}));
+  for (int part = 0; part < 8; ++part) Wheel(-15, Qt::ShiftModifier);
+  EXPECT_EQ(view.GetScrollPosition(), (POINT{60, 60}));
   for (const int angle : {120, -120}) Wheel(angle, Qt::ControlModifier);
   EXPECT_EQ(view.log, (Log{"z1", "z-1"}));
+}
+
+TEST_F(QtViewTest, AHandDragsTheSurface) {
+  view.SetScrollSizes({1000, 1000}, {10, 10});
+  const auto drag = [this](Qt::MouseButton button) {
+    view.SetScrollPos(ScrollBar::Horizontal, 100);
+    view.SetScrollPos(ScrollBar::Vertical, 100);
+    SendMouse(*widget->viewport(), QEvent::MouseButtonPress, {50, 50}, button);
+    for (const QPoint p : {QPoint(40, 60), {20, 65}, {30, 80}}) {
+      SendMouse(*widget->viewport(), QEvent::MouseMove, p, button);
+    }
+    SendMouse(*widget->viewport(), QEvent::MouseButtonRelease, {30, 80}, button);
+    SendMouse(*widget->viewport(), QEvent::MouseMove, {90, 90}, Qt::NoButton);
+  };
+  const auto letGo = [this] {
+    QKeyEvent event(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget.get(), &event);
+  };
+  drag(Qt::MiddleButton);
+  EXPECT_EQ(view.GetScrollPosition(), (POINT{120, 70}));
+  SendKey(*widget, Qt::Key_Space);
+  view.log.clear();
+  drag(Qt::LeftButton);
+  letGo();
+  EXPECT_EQ(view.GetScrollPosition(), (POINT{120, 70}));
+  EXPECT_EQ(std::ranges::count(view.log, "down 1 50,50"), 0);
+  drag(Qt::LeftButton);
+  EXPECT_EQ(view.GetScrollPosition(), (POINT{100, 100}));
+  // Space that is only hit is a key.
+  view.log.clear();
+  SendKey(*widget, Qt::Key_Space);
+  EXPECT_EQ(view.log, Log{});
+  letGo();
+  EXPECT_EQ(view.log, Log{"key" + std::to_string(static_cast<int>(VirtualKey::Space))});
 }
 
 TEST_F(QtViewTest, ScrollBarsFollowTheViewAndTheViewThem) {
@@ -207,7 +241,7 @@ TEST_F(QtViewTest, ScrollBarsFollowTheViewAndTheViewThem) {
   view.log.clear();
   QScrollBar* bar = widget->horizontalScrollBar();
   EXPECT_EQ(bar->maximum(), view.GetScrollLimit(ScrollBar::Horizontal));
-  EXPECT_EQ(bar->pageStep(), 40);
+  EXPECT_EQ(bar->pageStep(), widget->viewport()->width() * 9 / 10);
   view.SetScrollPos(ScrollBar::Horizontal, 77);
   EXPECT_EQ(bar->value(), 77);
   EXPECT_TRUE(view.log.empty());

@@ -19,6 +19,11 @@ class NotingTree : public CTreeCtrl {
     return hit != nullptr;
   }
   void OnLButtonDblClk() override { Note("double", Selected()); }
+  void OnChosen(TreeItem& item) override { Note("chosen", &item); }
+  bool OnKeyDown(VirtualKey) override {
+    Note("key at", Selected());
+    return true;
+  }
   Log log;
 
  protected:
@@ -107,7 +112,7 @@ TEST_F(TreeWindow, KeepsItsPlaceWhenTheTreeChanges) {
 
 TEST_F(TreeWindow, ReportsWhatIsPressedAndKeysMoveTheSelection) {
   const QPoint label = RowRect(1).topLeft() + QPoint(20, RowRect(1).height() / 2);
-  EXPECT_EQ(Click(label), Log{"press two"});
+  EXPECT_EQ(Click(label), (Log{"press two", "chosen two"}));
   EXPECT_EQ(tree.Selected()->Text(), "two");
   EXPECT_EQ(Click({190, label.y()}), Log{}) << "beside the label";
   EXPECT_EQ(Click({20, 140}), Log{"press nothing"});
@@ -124,7 +129,12 @@ TEST_F(TreeWindow, ReportsWhatIsPressedAndKeysMoveTheSelection) {
     QApplication::processEvents();
   }
   EXPECT_EQ(tree.Selected()->Text(), "two");
-  EXPECT_EQ(tree.log, Log{"close two"});
+  SendKey(window, Qt::Key_Delete);
+  SendKey(window, Qt::Key_F10, {}, Qt::ShiftModifier);
+  QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
+  QCoreApplication::sendEvent(window.viewport(), &menuKey);
+  EXPECT_EQ(tree.log, (Log{"chosen one", "chosen in one", "chosen two", "close two", "key at two",
+                           "menu two", "menu two"}));
 }
 
 }  // namespace

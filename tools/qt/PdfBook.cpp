@@ -133,7 +133,7 @@ void PdfBook::StyleFragments(QTextBlock block) {
       continue;
     }
     QTextCharFormat format = piece.format;
-    const bool isCode = format.fontFixedPitch();
+    const bool isCode = format.fontFixedPitch() || IsCode(block);
     format.setFontFamilies({isCode ? kCodeFace : kTextFace});
     SetSize(format, isCode ? kCodeSize : kTextSize);
     if (level > 0) {

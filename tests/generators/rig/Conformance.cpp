@@ -11,8 +11,10 @@
 #include <sstream>
 
 #include "generators/EmitterFor.h"
+#include "machine/Interpreter.h"
 #include "machine/Machine.h"
 #include "machine/MachineBuilder.h"
+#include "tests/generators/rig/Arithmetic.h"
 #include "tests/generators/rig/RandomChart.h"
 #include "tests/generators/rig/RigLanguage.h"
 
@@ -42,6 +44,29 @@ std::string WithData(std::string scxml) {
                       "expr=\"0\"/></datamodel>");
 }
 
+/// The trace of the machine itself, without code.
+class Teller : public Interpreter::Actor {
+ public:
+  bool Holds(const MachineText& guard) override { return arithmetic.Value(guard.text) != 0; }
+  void Act(const MachineText& code) override { arithmetic.Run(code.text); }
+  void Trace(std::string_view kind, std::string_view name) override {
+    trace += std::string(kind) + ' ' + std::string(name) + '\n';
+  }
+
+  std::string trace;
+
+ private:
+  Arithmetic arithmetic;
+};
+
+std::string Interpreted(const Machine& machine, const std::vector<int>& events) {
+  Teller teller;
+  Interpreter interpreter(machine, teller);
+  interpreter.Start();
+  for (const int event : events) interpreter.Dispatch(event);
+  return teller.trace;
+}
+
 class Rig {
  public:
   Rig(fs::path folder, std::vector<RigLanguage> languages)
@@ -64,7 +89,11 @@ class Rig {
     }
     if (!built.machine) return false;
     WriteCode(*built.machine, chart);
-    if (!built.machine->events.empty()) AddEvents(*built.machine, seed, chart);
+    const std::vector<int> events = MakeUpEvents(*built.machine, seed);
+    for (const int event : events) {
+      chart.events.push_back(built.machine->events[static_cast<std::size_t>(event)].name);
+    }
+    interpreted[chart.number] = Interpreted(*built.machine, events);
     charts.push_back(std::move(chart));
     return true;
   }
@@ -105,11 +134,13 @@ class Rig {
     }
   }
 
-  static void AddEvents(const Machine& machine, std::uint32_t seed, RigChart& chart) {
+  static std::vector<int> MakeUpEvents(const Machine& machine, std::uint32_t seed) {
     std::mt19937 engine(seed);
-    for (int i = 0; i < kEvents; ++i) {
-      chart.events.push_back(machine.events[engine() % machine.events.size()].name);
+    std::vector<int> events;
+    for (int i = 0; i < kEvents && !machine.events.empty(); ++i) {
+      events.push_back(static_cast<int>(engine() % machine.events.size()));
     }
+    return events;
   }
 
   bool Execute(const RigLanguage& language) const {
@@ -141,18 +172,17 @@ class Rig {
   std::size_t Differences(std::vector<std::map<std::string, std::string>>& traces) {
     std::size_t different = 0;
     for (const RigChart& chart : charts) {
-      const std::string& first = traces.front()[chart.number];
-      lines += static_cast<std::size_t>(std::count(first.begin(), first.end(), '\n'));
+      const std::string& expected = interpreted[chart.number];
+      lines += static_cast<std::size_t>(std::count(expected.begin(), expected.end(), '\n'));
       std::string others;
       for (std::size_t i = 0; i < traces.size(); ++i) {
-        if (traces[i][chart.number] == first && !first.empty()) continue;
+        if (traces[i][chart.number] == expected && !expected.empty()) continue;
         others += ' ' + languages[i].folder;
         Write(folder / (chart.name + '.' + languages[i].folder + ".txt"), traces[i][chart.number]);
       }
       if (others.empty()) continue;
-      Write(folder / (chart.name + '.' + languages.front().folder + ".txt"), first);
-      std::cout << "Chart " << chart.number << ": not as " << languages.front().folder << ':'
-                << others << '\n';
+      Write(folder / (chart.name + ".interpreter.txt"), expected);
+      std::cout << "Chart " << chart.number << ": not as the interpreter has it:" << others << '\n';
       ++different;
     }
     return different;
@@ -161,6 +191,7 @@ class Rig {
   fs::path folder;
   std::vector<RigLanguage> languages;
   std::vector<RigChart> charts;
+  std::map<std::string, std::string> interpreted;  ///< traces by number
   std::size_t lines = 0;
 };
 
@@ -178,8 +209,8 @@ int Compare(int count, const fs::path& folder, std::uint32_t first, const std::s
     lines += rig.Lines();
     if (different > 0) break;
   }
-  std::cout << count << " charts in " << languages.size() << " languages, " << kEvents
-            << " events each, " << lines << " lines of trace: " << different
+  std::cout << count << " charts in " << languages.size() << " languages and interpreted, "
+            << kEvents << " events each, " << lines << " lines of trace: " << different
             << " with a difference\n";
   return different == 0 ? 0 : 1;
 }
