@@ -13,7 +13,7 @@ std::optional<RECT> ChartPlaces::Show(const PlacedMessage& message) const {
   if (chart.GetDocument() == nullptr || !chart.GetDocument()->BringForward()) return std::nullopt;
   Shape* shape = Find(message);
   if (shape == nullptr) return std::nullopt;
-  chart.Reveal(*shape);
+  chart.Reveal({shape});
   const RECT client = chart.ToClient(shape->GetBounds());
   const POINT start = chart.ClientToScreen(TopLeft(client));
   const POINT end = chart.ClientToScreen(BottomRight(client));

@@ -46,14 +46,9 @@ bool DialogGenerators::EditProperties(ModelProperties& properties) {
   const auto fields = PageFields(sheet);
   for (const PageField& each : fields) *each.box = properties.*each.field;
   if (!sheet.DoModal()) return false;
-  for (const PageField& each : fields) properties.*each.field = *each.box;
-  const auto replaceEmpty = [](std::string& text, const char* by) {
-    if (text.empty()) text = by;
-  };
-  replaceEmpty(properties.CppClassName, ModelProperties::kDefaultClass);
-  replaceEmpty(properties.CppIncludeFile, ModelProperties::kDefaultInclude);
-  replaceEmpty(properties.JavaClassName, ModelProperties::kDefaultClass);
-  replaceEmpty(properties.CSharpClassName, ModelProperties::kDefaultClass);
+  for (const auto& [field, box] : fields) {
+    properties.*field = box->empty() ? ModelProperties::DefaultOf(field) : *box;
+  }
   return true;
 }
 

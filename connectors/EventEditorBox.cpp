@@ -51,20 +51,7 @@ void EventEditorBox::Draw(CDC* dc, const RECT* rect) const {
   view->DrawChartText(*dc, text, *rect);
 }
 
-bool EventEditorBox::Contains(const std::string& text) const {
-  for (const std::string* part : {&event, &guard, &effect}) {
-    if (part->find(text) != std::string::npos) return true;
-  }
-  return false;
-}
-
-bool EventEditorBox::ReplaceAll(const std::string& findText, const std::string& replaceText) {
-  bool changed = false;
-  for (std::string* part : {&event, &guard, &effect}) {
-    if (ReplaceInText(*part, findText, replaceText)) changed = true;
-  }
-  return changed;
-}
+std::vector<std::string*> EventEditorBox::Texts() { return {&event, &guard, &effect}; }
 
 bool EventEditorBox::EditText(const std::string& /*title*/) {
   return Service<Editors>::Get().EditEvent(event, guard, effect);

@@ -24,8 +24,7 @@ class EventEditorBox : public TextHandler {
   /// Paints the joined texts into a rectangle in logical units.
   void Draw(CDC* dc, const RECT* rect) const;
 
-  bool Contains(const std::string& text) const override;
-  bool ReplaceAll(const std::string& findText, const std::string& replaceText) override;
+  std::vector<std::string*> Texts() override;
   bool EditText(const std::string& title) override;
 
  private:

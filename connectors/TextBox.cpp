@@ -31,13 +31,7 @@ void TextBox::Draw(CDC* dc, const RECT* rect) const {
   view->DrawChartText(*dc, WithoutMarks(painted), *rect);
 }
 
-bool TextBox::Contains(const std::string& what) const {
-  return text.find(what) != std::string::npos;
-}
-
-bool TextBox::ReplaceAll(const std::string& findText, const std::string& replaceText) {
-  return ReplaceInText(text, findText, replaceText);
-}
+std::vector<std::string*> TextBox::Texts() { return {&text}; }
 
 bool TextBox::EditText(const std::string& title) {
   return Service<Editors>::Get().EditText(title, text);

@@ -20,8 +20,7 @@ class TextBox : public TextHandler {
   /// Paints the text, without the characters "<M>", into a rectangle in logical units.
   void Draw(CDC* dc, const RECT* rect) const;
 
-  bool Contains(const std::string& what) const override;
-  bool ReplaceAll(const std::string& findText, const std::string& replaceText) override;
+  std::vector<std::string*> Texts() override;
   bool EditText(const std::string& title) override;
 
  private:

@@ -96,12 +96,12 @@ bool DialogEditors::EditModelProperties(ModelProperties& properties) {
   dialog.description = properties.Description;
   dialog.modelName = properties.ModelName;
   if (!dialog.DoModal()) return false;
-  const auto orElse = [](const std::string& text, const std::string& fallback) {
-    return text.empty() ? fallback : text;
+  const auto take = [&properties](std::string ModelProperties::*field, const std::string& text) {
+    properties.*field = text.empty() ? ModelProperties::DefaultOf(field) : text;
   };
-  properties.ModelName = orElse(dialog.modelName, LoadText(IDS_UNTITLED));
-  properties.Author = orElse(dialog.author, LoadText(IDS_UNTITLED));
-  properties.Description = orElse(dialog.description, " ");
+  take(&ModelProperties::ModelName, dialog.modelName);
+  take(&ModelProperties::Author, dialog.author);
+  take(&ModelProperties::Description, dialog.description);
   return true;
 }
 
@@ -113,8 +113,8 @@ bool DialogEditors::EditPaper(std::int32_t& printToFit) {
   return true;
 }
 
-void DialogEditors::FindAndReplace(ModelMgr& model, std::function<void()> onChanged) {
-  FindReplaceDlg dialog(model, std::move(onChanged));
+void DialogEditors::FindAndReplace(const SearchedChart& chart) {
+  FindReplaceDlg dialog(chart);
   dialog.DoModal();
 }
 

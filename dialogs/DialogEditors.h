@@ -17,7 +17,7 @@ class DialogEditors : public Editors {
   bool EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex) override;
   bool EditModelProperties(ModelProperties& properties) override;
   bool EditPaper(std::int32_t& printToFit) override;
-  void FindAndReplace(ModelMgr& model, std::function<void()> onChanged) override;
+  void FindAndReplace(const SearchedChart& chart) override;
 
  private:
   const UseService<Editors> use{*this};

@@ -2,15 +2,12 @@
 
 #include <utility>
 
-#include "connectors/Mesg.h"
-#include "connectors/Transition.h"
-#include "model/ModelMgr.h"
+#include "dialogs/ChartSearch.h"
+#include "drawing/TextCodec.h"
+#include "model/Shape.h"
 #include "platform/FieldExchange.h"
 #include "platform/MessageBox.h"
 #include "resources/Texts.h"
-#include "states/EndableState.h"
-#include "states/GenericState.h"
-#include "states/StartableState.h"
 
 namespace morvane {
 
@@ -19,25 +16,16 @@ namespace {
 using Kind = DialogControl::Kind;
 
 constexpr int kObjectWidth = 125;
-constexpr std::size_t kDetailColumn = 1;
-
-std::string NameOf(const State* end) {
-  return end != nullptr ? end->GetName() : LoadText(IDS_UNDEFINED);
-}
-
-std::string RouteOf(const Transition* transition) {
-  const State* source = transition != nullptr ? transition->GetSource() : nullptr;
-  const State* target = transition != nullptr ? transition->GetTarget() : nullptr;
-  return NameOf(source) + " -> " + NameOf(target);
-}
 
 }  // namespace
 
-FindReplaceDlg::FindReplaceDlg(ModelMgr& model, std::function<void()> onChanged)
-    : Dialog("Find / Replace"), model(model), onChanged(std::move(onChanged)) {
+FindReplaceDlg::FindReplaceDlg(SearchedChart searched)
+    : Dialog("Find / Replace"), chart(std::move(searched)) {
   AddInput();
   AddResult();
 }
+
+FindReplaceDlg::~FindReplaceDlg() = default;
 
 void FindReplaceDlg::AddInput() {
   Add(Kind::Group, kInputId, "Input");
@@ -45,13 +33,25 @@ void FindReplaceDlg::AddInput() {
   Add(Kind::Column, kFieldsId, "", kInputRowId);
   Add(Kind::Edit, kFindTextId, "Find What:", kFieldsId);
   Add(Kind::Edit, kReplaceTextId, "Replace With:", kFieldsId);
-  Add(Kind::Row, kLookInId, "Look In :", kFieldsId);
-  Add(Kind::CheckBox, kStatesId, "State", kLookInId);
-  Add(Kind::CheckBox, kMessagesId, "Transition Event", kLookInId);
+  AddTicks();
   Add(Kind::Column, kButtonsId, "", kInputRowId);
   Add(Kind::Button, kFindId, "Find", kButtonsId).isDefault = true;
   Add(Kind::Button, kReplaceId, "Replace", kButtonsId);
+  Add(Kind::Button, kReplaceAllId, "Replace All", kButtonsId);
   Add(Kind::Button, IDCANCEL, "Close", kButtonsId);
+}
+
+void FindReplaceDlg::AddTicks() {
+  Add(Kind::Row, kLookInId, "Look In :", kFieldsId);
+  Add(Kind::CheckBox, kStatesId, "State", kLookInId);
+  Add(Kind::CheckBox, kMessagesId, "Transition Event", kLookInId);
+  Add(Kind::CheckBox, kNamesId, "Names", kLookInId);
+  Add(Kind::CheckBox, kNotesId, "Notes", kLookInId);
+  Add(Kind::CheckBox, kPropertiesId, "Properties", kLookInId);
+  Add(Kind::Row, kOptionsId, "Options :", kFieldsId);
+  Add(Kind::CheckBox, kMatchCaseId, "Match Case", kOptionsId);
+  Add(Kind::CheckBox, kWholeWordsId, "Whole Words", kOptionsId);
+  Add(Kind::CheckBox, kExpressionId, "Regular Expression", kOptionsId);
 }
 
 void FindReplaceDlg::AddResult() {
@@ -59,14 +59,21 @@ void FindReplaceDlg::AddResult() {
   Add(Kind::List, kListId, "", kResultId).columns = {{LoadText(IDS_FIND_OBJECT), kObjectWidth},
                                                      {LoadText(IDS_FIND_DETAIL), 0}};
   Add(Kind::Row, kEditRowId, "", kResultId);
+  Add(Kind::Text, kStatusId, "", kEditRowId);
   Add(Kind::Button, kEditId, "Edit", kEditRowId);
 }
 
 void FindReplaceDlg::ExchangeFields(FieldExchange& exchange) {
   exchange.Text(kFindTextId, findText);
   exchange.Text(kReplaceTextId, replaceText);
-  exchange.Check(kStatesId, lookInStates);
-  exchange.Check(kMessagesId, lookInMessages);
+  exchange.Check(kStatesId, lookIn.states);
+  exchange.Check(kMessagesId, lookIn.messages);
+  exchange.Check(kNamesId, lookIn.names);
+  exchange.Check(kNotesId, lookIn.notes);
+  exchange.Check(kPropertiesId, lookIn.properties);
+  exchange.Check(kMatchCaseId, matchCase);
+  exchange.Check(kWholeWordsId, wholeWords);
+  exchange.Check(kExpressionId, isExpression);
 }
 
 void FindReplaceDlg::OnFilled() { EnableButtons(); }
@@ -75,10 +82,20 @@ void FindReplaceDlg::OnClicked(int id) {
   switch (id) {
     case kFindId: Find(); break;
     case kReplaceId: Replace(); break;
+    case kReplaceAllId: ReplaceAll(); break;
     case kEditId: Edit(); break;
-    case kListId: EnableButtons(); break;
+    case kListId: OnRowsChosen(); break;
     default: break;
   }
+}
+
+void FindReplaceDlg::OnRowsChosen() {
+  EnableButtons();
+  std::vector<Shape*> objects;
+  for (const SearchPlace* place : ChosenPlaces()) {
+    if (Shape* object = place->Object()) objects.push_back(object);
+  }
+  if (!objects.empty() && chart.reveal) KeepOff(chart.reveal(objects));
 }
 
 void FindReplaceDlg::EnableButtons() {
@@ -87,66 +104,101 @@ void FindReplaceDlg::EnableButtons() {
   Enable(kEditId, selected == 1);
 }
 
-bool FindReplaceDlg::HasFindText() const {
-  if (!findText.empty()) return true;
-  ShowMessage(LoadText(IDS_FIND_EMPTY), MB_ICONHAND);
+bool FindReplaceDlg::StartSearch(ChartSearch& search) {
+  TakeFields();
+  Say("");
+  if (findText.empty()) {
+    ShowMessage(LoadText(IDS_FIND_EMPTY), MB_ICONHAND);
+    return false;
+  }
+  std::string message;
+  if (search.Start({ToUtf8(findText), matchCase != 0, wholeWords != 0, isExpression != 0},
+                   message)) {
+    return true;
+  }
+  Say(std::move(message));
+  FocusOn(kFindTextId);
   return false;
 }
 
 /// The buttons stay as they are until the next click in the list.
 void FindReplaceDlg::Find() {
+  ClearRows();
+  ChartSearch search;
+  if (!StartSearch(search)) return;
+  std::size_t count = 0;
+  for (auto& place : SearchPlace::Of(chart, lookIn)) {
+    const std::size_t hits = search.CountIn(*place);
+    if (search.GaveUp()) break;
+    count += hits;
+    if (hits > 0) AddRow(std::move(place));
+  }
+  if (search.GaveUp()) {
+    Say(LoadText(IDS_SEARCH_TOO_LONG));
+  } else if (count == 0) {
+    Say(LoadText(IDS_NOTHING_FOUND));
+  } else {
+    Say(WithName(LoadText(IDS_FOUND_COUNT), std::to_string(count)));
+  }
+}
+
+void FindReplaceDlg::ClearRows() {
   List().rows.clear();
   List().selectedRows.clear();
   found.clear();
-  TakeFields();
-  if (!HasFindText()) return;
-  for (Shape* object : model.Objects()) ListIfFound(object);
 }
 
-void FindReplaceDlg::ListIfFound(Shape* object) {
-  auto* state = lookInStates != 0 ? dynamic_cast<GenericState*>(object) : nullptr;
-  if (state != nullptr && state->GetEntryExit().Contains(findText)) {
-    AddRow(LoadText(IDS_FIND_STATE), state->GetName(), *state, state->GetEntryExit());
-    return;
-  }
-  auto* mesg = lookInMessages != 0 ? dynamic_cast<Mesg*>(object) : nullptr;
-  if (mesg != nullptr && mesg->GetText().Contains(findText)) {
-    AddRow(LoadText(IDS_FIND_MESSAGE), RouteOf(mesg->GetTransition()), *mesg, mesg->GetText());
-  }
+void FindReplaceDlg::AddRow(std::unique_ptr<SearchPlace> place) {
+  List().rows.push_back({place->Kind(), place->Detail()});
+  found.push_back(std::move(place));
 }
 
-void FindReplaceDlg::AddRow(std::string kind, std::string detail, Shape& object,
-                            TextHandler& text) {
-  List().rows.push_back({std::move(kind), std::move(detail)});
-  found.push_back({&object, &text});
+std::vector<SearchPlace*> FindReplaceDlg::ChosenPlaces() const {
+  std::vector<SearchPlace*> places;
+  for (const int row : List().selectedRows) {
+    places.push_back(found.at(static_cast<std::size_t>(row)).get());
+  }
+  return places;
 }
 
 void FindReplaceDlg::Replace() {
-  TakeFields();
-  if (!HasFindText()) return;
-  bool changed = false;
-  for (const int row : List().selectedRows) {
-    const Found& place = found.at(static_cast<std::size_t>(row));
-    if (!place.text->ReplaceAll(findText, replaceText)) continue;
-    place.object->OnTextsChanged();
-    changed = true;
+  ChartSearch search;
+  if (StartSearch(search)) ReplaceIn(search, ChosenPlaces());
+}
+
+void FindReplaceDlg::ReplaceAll() {
+  ChartSearch search;
+  if (!StartSearch(search)) return;
+  const auto all = SearchPlace::Of(chart, lookIn);
+  std::vector<SearchPlace*> places;
+  places.reserve(all.size());
+  for (const auto& place : all) places.push_back(place.get());
+  ReplaceIn(search, places);
+}
+
+void FindReplaceDlg::ReplaceIn(ChartSearch& search, const std::vector<SearchPlace*>& places) {
+  if (places.empty()) return;
+  const std::size_t count = search.Replace(places, ToUtf8(replaceText));
+  if (count > 0) {
+    Find();
+    TellChanged();
   }
-  if (!changed) return;
-  Find();
-  TellChanged();
+  Say(search.GaveUp() ? LoadText(IDS_SEARCH_TOO_LONG)
+      : count == 0    ? LoadText(IDS_NOTHING_FOUND)
+                      : WithName(LoadText(IDS_REPLACED_COUNT), std::to_string(count)));
 }
 
 void FindReplaceDlg::TellChanged() const {
-  if (onChanged) onChanged();
+  if (chart.onChanged) chart.onChanged();
 }
 
 void FindReplaceDlg::Edit() {
-  const std::vector<int>& selected = List().selectedRows;
-  if (selected.size() != 1) return;
-  const auto row = static_cast<std::size_t>(selected.front());
-  const std::string detail = List().rows.at(row).at(kDetailColumn);
-  if (!found.at(row).text->EditText(detail)) return;
-  found.at(row).object->OnTextsChanged();
+  const std::vector<SearchPlace*> chosen = ChosenPlaces();
+  if (chosen.size() != 1) return;
+  SearchPlace& place = *chosen.front();
+  if (!place.Edit()) return;
+  List().rows.at(static_cast<std::size_t>(List().selectedRows.front())) = {place.Kind(),
+                                                                           place.Detail()};
   TellChanged();
 }
 

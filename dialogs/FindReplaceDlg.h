@@ -1,21 +1,21 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "dialogs/SearchPlace.h"
+#include "model/SearchedChart.h"
 #include "platform/Dialog.h"
 
 namespace morvane {
 
-class Mesg;
-class ModelMgr;
-class Shape;
-class TextHandler;
+class ChartSearch;
 
-/// Finds and replaces text in the entry and exit texts of the states and the three texts of the
-/// messages of one chart. It changes the objects at once, which show it, and says so.
+/// Finds and replaces text in one chart: at first in the entry and exit texts of the states and the
+/// three texts of the messages, as it is typed. It changes the objects at once, which show it, and
+/// says so.
 class FindReplaceDlg : public Dialog {
  public:
   enum ControlId : int {
@@ -33,12 +33,21 @@ class FindReplaceDlg : public Dialog {
     kResultId,
     kListId,
     kEditRowId,
-    kEditId
+    kEditId,
+    kNamesId,
+    kNotesId,
+    kPropertiesId,
+    kOptionsId,
+    kMatchCaseId,
+    kWholeWordsId,
+    kExpressionId,
+    kReplaceAllId,
+    kStatusId
   };
 
-  /// The model isn't owned and must not change otherwise while the dialog is open. `onChanged` is
-  /// called after each edit and each replacement that changed it.
-  explicit FindReplaceDlg(ModelMgr& model, std::function<void()> onChanged = {});
+  /// The chart must not change otherwise while the dialog is open.
+  explicit FindReplaceDlg(SearchedChart chart);
+  ~FindReplaceDlg() override;
 
  protected:
   void ExchangeFields(FieldExchange& exchange) override;
@@ -46,31 +55,35 @@ class FindReplaceDlg : public Dialog {
   void OnClicked(int id) override;
 
  private:
-  /// An object and its texts, both of the model.
-  struct Found {
-    Shape* object;
-    TextHandler* text;
-  };
-
   void AddInput();
+  void AddTicks();
   void AddResult();
   void Find();
   void Replace();
+  void ReplaceAll();
   void Edit();
+  void OnRowsChosen();
   void EnableButtons();
   void TellChanged() const;
-  bool HasFindText() const;
-  void ListIfFound(Shape* object);
-  void AddRow(std::string kind, std::string detail, Shape& object, TextHandler& text);
+  /// Takes the boxes and makes the search of them; false, and the user was told, if they hold none.
+  bool StartSearch(ChartSearch& search);
+  /// Replaces in places, and searches again if that changed anything.
+  void ReplaceIn(ChartSearch& search, const std::vector<SearchPlace*>& places);
+  void ClearRows();
+  void AddRow(std::unique_ptr<SearchPlace> place);
+  void Say(std::string text) { Control(kStatusId).text = std::move(text); }
+  std::vector<SearchPlace*> ChosenPlaces() const;
   DialogControl& List() { return Control(kListId); }
+  const DialogControl& List() const { return Control(kListId); }
 
-  ModelMgr& model;
-  std::function<void()> onChanged;
-  std::int32_t lookInStates = 1;
-  std::int32_t lookInMessages = 1;
+  SearchedChart chart;
+  LookIn lookIn;
+  std::int32_t matchCase = 1;
+  std::int32_t wholeWords = 0;
+  std::int32_t isExpression = 0;
   std::string findText;
   std::string replaceText;
-  std::vector<Found> found;  ///< of each row
+  std::vector<std::unique_ptr<SearchPlace>> found;  ///< of each row
 };
 
 }  // namespace morvane

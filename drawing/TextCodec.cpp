@@ -1,5 +1,6 @@
 #include "drawing/TextCodec.h"
 
+#include <algorithm>
 #include <array>
 
 namespace morvane {
@@ -71,6 +72,25 @@ std::string ToUtf8(std::string_view bytes) {
     AppendUtf8(out, special ? kWindows1252[byte - 0x80U] : byte);
   }
   return out;
+}
+
+std::string EncodedLike(std::string_view former, std::string utf8) {
+  if (IsValidUtf8(former)) return utf8;
+  std::string bytes;
+  for (std::size_t at = 0; at < utf8.size();) {
+    const CodePoint letter = DecodeUtf8(utf8, at);
+    const auto* special = std::ranges::find(kWindows1252, letter.value);
+    if (special != kWindows1252.end()) {
+      bytes.push_back(static_cast<char>(0x80 + (special - kWindows1252.begin())));
+    } else if (letter.value < 0x100) {
+      bytes.push_back(static_cast<char>(letter.value));
+    } else {
+      return utf8;
+    }
+    at += letter.length;
+  }
+  // What is left can happen to be UTF-8 of another text.
+  return ToUtf8(bytes) == utf8 ? bytes : utf8;
 }
 
 std::string_view Utf8Prefix(std::string_view utf8, std::size_t limit) {

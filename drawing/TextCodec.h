@@ -23,6 +23,9 @@ bool IsValidUtf8(std::string_view bytes);
 void AppendUtf8(std::string& out, std::uint32_t codePoint);
 /// The text as valid UTF-8.
 std::string ToUtf8(std::string_view bytes);
+/// A text of valid UTF-8 as bytes of the encoding of those that it comes in the place of, as long
+/// as that can hold it and is read back; else as UTF-8.
+std::string EncodedLike(std::string_view former, std::string utf8);
 /// The longest prefix of at most `limit` bytes that doesn't end inside a UTF-8 sequence.
 std::string_view Utf8Prefix(std::string_view utf8, std::size_t limit);
 

@@ -22,7 +22,7 @@ class NoEditors : public Editors {
   }
   bool EditModelProperties(ModelProperties& /*properties*/) override { return false; }
   bool EditPaper(std::int32_t& /*printToFit*/) override { return false; }
-  void FindAndReplace(ModelMgr& /*model*/, std::function<void()> /*onChanged*/) override {}
+  void FindAndReplace(const SearchedChart& /*chart*/) override {}
 };
 
 }  // namespace

@@ -1,15 +1,14 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 
 #include "drawing/Geometry.h"
 
 namespace morvane {
 
-class ModelMgr;
 class ModelProperties;
+struct SearchedChart;
 
 /// What the user can change of a state, without its texts.
 struct StateFields {
@@ -49,9 +48,8 @@ class Editors {
   virtual bool EditModelProperties(ModelProperties& properties) = 0;
   /// Whether a chart goes on one page; the printer of the desktop can be set up meanwhile.
   virtual bool EditPaper(std::int32_t& printToFit) = 0;
-  /// Lets the user find and replace texts in a model, which must not change otherwise meanwhile;
-  /// `onChanged` is called after each edit and each replacement that changed it.
-  virtual void FindAndReplace(ModelMgr& model, std::function<void()> onChanged) = 0;
+  /// Lets the user find and replace texts in a chart, which must not change otherwise meanwhile.
+  virtual void FindAndReplace(const SearchedChart& chart) = 0;
 
   static Editors& Default();
 };

@@ -171,10 +171,10 @@ void ModelMgr::DeselectAll() {
   selection.Clear();
 }
 
-void ModelMgr::SelectOnly(Shape* shape) {
+void ModelMgr::Select(const std::vector<Shape*>& shapes) {
   DeselectAll();
-  selection.Add(shape);
-  shape->OnBroadcast(BROADCAST_SELECTED, nullptr);
+  for (Shape* shape : shapes) selection.Add(shape);
+  selection.Broadcast(BROADCAST_SELECTED, nullptr, nullptr);
 }
 
 void ModelMgr::SelectAll() {

@@ -72,7 +72,9 @@ class ModelMgr : public ShapeRegistry {
   /// Null when it is over.
   void SetRunningMove(const GroupMove* move) { runningMove = move; }
   void DeselectAll();
-  void SelectOnly(Shape* shape);
+  void SelectOnly(Shape* shape) { Select({shape}); }
+  /// Selects these objects and no others.
+  void Select(const std::vector<Shape*>& shapes);
   void SelectAll();
   void BringToFront(Shape* shape);
   void SendToBack(Shape* shape);

@@ -53,6 +53,19 @@ ModelProperties::ModelProperties()
       JavaClassName(CppClassName),
       CSharpClassName(CppClassName) {}
 
+std::string ModelProperties::DefaultOf(std::string ModelProperties::*field) {
+  if (field == &ModelProperties::ModelName || field == &ModelProperties::Author) {
+    return LoadText(IDS_UNTITLED);
+  }
+  if (field == &ModelProperties::Description) return " ";
+  if (field == &ModelProperties::CppIncludeFile) return kDefaultInclude;
+  for (const auto className : {&ModelProperties::CppClassName, &ModelProperties::JavaClassName,
+                               &ModelProperties::CSharpClassName}) {
+    if (field == className) return kDefaultClass;
+  }
+  return {};
+}
+
 void ModelProperties::Write(ModelStream& stream) const {
   for (const Field& field : kFields) {
     const std::string& text = this->*field.text;

@@ -15,6 +15,9 @@ class ModelProperties {
 
   ModelProperties();
 
+  /// What comes in the place of a text that the user has emptied; empty if it may be.
+  static std::string DefaultOf(std::string ModelProperties::*field);
+
   void Write(ModelStream& stream) const;
   /// Reads the fields that the version of the text has; the others keep what they hold. Throws a
   /// text for the user.

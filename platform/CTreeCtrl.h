@@ -84,6 +84,8 @@ class CTreeCtrl {
   virtual void OnChosen(TreeItem& /*item*/) {}
   /// Gives true when the key was used.
   virtual bool OnKeyDown(VirtualKey /*key*/) { return false; }
+  /// The Return key, for what is selected; gives true when it was used.
+  virtual bool OnReturn() { return false; }
   /// Does what may wait until somebody looks at the tree, who calls it before.
   virtual void BringUpToDate() {}
 

@@ -90,6 +90,10 @@ void Dialog::FocusOn(int id) {
   if (window != nullptr) window->FocusOn(id);
 }
 
+void Dialog::KeepOff(const RECT& screen) {
+  if (window != nullptr) window->KeepOff(screen);
+}
+
 void Dialog::EndDialog(bool ok) {
   accepted = ok;
   open = false;

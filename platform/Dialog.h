@@ -28,7 +28,8 @@ struct DialogControl {
     CheckBox,
     Button,
     Combo,  ///< a choice of items, painted or as texts
-    List    ///< rows of columns, of which several can be selected
+    List,   ///< rows of columns, of which several can be selected
+    Text    ///< a text that the user only reads
   };
   /// Paints item `index` of a combo into a rectangle, in pixels of the context.
   using PaintItem = std::function<void(CDC& dc, int index, const RECT& r, bool selected)>;
@@ -50,7 +51,7 @@ struct DialogControl {
   bool code = false;       ///< of a box: it holds code and shows it in a fixed pitch
   int width = 28;          ///< of a box: letters that have room at least
   int lines = 6;           ///< of a box of several lines: those that have room at least
-  std::string text;        ///< of a box, as the model holds it: line breaks are CR LF
+  std::string text;        ///< of a text or a box, as the model holds it: line breaks are CR LF
   bool checked = false;
   int selection = 0;  ///< of a combo; `kNoItem` for none
   int itemCount = 0;
@@ -79,6 +80,8 @@ class DialogWindow {
   /// Puts the keyboard into a control; the text of a box of one line is selected.
   virtual void FocusOn(int id) = 0;
   virtual void End() = 0;
+  /// Makes way, where there is room, for a place of the screen that the user wants to see.
+  virtual void KeepOff(const RECT& /*screen*/) {}
 };
 
 /// Shows dialogs. The default service has no screen and answers each with Cancel.
@@ -140,6 +143,8 @@ class Dialog {
   void Enable(int id, bool on) { Control(id).enabled = on; }
   void SetCaption(std::string text) { caption = std::move(text); }
   void FocusOn(int id);
+  /// Lets the user see a place of the screen behind the dialog.
+  void KeepOff(const RECT& screen);
   /// Shows the controls as they stand now, when it was no click that changed them.
   void Refresh();
 

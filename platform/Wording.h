@@ -29,10 +29,11 @@ inline constexpr std::string_view kTooManyPages =
     "Please choose \"Print to Fit\" in the print setup.";
 inline constexpr std::string_view kNoSuchPages = "The chart does not have these pages";
 inline constexpr std::string_view kSettingsUnsaved = "The settings cannot be saved";
+inline constexpr std::string_view kSearchTooPlain = "Only a plain text can be looked for here";
 
 /// All of those.
-inline constexpr std::array kPlatformTexts = {kLineTooLong,    kPageOfPages,  kPrinterFails,
-                                              kNoRoomToPrint,  kTooManyPages, kNoSuchPages,
-                                              kSettingsUnsaved};
+inline constexpr std::array kPlatformTexts = {kLineTooLong,     kPageOfPages,   kPrinterFails,
+                                              kNoRoomToPrint,   kTooManyPages,  kNoSuchPages,
+                                              kSettingsUnsaved, kSearchTooPlain};
 
 }  // namespace morvane

@@ -124,6 +124,16 @@ constexpr std::array kTexts = {
     Text{IDS_PLACE_GONE, "What this message is about is no longer on the chart."},
     Text{IDS_FOLDER_NOT_THERE, "The folder %1 is not there."},
     Text{IDS_FOLDER_NOT_SHOWN, "The folder %1 cannot be shown: there is no program for that."},
+    Text{IDS_FIND_NAME, "State Name"},
+    Text{IDS_FIND_PROPERTY, "Property"},
+    Text{IDS_NOTHING_FOUND, "Nothing found"},
+    Text{IDS_FOUND_COUNT, "Occurrences found: %1"},
+    Text{IDS_REPLACED_COUNT, "Occurrences replaced: %1"},
+    Text{IDS_BAD_EXPRESSION, "This is no regular expression. At character %1"},
+    Text{
+        IDS_SEARCH_TOO_LONG,
+        "The search takes too long and was given up; nothing was replaced. Please make the regular "
+        "expression simpler."},
 };
 
 class BuiltInEnglish : public TextSource {

@@ -194,6 +194,16 @@ bool CDirTreeCtrl::SelectPath(const std::string& path) {
   return true;
 }
 
+bool CDirTreeCtrl::OnReturn() {
+  TreeItem* item = Selected();
+  if (item == nullptr || item->FirstChild() == nullptr) {
+    OnLButtonDblClk();
+  } else {
+    item->IsExpanded() ? Collapse(*item) : Expand(*item);
+  }
+  return true;
+}
+
 void CDirTreeCtrl::OnLButtonDblClk() {
   const TreeItem* item = Selected();
   if (item == nullptr || item->FirstChild() != nullptr || !OpenCallback) return;

@@ -25,6 +25,8 @@ class CDirTreeCtrl : public CTreeCtrl {
   std::string PathOfItem(const TreeItem& item) const;
 
   void OnLButtonDblClk() override;
+  /// Opens a file, and opens or closes a folder.
+  bool OnReturn() override;
 
  protected:
   void OnExpanded(TreeItem& item) override;

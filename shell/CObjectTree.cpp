@@ -375,7 +375,7 @@ void CObjectTree::OnLButtonDown(TreeItem* hit) {
 
 void CObjectTree::OnChosen(TreeItem& item) {
   Shape* shape = ShapeOf(item);
-  if (shape != nullptr && !IsChartBusy()) view->Reveal(*shape);
+  if (shape != nullptr && !IsChartBusy()) view->Reveal({shape});
 }
 
 bool CObjectTree::OnKeyDown(VirtualKey key) {

@@ -99,7 +99,7 @@ constexpr CommandRow<FrameActions> kRows[] = {
     {{ID_FILE_RECENT, "Recent File", "", "Open this chart", "", "", RecentFiles::kMaxEntries},
      IfListed,
      OpenRecent},
-    {{ID_APP_EXIT, "E&xit", "", "Quit the program; offers to save the charts", "Exit"},
+    {{ID_APP_EXIT, "E&xit", "Ctrl+Q", "Quit the program; offers to save the charts", "Exit"},
      Always,
      Exit},
 
@@ -139,7 +139,7 @@ constexpr CommandRow<FrameActions> kRows[] = {
      IfChart,
      Arrange},
 
-    {{ID_USER_GUIDE, "User Guide (PDF)", "", "Open the user guide", "User Guide"},
+    {{ID_USER_GUIDE, "User Guide (PDF)", "F1", "Open the user guide", "User Guide"},
      Always,
      ShowUserGuide},
     {{ID_TUTORIAL, "Tutorial (PDF)", "", "Open the tutorial", "Tutorial"}, Always, ShowTutorial},

@@ -22,15 +22,7 @@ void EntryExitTextBox::Draw(CDC* dc, const RECT& rect) const {
   view->DrawChartText(*dc, text, rect);
 }
 
-bool EntryExitTextBox::Contains(const std::string& text) const {
-  return entry.find(text) != std::string::npos || exit.find(text) != std::string::npos;
-}
-
-bool EntryExitTextBox::ReplaceAll(const std::string& findText, const std::string& replaceText) {
-  const bool entryChanged = ReplaceInText(entry, findText, replaceText);
-  const bool exitChanged = ReplaceInText(exit, findText, replaceText);
-  return entryChanged || exitChanged;
-}
+std::vector<std::string*> EntryExitTextBox::Texts() { return {&entry, &exit}; }
 
 bool EntryExitTextBox::EditText(const std::string& title) {
   return Service<Editors>::Get().EditEntryExit(title, entry, exit);

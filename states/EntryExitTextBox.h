@@ -23,8 +23,7 @@ class EntryExitTextBox : public TextHandler {
   /// Paints both texts under their headings into a rectangle in logical units.
   void Draw(CDC* dc, const RECT& rect) const;
 
-  bool Contains(const std::string& text) const override;
-  bool ReplaceAll(const std::string& findText, const std::string& replaceText) override;
+  std::vector<std::string*> Texts() override;
   bool EditText(const std::string& title) override;
 
  private:

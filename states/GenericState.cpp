@@ -147,13 +147,19 @@ void GenericState::EditTexts() {
   if (entryExit.EditText(name)) Invalidate();
 }
 
-void GenericState::EditProperties() {
+bool GenericState::EditProperties() {
   StateFields fields{name, history, bgColor, transparent};
-  if (!Service<Editors>::Get().EditState(fields)) return;
-  name = fields.name.empty() ? kNameOfNameless : fields.name;
+  if (!Service<Editors>::Get().EditState(fields)) return false;
+  name = fields.name;
   history = fields.history;
   transparent = fields.transparent;
   bgColor = fields.bgColor;
+  OnRenamed();
+  return true;
+}
+
+void GenericState::OnRenamed() {
+  if (name.empty()) name = kNameOfNameless;
   view->UpdateNodes(this);
   Invalidate();
 }

@@ -29,12 +29,17 @@ class GenericState : public StartableState, public EndableState {
   EntryExitTextBox& GetEntryExit() { return entryExit; }
   const EntryExitTextBox& GetEntryExit() const { return entryExit; }
   bool KeepsHistory() const { return history != 0; }
+  /// The name, for who changes it from outside and then calls `OnRenamed`.
+  std::string& NameText() { return name; }
+  /// The name was changed: shows it wherever it stands. A state has always one.
+  void OnRenamed();
+  /// Runs the editor of name and look; true if the user took them over.
+  bool EditProperties();
 
  private:
   void DrawHistoryMark(CDC* dc, const RECT& body) const;
   void DrawSeparator(CDC* dc, const RECT& body, std::int32_t y) const;
   void EditTexts();
-  void EditProperties();
 
   EntryExitTextBox entryExit;
   std::int32_t history = 0;

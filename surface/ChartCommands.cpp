@@ -5,6 +5,7 @@
 #include "model/Editors.h"
 #include "model/ModelMgr.h"
 #include "model/ObjectBrowser.h"
+#include "model/SearchedChart.h"
 #include "persistence/CDocument.h"
 #include "platform/MessageBox.h"
 #include "platform/Service.h"
@@ -126,15 +127,32 @@ void SelectAll(LayoutMgr& chart, unsigned /*id*/) {
   chart.GetModel().SelectAll();
 }
 
+void ShowModelName(LayoutMgr& chart) {
+  if (ObjectBrowser* tree = chart.GetObjectTree()) {
+    tree->SetRootText(chart.GetProperties().ModelName);
+  }
+}
+
 void FindAndReplace(LayoutMgr& chart, unsigned /*id*/) {
+  SearchedChart searched{chart.GetModel(), chart.GetProperties()};
   // Each edit is a step of its own.
-  Service<Editors>::Get().FindAndReplace(chart.GetModel(), [&chart] { chart.TakeSnapshot(); });
+  searched.onChanged = [&chart] {
+    ShowModelName(chart);
+    chart.TakeSnapshot();
+  };
+  searched.reveal = [&chart](const std::vector<Shape*>& objects) {
+    chart.Reveal(objects);
+    return chart.PlaceOnScreen(*objects.front());
+  };
+  searched.editCodeProperties = [&chart] {
+    return Service<Generators>::Get().EditProperties(chart.GetProperties());
+  };
+  Service<Editors>::Get().FindAndReplace(searched);
 }
 
 void EditModelProperties(LayoutMgr& chart, unsigned /*id*/) {
-  ModelProperties& properties = chart.GetProperties();
-  Service<Editors>::Get().EditModelProperties(properties);
-  if (ObjectBrowser* tree = chart.GetObjectTree()) tree->SetRootText(properties.ModelName);
+  Service<Editors>::Get().EditModelProperties(chart.GetProperties());
+  ShowModelName(chart);
   chart.Invalidate();
   chart.TakeSnapshot();
 }
@@ -209,7 +227,8 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
     {{ID_EDIT_UNDO, "&Undo", "Ctrl+Z Alt+Backspace", "Undo the last change", "Undo", "undo"},
      IfUndoable,
      Undo},
-    {{ID_EDIT_REDO, "&Redo", "Ctrl+Y", "Redo the change that was undone last", "Redo", "redo"},
+    {{ID_EDIT_REDO, "&Redo", "Ctrl+Y Ctrl+Shift+Z", "Redo the change that was undone last", "Redo",
+      "redo"},
      IfRedoable,
      Redo},
     {{ID_DELETE, "Delete", "Ctrl+D", "Delete selected objects from the chart", "Delete", "delete"},
@@ -275,12 +294,16 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
     {{ID_TOOL_DRAG_STARTED}, Always, DragTool},
 
     {{ID_REFRESH, "&Refresh", "F5", "Paint the chart anew", "Refresh", "refresh"}, Always, Refresh},
-    {{ID_ZOOM_IN, "Zoom &In", "F2", "Zoom In", "Zoom In", "zoomin"}, IfZoomChanges, Zoom},
-    {{ID_ZOOM_NORMAL, "Zoom &Normal", "F3", "Show the chart at its normal size", "Zoom Normal",
-      "zoomnormal"},
+    {{ID_ZOOM_IN, "Zoom &In", "F2 Ctrl++ Ctrl+=", "Zoom In", "Zoom In", "zoomin"},
      IfZoomChanges,
      Zoom},
-    {{ID_ZOOM_OUT, "Zoom &Out", "F4", "Zoom Out", "Zoom Out", "zoomout"}, IfZoomChanges, Zoom},
+    {{ID_ZOOM_NORMAL, "Zoom &Normal", "F3 Ctrl+0", "Show the chart at its normal size",
+      "Zoom Normal", "zoomnormal"},
+     IfZoomChanges,
+     Zoom},
+    {{ID_ZOOM_OUT, "Zoom &Out", "F4 Ctrl+-", "Zoom Out", "Zoom Out", "zoomout"},
+     IfZoomChanges,
+     Zoom},
 
     {{ID_ZOOM_FIT, "Zoom to &Fit", "Shift+F3", "Show all objects of the chart", "Zoom to Fit"},
      IfAnyObject,

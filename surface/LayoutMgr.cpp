@@ -68,9 +68,16 @@ void LayoutMgr::GetChartExtent(std::int32_t& right, std::int32_t& bottom) const 
 
 void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
-void LayoutMgr::Reveal(Shape& shape) {
-  model->SelectOnly(&shape);
-  geometry->ScrollIntoView(shape.GetBounds());
+void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
+  model->Select(shapes);
+  if (!shapes.empty()) geometry->ScrollIntoView(shapes.front()->GetBounds());
+}
+
+RECT LayoutMgr::PlaceOnScreen(const Shape& shape) const {
+  const RECT client = IntersectRect(ToClient(shape.GetBounds()), GetClientRect());
+  const POINT corner = ClientToScreen(TopLeft(client));
+  return {corner.x, corner.y, AddSat(corner.x, Saturate(Width(client))),
+          AddSat(corner.y, Saturate(Height(client)))};
 }
 
 void LayoutMgr::DeleteSelection() {

@@ -54,8 +54,10 @@ class LayoutMgr : public ChartView, public ChartText {
   /// The lower right corner of all objects, model units.
   void GetChartExtent(std::int32_t& right, std::int32_t& bottom) const;
   void BringToFront(Shape* shape);
-  /// Selects an object of the model alone and scrolls to it.
-  void Reveal(Shape& shape);
+  /// Selects objects of the model, and no others, and scrolls to the first one.
+  void Reveal(const std::vector<Shape*>& shapes);
+  /// Where on the screen the part of an object is that is in sight.
+  RECT PlaceOnScreen(const Shape& shape) const;
   /// Deletes the selected objects, if the user agrees.
   void DeleteSelection();
   bool IsOverAnchor() const override { return overAnchor; }

@@ -90,7 +90,7 @@ void DialogContainer::AddToColumn(const DialogControl& control, QWidget* child, 
 void DialogContainer::AddToRow(const DialogControl& control, QWidget* child, QLabel* label,
                                Growth growth) {
   // Buttons stand at the right.
-  if (control.kind == Kind::Button && !hasButton) row->addStretch(1);
+  if (control.kind == Kind::Button && !hasButton && !hasWide) row->addStretch(1);
   hasButton |= control.kind == Kind::Button;
   if (label != nullptr) row->addWidget(label);
   row->addWidget(child, growth.wide ? 1 : 0);

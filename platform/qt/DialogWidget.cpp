@@ -1,6 +1,7 @@
 #include "platform/qt/DialogWidget.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 
 #include "drawing/qt/QtText.h"
@@ -44,6 +45,27 @@ class ButtonWidget : public DialogWidget {
   QPushButton* button;
 };
 
+/// A text that comes and goes, with room for two lines.
+class TextWidget : public DialogWidget {
+ public:
+  explicit TextWidget(QWidget* parent) : label(new QLabel(parent)) {
+    constexpr int lines = 2;
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setMinimumHeight(label->fontMetrics().lineSpacing() * lines);
+  }
+  QWidget* Widget() override { return label; }
+  void Take(DialogControl&) override {}
+  void Show(const DialogControl& control) override {
+    label->setText(ToQString(control.text));
+    // Who listens instead of looking hears it.
+    label->setAccessibleName(label->text());
+  }
+
+ private:
+  QLabel* label;
+};
+
 }  // namespace
 
 QString ShownLabel(const DialogControl& control) { return ToQString(Worded(control.label)); }
@@ -59,6 +81,7 @@ std::unique_ptr<DialogWidget> DialogWidget::Make(const DialogControl& control, Q
       if (!control.paintItem) return std::make_unique<TextCombo>(control, parent, onClick);
       return std::make_unique<ComboWidget>(control, parent, std::move(onClick));
     case Kind::List: return std::make_unique<RowList>(control, parent, std::move(onClick));
+    case Kind::Text: return std::make_unique<TextWidget>(parent);
     default: return std::make_unique<ButtonWidget>(control, parent, onClick);
   }
 }

@@ -1,6 +1,9 @@
 #include "platform/qt/QtDialogWindow.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
+#include <utility>
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -76,7 +79,7 @@ QtDialogWindow::~QtDialogWindow() { dialog.SetWindow(nullptr); }
 void QtDialogWindow::MarkGrowth() {
   for (const DialogControl& control : dialog.Controls()) {
     const bool isTall = control.kind == Kind::MultiEdit || control.kind == Kind::List;
-    if (!isTall && control.kind != Kind::Edit) continue;
+    if (!isTall && control.kind != Kind::Edit && control.kind != Kind::Text) continue;
     for (int id = control.id; id != kWholeDialog; id = dialog.Control(id).parent) {
       wide.insert(id);
       if (isTall) tall.insert(id);
@@ -112,8 +115,10 @@ void QtDialogWindow::AddWidget(const DialogControl& control) {
   const int id = control.id;
   auto made = DialogWidget::Make(control, parent.Widget(), [this, id] { OnClick(id); });
   QWidget* widget = made->Widget();
-  widget->setObjectName(QStringLiteral("control%1").arg(id));
-  widget->setAccessibleName(SpokenName(control));
+  if (control.kind != Kind::Text) {
+    widget->setObjectName(QStringLiteral("control%1").arg(id));
+    widget->setAccessibleName(SpokenName(control));
+  }
   parent.Add(control, WithFixedTexts(control, widget, parent.Widget()), widget, GrowthOf(id));
   widgets.push_back({id, std::move(made)});
 }
@@ -161,6 +166,34 @@ void QtDialogWindow::FocusOn(int id) {
   if (entry == widgets.end()) return;
   entry->widget->Widget()->setFocus();
   entry->widget->SelectAll();
+}
+
+/// Moves no further than it has to; where there is no room to clear the place, to the edge of the
+/// screen that leaves most of it free.
+void QtDialogWindow::KeepOff(const RECT& place) {
+  constexpr int margin = 8;
+  const QRect shown = QRect(QPoint(place.left, place.top), QPoint(place.right, place.bottom))
+                          .adjusted(-margin, -margin, margin, margin);
+  const QRect frame = frameGeometry();
+  if (!frame.intersects(shown)) return;
+  const QRect room = screen()->availableGeometry();
+  const std::array corners{
+      QPoint(shown.left() - frame.width(), frame.top()), QPoint(shown.right() + 1, frame.top()),
+      QPoint(frame.left(), shown.top() - frame.height()), QPoint(frame.left(), shown.bottom() + 1)};
+  QPoint best = frame.topLeft();
+  std::pair<int, int> least{std::numeric_limits<int>::max(), 0};  // what is hidden, and how far
+  for (const QPoint& corner : corners) {
+    const QPoint kept(
+        std::max(room.left(), std::min(corner.x(), room.right() - frame.width() + 1)),
+        std::max(room.top(), std::min(corner.y(), room.bottom() - frame.height() + 1)));
+    const QRect hidden = QRect(kept, frame.size()) & shown;
+    const std::pair cost{hidden.width() * hidden.height(),
+                         (kept - frame.topLeft()).manhattanLength()};
+    if (cost >= least) continue;
+    least = cost;
+    best = kept;
+  }
+  move(best);
 }
 
 void QtDialogWindow::End() { done(QDialog::Accepted); }

@@ -25,6 +25,7 @@ class QtDialogWindow : public QDialog, public DialogWindow {
   void Refresh() override;
   void FocusOn(int id) override;
   void End() override;
+  void KeepOff(const RECT& place) override;
   /// Escape and the title bar's button.
   void reject() override;
 

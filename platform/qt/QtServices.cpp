@@ -17,6 +17,7 @@ QtServices::QtServices(Use use) {
     Service<MessageBoxes>::Set(&messageBoxes);
     Service<PopupMenus>::Set(&popupMenus);
     Service<Printing>::Set(&printing);
+    Service<TextSearch>::Set(&textSearch);
     Service<UiThread>::Set(&uiThread);
     Service<ShellOpen>::Set(&shellOpen);
     Service<WaitCursors>::Set(&waitCursors);
@@ -29,6 +30,7 @@ QtServices::~QtServices() {
   Service<WaitCursors>::Set(nullptr);
   Service<ShellOpen>::Set(nullptr);
   Service<UiThread>::Set(nullptr);
+  Service<TextSearch>::Set(nullptr);
   Service<Printing>::Set(nullptr);
   Service<PopupMenus>::Set(nullptr);
   Service<MessageBoxes>::Set(nullptr);

@@ -12,6 +12,7 @@
 #include "platform/qt/QtPopupMenus.h"
 #include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtShellOpen.h"
+#include "platform/qt/QtTextSearch.h"
 #include "platform/qt/QtUiThread.h"
 #include "platform/qt/QtWaitCursors.h"
 
@@ -40,6 +41,7 @@ class QtServices {
   QtPictures pictures;
   QtPopupMenus popupMenus;
   QtPrinting printing;
+  QtTextSearch textSearch;
   QtUiThread uiThread;
   QtShellOpen shellOpen;
   QtWaitCursors waitCursors;

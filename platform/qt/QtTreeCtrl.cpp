@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -139,6 +140,7 @@ void QtTreeCtrl::BringUp(const QModelIndex& index) {
   const int sideways = horizontalScrollBar()->value();
   scrollTo(index);
   horizontalScrollBar()->setValue(sideways);
+  if (staysLeft) return;
   const QRect label = LabelRect(index);
   const int right = label.right() - viewport()->width() + 1;
   const int left = std::min(label.left(), std::max(right, 0));
@@ -184,6 +186,8 @@ void QtTreeCtrl::keyPressEvent(QKeyEvent* event) {
       tree.OnKeyDown(VirtualKey::Delete)) {
     return event->accept();
   }
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isReturn && tree.OnReturn()) return event->accept();
   if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
     event->accept();
     return OpenMenu();
@@ -222,11 +226,13 @@ void QtTreeCtrl::SyncFor(const QEvent& event) {
 }
 
 bool QtTreeCtrl::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress) staysLeft = false;
   SyncFor(*event);
   return QTreeView::event(event);
 }
 
 bool QtTreeCtrl::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) staysLeft = false;
   SyncFor(*event);
   return QTreeView::viewportEvent(event);
 }

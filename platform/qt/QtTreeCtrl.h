@@ -21,6 +21,8 @@ class QtTreeCtrl : public QTreeView {
 
   /// Shows the tree as it is now.
   void Sync();
+  /// Stays at its left edge, whatever is selected, until the user works with the window.
+  void StartAtLeft() { staysLeft = true; }
   QSize sizeHint() const override;
 
  protected:
@@ -57,7 +59,8 @@ class QtTreeCtrl : public QTreeView {
   QTimer syncTimer;
   int scrolledTo = 0;            ///< where the window stood when the tree began to change
   bool bringSelectedUp = false;  ///< at the next look
-  bool showing = false;          ///< the window follows the tree, not the user
+  bool staysLeft = false;
+  bool showing = false;  ///< the window follows the tree, not the user
 };
 
 }  // namespace morvane

@@ -63,6 +63,12 @@ QStringList LocalPaths(const QMimeData* data) {
   return paths;
 }
 
+/// Whatever the program that the files come from proposes: one that hears of a move deletes them.
+void AcceptAsCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+}
+
 }  // namespace
 
 CMainFrame::CMainFrame(Factories factories) : area(new QMdiArea(this)) {
@@ -334,13 +340,13 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
-  if (!IsBusy() && !LocalPaths(event->mimeData()).isEmpty()) event->acceptProposedAction();
+  if (!IsBusy() && !LocalPaths(event->mimeData()).isEmpty()) AcceptAsCopy(*event);
 }
 
 void CMainFrame::dropEvent(QDropEvent* event) {
   const QStringList paths = LocalPaths(event->mimeData());
   if (IsBusy() || paths.isEmpty()) return;
-  event->acceptProposedAction();
+  AcceptAsCopy(*event);
   // Behind the drop: the program that the files come from waits for its end, and must not wait for
   // a message about one of them.
   QTimer::singleShot(0, this, [this, paths] { OpenDropped(paths); });

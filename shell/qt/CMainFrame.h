@@ -108,6 +108,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   void EndGestures();
   void OpenDropped(const QStringList& paths);
   QWidget* PartOf(unsigned id) const;
+  void Cascade();
   void ArrangeIcons();
 
   DialogEditors editors;

@@ -1,6 +1,9 @@
+#include <algorithm>
+
 #include <QApplication>
 #include <QMdiArea>
 #include <QStatusBar>
+#include <QStyle>
 
 #include "platform/CScrollView.h"
 #include "platform/qt/QtTreeCtrl.h"
@@ -76,9 +79,36 @@ void CMainFrame::FocusPane(int step) {
 
 void CMainFrame::ArrangeWindows(Arrangement arrangement) {
   switch (arrangement) {
-    case Arrangement::Cascade: area->cascadeSubWindows(); break;
+    case Arrangement::Cascade: Cascade(); break;
     case Arrangement::Tile: area->tileSubWindows(); break;
     case Arrangement::Icons: ArrangeIcons(); break;
+  }
+}
+
+/// Each window stands one title bar below the one behind it. Where there is no room left downwards
+/// another row begins at the top, further to the right.
+void CMainFrame::Cascade() {
+  QList<QMdiSubWindow*> windows = area->subWindowList(QMdiArea::StackingOrder);
+  windows.removeIf(
+      [](const QWidget* window) { return window->isMinimized() || window->isHidden(); });
+  if (windows.isEmpty()) return;
+  for (QMdiSubWindow* window : windows) {
+    if (window->isMaximized()) window->showNormal();
+  }
+  const QMdiSubWindow* any = windows.first();
+  const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, any) +
+                   style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, any);
+  const QSize room = area->viewport()->size();
+  const int count = static_cast<int>(windows.size());
+  const int inRow = std::clamp(room.height() / 2 / step + 1, 1, count);
+  const int rows = (count + inRow - 1) / inRow;
+  // In several rows the windows of one stand straight below each other, and hide no other's titles.
+  const QSize shift(rows > 1 ? 0 : step, step);
+  const int aside = room.width() / 2 / rows;
+  const QSize size = room - shift * (inRow - 1) - QSize(aside * (rows - 1), 0);
+  for (int i = 0; i < count; ++i) {
+    const QPoint corner(i / inRow * aside + i % inRow * shift.width(), i % inRow * shift.height());
+    windows[i]->setGeometry({corner, size});
   }
 }
 

@@ -7,6 +7,7 @@
 #include "platform/Profile.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "resources/Texts.h"
+#include "shell/qt/DockTitle.h"
 
 namespace morvane {
 
@@ -26,6 +27,8 @@ ChartBrowserPane::ChartBrowserPane(std::function<void(const std::string& path)> 
   setObjectName("chartBrowser");
   window->setAccessibleName(windowTitle());
   setWidget(window);
+  KeepTitleWhole(*this);
+  window->StartAtLeft();
   tree.InitTree(true);
   tree.OpenCallback = std::move(open);
 }

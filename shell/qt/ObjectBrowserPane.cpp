@@ -5,6 +5,7 @@
 #include "drawing/qt/QtText.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "resources/Texts.h"
+#include "shell/qt/DockTitle.h"
 #include "surface/LayoutMgr.h"
 
 namespace morvane {
@@ -23,6 +24,7 @@ ObjectBrowserPane::ObjectBrowserPane(LayoutMgr* chart, QWidget* parent)
   window->setAccessibleName(windowTitle());
   window->setRootIsDecorated(false);
   setWidget(window);
+  KeepTitleWhole(*this);
   if (chart != nullptr) chart->SetObjectTree(&tree);
 }
 

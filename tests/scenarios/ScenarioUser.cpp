@@ -37,6 +37,8 @@ Lines Shown(const Dialog& dialog, const DialogControl& control) {
   switch (control.kind) {
     case Kind::Edit:
     case Kind::MultiEdit: return {label + " \"" + Escaped(control.text) + "\""};
+    case Kind::Text:
+      return control.text.empty() ? Lines() : Lines{"says \"" + Escaped(control.text) + "\""};
     case Kind::CheckBox: return {(control.checked ? "[x] " : "[ ] ") + label};
     case Kind::Button: return {"<" + label + ">"};
     case Kind::Combo:

@@ -30,7 +30,7 @@ struct AllDialogs {
   LayoutMgrPropDlg model;
   CCodegenSheet sheet;
   PreferencesDlg preferences{{"English"}};
-  FindReplaceDlg find{chart.GetModel()};
+  FindReplaceDlg find{{chart.GetModel(), chart.GetProperties()}};
   CGenerateCppDlg generator{GeneratorKind::Cpp};
   CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
   std::vector<Dialog*> list{&state, &mesg,  &line, &printer,   &event,    &texts,      &note,

@@ -1,7 +1,11 @@
+#include <QScrollBar>
+#include <QStyleOptionDockWidget>
+
 #include "connectors/NewObjects.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "shell/MenuTable.h"
 #include "shell/qt/ChartBrowserPane.h"
+#include "shell/qt/DockTitle.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "tests/ui/MainWindow.h"
 
@@ -24,7 +28,8 @@ class ChartWindows : public MainWindow<CMorvaneDoc, LayoutMgr> {
     }
     return enabled;
   }
-  CDirTreeCtrl& Folders() { return frame->findChild<ChartBrowserPane*>()->Tree(); }
+  ChartBrowserPane& Browser() { return *frame->findChild<ChartBrowserPane*>(); }
+  CDirTreeCtrl& Folders() { return Browser().Tree(); }
   std::string SelectedPath() { return Folders().PathOfItem(*Folders().Selected()); }
 };
 
@@ -100,12 +105,35 @@ TEST_F(ChartWindows, TheChartBrowserOpensChartsAndComesBackToItsFolder) {
   std::filesystem::copy(MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv", folder.Path("charts"));
   Folders().SelectPath(folder.Path("charts"));
   Folders().Select(Folders().Selected()->FirstChild());
-  Folders().OnLButtonDblClk();
+  SendKey(Browser().Window(), Qt::Key_Return);
   EXPECT_EQ(Title(), "Lift.mrv - Morvane");
   Folders().Select(Folders().Selected()->Parent());
   EXPECT_TRUE(frame->close());
   Start();
   EXPECT_EQ(SelectedPath(), folder.Path("charts"));
+  const QScrollBar& sideways = *Browser().Window().horizontalScrollBar();
+  Browser().Window().setFixedWidth(60);
+  QApplication::processEvents();
+  EXPECT_GT(sideways.maximum(), 0);
+  EXPECT_EQ(sideways.value(), 0);
+  for (const bool isOpen : {false, true}) {
+    SendKey(Browser().Window(), Qt::Key_Return);
+    EXPECT_EQ(Folders().Selected()->IsExpanded(), isOpen);
+  }
+}
+
+TEST_F(ChartWindows, ThePanesAreAsWideAsTheirTitles) {
+  Open();
+  for (QDockWidget* pane : frame->findChildren<QDockWidget*>()) {
+    pane->setWindowTitle(pane->windowTitle() + " of all that there is");
+    KeepTitleWhole(*pane);
+    QApplication::processEvents();
+    QStyleOptionDockWidget option;
+    option.initFrom(pane);
+    option.closable = option.floatable = true;
+    const QRect room = pane->style()->subElementRect(QStyle::SE_DockWidgetTitleBarText, &option);
+    EXPECT_GE(room.width(), pane->fontMetrics().horizontalAdvance(pane->windowTitle()));
+  }
 }
 
 }  // namespace

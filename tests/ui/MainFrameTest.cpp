@@ -88,7 +88,9 @@ TEST_F(MainFrameTest, EntriesKeysAndButtonsFollowTheirCommands) {
   PressKey(Qt::Key_F2, Qt::NoModifier);  // of the disabled command
   PressKey(Qt::Key_F5, Qt::NoModifier);
   PressKey(Qt::Key_Backspace, Qt::AltModifier);
-  EXPECT_EQ(view.commands, (std::vector<unsigned>{ID_ZOOM_OUT, ID_REFRESH, ID_EDIT_UNDO}));
+  PressKey(Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(view.commands,
+            (std::vector<unsigned>{ID_ZOOM_OUT, ID_REFRESH, ID_EDIT_UNDO, ID_ZOOM_OUT}));
   view.asked = 0;
   EXPECT_TRUE(frame->RunCommand(ID_REFRESH));
   EXPECT_FALSE(frame->RunCommand(ID_ZOOM_IN));
@@ -248,13 +250,35 @@ TEST_F(MainFrameTest, DroppedFilesOpen) {
   QMimeData files;
   files.setUrls({QUrl::fromLocalFile("/x/One.mrv"), QUrl("https://example.org/no.mrv"),
                  QUrl::fromLocalFile("/x/Two.mrv")});
-  QDragEnterEvent enter({50, 50}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(frame.get(), &enter);
-  EXPECT_TRUE(enter.isAccepted());
-  QDropEvent drop({50, 50}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(frame.get(), &drop);
+  // With Shift a file manager proposes to move them.
+  const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+  QDragEnterEvent enter({50, 50}, offered, &files, Qt::LeftButton, Qt::ShiftModifier);
+  QDropEvent drop({50, 50}, offered, &files, Qt::LeftButton, Qt::ShiftModifier);
+  for (QDropEvent* event : {static_cast<QDropEvent*>(&enter), &drop}) {
+    ASSERT_EQ(event->proposedAction(), Qt::MoveAction);
+    QCoreApplication::sendEvent(frame.get(), event);
+    EXPECT_TRUE(event->isAccepted());
+    EXPECT_EQ(event->dropAction(), Qt::CopyAction);
+  }
   QApplication::processEvents();
   EXPECT_EQ(OpenCharts(), 2U);
+}
+
+TEST_F(MainFrameTest, ACascadeShowsEachTitleWhateverLiesInFront) {
+  QList<QMdiSubWindow*> windows;
+  for (const int count : {3, 20}) {
+    while (OpenCharts() < static_cast<std::size_t>(count)) Open(std::to_string(OpenCharts()));
+    windows = frame->Area().subWindowList();
+    frame->Area().setActiveSubWindow(windows[1]);
+    frame->RunCommand(ID_WINDOW_CASCADE);
+    QApplication::processEvents();
+    for (const QMdiSubWindow* window : windows) {
+      constexpr int letters = 40;
+      const QPoint title = window->pos() + QPoint(letters, 8);
+      EXPECT_EQ(frame->Area().viewport()->childAt(title), window) << count;
+      EXPECT_TRUE(frame->Area().viewport()->rect().contains(window->geometry())) << count;
+    }
+  }
 }
 
 TEST_F(MainFrameTest, TheKeyboardGoesFromPaneToPane) {
