@@ -27,6 +27,7 @@ constexpr Mark kMarks[] = {
     // n log n: ten times the objects, each at 4/3 of the cost.
     {"delete everything, to a chart of 1,000", "DeleteAll/10000", "DeleteAll/1000", 13.4},
     {"keep an edit of 10,000 objects for recovery, seconds", "KeepUnsaved/10000", nullptr, 0.001},
+    {"lay a route through 1,000 objects, seconds", "LayRoute/1000", nullptr, 0.001},
     {"start to the first paint of an empty chart, seconds", "Start", nullptr, 0.4},
     {"open 50,000 objects, seconds", "Open/50000", nullptr, 3},
     {"an event in generated C, to a switch by hand", "GeneratedC", "ByHand", 1.5},

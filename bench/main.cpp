@@ -11,7 +11,9 @@
 #include "bench/ChartGenerator.h"
 #include "bench/Marks.h"
 #include "bench/OpenChart.h"
+#include "connectors/OrthogonalRouter.h"
 #include "connectors/RouteCrossing.h"
+#include "model/AnchorKey.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "persistence/CMorvaneDoc.h"
@@ -258,6 +260,26 @@ void SearchSpiral(benchmark::State& state) {
   }
 }
 
+/// One route from a state to one far away, with all states between them in its way.
+void LayRoute(benchmark::State& state) {
+  OpenChart chart(ChartOf(state));
+  std::vector<RECT> states;
+  for (const Shape* shape : chart.View().GetModel().Objects()) {
+    if (shape->GetLayer() == LAYER_STATE) states.push_back(shape->GetBounds());
+  }
+  std::size_t pick = 0;
+  for (auto _ : state) {
+    constexpr std::size_t stride = 7;
+    pick = (pick + stride) % states.size();
+    std::vector<RECT> others = states;
+    const std::vector<RECT> own{others[pick], others[(pick + others.size() / 2) % others.size()]};
+    std::erase_if(others, [&](const RECT& r) { return r == own[0] || r == own[1]; });
+    const RouteEnd from{{own[0].right, Middle(own[0].top, own[0].bottom)}, SIDE_RIGHT};
+    const RouteEnd to{{own[1].left, Middle(own[1].top, own[1].bottom)}, SIDE_LEFT};
+    benchmark::DoNotOptimize(FindOrthogonalRoute(from, to, own, others));
+  }
+}
+
 constexpr int kSmall = 100;
 constexpr int kMiddle = 1000;
 constexpr int kLarge = 10000;
@@ -287,6 +309,7 @@ void Register() {
   OnCharts(add("KeepUnsaved", KeepUnsaved));
   OnCharts(add("DeleteAll", DeleteAll))->UseManualTime()->Iterations(few);
   OnCharts(add("SearchSpiral", SearchSpiral));
+  add("LayRoute", LayRoute)->Arg(kMiddle)->Unit(benchmark::kMicrosecond);
   add("ExportPng", ExportPng)->Arg(kMiddle)->Unit(benchmark::kMillisecond);
   add("Memory", Memory)->Arg(kLarge)->Iterations(1);
   add("Start", Start)->UseManualTime()->Iterations(few)->Unit(benchmark::kMillisecond);

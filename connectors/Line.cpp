@@ -129,6 +129,8 @@ void Line::BuildRegion() {
   NoteView();
 }
 
+RECT Line::GetMoveBounds() const { return NormalizeRect({start.x, start.y, end.x, end.y}); }
+
 RECT Line::GetPaintBounds() const {
   return InflateRect(NormalizeRect({start.x, start.y, end.x, end.y}), kBoundsMargin);
 }
@@ -177,7 +179,7 @@ void Line::OnBroadcast(int op, void* arg) {
 void Line::MoveBy(POINT offset) {
   BuildRegion();
   for (Connectable** shape : {&startShape, &endShape}) {
-    if (*shape == nullptr || (*shape)->IsSelected()) continue;
+    if (*shape == nullptr || (*shape)->MovesAlong()) continue;
     (*shape)->RemoveConnector(this);
     *shape = nullptr;
   }

@@ -37,7 +37,8 @@ class Line : public ComplexShape, public Connector {
 
   void OnConnectableMoved(Connectable* moved) override;
   void OnConnectableGone(Connectable* gone) override;
-  bool IsSelected() const override { return IsInSelection(); }
+  bool MovesAlong() const override { return Shape::MovesAlong(); }
+  RECT GetMoveBounds() const override;
 
   /// The squares on the ends, device pixels.
   RECT GetStartHandle() const;

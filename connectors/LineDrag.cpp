@@ -41,8 +41,8 @@ void Line::DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT pr
   PointTracker tracker(this, ForwardDragMove, true);
   tracker.fixedPoint = tracker.movingPoint = view->ToClient(other);
   if (!tracker.Track(view, press)) return;
-  const POINT drop =
-      offer ? *offer.shape->AnchorAt(offer.key) : view->ToAbsolute(tracker.movingPoint);
+  const POINT drop = offer ? *offer.shape->AnchorAt(offer.key)
+                           : ChartView::OnChart(view->ToAbsolute(tracker.movingPoint));
   if (drop == other) return;
 
   BuildRegion();
@@ -58,7 +58,7 @@ void Line::DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT pr
 
 void Line::DragWhole(POINT press) {
   PointTracker tracker(this, ForwardDragMove, true);
-  DragSelection(tracker, *view, press);
+  DragSelection(tracker, *mgr, press);
 }
 
 void Line::OnDragMove(POINT& client) {

@@ -140,13 +140,22 @@ std::vector<ChainRecord> LinkChain::Records() const {
 }
 
 std::vector<POINT> LinkChain::Points() const {
-  std::vector<POINT> points{head->start};
-  for (const Link* link = head; link != nullptr; link = link->next) points.push_back(link->end);
+  std::vector<POINT> points{head->start, head->end};
+  const auto add = [&points](POINT p) {
+    const auto inLine = [&](std::int32_t POINT::*c) {
+      return points.back().*c == p.*c && points[points.size() - 2].*c == p.*c;
+    };
+    while (points.size() > 2 && (inLine(&POINT::x) || inLine(&POINT::y))) points.pop_back();
+    points.push_back(p);
+  };
+  for (const Link* link = head->next; link != tail; link = link->next) add(link->end);
+  points.push_back(tail->end);
   return points;
 }
 
 bool LinkChain::Untangle() {
   Straighten();
+  MergeTwins();
   for (int i = 0; i < kMaxCrossings; ++i) {
     if (RemoveCrossing()) return true;
   }
@@ -158,6 +167,21 @@ void LinkChain::Straighten() {
     link = MendSegment(static_cast<SegmentLink*>(link));
   }
   if (tail->prev->end != tail->start) JoinTail(tail->start, tail->end);
+}
+
+void LinkChain::MergeTwins() {
+  for (Link* link = head->next; link != tail;) {
+    if (link->next->kind != link->kind) {
+      link = link->next;
+      continue;
+    }
+    auto* segment = static_cast<SegmentLink*>(link);
+    segment->AbsorbNext();
+    if (segment->start != segment->end) continue;
+    // The one doubled back on the other. What meets now can be of one kind too.
+    segment->Collapse();
+    link = head->next;
+  }
 }
 
 bool LinkChain::RemoveCrossing() {
@@ -180,6 +204,7 @@ bool LinkChain::RemoveCrossing() {
   last->prev = first;
   first->SetEnds(first->start, crossing->point);
   last->SetEnds(crossing->point, last->end);
+  MergeTwins();
   return false;
 }
 

@@ -34,13 +34,17 @@ class LinkChain {
   /// The link in the middle, from which a message hangs; null in an empty chain.
   const Link* Middle() const;
   std::vector<ChainRecord> Records() const;
-  /// The start of the head, then the end of each link.
+  /// The anchors, the stub points, and between them the corners where the route turns: a file can
+  /// hold links that go on in one line, or back on it.
   std::vector<POINT> Points() const;
 
   /// Makes a chain that was recorded with gaps or slants continuous and rectilinear. A sound chain
   /// stays as it is.
   void Straighten();
-  /// Does the same and cuts out all loops. False, and nothing sound, if the route is beyond repair.
+  /// Makes one of neighbours of one kind.
+  void MergeTwins();
+  /// Makes the chain continuous and rectilinear, merges twins and cuts out all loops. False, and
+  /// nothing sound, if the route is beyond repair.
   bool Untangle();
   /// Cuts out the loop at the first place where the route crosses itself. True: there was none.
   bool RemoveCrossing();

@@ -97,23 +97,26 @@ void Mesg::RefreshAnchors() {
 
 RECT Mesg::GetStickHandle() const { return HandleSquare(view->ToClient(GetCentre()), kStickReach); }
 
-/// The label of the route in model units, less the scroll position.
-POINT Mesg::LabelPoint() const { return view->ToModel(CentreOf(transition->GetLabelRect())); }
+void Mesg::PutOn(POINT label) { MoveTo(rect + (label - GetCentre())); }
+
+bool Mesg::StandsOn(POINT label) const { return StandsOn(rect, label); }
+
+bool Mesg::StandsOn(const RECT& box, POINT label) {
+  const POINT way = label - CentreOf(box);
+  return way == POINT{} || box == PlaceOnChart(box + way);
+}
 
 void Mesg::Align() {
-  if (transition == nullptr) return;
-  POINT offset = LabelPoint() - view->SubScroll(GetCentre());
-  OnBroadcast(BROADCAST_MOVE, &offset);
+  if (transition != nullptr) PutOn(transition->LabelPoint());
 }
 
-bool Mesg::IsAligned() const {
-  return transition != nullptr && LabelPoint() == view->SubScroll(GetCentre());
-}
+bool Mesg::IsAligned() const { return transition != nullptr && StandsOn(transition->LabelPoint()); }
 
 void Mesg::OnRectChanged(const RECT& old, bool sized) {
-  const bool stuck =
-      sized && transition != nullptr && LabelPoint() == view->SubScroll(CentreOf(old));
-  if (stuck) Align();
+  if (sized && transition != nullptr) {
+    const POINT label = transition->LabelPoint();
+    if (StandsOn(old, label)) PutOn(label);
+  }
   ConnectableRectShape::OnRectChanged(old, sized);
 }
 

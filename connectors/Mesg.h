@@ -48,6 +48,10 @@ class Mesg : public ConnectableRectShape {
   void EditText();
   /// Puts the box on the label of the route.
   void Align();
+  /// Puts the centre on a point of the chart, or as near to it as the chart's edge lets the box.
+  void PutOn(POINT label);
+  /// The box stands where `PutOn` would put it.
+  bool StandsOn(POINT label) const;
   /// The box stands on the label. A message without a transition has none to stand on.
   bool IsAligned() const;
 
@@ -64,9 +68,9 @@ class Mesg : public ConnectableRectShape {
   Layer GetClassLayer() const override { return LAYER_MESG; }
 
  private:
+  static bool StandsOn(const RECT& box, POINT label);
   void ResolveTransition();
   void EditProperties();
-  POINT LabelPoint() const;
   bool IsOnStickHandle(POINT client) const;
 
   EventEditorBox text;

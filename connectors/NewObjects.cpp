@@ -1,8 +1,10 @@
 #include "connectors/NewObjects.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
+#include "connectors/ChartRouter.h"
 #include "connectors/Line.h"
 #include "connectors/Mesg.h"
 #include "connectors/Note.h"
@@ -29,6 +31,9 @@ POINT ModelPointOfDrop(const ModelMgr& model, POINT& client) {
   return model.GetView()->ToModel(client);
 }
 
+/// The nearest point of the chart around which there is room on the left and above.
+POINT WithRoom(POINT p, POINT reach) { return {std::max(p.x, reach.x), std::max(p.y, reach.y)}; }
+
 /// An object of a class whose new ones have a default rectangle.
 template <class Made, class... Rest>
 Made* InsertAt(ModelMgr& model, POINT& client, Rest... rest) {
@@ -40,7 +45,7 @@ Made* InsertAt(ModelMgr& model, POINT& client, Rest... rest) {
 }
 
 Transition* NewTransition(ModelMgr& model, POINT& client) {
-  const POINT p = ModelPointOfDrop(model, client);
+  const POINT p = WithRoom(ModelPointOfDrop(model, client), kNewTransitionReach);
   auto made = std::make_unique<Transition>(model.NextId(), model.GetView(), p - kNewTransitionReach,
                                            p + kNewTransitionReach);
   Transition* transition = made.get();
@@ -67,7 +72,7 @@ void InsertNote(ModelMgr& model, POINT& client) { InsertAt<Note>(model, client);
 void InsertTransition(ModelMgr& model, POINT& client) { NewTransition(model, client); }
 
 void InsertLine(ModelMgr& model, POINT& client) {
-  const POINT p = ModelPointOfDrop(model, client);
+  const POINT p = WithRoom(ModelPointOfDrop(model, client), {kNewLineReach, kNewLineReach});
   model.Adopt(std::make_unique<Line>(model.NextId(), model.GetView(),
                                      p + POINT{-kNewLineReach, kNewLineReach},
                                      p + POINT{kNewLineReach, -kNewLineReach}));
@@ -102,6 +107,7 @@ void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
   } else {
     transition->MoveTargetFree(endPoint->x, endPoint->y);
   }
+  if (transition->RunsThroughOwnState()) transition->Reroute(ChartRouter(model));
 }
 
 }  // namespace morvane

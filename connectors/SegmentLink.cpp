@@ -98,8 +98,6 @@ void SegmentLink::AbsorbNext() {
   end = behind->start;
 }
 
-/// Takes this link, which has no length, out of the chain. Where that makes neighbours of one kind
-/// meet they become one link, and if that one doubles back on itself it may have no length either.
 void SegmentLink::Collapse() {
   SegmentLink* empty = this;
   while (true) {

@@ -25,6 +25,9 @@ class SegmentLink : public Link {
   /// Takes the place of a neighbour of the same kind too, up to what lies behind it.
   void AbsorbPrev();
   void AbsorbNext();
+  /// Takes a link without length out of the chain. Where that makes neighbours of one kind meet
+  /// they become one link, and if that one doubles back on itself it may have no length either.
+  void Collapse();
 
   /// Makes a segment and puts it between two neighbours. Nothing is made between equal points.
   static void Insert(LinkKind kind, Link* prev, Link* next, POINT start, POINT end);
@@ -32,9 +35,6 @@ class SegmentLink : public Link {
 
  protected:
   using Link::Link;
-
- private:
-  void Collapse();
 };
 
 }  // namespace morvane

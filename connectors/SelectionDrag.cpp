@@ -1,20 +1,19 @@
 #include "connectors/SelectionDrag.h"
 
 #include "model/ChartView.h"
-#include "model/Collectable.h"
-#include "model/Collection.h"
+#include "model/GroupMove.h"
+#include "model/ModelMgr.h"
 #include "model/PointTracker.h"
 
 namespace morvane {
 
-void DragSelection(PointTracker& tracker, ChartView& view, POINT press) {
+void DragSelection(PointTracker& tracker, ModelMgr& model, POINT press) {
   tracker.fixedPoint = tracker.movingPoint = press;
-  Collection& selection = view.GetSelection();
-  if (tracker.Track(&view, press)) {
-    POINT offset = view.ToModel(tracker.movingPoint) - view.ToModel(press);
-    if (offset != POINT{}) selection.Broadcast(BROADCAST_MOVE, &offset, nullptr);
-  }
-  selection.Broadcast(BROADCAST_END_GHOST, nullptr, nullptr);
+  ChartView& view = *model.GetView();
+  const bool dropped = tracker.Track(&view, press);
+  const GroupMove move(model);
+  if (dropped) move.Move(view.ToModel(tracker.movingPoint) - view.ToModel(press));
+  move.EndGhost(nullptr);
 }
 
 }  // namespace morvane

@@ -9,6 +9,7 @@
 #include "connectors/RouteSketch.h"
 #include "connectors/TailLink.h"
 #include "model/ChartView.h"
+#include "model/GroupMove.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "model/ShapeGeometry.h"
@@ -139,9 +140,23 @@ void Transition::OnTargetMoved() {
   if (anchor != nullptr) MoveTargetEnd(*anchor);
 }
 
+void Transition::OnBothEndsMoved() {
+  const RouteEnd from = SourceEnd();
+  const RouteEnd to = TargetEnd();
+  const POINT way = from.anchor - chain.Head()->start;
+  if (to.anchor - chain.Tail()->end != way) {
+    MoveSourceEnd(from.anchor);
+    MoveTargetEnd(to.anchor);
+  } else if (way != POINT{}) {
+    BuildRegion();
+    chain.Head()->Offset(way);
+    RefreshRoute();
+  }
+}
+
 void Transition::MoveTargetFree(std::int32_t x, std::int32_t y) {
   if (target != nullptr) target->RemoveTransition(this);
-  MoveTargetEnd(view->ToAbsolute({x, y}));
+  MoveTargetEnd(FreePlace(view->ToAbsolute({x, y}), targetKey.side));
 }
 
 void Transition::DetachSource() {
@@ -194,10 +209,16 @@ void Transition::OnBroadcast(int op, void* arg) {
 void Transition::MoveBy(POINT offset) {
   BuildRegion();
   InvalidateEnds();
-  if (source != nullptr && !source->IsSelected()) source->RemoveTransition(this);
-  if (target != nullptr && !target->IsSelected()) target->RemoveTransition(this);
+  if (source != nullptr && !source->MovesAlong()) source->RemoveTransition(this);
+  if (target != nullptr && !target->MovesAlong()) target->RemoveTransition(this);
   chain.Head()->Offset(offset);
   RefreshRoute();
+}
+
+void Transition::AddCompanions(GroupMove& move) {
+  const bool whole =
+      source != nullptr && target != nullptr && move.Contains(source) && move.Contains(target);
+  if (mesg != nullptr && whole) move.Add(mesg);
 }
 
 void Transition::OnCommand(unsigned command) {

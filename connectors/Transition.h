@@ -7,6 +7,7 @@
 #include "connectors/ChainRecord.h"
 #include "connectors/LinkChain.h"
 #include "connectors/MetafileStamp.h"
+#include "connectors/OrthogonalRouter.h"
 #include "connectors/RoutePainter.h"
 #include "model/AnchorKey.h"
 #include "model/AnchorOffer.h"
@@ -14,6 +15,7 @@
 
 namespace morvane {
 
+class ChartRouter;
 class EndableState;
 class Mesg;
 class StartableState;
@@ -41,10 +43,11 @@ class Transition : public StateTransition {
   void DrawOnScreen(CDC& dc) override;
   void DrawMarks(CDC& window) override;
   bool HitTest(const POINT& client) const override;
-  /// Without a label that has no place on the route.
-  RECT GetBounds() const override;
-  RECT GetPaintBounds() const override;
+  RECT GetPaintBounds() const override { return bounds; }
   RECT GetPaperBounds() const override { return bounds; }
+  RECT GetMoveBounds() const override;
+  /// A route that moves with its two states takes its message along.
+  void AddCompanions(GroupMove& move) override;
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;
@@ -64,6 +67,8 @@ class Transition : public StateTransition {
 
   void OnSourceMoved() override;
   void OnTargetMoved() override;
+  /// Where both have the same way the route keeps its shape.
+  void OnBothEndsMoved() override;
   /// Detaches the tail end and takes it to a client point.
   void MoveTargetFree(std::int32_t x, std::int32_t y);
   void DetachSource() override;
@@ -80,6 +85,17 @@ class Transition : public StateTransition {
   void SetMesg(Mesg* message);
   void ClearMesg(Mesg* message);
 
+  /// Where an end stands, or would stand on the anchor of its key.
+  RouteEnd SourceEnd() const;
+  RouteEnd TargetEnd() const;
+  /// The route runs through one of its own states, which it need not: that one isn't around the
+  /// other end.
+  bool RunsThroughOwnState() const;
+  /// Lays a new route from end to end.
+  void Reroute(const ChartRouter& router);
+
+  /// The middle of the route in model units, where a message stands.
+  POINT LabelPoint() const;
   /// The square on the middle of the route from which a message hangs, device pixels.
   RECT GetLabelRect() const;
   void InvalidateLabel();
@@ -116,7 +132,7 @@ class Transition : public StateTransition {
   void RebuildChain();
   void RefreshRoute();
   void FollowLabel(POINT oldLabel);
-  POINT LabelPoint() const;
+  POINT FreePlace(POINT drop, std::uint16_t side) const;
   void NoteBounds();
 
   POINT ReachTo(const State* state, const AnchorKey& key, POINT end, int perModel) const;
@@ -148,10 +164,9 @@ class Transition : public StateTransition {
   POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added
   Mesg* mesg = nullptr;
   std::unordered_set<Mesg*> formerMessages;  ///< in a damaged file others name it too
-  POINT labelCentre;                         ///< at the last region build, less the scroll position
+  POINT labelCentre;                         ///< at the last region build, model units
   RECT bounds;                               ///< around all that is painted, at any zoom
-  bool labelAtOrigin = false;        ///< the label has no place on the route, nor in `bounds`
-  std::vector<ChainRecord> records;  ///< the route as it was made or read, to go back to
+  std::vector<ChainRecord> records;          ///< the route as it was made or read, to go back to
   std::int32_t sourceId = 0;
   std::int32_t targetId = 0;
 };

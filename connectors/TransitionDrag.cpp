@@ -10,6 +10,7 @@
 #include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/DrawResources.h"
+#include "model/GroupMove.h"
 #include "model/LineTracker.h"
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
@@ -96,7 +97,7 @@ bool Transition::DragHead(POINT press) {
     AttachSource(dynamic_cast<StartableState*>(offer.shape), offer.key);
   } else {
     if (source != nullptr) source->RemoveTransition(this);
-    MoveSourceEnd(view->ToAbsolute(drop));
+    MoveSourceEnd(FreePlace(view->ToAbsolute(drop), sourceKey.side));
   }
   return true;
 }
@@ -123,7 +124,7 @@ bool Transition::DragLink(POINT press) {
   grabOffset = tracker.start - press;
   if (!tracker.Track(view, press)) return false;
   BuildRegion();
-  activeLink->MoveTo(view->ToAbsolute(tracker.movedStart));
+  activeLink->MoveTo(ChartView::OnChart(view->ToAbsolute(tracker.movedStart)));
   RefreshRoute();
   return true;
 }
@@ -131,13 +132,13 @@ bool Transition::DragLink(POINT press) {
 void Transition::DragWhole(POINT press) {
   PointTracker tracker(this, ForwardDragMove, false);
   dragOrigin = view->ToModel(press);
-  DragSelection(tracker, *view, press);
+  DragSelection(tracker, *mgr, press);
 }
 
 void Transition::OnDragMove(POINT& client) {
   if (activeLink == nullptr) {
-    POINT offset = view->SubScroll(view->ToModel(client)) - dragOrigin;
-    view->GetSelection().Broadcast(BROADCAST_SHOW_GHOST, &offset, nullptr);
+    const GroupMove move(*mgr);
+    move.ShowGhost(move.Limit(view->ToModel(client) - dragOrigin), nullptr);
     return;
   }
   if (activeLink->IsSegment()) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "connectors/ChartRouter.h"
 #include "connectors/HandleSquare.h"
 #include "connectors/HeadLink.h"
 #include "connectors/Mesg.h"
@@ -13,6 +14,8 @@
 #include "model/ChartView.h"
 #include "model/ShapeGeometry.h"
 #include "resources/Texts.h"
+#include "states/EndableState.h"
+#include "states/StartableState.h"
 
 namespace morvane {
 
@@ -36,6 +39,43 @@ POINT Transition::ToClient(POINT model) const { return view->ToClient(model); }
 
 void Transition::RebuildChain() {
   if (!chain.Build(records)) chain.Build(FreeRoute(sourcePoint, targetPoint));
+}
+
+RouteEnd Transition::SourceEnd() const {
+  const POINT* anchor = source != nullptr ? source->AnchorAt(sourceKey) : nullptr;
+  return {anchor != nullptr ? *anchor : chain.Head()->start, sourceKey.side};
+}
+
+RouteEnd Transition::TargetEnd() const {
+  const POINT* anchor = target != nullptr ? target->AnchorAt(targetKey) : nullptr;
+  return {anchor != nullptr ? *anchor : chain.Tail()->end, targetKey.side};
+}
+
+bool Transition::RunsThroughOwnState() const {
+  const auto meets = [this](const State* state, POINT otherStub) {
+    if (state == nullptr || PieceTouches(otherStub, otherStub, state->GetBounds())) return false;
+    for (const Link* link = chain.Head()->next; link->IsSegment(); link = link->next) {
+      if (PieceTouches(link->start, link->end, state->GetBounds())) return true;
+    }
+    return false;
+  };
+  return meets(source, chain.Tail()->start) || meets(target, chain.Head()->end);
+}
+
+void Transition::Reroute(const ChartRouter& router) {
+  const bool aligned = mesg != nullptr && mesg->IsAligned();
+  BuildRegion();
+  chain.Build(router.RouteOf(*this));
+  RefreshRoute();
+  // Nobody holds it now, even if it's selected.
+  if (aligned) mesg->Align();
+}
+
+/// Where an end is left free: on the chart with its stub.
+POINT Transition::FreePlace(POINT drop, std::uint16_t side) const {
+  const POINT stub = StepPoint(drop, side);
+  const POINT missing{std::min({drop.x, stub.x, 0}), std::min({drop.y, stub.y, 0})};
+  return drop - missing;
 }
 
 void Transition::MoveSourceEnd(POINT anchor) {
@@ -64,23 +104,21 @@ void Transition::RefreshRoute() {
   FollowLabel(oldLabel);
 }
 
-/// A message that stands on the label goes along with it, but for one that the user holds.
+/// A message that stands on the label goes along with it, but for one that the user moves.
 void Transition::FollowLabel(POINT oldLabel) {
-  if (mesg == nullptr || mesg->IsInSelection()) return;
-  const POINT newLabel = LabelPoint();
-  if (newLabel == oldLabel || view->SubScroll(mesg->GetCentre()) != oldLabel) return;
-  POINT offset = newLabel - oldLabel;
-  mesg->OnBroadcast(BROADCAST_MOVE, &offset);
+  if (mesg == nullptr || mesg->MovesAlong()) return;
+  if (mesg->StandsOn(oldLabel)) mesg->PutOn(LabelPoint());
 }
 
-/// The label in model units, less the scroll position.
-POINT Transition::LabelPoint() const { return view->ToModel(CentreOf(GetLabelRect())); }
-
-RECT Transition::GetLabelRect() const {
+/// In a chain of head and tail alone it is the tip.
+POINT Transition::LabelPoint() const {
   const Link* middle = chain.Middle();
-  const RECT handle = middle != nullptr ? middle->GetHandleRect() : RECT{};
-  return HandleSquare(CentreOf(handle), kLabelReach);
+  if (middle == nullptr) return {};
+  if (!middle->IsSegment()) return middle->end;
+  return {Middle(middle->start.x, middle->end.x), Middle(middle->start.y, middle->end.y)};
 }
+
+RECT Transition::GetLabelRect() const { return HandleSquare(ToClient(LabelPoint()), kLabelReach); }
 
 void Transition::InvalidateLabel() {
   if (view != nullptr) view->InvalidateRect(GetLabelRect());
@@ -106,25 +144,17 @@ void Transition::BuildRegion() {
 }
 
 void Transition::NoteBounds() {
-  bounds = RectAt(chain.Head()->start);
-  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
-    bounds = Surround(Surround(bounds, link->start), link->end);
-  }
   const TailLink& tail = *chain.Tail();
-  bounds =
-      InflateRect(Surround(bounds, RoutePainter::ArrowBase(tail.start, tail.end)), kBoundsMargin);
-  labelAtOrigin = IsRectEmpty(chain.Middle()->GetHandleRect());
+  bounds = InflateRect(Surround(GetMoveBounds(), RoutePainter::ArrowBase(tail.start, tail.end)),
+                       kBoundsMargin);
 }
 
-RECT Transition::GetBounds() const {
-  if (!IsPlaced() || !labelAtOrigin) return ComplexShape::GetBounds();
-  const CRgn route = RegionAt([this](POINT p) { return ToClient(p); });
-  return view->AddScroll(view->ToModel(route.GetBox()));
-}
-
-RECT Transition::GetPaintBounds() const {
-  if (!labelAtOrigin) return bounds;
-  return UnionRect(bounds, view->AddScroll(InflateRect(RECT{}, kBoundsMargin)));
+RECT Transition::GetMoveBounds() const {
+  RECT box = RectAt(chain.Head()->start);
+  for (const Link* link = chain.Head(); link != nullptr; link = link->next) {
+    box = Surround(Surround(box, link->start), link->end);
+  }
+  return box;
 }
 
 bool Transition::HitTest(const POINT& client) const {

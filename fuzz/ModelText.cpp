@@ -6,6 +6,7 @@
 #include "fuzz/ChartFaults.h"
 #include "fuzz/FuzzTarget.h"
 #include "model/Collection.h"
+#include "model/GroupMove.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "persistence/ModelFile.h"
@@ -48,7 +49,7 @@ void ChangeAll(LayoutMgr& chart) {
   POINT offset{3, 2};
   chart.GetSelection().Broadcast(BROADCAST_SHOW_GHOST, &offset, nullptr);
   chart.GetSelection().Broadcast(BROADCAST_END_GHOST, nullptr, nullptr);
-  chart.GetSelection().Broadcast(BROADCAST_MOVE, &offset, nullptr);
+  GroupMove(chart.GetModel()).Move(offset);
   chart.TakeSnapshot();
   chart.OnCommand(ID_BRING_TO_FRONT);
   chart.OnCommand(ID_ZOOM_IN);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -26,7 +27,9 @@ class ChartView : public CScrollView {
   static constexpr std::int16_t kMaxZoom = 13;
   static constexpr std::int16_t kNormalZoom = 6;
   static constexpr std::int32_t kLogicalPerModel = 6;
-  static constexpr SIZE kChartSize{1500, 1500};  ///< model units
+  static constexpr SIZE kChartSize{1500, 1500};  ///< model units, as long as that is enough
+  /// Where the surface ends at the latest, model units.
+  static constexpr std::int32_t kLargestChart = 10'000'000;
 
   // Conversions. The point and rectangle forms treat each coordinate alone.
   std::int32_t ToLogical(std::int32_t model) const { return MulSat(model, kLogicalPerModel); }
@@ -50,6 +53,8 @@ class ChartView : public CScrollView {
   RECT ToClient(const RECT& model) const { return ToDevice(SubScroll(model)); }
   POINT ToAbsolute(POINT client) const { return AddScroll(ToModel(client)); }
   std::int16_t GetZoom() const { return zoom; }
+  /// The nearest point of the surface, model units: beyond its left and top edge nothing shows.
+  static POINT OnChart(POINT p) { return {std::max(p.x, 0), std::max(p.y, 0)}; }
 
   /// Asks for a repaint of rectangles in device pixels.
   void InvalidateModelRect(const RECT& device) { InvalidateRect(device); }

@@ -23,7 +23,7 @@ const POINT* Connectable::AnchorAt(const AnchorKey& key) const { return anchors.
 
 void Connectable::NotifyConnectors(bool all) {
   for (Connector* connector : connectors) {
-    if (all || !connector->IsSelected()) connector->OnConnectableMoved(this);
+    if (all || !connector->MovesAlong()) connector->OnConnectableMoved(this);
   }
 }
 

@@ -20,7 +20,8 @@ class Connectable {
   Connectable& operator=(const Connectable&) = delete;
 
   virtual std::int32_t GetId() const = 0;
-  virtual bool IsSelected() const = 0;
+  /// It is part of the move that runs.
+  virtual bool MovesAlong() const = 0;
   virtual ChartView* GetView() const = 0;
 
   /// Appends; it doesn't test for a duplicate.

@@ -25,7 +25,7 @@ class ConnectableRectShape : public RectShape, public Connectable {
   virtual void RefreshAnchors() {}
 
   std::int32_t GetId() const override { return id; }
-  bool IsSelected() const override { return IsInSelection(); }
+  bool MovesAlong() const override { return Shape::MovesAlong(); }
   ChartView* GetView() const override { return view; }
 
   /// Paints the anchor marks on a context in device pixels of the client area.

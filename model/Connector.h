@@ -11,7 +11,8 @@ class Connector {
   virtual void OnConnectableMoved(Connectable* moved) = 0;
   /// The connectable is being destroyed: forget each end that is attached to it.
   virtual void OnConnectableGone(Connectable* gone) = 0;
-  virtual bool IsSelected() const = 0;
+  /// It moves by itself together with what it hangs on.
+  virtual bool MovesAlong() const = 0;
 
  protected:
   ~Connector() = default;

@@ -7,6 +7,7 @@
 #include "model/AnchorZone.h"
 #include "model/ChartView.h"
 #include "model/Connectable.h"
+#include "model/GroupMove.h"
 #include "model/ModelClipboard.h"
 #include "model/ModelStream.h"
 #include "model/ObjectBrowser.h"
@@ -75,6 +76,10 @@ void ModelMgr::Hide() {
 
 bool ModelMgr::Holds(const Shape* shape) const {
   return std::ranges::find(Objects(), shape) != Objects().end();
+}
+
+bool ModelMgr::MovesAlong(const Shape* shape) const {
+  return runningMove != nullptr ? runningMove->Contains(shape) : selection.Contains(shape);
 }
 
 void ModelMgr::Place(const std::vector<Shape*>& list) {

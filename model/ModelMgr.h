@@ -18,6 +18,7 @@ namespace morvane {
 class CDC;
 class CWnd;
 class ChartView;
+class GroupMove;
 class ModelClipboard;
 class ObjectBrowser;
 
@@ -73,6 +74,10 @@ class ModelMgr : public ShapeRegistry {
   bool Holds(const Shape* shape) const;
   Collection& GetSelection() { return selection; }
   const std::vector<Shape*>& Objects() const { return data.Objects(); }
+  /// The shape is part of the move that runs. Without one, what is selected moves.
+  bool MovesAlong(const Shape* shape) const;
+  /// Null when it is over.
+  void SetRunningMove(const GroupMove* move) { runningMove = move; }
   void DeselectAll();
   void SelectOnly(Shape* shape) { Select({shape}); }
   /// Selects these objects and no others.
@@ -116,6 +121,7 @@ class ModelMgr : public ShapeRegistry {
   void AdoptPasted();
 
   Collection selection;
+  const GroupMove* runningMove = nullptr;
   ChartView* view;
   bool shown = false;  ///< window and browser hear of its objects
   std::unique_ptr<ModelClipboard> clipboard;

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "model/ChartView.h"
+#include "model/GroupMove.h"
 #include "model/ModelClipboard.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
@@ -102,8 +103,7 @@ void ModelMgr::AdoptPasted() {
     const RECT bounds = shape->GetBounds();
     corner = {std::min(corner.x, bounds.left), std::min(corner.y, bounds.top)};
   }
-  POINT offset = view->AddScroll(POINT{1, 1}) - corner;
-  selection.Broadcast(BROADCAST_MOVE, &offset, nullptr);
+  GroupMove(*this).Move(view->AddScroll(POINT{1, 1}) - corner);
 }
 
 }  // namespace morvane

@@ -5,6 +5,8 @@
 #include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Collection.h"
+#include "model/GroupMove.h"
+#include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 
 namespace morvane {
@@ -75,6 +77,10 @@ RECT RectShape::GetPaintBounds() const {
   return InflateRect(rect, margin);
 }
 
+RECT RectShape::GetMoveBounds() const {
+  return {SubSat(rect.left, kFirstUnit), SubSat(rect.top, kFirstUnit), rect.right, rect.bottom};
+}
+
 void RectShape::OnPlaced() { tracker.emplace(*this); }
 
 unsigned RectShape::GetHandleMask() const { return CRectTracker::kAllHandles; }
@@ -91,12 +97,14 @@ void RectShape::ShowHandles(bool show) {
   if (!show) tracker->rect = {};
 }
 
+RECT RectShape::PlaceOnChart(const RECT& r) {
+  const RECT target = NormalizeRect(r);
+  return target + POINT{std::max(SubSat(kFirstUnit, target.left), 0),
+                        std::max(SubSat(kFirstUnit, target.top), 0)};
+}
+
 void RectShape::MoveTo(const RECT& r) {
-  if (r == rect) return;
-  RECT target = NormalizeRect(r);
-  target = target + POINT{std::max(SubSat(kFirstUnit, target.left), 0),
-                          std::max(SubSat(kFirstUnit, target.top), 0)};
-  ChangeRect(target, false);
+  if (r != rect) ChangeRect(PlaceOnChart(r), false);
 }
 
 void RectShape::ResizeTo(const RECT& r) {
@@ -152,7 +160,8 @@ void RectShape::OnBroadcast(int op, void* arg) {
   switch (op) {
     case BROADCAST_DESELECTED: ShowHandles(false); break;
     case BROADCAST_SELECTED: ShowHandles(true); break;
-    case BROADCAST_MOVE: MoveTo(rect + *static_cast<const POINT*>(arg)); break;
+    // Whoever moves several has limited the way for all of them.
+    case BROADCAST_MOVE: ChangeRect(rect + *static_cast<const POINT*>(arg), false); break;
     case BROADCAST_SHOW_GHOST: ShowGhost(*static_cast<const POINT*>(arg)); break;
     case BROADCAST_END_GHOST:
       if (!tracker) break;
@@ -167,10 +176,8 @@ void RectShape::OnBroadcast(int op, void* arg) {
 /// `offset` is less the scroll position, model units.
 void RectShape::ShowGhost(POINT offset) {
   if (!tracker) return;
-  RECT ghost = view->ToDevice(rect + offset);
-  SnapDeviceRect(ghost);
-  tracker->rect = ghost;
-  tracker->DrawTrackerRect(ghost, *view);
+  tracker->rect = view->ToDevice(rect + offset);
+  tracker->DrawTrackerRect(tracker->rect, *view);
 }
 
 void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
@@ -181,32 +188,24 @@ void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y
   if (!tracker) return;
   // The shape may have moved since it was painted.
   tracker->rect = DeviceRect();
-  Collection& selection = view->GetSelection();
-  if (tracker->Track(*view, {x, y})) {
-    const RECT dropped = view->AddScroll(view->ToModel(tracker->GetTrueRect()));
-    if (HasSizeOf(dropped, rect)) {
-      POINT offset = TopLeft(dropped) - TopLeft(rect);
-      selection.Broadcast(BROADCAST_MOVE, &offset, this);
-      selection.Broadcast(BROADCAST_END_GHOST, nullptr, this);
-      MoveTo(dropped);
-    } else {
-      ResizeTo(dropped);
-    }
+  const bool changed = tracker->Track(*view, {x, y});
+  const RECT dropped = view->AddScroll(view->ToModel(tracker->GetTrueRect()));
+  const GroupMove move(*mgr);
+  if (changed && HasSizeOf(dropped, rect)) {
+    move.Move(TopLeft(dropped) - TopLeft(rect));
+  } else if (changed) {
+    ResizeTo(dropped);
   }
-  selection.Broadcast(BROADCAST_END_GHOST, nullptr, this);
+  move.EndGhost(this);
 }
 
-/// A drag that keeps the size is a move, and the other selected shapes show where they would go.
+/// A drag of the inside moves the shape, and what moves along shows where it would go.
 void RectShape::AdjustRect(unsigned handle, RECT& device) {
-  if (handle == CRectTracker::kInside) {
-    SnapDeviceRect(device);
-  } else {
-    LimitResize(device);
-  }
-  const RECT model = view->ToModel(device);
-  if (!HasSizeOf(model, rect)) return;
-  POINT offset = TopLeft(model) - TopLeft(rect);
-  view->GetSelection().Broadcast(BROADCAST_SHOW_GHOST, &offset, this);
+  if (handle != CRectTracker::kInside) return LimitResize(device);
+  const GroupMove move(*mgr);
+  const POINT offset = move.Limit(view->ToAbsolute(TopLeft(device)) - TopLeft(rect));
+  device = view->ToClient(rect + offset);
+  move.ShowGhost(offset, this);
 }
 
 bool RectShape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {

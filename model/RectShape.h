@@ -29,6 +29,7 @@ class RectShape : public Shape {
   void Invalidate() override;
   RECT GetBounds() const override { return rect; }
   RECT GetPaintBounds() const override;
+  RECT GetMoveBounds() const override;
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;
@@ -44,6 +45,8 @@ class RectShape : public Shape {
 
   /// Takes a new place, model units; not left of or above (1, 1).
   void MoveTo(const RECT& r);
+  /// The place that `MoveTo` gives a rectangle.
+  static RECT PlaceOnChart(const RECT& r);
   /// Takes a new rectangle, model units.
   void ResizeTo(const RECT& r);
   /// Keeps a rectangle in device pixels off the chart's left and top edge, at its size, and snaps

@@ -65,6 +65,8 @@ void Shape::ForgetModel() { mgr = nullptr; }
 
 bool Shape::IsInSelection() const { return mgr != nullptr && mgr->GetSelection().Contains(this); }
 
+bool Shape::MovesAlong() const { return mgr != nullptr && mgr->MovesAlong(this); }
+
 void Shape::InvalidateNew() {
   if (mgr->IsShown()) Invalidate();
 }

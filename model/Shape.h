@@ -12,6 +12,7 @@ namespace morvane {
 class CDC;
 class CWnd;
 class ChartView;
+class GroupMove;
 class ModelMgr;
 
 /// Drawing layers. A higher one paints over a lower one.
@@ -59,6 +60,10 @@ class Shape : public Object, public Collectable {
   virtual const std::string& GetTypeName() const = 0;
   /// The box around the shape, absolute model units.
   virtual RECT GetBounds() const = 0;
+  /// The box that stays on the chart when the shape moves: its left and top don't get below 0.
+  virtual RECT GetMoveBounds() const { return GetBounds(); }
+  /// The shape is to move: adds what it takes along.
+  virtual void AddCompanions(GroupMove& /*move*/) {}
   /// Takes a new id, and new references, during a paste. False: drop this object.
   virtual bool RemapIds(IdMap& map);
   /// A command of the shape's context menu. The shape may delete itself.
@@ -96,6 +101,8 @@ class Shape : public Object, public Collectable {
   ChartView* GetView() const { return view; }
   /// This shape is in the selection of its view.
   bool IsInSelection() const;
+  /// This shape goes by itself where what moves now goes.
+  bool MovesAlong() const;
 
  protected:
   /// The layer of the class, which holds whatever a record says.

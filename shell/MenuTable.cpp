@@ -56,11 +56,25 @@ constexpr MenuEntry kChartFile[] = {
 };
 
 constexpr MenuEntry kChartEdit[] = {
-    {ID_EDIT_UNDO},        {ID_EDIT_REDO},    kSeparator,         {ID_DELETE},
-    {ID_BRING_TO_FRONT},   {ID_SEND_TO_BACK}, kSeparator,         {ID_EDIT_CUT},
-    {ID_EDIT_COPY},        {ID_EDIT_PASTE},   {ID_COPY_METAFILE}, kSeparator,
-    {ID_EDIT_SELECT_ALL},  {ID_FIND_REPLACE}, kSeparator,         {ID_MODEL_PROPERTIES},
-    {ID_DEFAULT_SETTINGS}, {ID_PREFERENCES},
+    {ID_EDIT_UNDO},
+    {ID_EDIT_REDO},
+    kSeparator,
+    {ID_DELETE},
+    {ID_BRING_TO_FRONT},
+    {ID_SEND_TO_BACK},
+    {ID_REROUTE},
+    kSeparator,
+    {ID_EDIT_CUT},
+    {ID_EDIT_COPY},
+    {ID_EDIT_PASTE},
+    {ID_COPY_METAFILE},
+    kSeparator,
+    {ID_EDIT_SELECT_ALL},
+    {ID_FIND_REPLACE},
+    kSeparator,
+    {ID_MODEL_PROPERTIES},
+    {ID_DEFAULT_SETTINGS},
+    {ID_PREFERENCES},
 };
 
 constexpr MenuEntry kInsert[] = {

@@ -27,7 +27,8 @@ void EndableState::RemoveTransition(StateTransition* transition) {
 
 void EndableState::UpdateIncoming(bool sized) {
   for (StateTransition* transition : incoming) {
-    if (sized || !transition->IsInSelection()) transition->OnTargetMoved();
+    // Of a loop both ends have moved already.
+    if (!transition->IsLoop() && (sized || !transition->MovesAlong())) transition->OnTargetMoved();
   }
 }
 

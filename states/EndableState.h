@@ -19,7 +19,7 @@ class EndableState : public virtual State {
   virtual void AddTransition(StateTransition* transition);
   /// Takes the transition out and clears its `target`; nothing if it isn't in the list.
   virtual void RemoveTransition(StateTransition* transition);
-  /// Lets the transitions follow, but for selected ones after a mere move.
+  /// Lets the transitions follow, but after a mere move for those that move along.
   void UpdateIncoming(bool sized);
   const std::vector<StateTransition*>& GetIncoming() const { return incoming; }
 

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "model/ChartView.h"
+#include "model/GroupMove.h"
+#include "states/EndableState.h"
 #include "states/StateTransition.h"
 
 namespace morvane {
@@ -27,7 +29,15 @@ void StartableState::RemoveTransition(StateTransition* transition) {
 
 void StartableState::UpdateOutgoing(bool sized) {
   for (StateTransition* transition : outgoing) {
-    if (sized || !transition->IsInSelection()) transition->OnSourceMoved();
+    if (!sized && transition->MovesAlong()) continue;
+    transition->IsLoop() ? transition->OnBothEndsMoved() : transition->OnSourceMoved();
+  }
+}
+
+void StartableState::AddCompanions(GroupMove& move) {
+  for (StateTransition* transition : outgoing) {
+    if (transition->GetTarget() != nullptr && move.Contains(transition->GetTarget()))
+      move.Add(transition);
   }
 }
 

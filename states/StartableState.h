@@ -19,9 +19,11 @@ class StartableState : public virtual State {
   virtual void AddTransition(StateTransition* transition);
   /// Takes the transition out and clears its `source`; nothing if it isn't in the list.
   virtual void RemoveTransition(StateTransition* transition);
-  /// Lets the transitions follow, but for selected ones after a mere move.
+  /// Lets the transitions follow, but after a mere move for those that move along.
   void UpdateOutgoing(bool sized);
   const std::vector<StateTransition*>& GetOutgoing() const { return outgoing; }
+  /// Takes along the routes from here to what moves too.
+  void AddCompanions(GroupMove& move) override;
 
  protected:
   std::vector<StateTransition*> outgoing;

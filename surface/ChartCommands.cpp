@@ -1,5 +1,6 @@
 #include "surface/ChartCommands.h"
 
+#include "connectors/Rerouting.h"
 #include "model/Collection.h"
 #include "model/Editors.h"
 #include "model/ModelMgr.h"
@@ -43,6 +44,15 @@ CommandState IfSelected(const LayoutMgr& chart, unsigned /*id*/) {
   return CommandState::Enabled(!chart.GetSelection().IsEmpty());
 }
 
+CommandState IfRouteSelected(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(!chart.GetSelection().IsEmpty() &&
+                               !SelectedRoutes(chart.GetModel()).empty());
+}
+
+CommandState IfAnyRoute(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(!AllRoutes(chart.GetModel()).empty());
+}
+
 CommandState IfAnyObject(const LayoutMgr& chart, unsigned /*id*/) {
   return CommandState::Enabled(!chart.GetModel().Objects().empty());
 }
@@ -83,6 +93,13 @@ void Delete(LayoutMgr& chart, unsigned /*id*/) { chart.DeleteSelection(); }
 
 void Order(LayoutMgr& chart, unsigned id) {
   chart.GetModel().OrderSelection(id == ID_BRING_TO_FRONT);
+  chart.TakeSnapshot();
+}
+
+void LayRoutes(LayoutMgr& chart, unsigned id) {
+  const WaitCursor wait;
+  const ModelMgr& model = chart.GetModel();
+  Reroute(model, id == ID_REROUTE ? SelectedRoutes(model) : AllRoutes(model));
   chart.TakeSnapshot();
 }
 
@@ -227,6 +244,13 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
       "Send to back", "back"},
      IfSelected,
      Order},
+    {{ID_REROUTE, "Re-r&oute", "", "Lay the selected transitions anew, around the states",
+      "Re-route"},
+     IfRouteSelected,
+     LayRoutes},
+    {{ID_REROUTE_ALL, "Re-r&oute", "", "Lay all transitions anew, around the states", "Re-route"},
+     IfAnyRoute,
+     LayRoutes},
     {{ID_EDIT_CUT, "Cu&t", "Ctrl+X Shift+Delete", "Move the selected objects to the clipboard",
       "Cut", "cut"},
      IfSelected,

@@ -120,6 +120,16 @@ void LayoutMgr::ZoomToFit(Shown shown) {
 
 void LayoutMgr::ApplyZoom() { geometry->ApplyZoom(zoom, geometry->MiddleOfWindow()); }
 
+/// The surface grows with what stands near its end.
+void LayoutMgr::MakeRoom() {
+  POINT corner;
+  for (const Shape* shape : model->Objects()) {
+    const POINT end = BottomRight(shape->GetPaperBounds());
+    corner = {std::max(corner.x, end.x), std::max(corner.y, end.y)};
+  }
+  geometry->MakeRoom(corner);
+}
+
 void LayoutMgr::PrepareMapping(CDC& dc) const { geometry->PrepareMapping(dc); }
 
 bool LayoutMgr::OnScrollBy(SIZE distance) {
@@ -140,6 +150,7 @@ void LayoutMgr::DrawChartText(CDC& dc, std::string_view text, const RECT& area) 
 void LayoutMgr::OnInitialUpdate() {
   ShowRead();
   geometry->Begin();
+  MakeRoom();
   look->TakeDefaults();
   history->Keep();
   if (auto* document = dynamic_cast<CMorvaneDoc*>(GetDocument())) document->RememberSavedText();
@@ -167,6 +178,7 @@ SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width) cons
 }
 
 void LayoutMgr::TakeSnapshot() {
+  MakeRoom();
   // What the pointer was on may be gone.
   ModalLoop::IsRunning() ? connections->HideHover() : RefreshHover();
   if (objectTree != nullptr) objectTree->OnObjectsMoved();
@@ -244,6 +256,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
     reason = LoadText(IDS_UNKNOWN_ERROR);
     return false;
   }
+  MakeRoom();
   if (zoom != oldZoom) geometry->ApplyZoom(oldZoom, geometry->MiddleOfWindow());
   Invalidate();
   RefreshHover();

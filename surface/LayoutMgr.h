@@ -134,6 +134,7 @@ class LayoutMgr : public ChartView, public ChartText {
   /// Nothing may change or go from under a gesture, a box, a menu or a dialog, nor may the chart
   /// scroll away from the points of a gesture: what comes from the mouse and the keys passes by.
   bool IsBusy() const;
+  void MakeRoom();
   /// Places what was read, if anything was, and only then shows it in the place of what there is.
   void ShowRead();
   /// What is under the pointer has moved away, or something else has come.

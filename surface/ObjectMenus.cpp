@@ -18,26 +18,29 @@ namespace morvane {
 namespace {
 
 constexpr MenuEntry kSeparator{};
+constexpr MenuEntry kReroute{ID_REROUTE};
 constexpr MenuEntry kToFront{ID_BRING_TO_FRONT};
 constexpr MenuEntry kToBack{ID_SEND_TO_BACK};
 
 constexpr MenuEntry kGenericStateMenu[] = {{ID_OBJECT_PROPERTIES},
                                            {ID_STATE_EDIT_TEXTS},
                                            {ID_SHOW_ANCHORS},
+                                           kReroute,
                                            kSeparator,
                                            {ID_STATE_DELETE},
                                            kSeparator,
                                            kToFront,
                                            kToBack};
 constexpr MenuEntry kInitialStateMenu[] = {
-    {ID_SHOW_ANCHORS}, kSeparator, {ID_STATE_DELETE, "Delete Initial State"},
-    kSeparator,        kToFront,   kToBack};
+    {ID_SHOW_ANCHORS}, kReroute, kSeparator, {ID_STATE_DELETE, "Delete Initial State"},
+    kSeparator,        kToFront, kToBack};
 constexpr MenuEntry kFinalStateMenu[] = {
-    {ID_SHOW_ANCHORS}, kSeparator, {ID_STATE_DELETE, "Delete Final State"},
-    kSeparator,        kToFront,   kToBack};
+    {ID_SHOW_ANCHORS}, kReroute, kSeparator, {ID_STATE_DELETE, "Delete Final State"},
+    kSeparator,        kToFront, kToBack};
 constexpr MenuEntry kTransitionMenu[] = {{ID_TRANSITION_ADD_MESG},
                                          {ID_TRANSITION_ALIGN_MESG},
                                          {ID_TRANSITION_DELETE_MESG},
+                                         kReroute,
                                          kSeparator,
                                          {ID_TRANSITION_DELETE},
                                          kSeparator,
@@ -64,6 +67,7 @@ constexpr MenuEntry kChartMenu[] = {{ID_TOOL_STATE, "Insert &State"},
                                     {ID_TOOL_LINE, "Insert &Line"},
                                     kSeparator,
                                     {ID_EDIT_SELECT_ALL},
+                                    {ID_REROUTE_ALL},
                                     {ID_REFRESH},
                                     kSeparator,
                                     {ID_MODEL_PROPERTIES, "&Model Properties..."},

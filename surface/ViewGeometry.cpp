@@ -14,6 +14,8 @@ namespace {
 
 /// Every so many model units the grid has a line.
 constexpr std::int32_t kGridStep = 3;
+/// What the surface has beyond the last object once that comes near the edge, model units.
+constexpr std::int32_t kRoom = 100;
 /// A page step of the scroll bars, model units.
 constexpr std::int32_t kPageStep = 6;
 
@@ -27,15 +29,33 @@ constexpr SIZE kChartSize = ChartView::kChartSize;
 
 }  // namespace
 
+ViewGeometry::ViewGeometry(ChartView& view) : view(view), surface(kChartSize) {}
+
 void ViewGeometry::Begin() {
   const std::int32_t page = view.ToLogical(view.GetZoom());
   view.SetScrollSizes({view.ToLogical(kChartSize.cx), view.ToLogical(kChartSize.cy)}, {page, page});
   showGrid = Defaults::Instance().ShowGrid != 0;
 }
 
+SIZE ViewGeometry::SurfaceInPixels() const {
+  return {view.ToDevice(surface.cx), view.ToDevice(surface.cy)};
+}
+
+void ViewGeometry::MakeRoom(POINT corner) {
+  const auto reach = [](std::int32_t least, std::int32_t from) {
+    return std::clamp(AddSat(from, kRoom), least, ChartView::kLargestChart);
+  };
+  surface = {reach(kChartSize.cx, corner.x), reach(kChartSize.cy, corner.y)};
+  const SIZE needed = SurfaceInPixels();
+  const SIZE total = view.GetTotalSize();
+  if (needed.cx <= total.cx && needed.cy <= total.cy) return;
+  const std::int32_t page = view.ToDevice(kPageStep);
+  view.SetScrollSizes({std::max(needed.cx, total.cx), std::max(needed.cy, total.cy)}, {page, page});
+}
+
 void ViewGeometry::SetSurface() {
   const std::int32_t page = view.ToDevice(kPageStep);
-  view.SetScrollSizes({view.ToDevice(kChartSize.cx), view.ToDevice(kChartSize.cy)}, {page, page});
+  view.SetScrollSizes(SurfaceInPixels(), {page, page});
 }
 
 void ViewGeometry::ApplyZoom(int oldZoom, POINT client) {
@@ -83,7 +103,7 @@ void ViewGeometry::DrawGrid(CDC& dc) const {
   if (!showGrid || view.GetZoom() < ChartView::kMinZoom) return;
   const CPen oldPen = dc.SelectPen(DrawResources::Instance().gridPen);
   const std::int32_t step = view.ToDevice(kGridStep);
-  const SIZE size{view.ToDevice(kChartSize.cx), view.ToDevice(kChartSize.cy)};
+  const SIZE size = SurfaceInPixels();
   const RECT clip = dc.GetClipBox();
   const auto firstLine = [step](std::int32_t from) { return std::max(from / step, 1) * step; };
   for (std::int32_t x = firstLine(clip.left); x < std::min(size.cx, clip.right); x += step) {

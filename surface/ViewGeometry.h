@@ -12,12 +12,15 @@ class ChartView;
 /// the zoom, and the grid. The zoom itself is the view's, which converts by it.
 class ViewGeometry {
  public:
-  explicit ViewGeometry(ChartView& view) : view(view) {}
+  explicit ViewGeometry(ChartView& view);
 
   bool IsGridShown() const { return showGrid; }
   /// At the first showing of a chart: its grid as the defaults have it, and its whole surface at
   /// normal size, whatever the zoom, until that changes.
   void Begin();
+  /// Lets the surface reach beyond the lower right corner of the objects, model units. It doesn't
+  /// shrink before the next zoom.
+  void MakeRoom(POINT corner);
   /// Sets sizes and position of the scroll bars for a new zoom of the view. What lay at a client
   /// point before still lies there, as near as the edges of the surface and its steps allow.
   void ApplyZoom(int oldZoom, POINT client);
@@ -47,8 +50,10 @@ class ViewGeometry {
     int zoom = 0;
   };
   void SetSurface();
+  SIZE SurfaceInPixels() const;
 
   ChartView& view;
+  SIZE surface;  ///< model units
   Kept kept;
   bool showGrid = true;
 };

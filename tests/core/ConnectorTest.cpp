@@ -71,12 +71,11 @@ TEST(Transition, HitsItsBandItsArrowAndItsLabel) {
   EXPECT_FALSE(arrow.HitTest({233, 289}));
 }
 
-TEST(Transition, ALabelWithoutAPlaceStandsAtTheOrigin) {
+TEST(Transition, ALabelStandsOnALinkOfAnyLength) {
   const auto chart = TwoStates(LinkLines("10,10 10,11 10,12 10,13"));
-  EXPECT_EQ(Arrow(*chart).GetLabelRect(), (RECT{-5, -5, 6, 6}));
-  EXPECT_TRUE(Arrow(*chart).HitTest({3, 3}));
-  const RECT painted = Arrow(*chart).GetPaintBounds();
-  EXPECT_TRUE(PtInRect(painted, {0, 0}) && PtInRect(painted, {10, 13}));
+  EXPECT_EQ(Arrow(*chart).GetLabelRect(), (RECT{55, 61, 66, 72}));
+  EXPECT_TRUE(Arrow(*chart).HitTest({55, 71}));
+  EXPECT_FALSE(Arrow(*chart).HitTest({3, 3}));
 }
 
 TEST(Line, HitsItsBandAndItsEnds) {
