@@ -1,7 +1,10 @@
 #include "connectors/ChartRouter.h"
 
+#include "connectors/HeadLink.h"
+#include "connectors/LinkChain.h"
 #include "connectors/Note.h"
 #include "connectors/OrthogonalRouter.h"
+#include "connectors/TailLink.h"
 #include "connectors/Transition.h"
 #include "model/ModelMgr.h"
 #include "states/EndableState.h"
@@ -19,10 +22,13 @@ ChartRouter::ChartRouter(const ModelMgr& model) {
 }
 
 std::vector<ChainRecord> ChartRouter::RouteOf(const Transition& transition) const {
-  const RouteEnd from = transition.SourceEnd();
-  const RouteEnd to = transition.TargetEnd();
   const State* source = transition.GetSource();
   const State* target = transition.GetTarget();
+  return RouteBetween(transition.SourceEnd(), transition.TargetEnd(), source, target);
+}
+
+std::vector<ChainRecord> ChartRouter::RouteBetween(const RouteEnd& from, const RouteEnd& to,
+                                                   const Shape* source, const Shape* target) const {
   std::vector<RECT> own;
   std::vector<RECT> others;
   for (const Box& box : boxes) {
@@ -37,6 +43,17 @@ std::vector<ChainRecord> ChartRouter::RouteOf(const Transition& transition) cons
   }
   records.push_back({LINK_TAIL, corners.back(), to.anchor});
   return records;
+}
+
+bool RunsThroughEnds(const LinkChain& chain, const Shape* source, const Shape* target) {
+  const auto meets = [&chain](const Shape* shape, POINT otherStub) {
+    if (shape == nullptr || PieceTouches(otherStub, otherStub, shape->GetBounds())) return false;
+    for (const Link* link = chain.Head()->next; link->IsSegment(); link = link->next) {
+      if (PieceTouches(link->start, link->end, shape->GetBounds())) return true;
+    }
+    return false;
+  };
+  return meets(source, chain.Tail()->start) || meets(target, chain.Head()->end);
 }
 
 }  // namespace morvane

@@ -8,6 +8,7 @@
 #include "connectors/Line.h"
 #include "connectors/Mesg.h"
 #include "connectors/Note.h"
+#include "connectors/OrthogonalRouter.h"
 #include "connectors/RouteSketch.h"
 #include "connectors/Transition.h"
 #include "model/AnchorOffer.h"
@@ -78,15 +79,19 @@ void InsertLine(ModelMgr& model, POINT& client) {
                                      p + POINT{kNewLineReach, -kNewLineReach}));
 }
 
-std::vector<POINT> ConnectionRoute(const ChartView& view, const AnchorOffer& from,
+std::vector<POINT> ConnectionRoute(const ModelMgr& model, const AnchorOffer& from,
                                    const AnchorOffer& to, POINT endPoint) {
-  const POINT start = *from.shape->AnchorAt(from.key);
-  RouteSketch sketch(FreeRoute(start - kNewTransitionReach, start + kNewTransitionReach));
-  sketch.MoveSource(start, from.key.side);
-  if (to) {
-    sketch.MoveTarget(*to.shape->AnchorAt(to.key), to.key.side);
-  } else {
-    sketch.MoveTarget(view.ToAbsolute(endPoint), SIDE_TOP);
+  const RouteEnd source{*from.shape->AnchorAt(from.key), from.key.side};
+  const RouteEnd target = to ? RouteEnd{*to.shape->AnchorAt(to.key), to.key.side}
+                             : RouteEnd{model.GetView()->ToAbsolute(endPoint), SIDE_TOP};
+  RouteSketch sketch(
+      FreeRoute(source.anchor - kNewTransitionReach, source.anchor + kNewTransitionReach));
+  sketch.MoveSource(source.anchor, source.side);
+  sketch.MoveTarget(target.anchor, target.side);
+  const auto* fromShape = dynamic_cast<const Shape*>(from.shape);
+  const auto* toShape = dynamic_cast<const Shape*>(to.shape);
+  if (RunsThroughEnds(sketch.Chain(), fromShape, toShape)) {
+    sketch.Lay(ChartRouter(model).RouteBetween(source, target, fromShape, toShape));
   }
   return sketch.Points();
 }

@@ -26,7 +26,7 @@ void InsertTransition(ModelMgr& model, POINT& client);
 void InsertLine(ModelMgr& model, POINT& client);
 /// The route, model units, of the transition that `ConnectAnchors` would make from an anchor to
 /// another one, or to a client point if none is offered.
-std::vector<POINT> ConnectionRoute(const ChartView& view, const AnchorOffer& from,
+std::vector<POINT> ConnectionRoute(const ModelMgr& model, const AnchorOffer& from,
                                    const AnchorOffer& to, POINT endPoint);
 /// A transition between two anchors. Without `to` its free end goes to `endPoint`, a client point.
 /// From an anchor to the same anchor nothing is made.

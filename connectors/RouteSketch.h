@@ -17,6 +17,9 @@ class RouteSketch {
   /// An end moves to a point, its stub to the side of the shape that is named.
   void MoveSource(POINT anchor, std::uint16_t side);
   void MoveTarget(POINT anchor, std::uint16_t side);
+  /// Takes another route.
+  void Lay(const std::vector<ChainRecord>& route) { chain.Build(route); }
+  const LinkChain& Chain() const { return chain; }
   /// The source, the corners, the tip.
   std::vector<POINT> Points() const { return chain.Points(); }
 

@@ -51,16 +51,7 @@ RouteEnd Transition::TargetEnd() const {
   return {anchor != nullptr ? *anchor : chain.Tail()->end, targetKey.side};
 }
 
-bool Transition::RunsThroughOwnState() const {
-  const auto meets = [this](const State* state, POINT otherStub) {
-    if (state == nullptr || PieceTouches(otherStub, otherStub, state->GetBounds())) return false;
-    for (const Link* link = chain.Head()->next; link->IsSegment(); link = link->next) {
-      if (PieceTouches(link->start, link->end, state->GetBounds())) return true;
-    }
-    return false;
-  };
-  return meets(source, chain.Tail()->start) || meets(target, chain.Head()->end);
-}
+bool Transition::RunsThroughOwnState() const { return RunsThroughEnds(chain, source, target); }
 
 void Transition::Reroute(const ChartRouter& router) {
   const bool aligned = mesg != nullptr && mesg->IsAligned();

@@ -50,7 +50,7 @@ bool ConnectionDrag::LeadsBack(POINT client) const {
 
 std::vector<POINT> ConnectionDrag::RouteTo(POINT client) const {
   if (LeadsBack(client)) return {};
-  return ConnectionRoute(view, source, target, client);
+  return ConnectionRoute(view.GetModel(), source, target, client);
 }
 
 ChartView::ConnectionPress ConnectionDrag::Begin(unsigned flags, POINT press) {
