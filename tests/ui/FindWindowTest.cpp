@@ -145,8 +145,8 @@ TEST_F(FindWindow, ARowShowsItsObjectAndARunawayPatternIsGivenUp) {
     EXPECT_EQ(dialog.Control(Id::kStatusId).text, "Occurrences found: 6");
     auto* list = OpenDialog::Find<QTreeWidget>(window, Id::kListId);
     for (const auto& [row, id] : {std::pair(2, 3), std::pair(0, 1)}) {
-      const QPoint middle = window.frameGeometry().center() - QPoint(250, 0);
-      place = {middle.x(), middle.y(), middle.x() + 20, middle.y() + 10};
+      const QPoint low = window.frameGeometry().bottomLeft() + QPoint(100, -30);
+      place = {low.x(), low.y(), low.x() + 20, low.y() + 10};
       list->setCurrentItem(list->topLevelItem(row));
       EXPECT_EQ(chart->GetSelection().Members(), std::vector<Collectable*>{FindShape(*chart, id)});
       EXPECT_FALSE(window.frameGeometry().contains(place.left, place.top));
