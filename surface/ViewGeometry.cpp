@@ -104,7 +104,11 @@ void ViewGeometry::DrawGrid(CDC& dc) const {
   const CPen oldPen = dc.SelectPen(DrawResources::Instance().gridPen);
   const std::int32_t step = view.ToDevice(kGridStep);
   const SIZE size = SurfaceInPixels();
-  const RECT clip = dc.GetClipBox();
+  RECT clip = dc.GetClipBox();
+  // A context without a clip, as of a recording, gets what the largest window would show.
+  constexpr std::int32_t largestWindow = 1 << 15;
+  clip.right = std::min(clip.right, AddSat(std::max(clip.left, 0), largestWindow));
+  clip.bottom = std::min(clip.bottom, AddSat(std::max(clip.top, 0), largestWindow));
   const auto firstLine = [step](std::int32_t from) { return std::max(from / step, 1) * step; };
   for (std::int32_t x = firstLine(clip.left); x < std::min(size.cx, clip.right); x += step) {
     dc.MoveTo({x, 0});
