@@ -33,8 +33,8 @@ bool AnchorZone::Reaches(const RECT& border) const {
   RECT core = InflateRect(r, -Depth(Width(r), reach), -Depth(Height(r), reach));
   RECT around = InflateRect(r, reach);
   // The pixel at which the band ends belongs to it on all sides.
-  ++around.right;
-  ++around.bottom;
+  around.right = AddSat(around.right, 1);
+  around.bottom = AddSat(around.bottom, 1);
   if (core.left > r.left) ++core.left;
   if (core.top > r.top) ++core.top;
   return PtInRect(around, client) && !PtInRect(core, client);
