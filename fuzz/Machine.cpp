@@ -98,10 +98,7 @@ void Check(const std::string& text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  constexpr unsigned damages = 20;
-  const std::string text = TextOf(data, size);
-  Check(text);
-  for (unsigned seed = 1; seed <= damages; ++seed) Check(Mutation(seed).Damage(text));
+  CheckWithDamages(TextOf(data, size), Check);
   return 0;
 }
 

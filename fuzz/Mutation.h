@@ -25,4 +25,12 @@ class Mutation {
   std::mt19937 random;
 };
 
+/// Checks the text of an input, and then what some damages make of it.
+template <class Check>
+void CheckWithDamages(const std::string& text, const Check& check) {
+  constexpr unsigned damages = 20;
+  check(text);
+  for (unsigned seed = 1; seed <= damages; ++seed) check(Mutation(seed).Damage(text));
+}
+
 }  // namespace morvane

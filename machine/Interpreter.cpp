@@ -173,14 +173,4 @@ bool Interpreter::IsIn(int state) const {
   return false;
 }
 
-bool Interpreter::Knows(int event) const {
-  if (IsFinished()) return false;
-  for (int at = position.state; at != kChart; at = machine.states[Index(at)].parent) {
-    for (const int transition : machine.states[Index(at)].outgoing) {
-      if (IsTriedOn(machine.transitions[Index(transition)], event)) return true;
-    }
-  }
-  return false;
-}
-
 }  // namespace morvane

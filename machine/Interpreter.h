@@ -51,8 +51,6 @@ class Interpreter {
   bool IsFinished() const;
   /// The state is active, or one inside it.
   bool IsIn(int state) const;
-  /// Some transition could be tried on the event, whatever its guard says.
-  bool Knows(int event) const;
 
   const Position& Where() const { return position; }
   /// Goes to where the machine was before.
