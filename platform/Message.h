@@ -4,8 +4,14 @@
 
 namespace morvane {
 
-/// Key state that comes with a mouse message.
-enum MouseFlags : unsigned { MK_LBUTTON = 1, MK_RBUTTON = 2, MK_SHIFT = 4, MK_CONTROL = 8 };
+/// Key state that comes with a message of the mouse or of a key.
+enum MouseFlags : unsigned {
+  MK_LBUTTON = 1,
+  MK_RBUTTON = 2,
+  MK_SHIFT = 4,
+  MK_CONTROL = 8,
+  MK_ALT = 32
+};
 
 enum class VirtualKey {
   Other,
@@ -19,6 +25,8 @@ enum class VirtualKey {
   Right,
   Down,
   Delete,
+  Return,
+  Tab,
   Space  ///< was hit, and not held to drag the surface
 };
 

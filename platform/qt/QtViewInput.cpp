@@ -34,6 +34,7 @@ unsigned ToFlags(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers) {
   if (buttons & Qt::RightButton) flags |= MK_RBUTTON;
   if (modifiers & Qt::ShiftModifier) flags |= MK_SHIFT;
   if (modifiers & Qt::ControlModifier) flags |= MK_CONTROL;
+  if (modifiers & Qt::AltModifier) flags |= MK_ALT;
   return flags;
 }
 
@@ -49,6 +50,10 @@ VirtualKey ToVirtualKey(int key) {
     case Qt::Key_Right: return VirtualKey::Right;
     case Qt::Key_Down: return VirtualKey::Down;
     case Qt::Key_Delete: return VirtualKey::Delete;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return VirtualKey::Return;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: return VirtualKey::Tab;
     default: return VirtualKey::Other;
   }
 }
