@@ -15,6 +15,8 @@ struct Problem {
   std::int32_t id = 0;  ///< of the object; 0 if it is none of one object
   int line = 0;         ///< of the model file, counted from 1; 0 if unknown
   std::string message;  ///< begins with the object: GenericState 105 "Listen" overlaps ...
+  /// How the message names the object; empty if it is none of one object.
+  std::string object{};
 };
 
 bool HasErrors(const std::vector<Problem>& problems);

@@ -65,6 +65,7 @@ void ChartHistory::StepTo(const SharedText& snapshot, void (UndoHistory::*step)(
 }
 
 void ChartHistory::Tell(const SharedText& text) {
+  view.TellText(text);
   if (view.GetDocument() != nullptr) view.GetDocument()->OnTextChanged(text);
 }
 

@@ -23,6 +23,7 @@
 #include "surface/ChartLook.h"
 #include "surface/ConnectionDrag.h"
 #include "surface/InPlaceEdit.h"
+#include "surface/ObjectMarks.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -46,6 +47,7 @@ LayoutMgr::LayoutMgr()
       tools(std::make_unique<ToolDrag>(*this)),
       connections(std::make_unique<ConnectionDrag>(*this)),
       inPlace(std::make_unique<InPlaceEdit>(*this)),
+      marks(std::make_unique<ObjectMarks>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -176,6 +178,8 @@ void LayoutMgr::OnDraw(CDC& dc) {
   PrepareMapping(dc);
   dc.SetTextColor(GetTextColor());
   model->DrawOnScreen(dc);
+  dc.SetMapping(ClientMapping());
+  marks->Draw(dc);
 }
 
 SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width, Letters letters) const {
@@ -185,6 +189,7 @@ SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width, Lett
 
 void LayoutMgr::TakeSnapshot() {
   MakeRoom();
+  marks->Follow();
   // What the pointer was on may be gone.
   ModalLoop::IsRunning() ? connections->HideHover() : RefreshHover();
   if (objectTree != nullptr) objectTree->OnObjectsMoved();
@@ -264,6 +269,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
   }
   MakeRoom();
   if (zoom != oldZoom) geometry->ApplyZoom(oldZoom, geometry->MiddleOfWindow());
+  marks->Follow();
   Invalidate();
   RefreshHover();
   return true;
@@ -301,6 +307,8 @@ bool LayoutMgr::OnCommand(unsigned id) {
   const auto held = HoldModel();
   return ChartCommands().Run(*this, OfChart(id));
 }
+
+std::string LayoutMgr::TipAt(POINT client) const { return marks->TextAt(client); }
 
 std::string LayoutMgr::GetTitle() const {
   return GetDocument() != nullptr ? GetDocument()->GetTitle() : LoadText(IDS_UNTITLED);

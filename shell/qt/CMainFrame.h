@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include "checks/ProblemChecker.h"
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
 #include "persistence/DocumentManager.h"
@@ -19,6 +20,8 @@ class QMdiArea;
 namespace morvane {
 
 class ChartBrowserPane;
+class ProblemsPane;
+struct Problem;
 class CChildFrame;
 class CommandBar;
 class CommandMenu;
@@ -93,6 +96,10 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   void CreateKeys();
   void CreateBars();
   void CreateChartBrowser();
+  void CreateProblems();
+  /// Lists the problems of the active chart, and counts them in the status bar.
+  void ShowProblems();
+  void ShowPlaceOf(const Problem& problem);
   void ShowMenu(bool forChart);
   void FillWindowList();
   void OnActivated();
@@ -124,6 +131,9 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   CommandBar* toolBar = nullptr;
   CommandBar* drawingBar = nullptr;
   ChartBrowserPane* chartBrowser = nullptr;
+  ProblemChecker checker;
+  ProblemsPane* problems = nullptr;
+  QLabel* problemCount = nullptr;
   QLabel* statusText = nullptr;
   ZoomBar* zoomBar = nullptr;
   bool chartMenuShown = false;

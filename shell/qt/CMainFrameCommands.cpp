@@ -4,6 +4,7 @@
 #include <QMdiArea>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTreeWidget>
 
 #include "platform/CScrollView.h"
 #include "platform/qt/QtTreeCtrl.h"
@@ -16,6 +17,7 @@
 #include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
+#include "shell/qt/ProblemsPane.h"
 
 namespace morvane {
 
@@ -58,6 +60,7 @@ QWidget* CMainFrame::PartOf(unsigned id) const {
     case ID_OBJECT_BROWSER: return &ActiveChild()->ObjectBrowser();
     case ID_VIEW_TOOLBAR: return toolBar;
     case ID_DRAWING_BAR: return drawingBar;
+    case ID_PROBLEMS: return problems;
     case ID_CHART_BROWSER: return chartBrowser;
     default: return statusBar();
   }
@@ -65,11 +68,15 @@ QWidget* CMainFrame::PartOf(unsigned id) const {
 
 bool CMainFrame::IsPartShown(unsigned id) const { return !PartOf(id)->isHidden(); }
 
-void CMainFrame::ShowPart(unsigned id, bool show) { PartOf(id)->setVisible(show); }
+void CMainFrame::ShowPart(unsigned id, bool show) {
+  if (id == ID_PROBLEMS) return problems->ShowPart(show);
+  PartOf(id)->setVisible(show);
+}
 
 void CMainFrame::FocusPane(int step) {
   CChildFrame* child = ActiveChild();
-  QList<QWidget*> panes{child->Window(), &child->ObjectBrowser().Window(), &chartBrowser->Window()};
+  QList<QWidget*> panes{child->Window(), &child->ObjectBrowser().Window(), &problems->Window(),
+                        &chartBrowser->Window()};
   panes.removeIf([](const QWidget* pane) { return !pane->isVisible(); });
   if (panes.isEmpty()) return;
   const qsizetype present = panes.indexOf(QApplication::focusWidget());
