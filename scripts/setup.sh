@@ -6,6 +6,7 @@ set -euo pipefail
 packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev
+  nlohmann-json3-dev
   libqt6svg6           # also the plugins that draw SVG icons
   fonts-dejavu-core    # stands in for Verdana
   qt6-translations-l10n # the toolkit's own texts in the languages of the program

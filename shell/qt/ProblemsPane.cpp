@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <QHeaderView>
+#include <QMainWindow>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QTreeWidget>
@@ -53,7 +54,6 @@ ProblemsPane::ProblemsPane(OnChosen chosen, QWidget* parent)
   connect(list, &QTreeWidget::currentItemChanged, this,
           [this](QTreeWidgetItem* item) { Choose(list->indexOfTopLevelItem(item)); });
   setWidget(list);
-  list->resize(0, kHeight);
   KeepTitleWhole(*this);
   hide();
 }
@@ -64,7 +64,16 @@ void ProblemsPane::Show(const std::vector<Problem>& shown) {
     problems = shown;
     Fill();
   }
-  if (isFirst && IsWanted()) show();
+  if (isFirst && IsWanted()) Appear();
+}
+
+/// As low as its first rows; the user may have made it higher.
+void ProblemsPane::Appear() {
+  show();
+  auto* frame = qobject_cast<QMainWindow*>(parentWidget());
+  if (frame != nullptr && !std::exchange(hasAppeared, true)) {
+    frame->resizeDocks({this}, {kHeight}, Qt::Vertical);
+  }
 }
 
 void ProblemsPane::Fill() {
@@ -94,7 +103,7 @@ void ProblemsPane::Choose(int row) const {
 
 void ProblemsPane::ShowPart(bool show) {
   Want(show);
-  setVisible(show);
+  show ? Appear() : hide();
 }
 
 void ProblemsPane::closeEvent(QCloseEvent* event) {

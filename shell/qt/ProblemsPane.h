@@ -32,12 +32,14 @@ class ProblemsPane : public QDockWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void Appear();
   void Fill();
   void Choose(int row) const;
 
   OnChosen chosen;
   QTreeWidget* list;
   std::vector<Problem> problems;
+  bool hasAppeared = false;
 };
 
 }  // namespace morvane
