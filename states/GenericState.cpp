@@ -5,8 +5,10 @@
 
 #include "drawing/CDC.h"
 #include "model/ChartView.h"
+#include "model/Contents.h"
 #include "model/Defaults.h"
 #include "model/Editors.h"
+#include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
@@ -135,6 +137,7 @@ void GenericState::OnCommand(unsigned command) {
   switch (command) {
     case ID_OBJECT_PROPERTIES: EditProperties(); break;
     case ID_STATE_EDIT_TEXTS: EditTexts(); break;
+    case ID_SELECT_CONTENTS: mgr->Select(Contents()); break;
     default: State::OnCommand(command);
   }
 }
@@ -142,6 +145,8 @@ void GenericState::OnCommand(unsigned command) {
 void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
   EditTexts();
 }
+
+std::vector<Shape*> GenericState::Contents() const { return ContentsOf(*mgr, *this); }
 
 void GenericState::EditTexts() {
   if (entryExit.EditText(name)) Invalidate();

@@ -22,6 +22,8 @@
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
 #include "surface/ConnectionDrag.h"
+#include "surface/Nudge.h"
+#include "surface/Pasting.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -44,6 +46,8 @@ LayoutMgr::LayoutMgr()
       geometry(std::make_unique<ViewGeometry>(*this)),
       tools(std::make_unique<ToolDrag>(*this)),
       connections(std::make_unique<ConnectionDrag>(*this)),
+      nudge(std::make_unique<Nudge>(*this)),
+      pasting(std::make_unique<Pasting>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -74,6 +78,8 @@ void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
   model->Select(shapes);
   if (!shapes.empty()) geometry->ScrollIntoView(shapes.front()->GetBounds());
 }
+
+void LayoutMgr::KeepInSight(const RECT& model) { geometry->KeepInSight(model); }
 
 RECT LayoutMgr::PlaceOnScreen(const Shape& shape) const {
   const RECT client = IntersectRect(ToClient(shape.GetBounds()), GetClientRect());

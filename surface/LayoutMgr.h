@@ -22,6 +22,8 @@ class Collection;
 class ConnectionDrag;
 class ModelMgr;
 class ModelStream;
+class Nudge;
+class Pasting;
 class PrintMapping;
 class ToolDrag;
 class ViewGeometry;
@@ -45,6 +47,7 @@ class LayoutMgr : public ChartView, public ChartText {
   ChartHistory& GetHistory() const { return *history; }
   ToolDrag& GetTools() const { return *tools; }
   const ViewGeometry& GetGeometry() const { return *geometry; }
+  Pasting& GetPasting() const { return *pasting; }
   const PrintMapping& GetPrintMapping() const { return *printMapping; }
   const CFont& GetBoldFont() const override;
   COLORREF GetTextColor() const override;
@@ -57,6 +60,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void BringToFront(Shape* shape);
   /// Selects objects of the model, and no others, and scrolls to the first one.
   void Reveal(const std::vector<Shape*>& shapes);
+  /// Scrolls no farther than it takes to show a rectangle, absolute model units.
+  void KeepInSight(const RECT& model);
   /// Where on the screen the part of an object is that is in sight.
   RECT PlaceOnScreen(const Shape& shape) const;
   /// Deletes the selected objects, if the user agrees.
@@ -151,6 +156,8 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ViewGeometry> geometry;
   std::unique_ptr<ToolDrag> tools;
   std::unique_ptr<ConnectionDrag> connections;
+  std::unique_ptr<Nudge> nudge;
+  std::unique_ptr<Pasting> pasting;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;
   ChartBrowser* objectTree = nullptr;

@@ -7,7 +7,9 @@
 #include "resources/CommandIds.h"
 #include "surface/ConnectionDrag.h"
 #include "surface/LayoutMgr.h"
+#include "surface/Nudge.h"
 #include "surface/ObjectMenus.h"
+#include "surface/Pasting.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
 
@@ -88,6 +90,7 @@ void LayoutMgr::ShowObjectMenu(Shape* shape, POINT screen) {
 }
 
 void LayoutMgr::ShowChartMenu(POINT screen) {
+  const Pasting::MenuPlace place(*pasting, screen);
   const unsigned chosen =
       TrackContextMenu(MenuOfChart(), screen, [this](unsigned id) { return OnUpdateCommand(id); });
   if (chosen != 0) OnCommand(chosen);
@@ -99,7 +102,7 @@ void LayoutMgr::OnZoom(int steps, POINT client) {
   ChangeZoom(std::clamp<int>(zoom + steps, std::min(zoom, kMinZoom), kMaxZoom), client);
 }
 
-bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
+bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned flags) {
   if (IsBusy()) return false;
   const auto held = HoldModel();
   switch (key) {
@@ -109,7 +112,7 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
       return true;
     case VirtualKey::Delete: DeleteSelection(); return true;
     case VirtualKey::Space: return OnCommand(ID_FIND_REPLACE);
-    default: return geometry->ScrollByKey(key);
+    default: return nudge->TakesKey(key, flags) || geometry->ScrollByKey(key);
   }
 }
 

@@ -15,8 +15,10 @@ std::span<const MenuEntry> MenuOf(const Shape* shape);
 /// The context menu of the chart itself.
 std::span<const MenuEntry> MenuOfChart();
 
+/// Tells whether a command can be given.
+using StateOfCommand = std::function<CommandState(unsigned id)>;
 /// Shows a context menu at a screen point and waits; gives the chosen command, or 0.
 unsigned TrackContextMenu(std::span<const MenuEntry> menu, POINT screen,
-                          const std::function<CommandState(unsigned id)>& stateOf);
+                          const StateOfCommand& stateOf);
 
 }  // namespace morvane

@@ -1,0 +1,92 @@
+#include "surface/Pasting.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+#include "model/GroupMove.h"
+#include "model/ModelMgr.h"
+#include "surface/LayoutMgr.h"
+#include "surface/ViewGeometry.h"
+
+namespace morvane {
+
+namespace {
+
+constexpr POINT kStep{ViewGeometry::kGridStep, ViewGeometry::kGridStep};
+
+/// A place with a kind of object there.
+using Spot = std::pair<std::string, std::array<std::int32_t, 4>>;
+
+Spot SpotOf(const Shape& shape, POINT way) {
+  const RECT box = shape.GetMoveBounds() + way;
+  return {shape.GetTypeName(), {box.left, box.top, box.right, box.bottom}};
+}
+
+bool Touch(const RECT& a, const RECT& b) {
+  return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+}  // namespace
+
+Pasting::MenuPlace::MenuPlace(Pasting& pasting, POINT screen) : pasting(pasting) {
+  const LayoutMgr& view = pasting.view;
+  const POINT client = view.ScreenToClient(screen);
+  if (PtInRect(view.GetClientRect(), client)) pasting.menuPlace = view.ToAbsolute(client);
+}
+
+void Pasting::Paste() {
+  ModelMgr& model = view.GetModel();
+  const std::optional<std::string> text = model.CopiedText();
+  if (!text || !model.Paste(*text)) return;
+  const POINT way = Place(WayToPlace(*text));
+  last = {*text, way, model.SelectedShapes().front()->GetId()};
+}
+
+void Pasting::Duplicate() {
+  ModelMgr& model = view.GetModel();
+  if (model.Paste(model.SelectionText())) Place(kStep);
+}
+
+/// From the place that the records name.
+POINT Pasting::WayToPlace(const std::string& text) const {
+  const RECT box = view.GetModel().SelectionBounds();
+  if (menuPlace) return *menuPlace - TopLeft(box);
+  const bool again = text == last.text && view.GetModel().Find(last.id) != nullptr;
+  const POINT way = again ? last.way + kStep : POINT{};
+  const RECT sight = view.GetGeometry().InSight();
+  if (IsRectEmpty(sight) || Touch(box + way, sight)) return way;
+  const POINT corner = TopLeft(sight) + POINT{1, 1};
+  const POINT centred = CentreOf(sight) - CentreOf(box);
+  return {std::max(centred.x, SubSat(corner.x, box.left)),
+          std::max(centred.y, SubSat(corner.y, box.top))};
+}
+
+/// Not onto objects of the same kinds at the same places, which would hide under the copies.
+POINT Pasting::WayToFree(POINT way) const {
+  std::set<Spot> taken;
+  const std::vector<Shape*>& objects = view.GetModel().Objects();
+  for (const Shape* shape : objects) {
+    if (!shape->IsInSelection()) taken.insert(SpotOf(*shape, {}));
+  }
+  const std::vector<Shape*> copies = view.GetModel().SelectedShapes();
+  const auto hides = [&taken, &way](const Shape* copy) {
+    return taken.contains(SpotOf(*copy, way));
+  };
+  for (std::size_t tries = 0; tries < objects.size(); ++tries) {
+    if (std::ranges::none_of(copies, hides)) break;
+    way = way + kStep;
+  }
+  return way;
+}
+
+/// Takes the selected copies to their place; gives the way that they went.
+POINT Pasting::Place(POINT way) {
+  const GroupMove move(view.GetModel());
+  way = move.Limit(WayToFree(move.Limit(way)));
+  move.Move(way);
+  if (!menuPlace) view.KeepInSight(view.GetModel().SelectionBounds());
+  return way;
+}
+
+}  // namespace morvane
