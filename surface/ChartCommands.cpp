@@ -126,12 +126,14 @@ void LayRoutes(LayoutMgr& chart, unsigned id) {
 void Cut(LayoutMgr& chart, unsigned /*id*/) {
   const WaitCursor wait;
   chart.GetModel().Cut();
+  chart.GetPasting().BeginAnew();
   chart.TakeSnapshot();
 }
 
 void Copy(LayoutMgr& chart, unsigned /*id*/) {
   const WaitCursor wait;
   chart.GetModel().Copy();
+  chart.GetPasting().BeginAnew();
 }
 
 void Paste(LayoutMgr& chart, unsigned /*id*/) {

@@ -36,10 +36,14 @@ Pasting::MenuPlace::MenuPlace(Pasting& pasting, POINT screen) : pasting(pasting)
 }
 
 void Pasting::Paste() {
+  const std::optional<std::string> text = view.GetModel().CopiedText();
+  // Who has copied may take its time, and the chart may be another one by now.
   ModelMgr& model = view.GetModel();
-  const std::optional<std::string> text = model.CopiedText();
-  if (!text || !model.Paste(*text)) return;
-  const POINT way = Place(WayToPlace(*text));
+  if (!text) return;
+  // Where the last copies are gone, as by undo, their place is free.
+  const bool again = *text == last.text && model.Find(last.id) != nullptr;
+  if (!model.Paste(*text)) return;
+  const POINT way = Place(WayToPlace(again ? last.way + kStep : POINT{}));
   last = {*text, way, model.SelectedShapes().front()->GetId()};
 }
 
@@ -48,12 +52,10 @@ void Pasting::Duplicate() {
   if (model.Paste(model.SelectionText())) Place(kStep);
 }
 
-/// From the place that the records name.
-POINT Pasting::WayToPlace(const std::string& text) const {
+/// A way from the place that the records name, if it leads into sight, or another one that does.
+POINT Pasting::WayToPlace(POINT way) const {
   const RECT box = view.GetModel().SelectionBounds();
   if (menuPlace) return *menuPlace - TopLeft(box);
-  const bool again = text == last.text && view.GetModel().Find(last.id) != nullptr;
-  const POINT way = again ? last.way + kStep : POINT{};
   const RECT sight = view.GetGeometry().InSight();
   if (IsRectEmpty(sight) || Touch(box + way, sight)) return way;
   const POINT corner = TopLeft(sight) + POINT{1, 1};

@@ -31,6 +31,8 @@ class Pasting {
 
   /// Inserts what the clipboard holds.
   void Paste();
+  /// Something was copied: the next copies come to the place of their originals, if that is free.
+  void BeginAnew() { last = {}; }
   /// Inserts copies of the selection; the clipboard keeps what it has.
   void Duplicate();
 
@@ -41,7 +43,7 @@ class Pasting {
     std::int32_t id = 0;  ///< of one of the objects that came
   };
 
-  POINT WayToPlace(const std::string& text) const;
+  POINT WayToPlace(POINT way) const;
   POINT WayToFree(POINT way) const;
   POINT Place(POINT way);
 

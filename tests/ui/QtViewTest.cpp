@@ -117,8 +117,10 @@ TEST_F(QtViewTest, MouseAndKeysReachTheView) {
   SendMouse(Area(), QEvent::MouseMove, {3, 4}, Qt::NoButton);
   SendMouse(Area(), QEvent::MouseButtonPress, {5, 6}, Qt::LeftButton, Qt::ShiftModifier);
   EXPECT_TRUE(view.IsShiftDown());
+  EXPECT_FALSE(view.IsAltDown());
   EXPECT_EQ(view.GetCursorPos(), (POINT{5, 6}));
-  SendMouse(Area(), QEvent::MouseButtonRelease, {7, 8});
+  SendMouse(Area(), QEvent::MouseButtonRelease, {7, 8}, Qt::LeftButton, Qt::AltModifier);
+  EXPECT_TRUE(view.IsAltDown());
   SendMouse(Area(), QEvent::MouseButtonDblClick, {7, 8}, Qt::LeftButton, Qt::ControlModifier);
   for (const Qt::Key key : {Qt::Key_PageDown, Qt::Key_A}) PostKey(*widget, key);
   QApplication::processEvents();
