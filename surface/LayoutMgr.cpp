@@ -22,6 +22,7 @@
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
 #include "surface/ConnectionDrag.h"
+#include "surface/InPlaceEdit.h"
 #include "surface/Nudge.h"
 #include "surface/Pasting.h"
 #include "surface/PrintMapping.h"
@@ -48,6 +49,7 @@ LayoutMgr::LayoutMgr()
       connections(std::make_unique<ConnectionDrag>(*this)),
       nudge(std::make_unique<Nudge>(*this)),
       pasting(std::make_unique<Pasting>(*this)),
+      inPlace(std::make_unique<InPlaceEdit>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -76,10 +78,12 @@ void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
 void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
   model->Select(shapes);
-  if (!shapes.empty()) geometry->ScrollIntoView(shapes.front()->GetBounds());
+  if (!shapes.empty()) ScrollIntoView(*shapes.front());
 }
 
 void LayoutMgr::KeepInSight(const RECT& model) { geometry->KeepInSight(model); }
+
+void LayoutMgr::ScrollIntoView(const Shape& shape) { geometry->ScrollIntoView(shape.GetBounds()); }
 
 RECT LayoutMgr::PlaceOnScreen(const Shape& shape) const {
   const RECT client = IntersectRect(ToClient(shape.GetBounds()), GetClientRect());
@@ -141,6 +145,7 @@ void LayoutMgr::PrepareMapping(CDC& dc) const { geometry->PrepareMapping(dc); }
 bool LayoutMgr::OnScrollBy(SIZE distance) {
   if (!CScrollView::OnScrollBy({distance.cx / zoom * zoom, distance.cy / zoom * zoom}))
     return false;
+  inPlace->Follow();
   if (!IsBusy()) RefreshHover();
   return true;
 }
@@ -179,8 +184,9 @@ void LayoutMgr::OnDraw(CDC& dc) {
   model->DrawOnScreen(dc);
 }
 
-SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width) const {
-  return look->Measure(text, width);
+SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width, Letters letters) const {
+  const bool bold = letters == Letters::Bold;
+  return ChartLook::Measure(text, width, bold ? look->BoldFont() : look->NormalFont());
 }
 
 void LayoutMgr::TakeSnapshot() {
@@ -270,6 +276,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
 }
 
 bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
+  FinishTyping();
   if (!Restore(text, reason)) return false;
   TakeSnapshot();
   return true;
@@ -296,6 +303,7 @@ CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
 
 bool LayoutMgr::OnCommand(unsigned id) {
   if (ModalLoop::IsRunning()) return false;
+  FinishTyping();
   const auto held = HoldModel();
   return ChartCommands().Run(*this, OfChart(id));
 }

@@ -30,7 +30,8 @@ constexpr MenuEntry kCopy{ID_EDIT_COPY};
 constexpr MenuEntry kPaste{ID_EDIT_PASTE};
 constexpr MenuEntry kDuplicate{ID_DUPLICATE};
 
-constexpr MenuEntry kGenericStateMenu[] = {{ID_OBJECT_PROPERTIES},
+constexpr MenuEntry kGenericStateMenu[] = {{ID_EDIT_OBJECT, "Rename"},
+                                           {ID_OBJECT_PROPERTIES},
                                            {ID_STATE_EDIT_TEXTS},
                                            {ID_SHOW_ANCHORS},
                                            {ID_SELECT_CONTENTS},
@@ -82,7 +83,8 @@ constexpr MenuEntry kTransitionMenu[] = {{ID_TRANSITION_ADD_MESG},
                                          kSeparator,
                                          kToFront,
                                          kToBack};
-constexpr MenuEntry kMesgMenu[] = {{ID_OBJECT_PROPERTIES},
+constexpr MenuEntry kMesgMenu[] = {{ID_EDIT_OBJECT, "Edit Event"},
+                                   {ID_OBJECT_PROPERTIES},
                                    {ID_MESG_EDIT},
                                    {ID_MESG_ALIGN},
                                    {ID_SHOW_ANCHORS},
@@ -166,6 +168,13 @@ std::span<const MenuEntry> MenuOf(const Shape* shape) {
   if (Is<Note>(shape)) return kNoteMenu;
   if (Is<Line>(shape)) return kLineMenu;
   return {};
+}
+
+unsigned EditorOf(const Shape& shape, bool properties) {
+  if (Is<Transition>(&shape)) return ID_TRANSITION_ADD_MESG;
+  if (properties || Is<Line>(&shape)) return ID_OBJECT_PROPERTIES;
+  if (Is<Mesg>(&shape)) return ID_MESG_EDIT;
+  return Is<Note>(&shape) ? ID_NOTE_EDIT : ID_STATE_EDIT_TEXTS;
 }
 
 std::span<const MenuEntry> MenuOfChart() { return kChartMenu; }
