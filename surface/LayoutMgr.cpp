@@ -23,7 +23,9 @@
 #include "surface/ChartLook.h"
 #include "surface/ConnectionDrag.h"
 #include "surface/InPlaceEdit.h"
+#include "surface/Nudge.h"
 #include "surface/ObjectMarks.h"
+#include "surface/Pasting.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -46,6 +48,8 @@ LayoutMgr::LayoutMgr()
       geometry(std::make_unique<ViewGeometry>(*this)),
       tools(std::make_unique<ToolDrag>(*this)),
       connections(std::make_unique<ConnectionDrag>(*this)),
+      nudge(std::make_unique<Nudge>(*this)),
+      pasting(std::make_unique<Pasting>(*this)),
       inPlace(std::make_unique<InPlaceEdit>(*this)),
       marks(std::make_unique<ObjectMarks>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
@@ -78,6 +82,8 @@ void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
   model->Select(shapes);
   if (!shapes.empty()) ScrollIntoView(*shapes.front());
 }
+
+void LayoutMgr::KeepInSight(const RECT& model) { geometry->KeepInSight(model); }
 
 void LayoutMgr::ScrollIntoView(const Shape& shape) { geometry->ScrollIntoView(shape.GetBounds()); }
 

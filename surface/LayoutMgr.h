@@ -26,6 +26,8 @@ class InPlaceEdit;
 class ObjectMarks;
 class ModelMgr;
 class ModelStream;
+class Nudge;
+class Pasting;
 class PrintMapping;
 class ToolDrag;
 class ViewGeometry;
@@ -58,6 +60,7 @@ class LayoutMgr : public ChartView, public ChartText {
     if (textListener) textListener(text);
   }
   const ViewGeometry& GetGeometry() const { return *geometry; }
+  Pasting& GetPasting() const { return *pasting; }
   const PrintMapping& GetPrintMapping() const { return *printMapping; }
   const CFont& GetBoldFont() const override;
   COLORREF GetTextColor() const override;
@@ -70,6 +73,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void BringToFront(Shape* shape);
   /// Selects objects of the model, and no others, and scrolls to the first one.
   void Reveal(const std::vector<Shape*>& shapes);
+  /// Scrolls no farther than it takes to show a rectangle, absolute model units.
+  void KeepInSight(const RECT& model);
   /// Scrolls so far that the whole shape shows, if it doesn't.
   void ScrollIntoView(const Shape& shape);
   /// Where on the screen the part of an object is that is in sight.
@@ -172,6 +177,8 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ViewGeometry> geometry;
   std::unique_ptr<ToolDrag> tools;
   std::unique_ptr<ConnectionDrag> connections;
+  std::unique_ptr<Nudge> nudge;
+  std::unique_ptr<Pasting> pasting;
   std::unique_ptr<InPlaceEdit> inPlace;
   std::unique_ptr<ObjectMarks> marks;
   std::function<void(const SharedText&)> textListener;
