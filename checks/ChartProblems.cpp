@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "checks/ProblemChecker.h"
+#include "checks/QuickFix.h"
 #include "model/ModelMgr.h"
 #include "surface/LayoutMgr.h"
 #include "surface/ObjectMarks.h"
@@ -41,6 +42,12 @@ void ChartProblems::Take(std::vector<Problem> found) {
   chart.GetMarks().Set(std::move(marks));
   changed();
 }
+
+std::string ChartProblems::FixFor(const Problem& problem) const {
+  return QuickFix(chart).OfferFor(problem);
+}
+
+void ChartProblems::Fix(const Problem& problem) const { QuickFix(chart).Apply(problem); }
 
 bool ChartProblems::Show(const Problem& problem) const {
   Shape* shape = chart.GetModel().Find(problem.id);

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "machine/Problem.h"
@@ -26,6 +27,10 @@ class ChartProblems {
   const std::vector<Problem>& Problems() const { return problems; }
   /// Selects the object of a problem and scrolls to it; false if it isn't there any more.
   bool Show(const Problem& problem) const;
+  /// What would put a problem right, in the user's language; empty where nothing plain would.
+  std::string FixFor(const Problem& problem) const;
+  /// Puts it right, as one step to undo.
+  void Fix(const Problem& problem) const;
 
  private:
   void Check(const SharedText& text);

@@ -184,7 +184,13 @@ void CMainFrame::CreateChartBrowser() {
 }
 
 void CMainFrame::CreateProblems() {
-  problems = new ProblemsPane([this](const Problem& problem) { ShowPlaceOf(problem); }, this);
+  const auto choose = [this](const Problem& problem) {
+    if (const ChartProblems* known = ReachableProblems()) known->Show(problem);
+  };
+  const auto fix = [this](const Problem& problem) {
+    if (const ChartProblems* known = ReachableProblems()) known->Fix(problem);
+  };
+  problems = new ProblemsPane({choose, fix}, this);
   addDockWidget(Qt::BottomDockWidgetArea, problems);
 }
 
@@ -192,7 +198,9 @@ void CMainFrame::ShowProblems() {
   const CChildFrame* child = ActiveChild();
   const ChartProblems* known = child != nullptr ? child->Problems() : nullptr;
   const std::vector<Problem> found = known != nullptr ? known->Problems() : std::vector<Problem>();
-  problems->Show(found);
+  std::vector<ProblemsPane::Row> rows;
+  for (const Problem& problem : found) rows.push_back({problem, known->FixFor(problem)});
+  problems->Show(std::move(rows));
   const auto errors = std::ranges::count(found, Problem::Severity::Error, &Problem::severity);
   const auto warnings = std::ssize(found) - errors;
   QStringList counts;
@@ -203,11 +211,9 @@ void CMainFrame::ShowProblems() {
   problemCount->setText(counts.join("  "));
 }
 
-void CMainFrame::ShowPlaceOf(const Problem& problem) {
+const ChartProblems* CMainFrame::ReachableProblems() const {
   const CChildFrame* child = ActiveChild();
-  if (!IsBusy() && child != nullptr && child->Problems() != nullptr) {
-    child->Problems()->Show(problem);
-  }
+  return child != nullptr && !IsBusy() ? child->Problems() : nullptr;
 }
 
 QMenu* CMainFrame::createPopupMenu() {

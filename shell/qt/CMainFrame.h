@@ -20,8 +20,8 @@ class QMdiArea;
 namespace morvane {
 
 class ChartBrowserPane;
+class ChartProblems;
 class ProblemsPane;
-struct Problem;
 class CChildFrame;
 class CommandBar;
 class CommandMenu;
@@ -99,7 +99,8 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   void CreateProblems();
   /// Lists the problems of the active chart, and counts them in the status bar.
   void ShowProblems();
-  void ShowPlaceOf(const Problem& problem);
+  /// Null without an active chart, and while the user is at something else.
+  const ChartProblems* ReachableProblems() const;
   void ShowMenu(bool forChart);
   void FillWindowList();
   void OnActivated();

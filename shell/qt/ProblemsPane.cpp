@@ -22,7 +22,7 @@ constexpr const char* kSection = "Frame";
 constexpr const char* kKey = "Problems";
 constexpr int kHeight = 110;
 constexpr int kObjectWidth = 240;
-enum ListColumn : int { kObject, kMessage };
+enum ListColumn : int { kObject, kMessage, kFix };
 
 bool IsWanted() { return Service<Profile>::Get().GetInt(kSection, kKey, 1) != 0; }
 
@@ -34,34 +34,40 @@ std::string WithoutObject(const Problem& problem) {
   return named ? problem.message.substr(problem.object.size() + 1) : problem.message;
 }
 
-bool IsSame(const Problem& a, const Problem& b) { return a.id == b.id && a.message == b.message; }
+bool IsSame(const ProblemsPane::Row& a, const ProblemsPane::Row& b) {
+  return a.problem.id == b.problem.id && a.problem.message == b.problem.message && a.fix == b.fix;
+}
 
 }  // namespace
 
-ProblemsPane::ProblemsPane(OnChosen chosen, QWidget* parent)
+ProblemsPane::ProblemsPane(Callbacks callbacks, QWidget* parent)
     : QDockWidget(ToQString(Translate("Problems")), parent),
-      chosen(std::move(chosen)),
+      callbacks(std::move(callbacks)),
       list(new QTreeWidget(this)) {
   setObjectName("problems");
   list->setAccessibleName(windowTitle());
   list->setRootIsDecorated(false);
   list->setUniformRowHeights(true);
   list->setAllColumnsShowFocus(true);
-  list->setHeaderLabels({ToQString(Translate("Object")), ToQString(Translate("Problem"))});
+  list->setHeaderLabels({ToQString(Translate("Object")), ToQString(Translate("Problem")),
+                         ToQString(Translate("Quick Fix"))});
+  list->header()->setStretchLastSection(false);
   list->header()->resizeSection(kObject, kObjectWidth);
-  connect(list, &QTreeWidget::itemClicked, this,
-          [this](QTreeWidgetItem* item) { Choose(list->indexOfTopLevelItem(item)); });
-  connect(list, &QTreeWidget::currentItemChanged, this,
-          [this](QTreeWidgetItem* item) { Choose(list->indexOfTopLevelItem(item)); });
+  list->header()->setSectionResizeMode(kMessage, QHeaderView::Stretch);
+  list->header()->setSectionResizeMode(kFix, QHeaderView::ResizeToContents);
+  list->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(list, &QTreeWidget::itemClicked, this, &ProblemsPane::Click);
+  connect(list, &QTreeWidget::currentItemChanged, this, &ProblemsPane::Choose);
+  connect(list, &QWidget::customContextMenuRequested, this, &ProblemsPane::ShowMenu);
   setWidget(list);
   KeepTitleWhole(*this);
   hide();
 }
 
-void ProblemsPane::Show(const std::vector<Problem>& shown) {
-  const bool isFirst = problems.empty() && !shown.empty();
-  if (!std::ranges::equal(problems, shown, IsSame)) {
-    problems = shown;
+void ProblemsPane::Show(std::vector<Row> shown) {
+  const bool isFirst = rows.empty() && !shown.empty();
+  if (!std::ranges::equal(rows, shown, IsSame)) {
+    rows = std::move(shown);
     Fill();
   }
   if (isFirst && IsWanted()) Appear();
@@ -82,23 +88,62 @@ void ProblemsPane::Fill() {
   const QString object = current != nullptr ? current->text(kObject) : QString();
   const QString message = current != nullptr ? current->text(kMessage) : QString();
   list->clear();
-  for (const Problem& problem : problems) {
-    auto* item =
-        new QTreeWidgetItem(list, {ToQString(problem.object), ToQString(WithoutObject(problem))});
-    const bool isError = problem.severity == Problem::Severity::Error;
-    item->setIcon(kObject, style()->standardIcon(isError ? QStyle::SP_MessageBoxCritical
-                                                         : QStyle::SP_MessageBoxWarning));
-    item->setData(kObject, Qt::AccessibleDescriptionRole,
-                  ToQString(Translate(isError ? "Error" : "Warning")));
-    item->setToolTip(kMessage, item->text(kMessage));
+  for (const Row& row : rows) AddRow(row);
+  for (int i = 0; i < list->topLevelItemCount(); ++i) {
+    QTreeWidgetItem* item = list->topLevelItem(i);
     if (item->text(kObject) == object && item->text(kMessage) == message) {
       list->setCurrentItem(item);
     }
   }
 }
 
-void ProblemsPane::Choose(int row) const {
-  if (row >= 0 && row < std::ssize(problems)) chosen(problems[static_cast<std::size_t>(row)]);
+void ProblemsPane::AddRow(const Row& row) {
+  const Problem& problem = row.problem;
+  auto* item = new QTreeWidgetItem(
+      list, {ToQString(problem.object), ToQString(WithoutObject(problem)), ToQString(row.fix)});
+  const bool isError = problem.severity == Problem::Severity::Error;
+  const auto icon = isError ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxWarning;
+  item->setIcon(kObject, style()->standardIcon(icon));
+  item->setData(kObject, Qt::AccessibleDescriptionRole,
+                ToQString(Translate(isError ? "Error" : "Warning")));
+  item->setToolTip(kMessage, item->text(kMessage));
+  QFont link = list->font();
+  link.setUnderline(true);
+  item->setFont(kFix, link);
+  item->setForeground(kFix, palette().link());
+}
+
+const ProblemsPane::Row* ProblemsPane::RowOf(const QTreeWidgetItem* item) const {
+  const int at = item == nullptr ? -1 : list->indexOfTopLevelItem(item);
+  return at < 0 || at >= std::ssize(rows) ? nullptr : &rows[static_cast<std::size_t>(at)];
+}
+
+void ProblemsPane::Choose(const QTreeWidgetItem* item) const {
+  if (const Row* row = RowOf(item)) callbacks.chosen(row->problem);
+}
+
+void ProblemsPane::Click(const QTreeWidgetItem* item, int column) const {
+  const Row* row = RowOf(item);
+  if (row == nullptr) return;
+  // A row may go while it is put right.
+  const Problem problem = row->problem;
+  column == kFix && !row->fix.empty() ? callbacks.fix(problem) : callbacks.chosen(problem);
+}
+
+void ProblemsPane::ShowMenu(const QPoint& place) {
+  const Row* row = RowOf(list->itemAt(place));
+  if (row == nullptr) row = RowOf(list->currentItem());
+  if (row == nullptr) return;
+  const Problem problem = row->problem;
+  auto* menu = new QMenu(list);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  connect(menu->addAction(ToQString(Translate("Show on the Chart"))), &QAction::triggered, this,
+          [this, problem] { callbacks.chosen(problem); });
+  if (!row->fix.empty()) {
+    connect(menu->addAction(ToQString(row->fix)), &QAction::triggered, this,
+            [this, problem] { callbacks.fix(problem); });
+  }
+  menu->popup(list->viewport()->mapToGlobal(place));
 }
 
 void ProblemsPane::ShowPart(bool show) {

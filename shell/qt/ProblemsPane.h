@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include <QDockWidget>
@@ -8,6 +9,7 @@
 #include "machine/Problem.h"
 
 class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace morvane {
 
@@ -17,13 +19,21 @@ class ProblemsPane : public QDockWidget {
   Q_OBJECT
 
  public:
-  using OnChosen = std::function<void(const Problem& problem)>;
+  /// A problem, and what would put it right; empty where nothing plain would.
+  struct Row {
+    Problem problem;
+    std::string fix;
+  };
+  /// Who hears of what the user does with a row.
+  struct Callbacks {
+    std::function<void(const Problem&)> chosen;  ///< it was clicked on, or gone to by the keys
+    std::function<void(const Problem&)> fix;     ///< it is to be put right
+  };
 
-  /// `chosen` gets the problem of a row that the user clicks on or goes to by the keys.
-  ProblemsPane(OnChosen chosen, QWidget* parent);
+  ProblemsPane(Callbacks callbacks, QWidget* parent);
 
   /// Lists these problems and no others; the row that was chosen stays so if it is still there.
-  void Show(const std::vector<Problem>& problems);
+  void Show(std::vector<Row> rows);
   /// The user wants the pane, or not.
   void ShowPart(bool show);
   QTreeWidget& Window() { return *list; }
@@ -34,11 +44,16 @@ class ProblemsPane : public QDockWidget {
  private:
   void Appear();
   void Fill();
-  void Choose(int row) const;
+  void AddRow(const Row& row);
+  /// Null for no item.
+  const Row* RowOf(const QTreeWidgetItem* item) const;
+  void Choose(const QTreeWidgetItem* item) const;
+  void Click(const QTreeWidgetItem* item, int column) const;
+  void ShowMenu(const QPoint& place);
 
-  OnChosen chosen;
+  Callbacks callbacks;
   QTreeWidget* list;
-  std::vector<Problem> problems;
+  std::vector<Row> rows;
   bool hasAppeared = false;
 };
 

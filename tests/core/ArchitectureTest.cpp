@@ -39,7 +39,8 @@ const std::map<std::string, std::set<std::string>> kFloors = {
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"dialogs", {"resources", "drawing", "platform", "model", "states", "connectors"}},
     {"codegen", {"resources", "drawing", "platform", "model", "persistence", "surface"}},
-    {"checks", {"resources", "drawing", "platform", "model", "machine", "surface"}},
+    {"checks",
+     {"resources", "drawing", "platform", "model", "states", "connectors", "machine", "surface"}},
     {"shell",
      {"resources", "drawing", "platform", "recovery", "model", "states", "connectors",
       "persistence", "machine", "generators", "surface", "dialogs", "codegen", "checks"}}};
