@@ -10,6 +10,7 @@ namespace morvane {
 
 class CRgn;
 class Feedback;
+class ReadableParts;
 class WindowPeer;
 
 /// A window as the program sees it. Without a real window behind it everything but painting works:
@@ -58,6 +59,11 @@ class CWnd {
   POINT ClientToScreen(POINT p) const;
   POINT ScreenToClient(POINT p) const;
 
+  /// What the window paints may have changed for a screen reader.
+  void TellPartsChanged();
+  /// What a screen reader tells of the window's picture; null if nothing is to be told.
+  virtual ReadableParts* Parts() { return nullptr; }
+
   /// Waits for the next message of the queue, for a nested loop. Without a window it gives Quit.
   Message NextMessage();
   /// The normal way of a message that a nested loop doesn't take. Its point is one of `NextMessage`
@@ -72,6 +78,8 @@ class CWnd {
   virtual void OnMouseLeave() {}
   /// A context menu is asked for at a screen point.
   virtual void OnContextMenu(POINT /*screen*/) {}
+  /// The same by a key, without a place.
+  virtual void OnMenuKey() { OnContextMenu(ClientToScreen(CentreOf(GetClientRect()))); }
   /// Gives true when the key was used.
   virtual bool OnKeyDown(VirtualKey /*key*/, unsigned /*flags*/) { return false; }
   /// The pointer stands in the client area: choose its picture.

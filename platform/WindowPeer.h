@@ -37,6 +37,10 @@ class WindowPeer {
   /// Shows a bar for positions 0 to `limit` with the given steps, at `position`.
   virtual void SetScrollBar(ScrollBar bar, int limit, int line, int page, int position) = 0;
 
+  /// What the window paints may have changed for a screen reader: its parts, or what is selected.
+  /// It may be called for thousands of parts, one by one.
+  virtual void OnPartsChanged() {}
+
   /// Waits for the next message.
   virtual Message NextMessage() = 0;
 };

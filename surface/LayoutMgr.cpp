@@ -21,7 +21,9 @@
 #include "surface/ChartCommands.h"
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
+#include "surface/ChartReading.h"
 #include "surface/ConnectionDrag.h"
+#include "surface/KeyboardWalk.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -43,6 +45,8 @@ LayoutMgr::LayoutMgr()
       look(std::make_unique<ChartLook>()),
       geometry(std::make_unique<ViewGeometry>(*this)),
       tools(std::make_unique<ToolDrag>(*this)),
+      walk(std::make_unique<KeyboardWalk>(*this)),
+      reading(std::make_unique<ChartReading>(*this)),
       connections(std::make_unique<ConnectionDrag>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
@@ -74,6 +78,8 @@ void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
   model->Select(shapes);
   if (!shapes.empty()) geometry->ScrollIntoView(shapes.front()->GetBounds());
 }
+
+void LayoutMgr::ScrollIntoView(const Shape& shape) { geometry->ScrollIntoView(shape.GetBounds()); }
 
 RECT LayoutMgr::PlaceOnScreen(const Shape& shape) const {
   const RECT client = IntersectRect(ToClient(shape.GetBounds()), GetClientRect());
@@ -177,8 +183,16 @@ SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width) cons
   return look->Measure(text, width);
 }
 
+ReadableParts* LayoutMgr::Parts() { return reading.get(); }
+
+void LayoutMgr::TellReaders() {
+  reading->Forget();
+  TellPartsChanged();
+}
+
 void LayoutMgr::TakeSnapshot() {
   MakeRoom();
+  TellReaders();
   // What the pointer was on may be gone.
   ModalLoop::IsRunning() ? connections->HideHover() : RefreshHover();
   if (objectTree != nullptr) objectTree->OnObjectsMoved();
@@ -240,6 +254,7 @@ void LayoutMgr::ShowRead() {
   model = std::move(chart->model);
   if (objectTree != nullptr) objectTree->Attach(this);
   model->Show();
+  TellReaders();
 }
 
 bool LayoutMgr::Restore(const std::string& text, std::string& reason) {

@@ -18,8 +18,10 @@ namespace morvane {
 
 class ChartHistory;
 class ChartLook;
+class ChartReading;
 class Collection;
 class ConnectionDrag;
+class KeyboardWalk;
 class ModelMgr;
 class ModelStream;
 class PrintMapping;
@@ -44,6 +46,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void SetObjectTree(ChartBrowser* tree) { objectTree = tree; }
   ChartHistory& GetHistory() const { return *history; }
   ToolDrag& GetTools() const { return *tools; }
+  KeyboardWalk& GetWalk() const { return *walk; }
   const ViewGeometry& GetGeometry() const { return *geometry; }
   const PrintMapping& GetPrintMapping() const { return *printMapping; }
   const CFont& GetBoldFont() const override;
@@ -57,6 +60,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void BringToFront(Shape* shape);
   /// Selects objects of the model, and no others, and scrolls to the first one.
   void Reveal(const std::vector<Shape*>& shapes);
+  /// Scrolls so far that the whole shape shows, if it doesn't.
+  void ScrollIntoView(const Shape& shape);
   /// Where on the screen the part of an object is that is in sight.
   RECT PlaceOnScreen(const Shape& shape) const;
   /// Deletes the selected objects, if the user agrees.
@@ -112,6 +117,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnMouseLeave() override;
   void OnDeactivate() override;
   void OnContextMenu(POINT screen) override;
+  void OnMenuKey() override;
   void OnSetCursor() override;
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
   bool OnCommand(unsigned id) override;
@@ -119,6 +125,12 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnZoom(int steps, POINT client) override;
   std::string GetTitle() const override;
   bool OnClose() override;
+  ReadableParts* Parts() override;
+  void OnSelectionChanged() override { TellPartsChanged(); }
+
+  /// Nothing may change or go from under a gesture, a box, a menu or a dialog, nor may the chart
+  /// scroll away from the points of a gesture: what comes from the mouse and the keys passes by.
+  bool IsBusy() const;
 
  protected:
   int ScrollStep() const override { return zoom; }
@@ -131,12 +143,12 @@ class LayoutMgr : public ChartView, public ChartText {
     ModelProperties properties;
   };
 
-  /// Nothing may change or go from under a gesture, a box, a menu or a dialog, nor may the chart
-  /// scroll away from the points of a gesture: what comes from the mouse and the keys passes by.
-  bool IsBusy() const;
   void MakeRoom();
+  /// Objects have changed, for a screen reader.
+  void TellReaders();
   /// Places what was read, if anything was, and only then shows it in the place of what there is.
   void ShowRead();
+  bool WalkByKey(VirtualKey key, unsigned flags);
   /// What is under the pointer has moved away, or something else has come.
   void RefreshHover();
   void ShowZoom(int value, POINT client);
@@ -150,6 +162,8 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ChartLook> look;
   std::unique_ptr<ViewGeometry> geometry;
   std::unique_ptr<ToolDrag> tools;
+  std::unique_ptr<KeyboardWalk> walk;
+  std::unique_ptr<ChartReading> reading;
   std::unique_ptr<ConnectionDrag> connections;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;

@@ -6,6 +6,8 @@
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
 #include "surface/ConnectionDrag.h"
+#include "surface/KeyboardInsert.h"
+#include "surface/KeyboardWalk.h"
 #include "surface/LayoutMgr.h"
 #include "surface/ObjectMenus.h"
 #include "surface/ToolDrag.h"
@@ -82,6 +84,16 @@ void LayoutMgr::OnContextMenu(POINT screen) {
   ShowChartMenu(screen);
 }
 
+void LayoutMgr::OnMenuKey() {
+  if (IsBusy()) return;
+  Shape* shape = walk->Current();
+  if (shape == nullptr) return ShowChartMenu(ClientToScreen(geometry->MiddleOfWindow()));
+  ScrollIntoView(*shape);
+  const POINT place = CentreOf(PlaceOnScreen(*shape));
+  const auto held = HoldModel();
+  held->ShowObjectMenu(shape, place.x, place.y);
+}
+
 void LayoutMgr::ShowObjectMenu(Shape* shape, POINT screen) {
   menuWindow.SetTarget(shape);
   menuWindow.ShowMenu(shape, screen);
@@ -99,9 +111,24 @@ void LayoutMgr::OnZoom(int steps, POINT client) {
   ChangeZoom(std::clamp<int>(zoom + steps, std::min(zoom, kMinZoom), kMaxZoom), client);
 }
 
-bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
+/// What the keyboard does in place of a mouse; false for any other key.
+bool LayoutMgr::WalkByKey(VirtualKey key, unsigned flags) {
+  if ((flags & (MK_CONTROL | MK_ALT)) != 0) return false;
+  const bool withShift = (flags & MK_SHIFT) != 0;
+  switch (key) {
+    case VirtualKey::Tab: walk->Step(!withShift); return true;
+    case VirtualKey::Space:
+      if (withShift) walk->ToggleKept();
+      return withShift;
+    case VirtualKey::Return: return InsertByKeyboard(*this);
+    default: return false;
+  }
+}
+
+bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned flags) {
   if (IsBusy()) return false;
   const auto held = HoldModel();
+  if (WalkByKey(key, flags)) return true;
   switch (key) {
     case VirtualKey::Escape:
       tools->EndToolDrag();

@@ -19,6 +19,7 @@ namespace {
 
 constexpr MenuEntry kSeparator{};
 constexpr MenuEntry kReroute{ID_REROUTE};
+constexpr MenuEntry kConnectTo{ID_CONNECT_TO, "Connect to..."};
 constexpr MenuEntry kToFront{ID_BRING_TO_FRONT};
 constexpr MenuEntry kToBack{ID_SEND_TO_BACK};
 
@@ -26,16 +27,17 @@ constexpr MenuEntry kGenericStateMenu[] = {{ID_OBJECT_PROPERTIES},
                                            {ID_STATE_EDIT_TEXTS},
                                            {ID_SHOW_ANCHORS},
                                            kReroute,
+                                           kConnectTo,
                                            kSeparator,
                                            {ID_STATE_DELETE},
                                            kSeparator,
                                            kToFront,
                                            kToBack};
 constexpr MenuEntry kInitialStateMenu[] = {
-    {ID_SHOW_ANCHORS}, kReroute, kSeparator, {ID_STATE_DELETE, "Delete Initial State"},
+    {ID_SHOW_ANCHORS}, kReroute, kConnectTo, kSeparator, {ID_STATE_DELETE, "Delete Initial State"},
     kSeparator,        kToFront, kToBack};
 constexpr MenuEntry kFinalStateMenu[] = {
-    {ID_SHOW_ANCHORS}, kReroute, kSeparator, {ID_STATE_DELETE, "Delete Final State"},
+    {ID_SHOW_ANCHORS}, kReroute, kConnectTo, kSeparator, {ID_STATE_DELETE, "Delete Final State"},
     kSeparator,        kToFront, kToBack};
 constexpr MenuEntry kTransitionMenu[] = {{ID_TRANSITION_ADD_MESG},
                                          {ID_TRANSITION_ALIGN_MESG},
@@ -50,13 +52,14 @@ constexpr MenuEntry kMesgMenu[] = {{ID_OBJECT_PROPERTIES},
                                    {ID_MESG_EDIT},
                                    {ID_MESG_ALIGN},
                                    {ID_SHOW_ANCHORS},
+                                   kConnectTo,
                                    kSeparator,
                                    {ID_MESG_DELETE},
                                    kSeparator,
                                    kToFront,
                                    kToBack};
 constexpr MenuEntry kNoteMenu[] = {
-    {ID_OBJECT_PROPERTIES}, {ID_NOTE_EDIT}, {ID_SHOW_ANCHORS}, kSeparator,
+    {ID_OBJECT_PROPERTIES}, {ID_NOTE_EDIT}, {ID_SHOW_ANCHORS}, kConnectTo, kSeparator,
     {ID_NOTE_DELETE},       kSeparator,     kToFront,          kToBack};
 constexpr MenuEntry kLineMenu[] = {
     {ID_OBJECT_PROPERTIES}, kSeparator, {ID_LINE_DELETE}, kSeparator, kToFront, kToBack};

@@ -12,6 +12,8 @@
 #include "drawing/qt/QtDC.h"
 #include "platform/CScrollView.h"
 #include "platform/Feedback.h"
+#include "platform/qt/PartsTeller.h"
+#include "platform/qt/ViewInterface.h"
 
 namespace morvane {
 
@@ -39,7 +41,11 @@ QRegion ToRegion(const CRgn::Piece& piece, const QRect& client) {
 }  // namespace
 
 QtView::QtView(CScrollView& view, QWidget* parent)
-    : QAbstractScrollArea(parent), view(&view), picture(1, 1, QImage::Format_RGB32) {
+    : QAbstractScrollArea(parent),
+      view(&view),
+      teller(std::make_unique<PartsTeller>(*this)),
+      picture(1, 1, QImage::Format_RGB32) {
+  ViewInterface::Install();
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setMouseTracking(true);
@@ -102,6 +108,8 @@ void QtView::AddInvalid(const QRegion& region) {
 }
 
 void QtView::Update() { PaintInvalid(); }
+
+void QtView::OnPartsChanged() { teller->OnChanged(); }
 
 void QtView::SetRedraw(bool on) {
   redraw = on;

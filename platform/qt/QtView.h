@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <memory>
 
 #include <QAbstractScrollArea>
 #include <QImage>
@@ -13,6 +14,7 @@
 namespace morvane {
 
 class CScrollView;
+class PartsTeller;
 
 /// The window of a `CScrollView`. It keeps a picture of its client area: a paint erases and redraws
 /// the invalid part of it. The toolkit's paint event copies it, with the feedback of the view over
@@ -53,6 +55,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   POINT ScreenToClient(POINT p) const override;
   void SetScrollBar(ScrollBar bar, int limit, int line, int page, int position) override;
   Message NextMessage() override;
+  void OnPartsChanged() override;
 
  protected:
   bool event(QEvent* event) override;
@@ -66,6 +69,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void hideEvent(QHideEvent* event) override;
@@ -103,6 +107,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   const QImage& Shown(const QRegion& part);
 
   CScrollView* view;
+  std::unique_ptr<PartsTeller> teller;
   QtFontCache fonts;
   QImage picture;
   QImage composed;   ///< the picture with feedback, where it was last shown
