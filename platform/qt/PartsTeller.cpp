@@ -15,21 +15,36 @@ namespace {
 /// More parts than these that come or go at once are told in one event.
 constexpr std::size_t kMostSingleEvents = 100;
 
+PartsTeller::Sink sink = QAccessible::updateAccessibility;
+
 void Send(QAccessibleInterface* part, QAccessible::Event kind) {
   QAccessibleEvent event(part, kind);
-  QAccessible::updateAccessibility(&event);
+  sink(&event);
 }
 
 }  // namespace
 
-PartsTeller::PartsTeller(QtView& view) : view(view) {
+PartsTeller::PartsTeller(QtView& view) : view(view), listening(QAccessible::isActive()) {
+  QAccessible::installActivationObserver(this);
   timer.setSingleShot(true);
   timer.setInterval(0);
   QObject::connect(&timer, &QTimer::timeout, [this] { Tell(); });
 }
 
+PartsTeller::Sink PartsTeller::SetSink(Sink taken) { return std::exchange(sink, taken); }
+
+PartsTeller::~PartsTeller() { QAccessible::removeActivationObserver(this); }
+
+void PartsTeller::accessibilityActiveChanged(bool active) {
+  listening = active;
+  started = false;
+  present.clear();
+  told.clear();
+  OnFocusChanged();
+}
+
 void PartsTeller::OnChanged() {
-  if (QAccessible::isActive() && !timer.isActive()) timer.start();
+  if (listening && !timer.isActive()) timer.start();
 }
 
 void PartsTeller::OnFocusChanged() {
@@ -82,7 +97,7 @@ void PartsTeller::TellStates(ReadableParts& parts, ViewInterface& own) {
       QAccessible::State changed;
       changed.selected = true;
       QAccessibleStateChangeEvent event(known, changed);
-      QAccessible::updateAccessibility(&event);
+      sink(&event);
     }
     before = {name, part.selected};
   }
