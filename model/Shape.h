@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "drawing/Geometry.h"
@@ -13,6 +14,7 @@ class CDC;
 class CWnd;
 class ChartView;
 class GroupMove;
+struct InPlaceField;
 class ModelMgr;
 
 /// Drawing layers. A higher one paints over a lower one.
@@ -64,6 +66,11 @@ class Shape : public Object, public Collectable {
   virtual RECT GetMoveBounds() const { return GetBounds(); }
   /// The shape is to move: adds what it takes along.
   virtual void AddCompanions(GroupMove& /*move*/) {}
+  /// The shape is a frame around others, which can go along with it.
+  virtual bool HoldsContents() const { return false; }
+  /// Lying within what moves the shape goes along by itself. False for one that is only pulled, as
+  /// what hangs on something that stays.
+  virtual bool GoesWith(const GroupMove& /*move*/) const { return true; }
   /// Takes a new id, and new references, during a paste. False: drop this object.
   virtual bool RemapIds(IdMap& map);
   /// A command of the shape's context menu. The shape may delete itself.
@@ -78,6 +85,10 @@ class Shape : public Object, public Collectable {
   virtual bool YieldsToConnection(unsigned /*flags*/, POINT /*client*/) { return false; }
   /// Sets the cursor over the shape; false leaves it to the view.
   virtual bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message);
+  /// The text that the user edits where it stands on the chart, if there is one.
+  virtual std::optional<InPlaceField> FieldInPlace() const;
+  /// Another text was typed there.
+  virtual void TakeInPlace(const std::string& /*typed*/) {}
   /// The shape has got a view and a manager: resolve references, make helpers.
   virtual void OnPlaced() {}
   /// The same for a model without a view.

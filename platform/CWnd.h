@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <unordered_set>
 
 #include "drawing/Geometry.h"
@@ -11,6 +13,7 @@ namespace morvane {
 class CRgn;
 class Feedback;
 class ReadableParts;
+struct InPlaceText;
 class WindowPeer;
 
 /// A window as the program sees it. Without a real window behind it everything but painting works:
@@ -53,6 +56,7 @@ class CWnd {
   bool HasCapture() const;
   POINT GetCursorPos() const;
   bool IsShiftDown() const;
+  bool IsAltDown() const;
   /// How far the pointer goes, across and down added up, until a press is a drag.
   int GetDragDistance() const;
   void SetCursor(Cursor cursor);
@@ -63,6 +67,13 @@ class CWnd {
   void TellPartsChanged();
   /// What a screen reader tells of the window's picture; null if nothing is to be told.
   virtual ReadableParts* Parts() { return nullptr; }
+
+  /// Lets the user edit a text where it stands, see `WindowPeer`.
+  void OpenTextBox(const InPlaceText& text);
+  void MoveTextBox(const RECT& client);
+  std::optional<std::string> CloseTextBox();
+  /// The user ended the editing of a text, to keep it or to give it up. The box is still open.
+  virtual void OnTextBoxLeft(bool /*keep*/) {}
 
   /// Waits for the next message of the queue, for a nested loop. Without a window it gives Quit.
   Message NextMessage();

@@ -4,12 +4,17 @@
 #include <cmath>
 
 #include "drawing/CDC.h"
+#include "drawing/Mapping.h"
 #include "model/ChartView.h"
+#include "model/Contents.h"
 #include "model/Defaults.h"
 #include "model/Editors.h"
+#include "model/InPlaceField.h"
+#include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -135,13 +140,39 @@ void GenericState::OnCommand(unsigned command) {
   switch (command) {
     case ID_OBJECT_PROPERTIES: EditProperties(); break;
     case ID_STATE_EDIT_TEXTS: EditTexts(); break;
+    case ID_SELECT_CONTENTS: mgr->Select(Contents()); break;
     default: State::OnCommand(command);
   }
 }
 
-void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
-  EditTexts();
+void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
+  const bool onName = PtInRect(NameBand(), view->LogicalMapping().ToLogical({x, y}));
+  if (!onName || !view->EditInPlace(*this)) EditTexts();
 }
+
+RECT GenericState::NameBand() const {
+  RECT band = GetPaintedBorder();
+  const auto room = Saturate(Width(band) - 2 * kTextMargin);
+  const SIZE shown = view->MeasureChartText(name, room, ChartView::Letters::Bold);
+  band.bottom = std::min(band.bottom, AddSat(AddSat(band.top, shown.cy), 2 * kTextMargin));
+  return band;
+}
+
+std::optional<InPlaceField> GenericState::FieldInPlace() const {
+  return InPlaceField{.label = Translate("Name of the State"),
+                      .text = name,
+                      .area = NameBand(),
+                      .bold = true,
+                      .centred = true,
+                      .severalLines = false};
+}
+
+void GenericState::TakeInPlace(const std::string& typed) {
+  name = typed;
+  OnRenamed();
+}
+
+std::vector<Shape*> GenericState::Contents() const { return ContentsOf(*mgr, *this); }
 
 void GenericState::EditTexts() {
   if (entryExit.EditText(name)) Invalidate();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "states/EndableState.h"
 #include "states/EntryExitTextBox.h"
 #include "states/StartableState.h"
@@ -22,12 +24,17 @@ class GenericState : public StartableState, public EndableState {
   const std::string& GetTypeName() const override;
   void OnCommand(unsigned id) override;
   void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
+  std::optional<InPlaceField> FieldInPlace() const override;
+  void TakeInPlace(const std::string& typed) override;
   void OnPlaced() override;
   void OnRectChanged(const RECT& old, bool sized) override;
   void RefreshAnchors() override;
+  bool HoldsContents() const override { return true; }
 
   EntryExitTextBox& GetEntryExit() { return entryExit; }
   const EntryExitTextBox& GetEntryExit() const { return entryExit; }
+  /// What lies wholly inside, with the routes between it and their messages.
+  std::vector<Shape*> Contents() const;
   bool KeepsHistory() const { return history != 0; }
   /// The name, for who changes it from outside and then calls `OnRenamed`.
   std::string& NameText() { return name; }
@@ -37,6 +44,8 @@ class GenericState : public StartableState, public EndableState {
   bool EditProperties();
 
  private:
+  /// Where the name stands, from border to separator, logical units.
+  RECT NameBand() const;
   void DrawHistoryMark(CDC* dc, const RECT& body) const;
   void DrawSeparator(CDC* dc, const RECT& body, std::int32_t y) const;
   void EditTexts();

@@ -23,7 +23,10 @@
 #include "surface/ChartLook.h"
 #include "surface/ChartReading.h"
 #include "surface/ConnectionDrag.h"
+#include "surface/InPlaceEdit.h"
 #include "surface/KeyboardWalk.h"
+#include "surface/Nudge.h"
+#include "surface/Pasting.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -48,6 +51,9 @@ LayoutMgr::LayoutMgr()
       walk(std::make_unique<KeyboardWalk>(*this)),
       reading(std::make_unique<ChartReading>(*this)),
       connections(std::make_unique<ConnectionDrag>(*this)),
+      nudge(std::make_unique<Nudge>(*this)),
+      pasting(std::make_unique<Pasting>(*this)),
+      inPlace(std::make_unique<InPlaceEdit>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -76,8 +82,10 @@ void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
 void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
   model->Select(shapes);
-  if (!shapes.empty()) geometry->ScrollIntoView(shapes.front()->GetBounds());
+  if (!shapes.empty()) ScrollIntoView(*shapes.front());
 }
+
+void LayoutMgr::KeepInSight(const RECT& model) { geometry->KeepInSight(model); }
 
 void LayoutMgr::ScrollIntoView(const Shape& shape) { geometry->ScrollIntoView(shape.GetBounds()); }
 
@@ -141,6 +149,7 @@ void LayoutMgr::PrepareMapping(CDC& dc) const { geometry->PrepareMapping(dc); }
 bool LayoutMgr::OnScrollBy(SIZE distance) {
   if (!CScrollView::OnScrollBy({distance.cx / zoom * zoom, distance.cy / zoom * zoom}))
     return false;
+  inPlace->Follow();
   if (!IsBusy()) RefreshHover();
   return true;
 }
@@ -179,8 +188,9 @@ void LayoutMgr::OnDraw(CDC& dc) {
   model->DrawOnScreen(dc);
 }
 
-SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width) const {
-  return look->Measure(text, width);
+SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width, Letters letters) const {
+  const bool bold = letters == Letters::Bold;
+  return ChartLook::Measure(text, width, bold ? look->BoldFont() : look->NormalFont());
 }
 
 ReadableParts* LayoutMgr::Parts() { return reading.get(); }
@@ -279,6 +289,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
 }
 
 bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
+  FinishTyping();
   if (!Restore(text, reason)) return false;
   TakeSnapshot();
   return true;
@@ -305,6 +316,7 @@ CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
 
 bool LayoutMgr::OnCommand(unsigned id) {
   if (ModalLoop::IsRunning()) return false;
+  FinishTyping();
   const auto held = HoldModel();
   return ChartCommands().Run(*this, OfChart(id));
 }

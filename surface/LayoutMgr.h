@@ -22,8 +22,11 @@ class ChartReading;
 class Collection;
 class ConnectionDrag;
 class KeyboardWalk;
+class InPlaceEdit;
 class ModelMgr;
 class ModelStream;
+class Nudge;
+class Pasting;
 class PrintMapping;
 class ToolDrag;
 class ViewGeometry;
@@ -48,11 +51,12 @@ class LayoutMgr : public ChartView, public ChartText {
   ToolDrag& GetTools() const { return *tools; }
   KeyboardWalk& GetWalk() const { return *walk; }
   const ViewGeometry& GetGeometry() const { return *geometry; }
+  Pasting& GetPasting() const { return *pasting; }
   const PrintMapping& GetPrintMapping() const { return *printMapping; }
   const CFont& GetBoldFont() const override;
   COLORREF GetTextColor() const override;
   void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const override;
-  SIZE MeasureChartText(std::string_view text, std::int32_t width) const override;
+  SIZE MeasureChartText(std::string_view text, std::int32_t width, Letters letters) const override;
 
   Shape* FindShapeNear(const POINT& client, Layer layer) const;
   /// The lower right corner of all objects, model units.
@@ -60,6 +64,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void BringToFront(Shape* shape);
   /// Selects objects of the model, and no others, and scrolls to the first one.
   void Reveal(const std::vector<Shape*>& shapes);
+  /// Scrolls no farther than it takes to show a rectangle, absolute model units.
+  void KeepInSight(const RECT& model);
   /// Scrolls so far that the whole shape shows, if it doesn't.
   void ScrollIntoView(const Shape& shape);
   /// Where on the screen the part of an object is that is in sight.
@@ -67,6 +73,7 @@ class LayoutMgr : public ChartView, public ChartText {
   /// Deletes the selected objects, if the user agrees.
   void DeleteSelection();
   ConnectionPress BeginConnection(unsigned flags, POINT press) override;
+  bool EditInPlace(Shape& shape) override;
   void ShowObjectMenu(Shape* shape, POINT screen) override;
   /// Opens the chart's own menu at a screen point and carries out what is chosen.
   void ShowChartMenu(POINT screen);
@@ -116,6 +123,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnMouseMove(unsigned flags, POINT p) override;
   void OnMouseLeave() override;
   void OnDeactivate() override;
+  void OnTextBoxLeft(bool keep) override;
+  void FinishTyping() override;
   void OnContextMenu(POINT screen) override;
   void OnMenuKey() override;
   void OnSetCursor() override;
@@ -149,6 +158,8 @@ class LayoutMgr : public ChartView, public ChartText {
   /// Places what was read, if anything was, and only then shows it in the place of what there is.
   void ShowRead();
   bool WalkByKey(VirtualKey key, unsigned flags);
+  /// Opens what edits the selected object: its text where it stands, or a dialog.
+  bool EditSelection(unsigned flags);
   /// What is under the pointer has moved away, or something else has come.
   void RefreshHover();
   void ShowZoom(int value, POINT client);
@@ -165,6 +176,9 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<KeyboardWalk> walk;
   std::unique_ptr<ChartReading> reading;
   std::unique_ptr<ConnectionDrag> connections;
+  std::unique_ptr<Nudge> nudge;
+  std::unique_ptr<Pasting> pasting;
+  std::unique_ptr<InPlaceEdit> inPlace;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;
   ChartBrowser* objectTree = nullptr;

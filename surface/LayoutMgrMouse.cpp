@@ -6,10 +6,13 @@
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
 #include "surface/ConnectionDrag.h"
+#include "surface/InPlaceEdit.h"
 #include "surface/KeyboardInsert.h"
 #include "surface/KeyboardWalk.h"
 #include "surface/LayoutMgr.h"
+#include "surface/Nudge.h"
 #include "surface/ObjectMenus.h"
+#include "surface/Pasting.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
 
@@ -23,6 +26,7 @@ ChartView::ConnectionPress LayoutMgr::BeginConnection(unsigned flags, POINT pres
 
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
   if (IsBusy()) return;
+  FinishTyping();
   const auto held = HoldModel();
   connections->HideHover();
   const bool underTool = tools->IsRunning();
@@ -62,7 +66,26 @@ void LayoutMgr::OnMouseLeave() {
 }
 
 void LayoutMgr::OnDeactivate() {
+  FinishTyping();
   if (tools->IsRunning()) tools->EndToolDrag();
+}
+
+bool LayoutMgr::EditInPlace(Shape& shape) { return inPlace->Begin(shape); }
+
+void LayoutMgr::OnTextBoxLeft(bool keep) { inPlace->End(keep); }
+
+void LayoutMgr::FinishTyping() { inPlace->End(true); }
+
+bool LayoutMgr::EditSelection(unsigned flags) {
+  const std::vector<Collectable*>& members = GetSelection().Members();
+  auto* shape = members.size() == 1 ? dynamic_cast<Shape*>(members.front()) : nullptr;
+  if (shape == nullptr) return false;
+  const bool plain = (flags & (MK_ALT | MK_CONTROL)) == 0;
+  if (plain && EditInPlace(*shape)) return true;
+  Shape& holder = InPlaceEdit::HolderOf(*shape);
+  menuWindow.SetTarget(&holder);
+  menuWindow.OnCommand(EditorOf(holder, (flags & MK_ALT) != 0));
+  return true;
 }
 
 void LayoutMgr::RefreshHover() {
@@ -78,6 +101,7 @@ void LayoutMgr::OnSetCursor() {
 
 void LayoutMgr::OnContextMenu(POINT screen) {
   if (IsBusy()) return;
+  FinishTyping();
   const POINT client = ScreenToClient(screen);
   const auto held = HoldModel();
   if (held->OnContextMenu(this, client.x, client.y)) return;
@@ -86,6 +110,7 @@ void LayoutMgr::OnContextMenu(POINT screen) {
 
 void LayoutMgr::OnMenuKey() {
   if (IsBusy()) return;
+  FinishTyping();
   Shape* shape = walk->Current();
   if (shape == nullptr) return ShowChartMenu(ClientToScreen(geometry->MiddleOfWindow()));
   ScrollIntoView(*shape);
@@ -100,6 +125,7 @@ void LayoutMgr::ShowObjectMenu(Shape* shape, POINT screen) {
 }
 
 void LayoutMgr::ShowChartMenu(POINT screen) {
+  const Pasting::MenuPlace place(*pasting, screen);
   const unsigned chosen =
       TrackContextMenu(MenuOfChart(), screen, [this](unsigned id) { return OnUpdateCommand(id); });
   if (chosen != 0) OnCommand(chosen);
@@ -108,6 +134,7 @@ void LayoutMgr::ShowChartMenu(POINT screen) {
 
 void LayoutMgr::OnZoom(int steps, POINT client) {
   if (ModalLoop::IsRunning()) return;
+  FinishTyping();
   ChangeZoom(std::clamp<int>(zoom + steps, std::min(zoom, kMinZoom), kMaxZoom), client);
 }
 
@@ -135,8 +162,9 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned flags) {
       model->DeselectAll();
       return true;
     case VirtualKey::Delete: DeleteSelection(); return true;
+    case VirtualKey::Return: return EditSelection(flags);
     case VirtualKey::Space: return OnCommand(ID_FIND_REPLACE);
-    default: return geometry->ScrollByKey(key);
+    default: return nudge->TakesKey(key, flags) || geometry->ScrollByKey(key);
   }
 }
 

@@ -2,8 +2,10 @@
 
 #include "connectors/Mesg.h"
 #include "connectors/Transition.h"
+#include "model/ChartView.h"
 #include "model/ConnectableRectShape.h"
 #include "resources/CommandIds.h"
+#include "states/GenericState.h"
 
 namespace morvane {
 
@@ -36,6 +38,11 @@ CommandState IfAside(const Shape& object, unsigned /*id*/) {
   return CommandState::Enabled(mesg != nullptr && !mesg->IsAligned());
 }
 
+CommandState IfContents(const Shape& object, unsigned /*id*/) {
+  const auto* state = dynamic_cast<const GenericState*>(&object);
+  return CommandState::Enabled(state != nullptr && !state->Contents().empty());
+}
+
 CommandState WhetherAnchorsShow(const Shape& object, unsigned /*id*/) {
   const auto* shape = dynamic_cast<const ConnectableRectShape*>(&object);
   return CommandState::Checked(shape != nullptr && shape->AreAnchorsShown());
@@ -44,10 +51,14 @@ CommandState WhetherAnchorsShow(const Shape& object, unsigned /*id*/) {
 /// Each class does its own, and what all have its base does.
 void HandOver(Shape& object, unsigned id) { object.OnCommand(id); }
 
+void EditInPlace(Shape& object, unsigned /*id*/) { object.GetView()->EditInPlace(object); }
+
 constexpr CommandRow<Shape> kRows[] = {
+    {{ID_EDIT_OBJECT, "Rename"}, Always, EditInPlace},
     {{ID_OBJECT_PROPERTIES, "Properties..."}, Always, HandOver},
     {{ID_SHOW_ANCHORS, "Show Anchors"}, WhetherAnchorsShow, HandOver},
     {{ID_STATE_EDIT_TEXTS, "Edit Entry/Exit"}, Always, HandOver},
+    {{ID_SELECT_CONTENTS, "Select contents"}, IfContents, HandOver},
     {{ID_STATE_DELETE, "Delete State"}, Always, HandOver},
     {{ID_TRANSITION_ADD_MESG, "Add Message"}, IfNoMesg, HandOver},
     {{ID_TRANSITION_ALIGN_MESG, "Align Message"}, IfMesgAside, HandOver},

@@ -13,6 +13,8 @@
 
 namespace morvane {
 
+class InPlaceBox;
+
 class CScrollView;
 class PartsTeller;
 
@@ -49,11 +51,15 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   bool HasCapture() const override;
   POINT CursorPos() const override;
   bool IsShiftDown() const override;
+  bool IsAltDown() const override;
   int DragDistance() const override;
   void SetCursor(Cursor cursor) override;
   POINT ClientToScreen(POINT p) const override;
   POINT ScreenToClient(POINT p) const override;
   void SetScrollBar(ScrollBar bar, int limit, int line, int page, int position) override;
+  void OpenTextBox(const InPlaceText& text) override;
+  void MoveTextBox(const RECT& client) override;
+  std::optional<std::string> CloseTextBox() override;
   Message NextMessage() override;
   void OnPartsChanged() override;
 
@@ -108,6 +114,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
 
   CScrollView* view;
   std::unique_ptr<PartsTeller> teller;
+  std::unique_ptr<InPlaceBox> textBox;
   QtFontCache fonts;
   QImage picture;
   QImage composed;   ///< the picture with feedback, where it was last shown
@@ -128,6 +135,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   bool pointerInside = false;
   POINT pointer;
   bool shiftDown = false;
+  bool altDown = false;
   Cursor cursor = Cursor::Arrow;
   int zoomRest = 0;
   Hand hand = Hand::Away;

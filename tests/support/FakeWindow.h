@@ -1,11 +1,13 @@
 #pragma once
 
 #include <deque>
+#include <utility>
 
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
 #include "drawing/Metafile.h"
 #include "platform/CWnd.h"
+#include "platform/InPlaceText.h"
 #include "platform/WindowPeer.h"
 #include "tests/support/NestedLoop.h"
 
@@ -31,6 +33,7 @@ class FakeWindow : public WindowPeer {
 
   POINT cursorPos;
   bool shiftDown = false;
+  bool altDown = false;
   Cursor cursor = Cursor::Arrow;
   RECT client{0, 0, 1200, 900};
 
@@ -46,12 +49,24 @@ class FakeWindow : public WindowPeer {
   bool HasCapture() const override { return captured; }
   POINT CursorPos() const override { return cursorPos; }
   bool IsShiftDown() const override { return shiftDown; }
+  bool IsAltDown() const override { return altDown; }
   int DragDistance() const override { return kDragDistance; }
   void SetCursor(Cursor picture) override { cursor = picture; }
   POINT ClientToScreen(POINT p) const override { return p; }
   POINT ScreenToClient(POINT p) const override { return p; }
   void SetScrollBar(ScrollBar, int, int, int, int) override {}
   Message NextMessage() override;
+
+  /// The box in which a text is edited in place, while it is open; a test types into its text.
+  std::optional<InPlaceText> box;
+  void OpenTextBox(const InPlaceText& text) override { box = text; }
+  void MoveTextBox(const RECT& area) override {
+    if (box) box->client = area;
+  }
+  std::optional<std::string> CloseTextBox() override {
+    if (!box) return std::nullopt;
+    return std::exchange(box, std::nullopt)->text;
+  }
 
  private:
   DialogEditors editors;
