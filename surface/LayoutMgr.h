@@ -20,8 +20,10 @@ namespace morvane {
 
 class ChartHistory;
 class ChartLook;
+class ChartReading;
 class Collection;
 class ConnectionDrag;
+class KeyboardWalk;
 class InPlaceEdit;
 class ObjectMarks;
 class ModelMgr;
@@ -59,6 +61,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void TellText(const SharedText& text) const {
     if (textListener) textListener(text);
   }
+  KeyboardWalk& GetWalk() const { return *walk; }
   const ViewGeometry& GetGeometry() const { return *geometry; }
   Pasting& GetPasting() const { return *pasting; }
   const PrintMapping& GetPrintMapping() const { return *printMapping; }
@@ -135,6 +138,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnTextBoxLeft(bool keep) override;
   void FinishTyping() override;
   void OnContextMenu(POINT screen) override;
+  void OnMenuKey() override;
   void OnSetCursor() override;
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
   std::string TipAt(POINT client) const override;
@@ -143,6 +147,12 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnZoom(int steps, POINT client) override;
   std::string GetTitle() const override;
   bool OnClose() override;
+  ReadableParts* Parts() override;
+  void OnSelectionChanged() override { TellPartsChanged(); }
+
+  /// Nothing may change or go from under a gesture, a box, a menu or a dialog, nor may the chart
+  /// scroll away from the points of a gesture: what comes from the mouse and the keys passes by.
+  bool IsBusy() const;
 
  protected:
   int ScrollStep() const override { return zoom; }
@@ -155,12 +165,12 @@ class LayoutMgr : public ChartView, public ChartText {
     ModelProperties properties;
   };
 
-  /// Nothing may change or go from under a gesture, a box, a menu or a dialog, nor may the chart
-  /// scroll away from the points of a gesture: what comes from the mouse and the keys passes by.
-  bool IsBusy() const;
   void MakeRoom();
+  /// Objects have changed, for a screen reader.
+  void TellReaders();
   /// Places what was read, if anything was, and only then shows it in the place of what there is.
   void ShowRead();
+  bool WalkByKey(VirtualKey key, unsigned flags);
   /// Opens what edits the selected object: its text where it stands, or a dialog.
   bool EditSelection(unsigned flags);
   /// What is under the pointer has moved away, or something else has come.
@@ -176,6 +186,8 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ChartLook> look;
   std::unique_ptr<ViewGeometry> geometry;
   std::unique_ptr<ToolDrag> tools;
+  std::unique_ptr<KeyboardWalk> walk;
+  std::unique_ptr<ChartReading> reading;
   std::unique_ptr<ConnectionDrag> connections;
   std::unique_ptr<Nudge> nudge;
   std::unique_ptr<Pasting> pasting;
