@@ -113,16 +113,16 @@ void ProblemsPane::AddRow(const Row& row) {
   item->setForeground(kFix, palette().link());
 }
 
-const ProblemsPane::Row* ProblemsPane::RowOf(const QTreeWidgetItem* item) const {
+const ProblemsPane::Row* ProblemsPane::RowOf(QTreeWidgetItem* item) const {
   const int at = item == nullptr ? -1 : list->indexOfTopLevelItem(item);
   return at < 0 || at >= std::ssize(rows) ? nullptr : &rows[static_cast<std::size_t>(at)];
 }
 
-void ProblemsPane::Choose(const QTreeWidgetItem* item) const {
+void ProblemsPane::Choose(QTreeWidgetItem* item) const {
   if (const Row* row = RowOf(item)) callbacks.chosen(row->problem);
 }
 
-void ProblemsPane::Click(const QTreeWidgetItem* item, int column) const {
+void ProblemsPane::Click(QTreeWidgetItem* item, int column) const {
   const Row* row = RowOf(item);
   if (row == nullptr) return;
   // A row may go while it is put right.

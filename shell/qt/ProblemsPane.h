@@ -46,9 +46,9 @@ class ProblemsPane : public QDockWidget {
   void Fill();
   void AddRow(const Row& row);
   /// Null for no item.
-  const Row* RowOf(const QTreeWidgetItem* item) const;
-  void Choose(const QTreeWidgetItem* item) const;
-  void Click(const QTreeWidgetItem* item, int column) const;
+  const Row* RowOf(QTreeWidgetItem* item) const;
+  void Choose(QTreeWidgetItem* item) const;
+  void Click(QTreeWidgetItem* item, int column) const;
   void ShowMenu(const QPoint& place);
 
   Callbacks callbacks;
