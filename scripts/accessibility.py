@@ -14,6 +14,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 SECONDS = 10
 failures = 0
 focused = []
+roles = []
 changed = []
 
 
@@ -76,7 +77,11 @@ def records(path):
 
 def on_focus(event):
     if event.detail1 == 1:
-        focused.append(event.source.get_name())
+        try:
+            focused.append(event.source.get_name())
+            roles.append(event.source.get_role())
+        except GLib.GError:
+            pass  # a menu or a dialog that is gone already
 
 
 def on_children(event):
@@ -134,11 +139,138 @@ def draw(canvas, count):
     report("undo takes both away", int(good), 1)
 
 
-def menus(canvas, app):
+def go_to(canvas, name):
+    """Tab after Tab until the object of that name has the keyboard."""
+    key("Escape")
+    for _ in range(canvas.get_child_count() + 1):
+        focused.clear()
+        key("Tab")
+        until(lambda: focused)
+        if focused and focused[-1].startswith(name):
+            return
+    sys.exit("no Tab comes to " + name)
+
+
+def write(text):
+    subprocess.run(["xdotool", "type", "--delay", "15", text], check=True)
+
+
+def insert(letter):
+    """A tool of the menu Insert, and Return."""
+    key("alt+i", letter)
+    time.sleep(0.3)
+    key("Return")
+    time.sleep(0.3)
+
+
+def rename(name):
+    """The text of what has come last, which is selected."""
+    key("Return")
+    time.sleep(0.3)
+    key("ctrl+a")
+    write(name)
+    key("ctrl+Return")
+    time.sleep(0.3)
+
+
+def connect(canvas, source, target, event=""):
+    """A transition, or a line, to a target in the list, and its event in the editor."""
+    go_to(canvas, source)
+    key("ctrl+t")
+    time.sleep(0.7)
+    write(target)
+    key("Return")
+    time.sleep(0.5)
+    if event:
+        key("Return")
+        time.sleep(0.7)
+        key("ctrl+a")
+        write(event)
+        key("Return")
+        time.sleep(0.3)
+
+
+def coffee_machine(app, path):
+    """A chart with all that a chart can hold, drawn, named, connected and saved by keys."""
+    key("Escape", "ctrl+n")
+    time.sleep(1)
+    key(*["F4"] * 3)
+    canvases = lambda: find_all(app, Atspi.Role.CANVAS)  # noqa: E731
+    canvas = [c for c in canvases() if c.get_child_count() == 0][0]
+    insert("s")
+    rename("Operating")
+    key(*["ctrl+shift+Right"] * 16, *["ctrl+shift+Down"] * 10)
+    for inner in ("Grinding", "Brewing"):
+        go_to(canvas, "State Operating")
+        insert("s")
+        rename(inner)
+    go_to(canvas, "State Operating")
+    insert("i")
+    for outer in ("Off", "Idle", "Paying", "Cleaning", "Fault"):
+        key("Escape")
+        insert("s")
+        rename(outer)
+    key("Escape")
+    insert("i")
+    connect(canvas, "Initial state in Operating", "State Gr")
+    connect(canvas, "Initial state", "State Off")
+    connect(canvas, "State Off", "State Id", "power")
+    connect(canvas, "State Idle", "State Pa", "coin")
+    connect(canvas, "State Paying", "State Op", "enough")
+    connect(canvas, "State Grinding", "State Br", "ground")
+    connect(canvas, "State Operating", "State Id", "done")
+    connect(canvas, "State Paying", "State Pa", "coin")
+    connect(canvas, "State Idle", "State Cl")
+    connect(canvas, "State Cleaning", "State Fa")
+    go_to(canvas, "State Operating")
+    key("shift+F10")
+    time.sleep(0.5)
+    key("Down", "Down", "Return")
+    time.sleep(0.7)
+    key("Tab", "space", "Return")
+    time.sleep(0.5)
+    for text, about in (("beans", "State Gr"), ("money", "State Pa")):
+        key("Escape")
+        insert("n")
+        rename(text)
+        connect(canvas, "Note " + text, about)
+    key("ctrl+s")
+    time.sleep(1)
+    key("ctrl+a")
+    write(path)
+    key("Return")
+    time.sleep(1)
+
+
+def count_drawn(path):
+    text = open(path, encoding="utf-8").read().replace("\r", "")
+    kinds = [kind for kind, _, _ in records(path)[1]]
+    names = [name for kind, _, name in records(path)[1] if kind == "GenericState"]
+    ends = re.findall(r"BEGIN (?:Transition|Line) .*\n.*\n.*\n(\d+) (\d+)\n", text)
+    report("states drawn and named", len(set(names) - {"State"}), 8)
+    report("of them with history", len(re.findall(r"\nOperating\n1 ", text)), 1)
+    report("transitions drawn", kinds.count("Transition"), 10)
+    report("messages drawn", kinds.count("Mesg"), 6)
+    report("notes with lines drawn", min(kinds.count("Note"), kinds.count("Line")), 2)
+    report("ends that hold", sum(a != "0" and b != "0" for a, b in ends), 12)
+    report("transitions from a state to itself", sum(a == b for a, b in ends), 1)
+
+
+def find_all(start, role, depth=0):
+    if start is None or depth > 12:
+        return []
+    if start.get_role() == role:
+        return [start]
+    return [found for child in children(start) for found in find_all(child, role, depth + 1)]
+
+
+def menus(canvas):
     """The key for the menu opens it at the object, and F6 goes from the chart and back."""
     key("Escape", "Tab", "shift+F10")
-    shown = lambda: find(app, Atspi.Role.POPUP_MENU)  # noqa: E731
-    report("the menu opens", int(until(lambda: shown() is not None)), 1)
+    time.sleep(0.5)
+    roles.clear()
+    key("Down")
+    report("the menu opens", int(until(lambda: Atspi.Role.MENU_ITEM in roles)), 1)
     key("Escape")
     has_focus = lambda: canvas.get_state_set().contains(Atspi.StateType.FOCUSED)  # noqa: E731
     time.sleep(0.5)
@@ -165,7 +297,10 @@ def main(path):
     look(canvas, parts, path)
     walk(parts)
     draw(canvas, len(parts))
-    menus(canvas, app)
+    menus(canvas)
+    drawn = path.rsplit("/", 1)[0] + "/Coffee.mrv"
+    coffee_machine(app, drawn)
+    count_drawn(drawn)
     sys.exit(1 if failures else 0)
 
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Looks at a chart as a screen reader does, through the desktop's own bus on a display of its own,
-# and draws in it by keys alone: accessibility.sh [FILE [PROGRAM]]. Prints how many objects have a
-# role, a name and a place, and how many a Tab came to. Fails unless all were.
+# and draws another one by keys alone: accessibility.sh [FILE [PROGRAM]]. Prints how many objects have
+# a role, a name and a place, how many a Tab came to, and how much of a coffee machine was drawn.
+# Fails unless all were.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

@@ -16,7 +16,7 @@ namespace {
 /// The grid of the places that are tried, model units.
 constexpr std::int32_t kStep = 2;
 /// What is kept free around the new object, the widest first: messages have room then.
-constexpr std::int32_t kMargins[] = {12, 8, 5, 3, 1};
+constexpr std::int32_t kMargins[] = {20, 14, 9, 5, 2};
 /// The name of a state with its separator.
 constexpr std::int32_t kNameHeight = 4;
 

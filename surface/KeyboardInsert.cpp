@@ -49,8 +49,7 @@ POINT FindPlace(const LayoutMgr& chart, const RECT& extent) {
   const POINT middle = CentreOf(seen);
   std::optional<POINT> place;
   if (const Shape* holder = SelectedState(chart)) {
-    const RECT bounds = holder->GetBounds();
-    place = FindFreePlace(model, size, seen, TopLeft(bounds), holder);
+    place = FindFreePlace(model, size, seen, CentreOf(holder->GetBounds()), holder);
   }
   if (!place) place = FindFreePlace(model, size, seen, middle, nullptr);
   return place.value_or(middle) - TopLeft(extent);

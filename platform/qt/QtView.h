@@ -97,6 +97,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void TakeSurface(QPoint at);
   void ShowHand(Hand wanted);
   bool TakeSpace(const QKeyEvent& event);
+  bool TakeMenuKey(const QKeyEvent& event);
   void NoteEdge(POINT client);
   void ScrollAtEdge();
   void RepeatMove();

@@ -277,7 +277,7 @@ void QtView::RepeatMove() {
 }
 
 void QtView::keyPressEvent(QKeyEvent* event) {
-  if (TakeSpace(*event)) return event->accept();
+  if (TakeSpace(*event) || TakeMenuKey(*event)) return event->accept();
   Message message;
   message.kind = Message::Kind::KeyDown;
   message.key = ToVirtualKey(event->key());
@@ -291,6 +291,13 @@ void QtView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Backtab) message.flags |= MK_SHIFT;
   if (event->key() == Qt::Key_Alt) message.flags |= MK_ALT;
   event->setAccepted(Take(message));
+}
+
+/// The toolkit knows the key for menus only by itself.
+bool QtView::TakeMenuKey(const QKeyEvent& event) {
+  if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::ShiftModifier) return false;
+  if (view != nullptr && !waiting && !HasCapture()) view->OnMenuKey();
+  return true;
 }
 
 void QtView::keyReleaseEvent(QKeyEvent* event) {
