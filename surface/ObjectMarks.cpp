@@ -18,10 +18,10 @@ constexpr COLORREF kErrorColour = 0x2020C8;
 constexpr COLORREF kWarningColour = 0x0090E8;
 constexpr COLORREF kWhite = 0xFFFFFF;
 
-/// The upper right corner of a box; a transition has its sign on the route.
+/// The upper right corner of a box; a transition has its sign where it begins.
 POINT PlaceOf(const Shape& shape) {
   if (const auto* transition = dynamic_cast<const Transition*>(&shape)) {
-    return transition->LabelPoint();
+    return transition->SourceEnd().anchor;
   }
   const RECT box = shape.GetBounds();
   return {box.right, box.top};
