@@ -47,4 +47,6 @@ void LineBox::Show(const DialogControl& control) {
 
 void LineBox::SelectAll() { box->selectAll(); }
 
+bool LineBox::HasTyped() const { return box->text() != shown; }
+
 }  // namespace morvane

@@ -17,10 +17,12 @@ class LinesBox : public DialogWidget {
   void Take(DialogControl& control) override;
   void Show(const DialogControl& control) override;
   void SelectAll() override;
+  bool HasTyped() const override;
 
  private:
+  std::string Read() const;
+
   CodeEdit* box;
-  bool isCode;
   TextState state;
 };
 
