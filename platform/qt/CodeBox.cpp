@@ -13,6 +13,7 @@
 #include <Qsci/qscicommandset.h>
 
 #include "drawing/qt/QtText.h"
+#include "platform/Indentation.h"
 #include "platform/LineBreaks.h"
 #include "platform/PopupMenus.h"
 #include "platform/Wording.h"
@@ -22,7 +23,6 @@ namespace morvane {
 
 namespace {
 
-constexpr int kTabLetters = 4;
 /// A box can be made as small as this.
 constexpr int kLeastLetters = 20;
 constexpr int kLeastLines = 3;
@@ -57,7 +57,7 @@ void CodeBox::SetUp() {
   SendScintilla(SCI_SETMARGINLEFT, 0UL, static_cast<long>(kMargin));
   SendScintilla(SCI_SETMARGINRIGHT, 0UL, static_cast<long>(kMargin));
   setCaretLineVisible(false);
-  setTabWidth(kTabLetters);
+  setTabWidth(kTabColumns);
   setAutoIndent(true);
   setTabIndents(true);
   setBackspaceUnindents(true);
@@ -139,6 +139,29 @@ void CodeBox::UnindentLine() {
   unindent(static_cast<int>(SendScintilla(SCI_LINEFROMPOSITION, position)));
 }
 
+/// In one piece: line by line takes minutes for a long text.
+void CodeBox::ShiftSelectedLines(bool back) {
+  const auto lineOf = [this](long position) {
+    return static_cast<unsigned long>(
+        SendScintilla(SCI_LINEFROMPOSITION, static_cast<unsigned long>(position)));
+  };
+  const long selected = SendScintilla(SCI_GETSELECTIONEND);
+  const unsigned long last = lineOf(selected);
+  const long start =
+      SendScintilla(SCI_POSITIONFROMLINE, lineOf(SendScintilla(SCI_GETSELECTIONSTART)));
+  // A line of which nothing is selected stays.
+  const bool whole = SendScintilla(SCI_POSITIONFROMLINE, last) == selected;
+  const long end = whole ? selected : SendScintilla(SCI_GETLINEENDPOSITION, last);
+  const auto* bytes = static_cast<const char*>(SendScintillaPtrResult(SCI_GETCHARACTERPOINTER));
+  const std::string_view lines(bytes + start, static_cast<std::size_t>(end - start));
+  const std::string shifted = back ? Unindented(lines) : Indented(lines, indentationsUseTabs());
+  SendScintilla(SCI_SETTARGETSTART, static_cast<unsigned long>(start));
+  SendScintilla(SCI_SETTARGETEND, static_cast<unsigned long>(end));
+  SendScintilla(SCI_REPLACETARGET, shifted.size(), shifted.data());
+  SendScintilla(SCI_SETSEL, static_cast<unsigned long>(start),
+                start + static_cast<long>(shifted.size()));
+}
+
 /// Only what has its colours tells where a block begins.
 void CodeBox::ColourToCaret() {
   const long styled = SendScintilla(SCI_GETENDSTYLED);
@@ -154,7 +177,9 @@ void CodeBox::keyPressEvent(QKeyEvent* event) {
     event->ignore();  // it is the dialog's
   } else if (isTab && (event->modifiers() & Qt::ControlModifier) != 0) {
     QWidget::focusNextPrevChild(!back);
-  } else if (isTab && back && !hasSelectedText()) {
+  } else if (isTab && hasSelectedText() && !isReadOnly()) {
+    ShiftSelectedLines(back);
+  } else if (isTab && back) {
     UnindentLine();
   } else {
     ColourToCaret();

@@ -43,6 +43,7 @@ class CodeBox : public QsciScintilla {
   void Dress();
   void IndentLike(std::string_view utf8);
   void UnindentLine();
+  void ShiftSelectedLines(bool back);
   void ColourToCaret();
   bool CanDo(BoxCommand command) const;
   void Do(BoxCommand command);

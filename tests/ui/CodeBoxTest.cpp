@@ -56,6 +56,8 @@ TEST_F(CodeBoxTest, IndentsBreaksAndTakesBack) {
       {"    a();", [&] { toEnd(), BackTab(); }, "a();"},
       {"a();\r\nb();", [&] { Control(Qt::Key_A), Tab(); }, "    a();\r\n    b();"},
       {"    a();\r\n    b();", [&] { Control(Qt::Key_A), BackTab(); }, "a();\r\nb();"},
+      {"\ta();\r\n\r\n      b();", [&] { Control(Qt::Key_A), Tab(), BackTab(), BackTab(); },
+       "a();\r\n\r\n  b();"},
       {"  a();", [&] { toEnd(), Return(), OpenDialog::Type("b"); }, "  a();\r\n  b"},
       {"if (a) {",
        [&] { toEnd(), Return(), OpenDialog::Type("b();"), Return(), OpenDialog::Type("}"); },
