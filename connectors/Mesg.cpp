@@ -7,6 +7,7 @@
 #include "model/Defaults.h"
 #include "model/DrawResources.h"
 #include "model/Editors.h"
+#include "model/InPlaceField.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "platform/Service.h"
@@ -168,8 +169,29 @@ void Mesg::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t 
 }
 
 void Mesg::EditText() {
+  Retype([this] { return text.EditText("Message"); });
+}
+
+/// The event alone: the first line of what shows.
+std::optional<InPlaceField> Mesg::FieldInPlace() const {
+  RECT line = InflateRect(view->ToLogical(rect), -kTextMargin);
+  const std::int32_t height = view->MeasureChartText("X", Saturate(Width(line))).cy;
+  line.bottom = AddSat(line.top, height);
+  return InPlaceField{
+      .label = Translate("Event"), .text = text.GetEvent(), .area = InflateRect(line, kTextMargin)};
+}
+
+void Mesg::TakeInPlace(const std::string& typed) {
+  if (typed.empty()) return view->TellLater(LoadText(IDS_EVENT_EMPTY));
+  Retype([this, &typed] {
+    text.SetTexts(typed, text.GetGuard(), text.GetEffect());
+    return true;
+  });
+}
+
+void Mesg::Retype(const std::function<bool()>& change) {
   const bool automatic = fit.IsAutomatic(*view, rect, text.ShownText());
-  if (!text.EditText("Message")) return;
+  if (!change()) return;
   if (automatic) ResizeTo(fit.Grow(*view, rect, text.ShownText()));
   OnTextsChanged();
 }

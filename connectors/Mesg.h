@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "connectors/AnchorMarker.h"
 #include "connectors/BoxLook.h"
 #include "connectors/EventEditorBox.h"
@@ -32,6 +34,8 @@ class Mesg : public ConnectableRectShape {
   void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnTextsChanged() override;
+  std::optional<InPlaceField> FieldInPlace() const override;
+  void TakeInPlace(const std::string& typed) override;
   void OnPlaced() override;
   void OnRestored() override;
   void OnRectChanged(const RECT& old, bool sized) override;
@@ -70,6 +74,8 @@ class Mesg : public ConnectableRectShape {
  private:
   static bool StandsOn(const RECT& box, POINT label);
   void ResolveTransition();
+  /// Lets the texts change, and the box grow with them.
+  void Retype(const std::function<bool()>& change);
   void EditProperties();
   bool IsOnStickHandle(POINT client) const;
 

@@ -5,6 +5,7 @@
 #include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Editors.h"
+#include "model/InPlaceField.h"
 #include "model/ModelStream.h"
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
@@ -84,9 +85,15 @@ void Note::Draw(CDC* dc) {
   dc->SelectBrush(oldBrush);
   dc->SelectPen(oldPen);
 
-  const RECT inner{AddSat(r.left, kTextMargin), AddSat(r.top, kTextMargin), SubSat(r.right, fold),
-                   SubSat(r.bottom, kTextMargin)};
+  const RECT inner = TextArea();
   text.Draw(dc, &inner);
+}
+
+RECT Note::TextArea() const {
+  const RECT r = view->ToLogical(rect);
+  const std::int32_t right = SubSat(SubSat(r.right, 1), view->ToLogical(kFold));
+  return {AddSat(r.left, kTextMargin), AddSat(r.top, kTextMargin), right,
+          SubSat(SubSat(r.bottom, 1), kTextMargin)};
 }
 
 void Note::OnCommand(unsigned command) {
@@ -100,9 +107,31 @@ void Note::OnCommand(unsigned command) {
   }
 }
 
+void Note::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
+  if (!view->EditInPlace(*this)) EditText();
+}
+
+std::optional<InPlaceField> Note::FieldInPlace() const {
+  return InPlaceField{.label = LoadText(IDS_NOTE),
+                      .text = text.GetText(),
+                      .area = InflateRect(TextArea(), kTextMargin),
+                      .severalLines = true};
+}
+
+void Note::TakeInPlace(const std::string& typed) {
+  Retype([this, &typed] {
+    text.Text() = typed;
+    return true;
+  });
+}
+
 void Note::EditText() {
+  Retype([this] { return text.EditText(LoadText(IDS_NOTE)); });
+}
+
+void Note::Retype(const std::function<bool()>& change) {
   const bool automatic = fit.IsAutomatic(*view, rect, text.ShownText());
-  if (!text.EditText(LoadText(IDS_NOTE))) return;
+  if (!change()) return;
   if (automatic) ResizeTo(fit.Grow(*view, rect, text.ShownText()));
   OnTextsChanged();
 }

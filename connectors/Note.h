@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "connectors/BoxLook.h"
 #include "connectors/TextBox.h"
 #include "connectors/TextFit.h"
@@ -22,7 +24,10 @@ class Note : public ConnectableRectShape {
   const std::string& GetTypeName() const override;
   void OnCommand(unsigned command) override;
   void OnPlaced() override;
+  void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
   void OnTextsChanged() override;
+  std::optional<InPlaceField> FieldInPlace() const override;
+  void TakeInPlace(const std::string& typed) override;
   void RefreshAnchors() override;
 
   TextBox& GetText() { return text; }
@@ -32,6 +37,10 @@ class Note : public ConnectableRectShape {
 
  private:
   void EditText();
+  /// Lets the text change, and the sheet grow with it.
+  void Retype(const std::function<bool()>& change);
+  /// Where the text stands, logical units.
+  RECT TextArea() const;
   void EditProperties();
 
   TextBox text;

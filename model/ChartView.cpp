@@ -1,5 +1,6 @@
 #include "model/ChartView.h"
 
+#include "drawing/Mapping.h"
 #include "model/ObjectBrowser.h"
 
 namespace morvane {
@@ -14,6 +15,15 @@ RECT ChartView::ToDevice(const RECT& r) const {
 
 RECT ChartView::ToModel(const RECT& r) const {
   return {ToModel(r.left), ToModel(r.top), ToModel(r.right), ToModel(r.bottom)};
+}
+
+Mapping ChartView::LogicalMapping() const {
+  Mapping mapping;
+  mapping.SetMode(MapMode::Isotropic);
+  mapping.SetWindowExt({kLogicalPerModel, kLogicalPerModel});
+  mapping.SetViewportExt({zoom, zoom});
+  mapping.SetViewportOrg(POINT{} - ShownPosition());
+  return mapping;
 }
 
 void ChartView::InvalidateModelRect(const RECT& first, const RECT& second) {

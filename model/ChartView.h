@@ -52,6 +52,8 @@ class ChartView : public CScrollView {
   POINT ToClient(POINT model) const { return ToDevice(SubScroll(model)); }
   RECT ToClient(const RECT& model) const { return ToDevice(SubScroll(model)); }
   POINT ToAbsolute(POINT client) const { return AddScroll(ToModel(client)); }
+  /// From logical units to device pixels of the client area, as the window shows the chart now.
+  Mapping LogicalMapping() const;
   std::int16_t GetZoom() const { return zoom; }
   /// The nearest point of the surface, model units: beyond its left and top edge nothing shows.
   static POINT OnChart(POINT p) { return {std::max(p.x, 0), std::max(p.y, 0)}; }
@@ -66,6 +68,7 @@ class ChartView : public CScrollView {
   /// Tells the browser, if there is one, that an object shows differently now.
   void UpdateNodes(Shape* shape);
 
+  enum class Letters { Normal, Bold };
   virtual const CFont& GetBoldFont() const = 0;
   virtual COLORREF GetTextColor() const = 0;
   /// Sets a text in the chart's font and colour into a rectangle in logical units, broken at words
@@ -73,7 +76,11 @@ class ChartView : public CScrollView {
   virtual void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const = 0;
 
   /// The size of a text in the chart's font, logical units, if it is broken at words to a width.
-  virtual SIZE MeasureChartText(std::string_view text, std::int32_t width) const = 0;
+  virtual SIZE MeasureChartText(std::string_view text, std::int32_t width,
+                                Letters letters = Letters::Normal) const = 0;
+
+  /// Lets the user edit the text of a shape where it stands; false if it has none for that.
+  virtual bool EditInPlace(Shape& shape) = 0;
 
   /// What came of a press that may start a connection.
   enum class ConnectionPress {

@@ -3,6 +3,7 @@
 #include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Collection.h"
+#include "model/InPlaceField.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "platform/MessageBox.h"
@@ -45,6 +46,8 @@ bool Shape::RemapIds(IdMap& map) {
 
 void Shape::OnCommand(unsigned /*id*/) {}
 void Shape::OnLButtonDown(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {}
+std::optional<InPlaceField> Shape::FieldInPlace() const { return std::nullopt; }
+
 void Shape::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {}
 bool Shape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {
   return true;

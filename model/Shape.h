@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "drawing/Geometry.h"
@@ -13,6 +14,7 @@ class CDC;
 class CWnd;
 class ChartView;
 class GroupMove;
+struct InPlaceField;
 class ModelMgr;
 
 /// Drawing layers. A higher one paints over a lower one.
@@ -78,6 +80,10 @@ class Shape : public Object, public Collectable {
   virtual bool YieldsToConnection(unsigned /*flags*/, POINT /*client*/) { return false; }
   /// Sets the cursor over the shape; false leaves it to the view.
   virtual bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message);
+  /// The text that the user edits where it stands on the chart, if there is one.
+  virtual std::optional<InPlaceField> FieldInPlace() const;
+  /// Another text was typed there.
+  virtual void TakeInPlace(const std::string& /*typed*/) {}
   /// The shape has got a view and a manager: resolve references, make helpers.
   virtual void OnPlaced() {}
   /// The same for a model without a view.

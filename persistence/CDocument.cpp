@@ -66,6 +66,7 @@ bool CDocument::SaveTo(const std::string& path) {
 }
 
 bool CDocument::SaveModified() {
+  if (view != nullptr) view->FinishTyping();
   if (!IsModified()) return true;
   switch (ShowMessage(WithName(LoadText(IDS_SAVE_CHANGES), title),
                       MB_YESNOCANCEL | MB_ICONEXCLAMATION)) {

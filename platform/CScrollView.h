@@ -65,6 +65,8 @@ class CScrollView : public CWnd {
   virtual void OnDeactivate() {}
   /// What the pages of the surface are called.
   virtual std::string GetTitle() const { return {}; }
+  /// Takes over what the user is just typing: the document is about to be asked for its text.
+  virtual void FinishTyping() {}
   /// The wish to close the window; true lets it close.
   virtual bool OnClose() { return true; }
 

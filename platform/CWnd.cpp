@@ -54,6 +54,18 @@ bool CWnd::IsShiftDown() const { return peer != nullptr && peer->IsShiftDown(); 
 
 int CWnd::GetDragDistance() const { return peer != nullptr ? peer->DragDistance() : 0; }
 
+void CWnd::OpenTextBox(const InPlaceText& text) {
+  if (peer != nullptr) peer->OpenTextBox(text);
+}
+
+void CWnd::MoveTextBox(const RECT& client) {
+  if (peer != nullptr) peer->MoveTextBox(client);
+}
+
+std::optional<std::string> CWnd::CloseTextBox() {
+  return peer != nullptr ? peer->CloseTextBox() : std::nullopt;
+}
+
 void CWnd::SetCursor(Cursor cursor) {
   if (peer != nullptr) peer->SetCursor(cursor);
 }

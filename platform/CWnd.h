@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <unordered_set>
 
 #include "drawing/Geometry.h"
@@ -10,6 +12,7 @@ namespace morvane {
 
 class CRgn;
 class Feedback;
+struct InPlaceText;
 class WindowPeer;
 
 /// A window as the program sees it. Without a real window behind it everything but painting works:
@@ -57,6 +60,13 @@ class CWnd {
   void SetCursor(Cursor cursor);
   POINT ClientToScreen(POINT p) const;
   POINT ScreenToClient(POINT p) const;
+
+  /// Lets the user edit a text where it stands, see `WindowPeer`.
+  void OpenTextBox(const InPlaceText& text);
+  void MoveTextBox(const RECT& client);
+  std::optional<std::string> CloseTextBox();
+  /// The user ended the editing of a text, to keep it or to give it up. The box is still open.
+  virtual void OnTextBoxLeft(bool /*keep*/) {}
 
   /// Waits for the next message of the queue, for a nested loop. Without a window it gives Quit.
   Message NextMessage();

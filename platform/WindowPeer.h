@@ -1,11 +1,15 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "drawing/Geometry.h"
 #include "platform/Message.h"
 
 namespace morvane {
 
 class CRgn;
+struct InPlaceText;
 
 /// The real window behind a `CWnd`, made by the toolkit. All points and rectangles are device
 /// pixels of the client area unless told otherwise. The peer calls the `On...` operations of its
@@ -36,6 +40,14 @@ class WindowPeer {
 
   /// Shows a bar for positions 0 to `limit` with the given steps, at `position`.
   virtual void SetScrollBar(ScrollBar bar, int limit, int line, int page, int position) = 0;
+
+  /// Opens a box over the picture in which the user edits a text, with the keyboard in it. A box
+  /// that was open goes. What the user does to end it comes as `CWnd::OnTextBoxLeft`.
+  virtual void OpenTextBox(const InPlaceText& text) = 0;
+  virtual void MoveTextBox(const RECT& client) = 0;
+  /// Closes the box and gives its text, with CR LF between lines; none if no box was open. A text
+  /// that the user left alone comes back byte for byte.
+  virtual std::optional<std::string> CloseTextBox() = 0;
 
   /// Waits for the next message.
   virtual Message NextMessage() = 0;

@@ -4,12 +4,15 @@
 #include <cmath>
 
 #include "drawing/CDC.h"
+#include "drawing/Mapping.h"
 #include "model/ChartView.h"
 #include "model/Defaults.h"
 #include "model/Editors.h"
+#include "model/InPlaceField.h"
 #include "model/ModelStream.h"
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -139,8 +142,31 @@ void GenericState::OnCommand(unsigned command) {
   }
 }
 
-void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
-  EditTexts();
+void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
+  const bool onName = PtInRect(NameBand(), view->LogicalMapping().ToLogical({x, y}));
+  if (!onName || !view->EditInPlace(*this)) EditTexts();
+}
+
+RECT GenericState::NameBand() const {
+  RECT band = GetPaintedBorder();
+  const auto room = Saturate(Width(band) - 2 * kTextMargin);
+  const SIZE shown = view->MeasureChartText(name, room, ChartView::Letters::Bold);
+  band.bottom = std::min(band.bottom, AddSat(AddSat(band.top, shown.cy), 2 * kTextMargin));
+  return band;
+}
+
+std::optional<InPlaceField> GenericState::FieldInPlace() const {
+  return InPlaceField{.label = Translate("Name of the State"),
+                      .text = name,
+                      .area = NameBand(),
+                      .bold = true,
+                      .centred = true,
+                      .severalLines = false};
+}
+
+void GenericState::TakeInPlace(const std::string& typed) {
+  name = typed;
+  OnRenamed();
 }
 
 void GenericState::EditTexts() {

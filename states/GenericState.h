@@ -22,6 +22,8 @@ class GenericState : public StartableState, public EndableState {
   const std::string& GetTypeName() const override;
   void OnCommand(unsigned id) override;
   void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
+  std::optional<InPlaceField> FieldInPlace() const override;
+  void TakeInPlace(const std::string& typed) override;
   void OnPlaced() override;
   void OnRectChanged(const RECT& old, bool sized) override;
   void RefreshAnchors() override;
@@ -37,6 +39,8 @@ class GenericState : public StartableState, public EndableState {
   bool EditProperties();
 
  private:
+  /// Where the name stands, from border to separator, logical units.
+  RECT NameBand() const;
   void DrawHistoryMark(CDC* dc, const RECT& body) const;
   void DrawSeparator(CDC* dc, const RECT& body, std::int32_t y) const;
   void EditTexts();

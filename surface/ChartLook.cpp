@@ -34,9 +34,9 @@ void ChartLook::DrawText(CDC& dc, std::string_view text, const RECT& area) const
   dc.SetBkMode(oldMode);
 }
 
-SIZE ChartLook::Measure(std::string_view text, std::int32_t width) const {
+SIZE ChartLook::Measure(std::string_view text, std::int32_t width, const CFont& letters) {
   const std::unique_ptr<CDC> dc = Service<Pictures>::Get().ReferenceDC();
-  dc->SelectFont(font);
+  dc->SelectFont(letters);
   RECT room{0, 0, width, 0};
   dc->DrawText(text, room, DT_WORDBREAK | DT_CALCRECT);
   return {Saturate(Width(room)), Saturate(Height(room))};

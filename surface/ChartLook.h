@@ -15,12 +15,13 @@ class CDC;
 class ChartLook {
  public:
   void TakeDefaults();
+  const CFont& NormalFont() const { return font; }
   const CFont& BoldFont() const { return boldFont; }
   COLORREF TextColour() const { return textColour; }
   /// Sets a text into a rectangle in logical units, broken at words and cut off at the rectangle.
   void DrawText(CDC& dc, std::string_view text, const RECT& area) const;
   /// The size of a text that is broken at words to a width, logical units.
-  SIZE Measure(std::string_view text, std::int32_t width) const;
+  static SIZE Measure(std::string_view text, std::int32_t width, const CFont& letters);
 
  private:
   CFont font;

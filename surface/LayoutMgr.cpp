@@ -22,6 +22,7 @@
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
 #include "surface/ConnectionDrag.h"
+#include "surface/InPlaceEdit.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -44,6 +45,7 @@ LayoutMgr::LayoutMgr()
       geometry(std::make_unique<ViewGeometry>(*this)),
       tools(std::make_unique<ToolDrag>(*this)),
       connections(std::make_unique<ConnectionDrag>(*this)),
+      inPlace(std::make_unique<InPlaceEdit>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -72,8 +74,10 @@ void LayoutMgr::BringToFront(Shape* shape) { model->BringToFront(shape); }
 
 void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
   model->Select(shapes);
-  if (!shapes.empty()) geometry->ScrollIntoView(shapes.front()->GetBounds());
+  if (!shapes.empty()) ScrollIntoView(*shapes.front());
 }
+
+void LayoutMgr::ScrollIntoView(const Shape& shape) { geometry->ScrollIntoView(shape.GetBounds()); }
 
 RECT LayoutMgr::PlaceOnScreen(const Shape& shape) const {
   const RECT client = IntersectRect(ToClient(shape.GetBounds()), GetClientRect());
@@ -135,6 +139,7 @@ void LayoutMgr::PrepareMapping(CDC& dc) const { geometry->PrepareMapping(dc); }
 bool LayoutMgr::OnScrollBy(SIZE distance) {
   if (!CScrollView::OnScrollBy({distance.cx / zoom * zoom, distance.cy / zoom * zoom}))
     return false;
+  inPlace->Follow();
   if (!IsBusy()) RefreshHover();
   return true;
 }
@@ -173,8 +178,9 @@ void LayoutMgr::OnDraw(CDC& dc) {
   model->DrawOnScreen(dc);
 }
 
-SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width) const {
-  return look->Measure(text, width);
+SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width, Letters letters) const {
+  const bool bold = letters == Letters::Bold;
+  return ChartLook::Measure(text, width, bold ? look->BoldFont() : look->NormalFont());
 }
 
 void LayoutMgr::TakeSnapshot() {
@@ -264,6 +270,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
 }
 
 bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
+  FinishTyping();
   if (!Restore(text, reason)) return false;
   TakeSnapshot();
   return true;
@@ -290,6 +297,7 @@ CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
 
 bool LayoutMgr::OnCommand(unsigned id) {
   if (ModalLoop::IsRunning()) return false;
+  FinishTyping();
   const auto held = HoldModel();
   return ChartCommands().Run(*this, OfChart(id));
 }

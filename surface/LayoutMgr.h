@@ -20,6 +20,7 @@ class ChartHistory;
 class ChartLook;
 class Collection;
 class ConnectionDrag;
+class InPlaceEdit;
 class ModelMgr;
 class ModelStream;
 class PrintMapping;
@@ -49,7 +50,7 @@ class LayoutMgr : public ChartView, public ChartText {
   const CFont& GetBoldFont() const override;
   COLORREF GetTextColor() const override;
   void DrawChartText(CDC& dc, std::string_view text, const RECT& area) const override;
-  SIZE MeasureChartText(std::string_view text, std::int32_t width) const override;
+  SIZE MeasureChartText(std::string_view text, std::int32_t width, Letters letters) const override;
 
   Shape* FindShapeNear(const POINT& client, Layer layer) const;
   /// The lower right corner of all objects, model units.
@@ -57,11 +58,14 @@ class LayoutMgr : public ChartView, public ChartText {
   void BringToFront(Shape* shape);
   /// Selects objects of the model, and no others, and scrolls to the first one.
   void Reveal(const std::vector<Shape*>& shapes);
+  /// Scrolls so far that the whole shape shows, if it doesn't.
+  void ScrollIntoView(const Shape& shape);
   /// Where on the screen the part of an object is that is in sight.
   RECT PlaceOnScreen(const Shape& shape) const;
   /// Deletes the selected objects, if the user agrees.
   void DeleteSelection();
   ConnectionPress BeginConnection(unsigned flags, POINT press) override;
+  bool EditInPlace(Shape& shape) override;
   void ShowObjectMenu(Shape* shape, POINT screen) override;
   /// Opens the chart's own menu at a screen point and carries out what is chosen.
   void ShowChartMenu(POINT screen);
@@ -111,6 +115,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnMouseMove(unsigned flags, POINT p) override;
   void OnMouseLeave() override;
   void OnDeactivate() override;
+  void OnTextBoxLeft(bool keep) override;
+  void FinishTyping() override;
   void OnContextMenu(POINT screen) override;
   void OnSetCursor() override;
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
@@ -137,6 +143,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void MakeRoom();
   /// Places what was read, if anything was, and only then shows it in the place of what there is.
   void ShowRead();
+  /// Opens what edits the selected object: its text where it stands, or a dialog.
+  bool EditSelection(unsigned flags);
   /// What is under the pointer has moved away, or something else has come.
   void RefreshHover();
   void ShowZoom(int value, POINT client);
@@ -151,6 +159,7 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ViewGeometry> geometry;
   std::unique_ptr<ToolDrag> tools;
   std::unique_ptr<ConnectionDrag> connections;
+  std::unique_ptr<InPlaceEdit> inPlace;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;
   ChartBrowser* objectTree = nullptr;

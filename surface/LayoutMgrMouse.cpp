@@ -6,6 +6,7 @@
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
 #include "surface/ConnectionDrag.h"
+#include "surface/InPlaceEdit.h"
 #include "surface/LayoutMgr.h"
 #include "surface/ObjectMenus.h"
 #include "surface/ToolDrag.h"
@@ -21,6 +22,7 @@ ChartView::ConnectionPress LayoutMgr::BeginConnection(unsigned flags, POINT pres
 
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
   if (IsBusy()) return;
+  FinishTyping();
   const auto held = HoldModel();
   connections->HideHover();
   const bool underTool = tools->IsRunning();
@@ -60,7 +62,26 @@ void LayoutMgr::OnMouseLeave() {
 }
 
 void LayoutMgr::OnDeactivate() {
+  FinishTyping();
   if (tools->IsRunning()) tools->EndToolDrag();
+}
+
+bool LayoutMgr::EditInPlace(Shape& shape) { return inPlace->Begin(shape); }
+
+void LayoutMgr::OnTextBoxLeft(bool keep) { inPlace->End(keep); }
+
+void LayoutMgr::FinishTyping() { inPlace->End(true); }
+
+bool LayoutMgr::EditSelection(unsigned flags) {
+  const std::vector<Collectable*>& members = GetSelection().Members();
+  auto* shape = members.size() == 1 ? dynamic_cast<Shape*>(members.front()) : nullptr;
+  if (shape == nullptr) return false;
+  const bool plain = (flags & (MK_ALT | MK_CONTROL)) == 0;
+  if (plain && EditInPlace(*shape)) return true;
+  Shape& holder = InPlaceEdit::HolderOf(*shape);
+  menuWindow.SetTarget(&holder);
+  menuWindow.OnCommand(EditorOf(holder, (flags & MK_ALT) != 0));
+  return true;
 }
 
 void LayoutMgr::RefreshHover() {
@@ -76,6 +97,7 @@ void LayoutMgr::OnSetCursor() {
 
 void LayoutMgr::OnContextMenu(POINT screen) {
   if (IsBusy()) return;
+  FinishTyping();
   const POINT client = ScreenToClient(screen);
   const auto held = HoldModel();
   if (held->OnContextMenu(this, client.x, client.y)) return;
@@ -96,10 +118,11 @@ void LayoutMgr::ShowChartMenu(POINT screen) {
 
 void LayoutMgr::OnZoom(int steps, POINT client) {
   if (ModalLoop::IsRunning()) return;
+  FinishTyping();
   ChangeZoom(std::clamp<int>(zoom + steps, std::min(zoom, kMinZoom), kMaxZoom), client);
 }
 
-bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
+bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned flags) {
   if (IsBusy()) return false;
   const auto held = HoldModel();
   switch (key) {
@@ -108,6 +131,7 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned /*flags*/) {
       model->DeselectAll();
       return true;
     case VirtualKey::Delete: DeleteSelection(); return true;
+    case VirtualKey::Return: return EditSelection(flags);
     case VirtualKey::Space: return OnCommand(ID_FIND_REPLACE);
     default: return geometry->ScrollByKey(key);
   }

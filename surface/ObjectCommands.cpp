@@ -2,6 +2,7 @@
 
 #include "connectors/Mesg.h"
 #include "connectors/Transition.h"
+#include "model/ChartView.h"
 #include "model/ConnectableRectShape.h"
 #include "resources/CommandIds.h"
 
@@ -44,7 +45,10 @@ CommandState WhetherAnchorsShow(const Shape& object, unsigned /*id*/) {
 /// Each class does its own, and what all have its base does.
 void HandOver(Shape& object, unsigned id) { object.OnCommand(id); }
 
+void EditInPlace(Shape& object, unsigned /*id*/) { object.GetView()->EditInPlace(object); }
+
 constexpr CommandRow<Shape> kRows[] = {
+    {{ID_EDIT_OBJECT, "Rename"}, Always, EditInPlace},
     {{ID_OBJECT_PROPERTIES, "Properties..."}, Always, HandOver},
     {{ID_SHOW_ANCHORS, "Show Anchors"}, WhetherAnchorsShow, HandOver},
     {{ID_STATE_EDIT_TEXTS, "Edit Entry/Exit"}, Always, HandOver},

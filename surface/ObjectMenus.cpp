@@ -22,7 +22,8 @@ constexpr MenuEntry kReroute{ID_REROUTE};
 constexpr MenuEntry kToFront{ID_BRING_TO_FRONT};
 constexpr MenuEntry kToBack{ID_SEND_TO_BACK};
 
-constexpr MenuEntry kGenericStateMenu[] = {{ID_OBJECT_PROPERTIES},
+constexpr MenuEntry kGenericStateMenu[] = {{ID_EDIT_OBJECT, "Rename"},
+                                           {ID_OBJECT_PROPERTIES},
                                            {ID_STATE_EDIT_TEXTS},
                                            {ID_SHOW_ANCHORS},
                                            kReroute,
@@ -46,7 +47,8 @@ constexpr MenuEntry kTransitionMenu[] = {{ID_TRANSITION_ADD_MESG},
                                          kSeparator,
                                          kToFront,
                                          kToBack};
-constexpr MenuEntry kMesgMenu[] = {{ID_OBJECT_PROPERTIES},
+constexpr MenuEntry kMesgMenu[] = {{ID_EDIT_OBJECT, "Edit Event"},
+                                   {ID_OBJECT_PROPERTIES},
                                    {ID_MESG_EDIT},
                                    {ID_MESG_ALIGN},
                                    {ID_SHOW_ANCHORS},
@@ -96,6 +98,13 @@ std::span<const MenuEntry> MenuOf(const Shape* shape) {
   if (Is<Note>(shape)) return kNoteMenu;
   if (Is<Line>(shape)) return kLineMenu;
   return {};
+}
+
+unsigned EditorOf(const Shape& shape, bool properties) {
+  if (Is<Transition>(&shape)) return ID_TRANSITION_ADD_MESG;
+  if (properties || Is<Line>(&shape)) return ID_OBJECT_PROPERTIES;
+  if (Is<Mesg>(&shape)) return ID_MESG_EDIT;
+  return Is<Note>(&shape) ? ID_NOTE_EDIT : ID_STATE_EDIT_TEXTS;
 }
 
 std::span<const MenuEntry> MenuOfChart() { return kChartMenu; }

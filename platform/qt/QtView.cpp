@@ -12,6 +12,8 @@
 #include "drawing/qt/QtDC.h"
 #include "platform/CScrollView.h"
 #include "platform/Feedback.h"
+#include "platform/InPlaceText.h"
+#include "platform/qt/InPlaceBox.h"
 
 namespace morvane {
 
@@ -65,6 +67,7 @@ void QtView::Detach() {
   QtView::ReleaseCapture();
   view->SetPeer(nullptr);
   view = nullptr;
+  textBox.reset();
   queue.clear();
   repaintTimer.stop();
   edgeTimer.stop();
@@ -198,6 +201,29 @@ void QtView::SetScrollBar(ScrollBar bar, int limit, int line, int page, int posi
   widget->setSingleStep(line);
   widget->setPageStep(page);
   widget->setValue(position);
+}
+
+void QtView::OpenTextBox(const InPlaceText& text) {
+  const auto left = [this](bool keep) {
+    if (view != nullptr) view->OnTextBoxLeft(keep);
+  };
+  textBox = std::make_unique<InPlaceBox>(text, viewport(), left);
+}
+
+void QtView::MoveTextBox(const RECT& client) {
+  if (textBox == nullptr) return;
+  textBox->Move(
+      QRect(QPoint(client.left, client.top), QPoint(client.right - 1, client.bottom - 1)));
+}
+
+std::optional<std::string> QtView::CloseTextBox() {
+  std::unique_ptr<InPlaceBox> closing = std::move(textBox);
+  if (closing == nullptr) return std::nullopt;
+  std::string text = closing->Text();
+  const bool hadFocus = closing->HasFocus();
+  closing.reset();
+  if (hadFocus) setFocus();
+  return text;
 }
 
 void QtView::OnBarMoved(ScrollBar bar, int value) {

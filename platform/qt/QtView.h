@@ -12,6 +12,8 @@
 
 namespace morvane {
 
+class InPlaceBox;
+
 class CScrollView;
 
 /// The window of a `CScrollView`. It keeps a picture of its client area: a paint erases and redraws
@@ -52,6 +54,9 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   POINT ClientToScreen(POINT p) const override;
   POINT ScreenToClient(POINT p) const override;
   void SetScrollBar(ScrollBar bar, int limit, int line, int page, int position) override;
+  void OpenTextBox(const InPlaceText& text) override;
+  void MoveTextBox(const RECT& client) override;
+  std::optional<std::string> CloseTextBox() override;
   Message NextMessage() override;
 
  protected:
@@ -103,6 +108,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   const QImage& Shown(const QRegion& part);
 
   CScrollView* view;
+  std::unique_ptr<InPlaceBox> textBox;
   QtFontCache fonts;
   QImage picture;
   QImage composed;   ///< the picture with feedback, where it was last shown

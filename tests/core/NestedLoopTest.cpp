@@ -57,7 +57,7 @@ class NestedLoops : public testing::Test {
   FakeWindow window{chart};
   ScriptedMessageBoxes boxes;
   Meanwhile meanwhile;
-  const POINT state{130, 160};
+  const POINT state{130, 185};
   const std::string other = ChartText(StateRecord(7, {1, 1, 20, 20}, "Other"));
 };
 

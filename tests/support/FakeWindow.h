@@ -1,11 +1,13 @@
 #pragma once
 
 #include <deque>
+#include <utility>
 
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
 #include "drawing/Metafile.h"
 #include "platform/CWnd.h"
+#include "platform/InPlaceText.h"
 #include "platform/WindowPeer.h"
 #include "tests/support/NestedLoop.h"
 
@@ -52,6 +54,17 @@ class FakeWindow : public WindowPeer {
   POINT ScreenToClient(POINT p) const override { return p; }
   void SetScrollBar(ScrollBar, int, int, int, int) override {}
   Message NextMessage() override;
+
+  /// The box in which a text is edited in place, while it is open; a test types into its text.
+  std::optional<InPlaceText> box;
+  void OpenTextBox(const InPlaceText& text) override { box = text; }
+  void MoveTextBox(const RECT& area) override {
+    if (box) box->client = area;
+  }
+  std::optional<std::string> CloseTextBox() override {
+    if (!box) return std::nullopt;
+    return std::exchange(box, std::nullopt)->text;
+  }
 
  private:
   DialogEditors editors;
