@@ -59,7 +59,8 @@ struct DialogControl {
   int selection = 0;  ///< of a combo; `kNoItem` for none
   int itemCount = 0;
   PaintItem paintItem;
-  std::vector<std::string> items;  ///< of a combo that isn't painted: the texts of its items
+  std::vector<std::string>
+      items;  ///< of a combo: its items; a painted one tells them to who listens
   std::vector<Column> columns;
   std::vector<std::vector<std::string>> rows;
   std::vector<int> selectedRows;  ///< in rising order

@@ -6,12 +6,15 @@
 #include "platform/LineBreaks.h"
 #include "platform/Wording.h"
 #include "platform/qt/BoxText.h"
-#include "platform/qt/CodeEdit.h"
+#include "platform/qt/RedoKey.h"
+#include "platform/qt/TextEdit.h"
 
 namespace morvane {
 
 LinesBox::LinesBox(const DialogControl& control, QWidget* parent)
-    : box(new CodeEdit(control.width, control.lines, parent)) {}
+    : box(new TextEdit(control.width, control.lines, parent)) {
+  new RedoKey(box);
+}
 
 QWidget* LinesBox::Widget() { return box; }
 

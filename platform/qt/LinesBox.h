@@ -5,7 +5,7 @@
 
 namespace morvane {
 
-class CodeEdit;
+class TextEdit;
 
 /// A box of several lines. What was edited goes back with CR LF between the lines. A text with a
 /// line too long to be laid out at each key is shown in part and can't be edited.
@@ -22,7 +22,7 @@ class LinesBox : public DialogWidget {
  private:
   std::string Read() const;
 
-  CodeEdit* box;
+  TextEdit* box;
   TextState state;
 };
 

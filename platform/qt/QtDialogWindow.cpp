@@ -206,13 +206,9 @@ bool QtDialogWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
   const auto& key = static_cast<const QKeyEvent&>(*event);
   if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::ControlModifier) return false;
-  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-    PressDefault();
-    return true;
-  }
-  // The toolkit's boxes know another key only.
-  const bool isBox = watched->metaObject()->indexOfMethod("redo()") >= 0;
-  return key.key() == Qt::Key_Y && isBox && QMetaObject::invokeMethod(watched, "redo");
+  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+  PressDefault();
+  return true;
 }
 
 bool QtDialogWindow::MayDiscard() {

@@ -181,6 +181,8 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
     for (const DialogControl& control : dialog->Controls()) {
       ExpectTranslated(control.label);
       ExpectTranslated(control.spoken);
+      if (!control.paintItem) continue;
+      for (const std::string& item : control.items) ExpectTranslated(item);
     }
   }
   EXPECT_EQ(all.list.size(), CountDialogClasses()) << "a dialog is not looked at here";

@@ -203,6 +203,7 @@ TEST_F(DialogWindow, ComboShowsAndTakesItsItem) {
     auto* colours = OpenDialog::Find<QComboBox>(window, CLineProperty::kColourId);
     const QImage shown = colours->grab().toImage();
     EXPECT_EQ(shown.pixelColor(shown.width() / 3, shown.height() / 2), QColor(0, 0, 255));
+    EXPECT_EQ(colours->currentText(), "Blue") << "for who listens";
     EXPECT_EQ(OpenDialog::Find<QComboBox>(window, CLineProperty::kStyleId)->currentIndex(), -1);
     colours->setFocus();
     OpenDialog::Key(Qt::Key_Up);
