@@ -9,6 +9,7 @@
 #include "model/Defaults.h"
 #include "model/DrawResources.h"
 #include "model/Editors.h"
+#include "model/GroupMove.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "model/ShapeGeometry.h"
@@ -173,6 +174,13 @@ void Line::OnBroadcast(int op, void* arg) {
     case BROADCAST_MOVE: MoveBy(*static_cast<const POINT*>(arg)); break;
     default: break;
   }
+}
+
+bool Line::GoesWith(const GroupMove& move) const {
+  const auto goes = [&move](const Connectable* end) {
+    return end == nullptr || move.Contains(dynamic_cast<const Shape*>(end));
+  };
+  return goes(startShape) && goes(endShape);
 }
 
 /// Lets go of what doesn't move along.

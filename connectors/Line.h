@@ -29,6 +29,7 @@ class Line : public ComplexShape, public Connector {
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  bool GoesWith(const GroupMove& move) const override;
   bool YieldsToConnection(unsigned flags, POINT client) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnLayerPlaced() override;
@@ -62,7 +63,7 @@ class Line : public ComplexShape, public Connector {
   void MoveBy(POINT offset);
   bool IsOnEnd(POINT client) const;
   void DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT press);
-  void DragWhole(POINT press);
+  void DragWhole(POINT press, unsigned flags);
 
   POINT start;
   POINT end;

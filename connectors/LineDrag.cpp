@@ -10,6 +10,7 @@
 #include "model/DrawResources.h"
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
+#include "model/SelectionMove.h"
 
 namespace morvane {
 
@@ -19,7 +20,7 @@ void ForwardDragMove(POINT& client, void* line) { static_cast<Line*>(line)->OnDr
 
 }  // namespace
 
-void Line::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
+void Line::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   if (!IsInSelection()) {
     view->GetSelection().Add(this);
     InvalidateHandles();
@@ -30,7 +31,7 @@ void Line::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
   } else if (PtInRect(GetEndHandle(), press)) {
     DragEnd(end, endShape, endKey, press);
   } else {
-    DragWhole(press);
+    DragWhole(press, flags);
   }
   marker.Hide();
 }
@@ -56,9 +57,10 @@ void Line::DragEnd(POINT& dragged, Connectable*& shape, AnchorKey& key, POINT pr
   RebuildRegion();
 }
 
-void Line::DragWhole(POINT press) {
+void Line::DragWhole(POINT press, unsigned flags) {
   PointTracker tracker(this, ForwardDragMove, true);
-  DragSelection(tracker, *mgr, press);
+  SelectionMove move(*mgr, flags);
+  DragSelection(tracker, move, *view, press);
 }
 
 void Line::OnDragMove(POINT& client) {

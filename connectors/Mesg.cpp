@@ -121,6 +121,10 @@ void Mesg::OnRectChanged(const RECT& old, bool sized) {
   ConnectableRectShape::OnRectChanged(old, sized);
 }
 
+bool Mesg::GoesWith(const GroupMove& /*move*/) const {
+  return transition == nullptr || !IsAligned();
+}
+
 /// The marks that tie box and route show on both while one of them is selected.
 void Mesg::ShowHandles(bool show) {
   if (transition != nullptr) transition->InvalidateLabel();

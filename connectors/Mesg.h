@@ -33,6 +33,8 @@ class Mesg : public ConnectableRectShape {
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
   void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
+  /// On its route a message follows that.
+  bool GoesWith(const GroupMove& move) const override;
   void OnTextsChanged() override;
   std::optional<InPlaceField> FieldInPlace() const override;
   void TakeInPlace(const std::string& typed) override;

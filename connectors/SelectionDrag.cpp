@@ -1,19 +1,16 @@
 #include "connectors/SelectionDrag.h"
 
 #include "model/ChartView.h"
-#include "model/GroupMove.h"
-#include "model/ModelMgr.h"
 #include "model/PointTracker.h"
+#include "model/SelectionMove.h"
 
 namespace morvane {
 
-void DragSelection(PointTracker& tracker, ModelMgr& model, POINT press) {
+void DragSelection(PointTracker& tracker, SelectionMove& move, ChartView& view, POINT press) {
   tracker.fixedPoint = tracker.movingPoint = press;
-  ChartView& view = *model.GetView();
-  const bool dropped = tracker.Track(&view, press);
-  const GroupMove move(model);
-  if (dropped) move.Move(view.ToModel(tracker.movingPoint) - view.ToModel(press));
-  move.EndGhost(nullptr);
+  if (tracker.Track(&view, press)) {
+    move.Move(view.ToModel(tracker.movingPoint) - view.ToModel(press));
+  }
 }
 
 }  // namespace morvane

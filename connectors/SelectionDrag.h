@@ -4,11 +4,12 @@
 
 namespace morvane {
 
-class ModelMgr;
+class ChartView;
 class PointTracker;
+class SelectionMove;
 
-/// Drags the whole selection of a model by one of its connectors, from a point in device pixels
-/// until the button is let go. A mere click moves nothing and lets go of nothing.
-void DragSelection(PointTracker& tracker, ModelMgr& model, POINT press);
+/// Drags the whole selection by one of its connectors, from a point in device pixels until the
+/// button is let go. A mere click moves nothing and lets go of nothing.
+void DragSelection(PointTracker& tracker, SelectionMove& move, ChartView& view, POINT press);
 
 }  // namespace morvane

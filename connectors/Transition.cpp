@@ -221,6 +221,11 @@ void Transition::AddCompanions(GroupMove& move) {
   if (mesg != nullptr && whole) move.Add(mesg);
 }
 
+bool Transition::GoesWith(const GroupMove& move) const {
+  return (source == nullptr || move.Contains(source)) &&
+         (target == nullptr || move.Contains(target));
+}
+
 void Transition::OnCommand(unsigned command) {
   switch (command) {
     case ID_TRANSITION_ADD_MESG: AddMesg(); break;

@@ -18,6 +18,7 @@ namespace morvane {
 class ChartRouter;
 class EndableState;
 class Mesg;
+class SelectionMove;
 class StartableState;
 class State;
 struct CPen;
@@ -48,6 +49,7 @@ class Transition : public StateTransition {
   RECT GetMoveBounds() const override;
   /// A route that moves with its two states takes its message along.
   void AddCompanions(GroupMove& move) override;
+  bool GoesWith(const GroupMove& move) const override;
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;
@@ -149,7 +151,7 @@ class Transition : public StateTransition {
   bool DragHead(POINT press);
   bool DragTail(POINT press);
   bool DragLink(POINT press);
-  void DragWhole(POINT press);
+  void DragWhole(POINT press, unsigned flags);
 
   POINT sourcePoint;
   POINT targetPoint;
@@ -161,7 +163,8 @@ class Transition : public StateTransition {
   POINT grabOffset;  ///< from the press to the place of the segment in hand, device pixels
   AnchorMarker marker;
   MetafileStamp stamp;
-  POINT dragOrigin;  ///< of a drag of the whole, model units with no scroll added
+  SelectionMove* wholeDrag = nullptr;  ///< the drag of the whole while it runs
+  POINT dragOrigin;                    ///< of a drag of the whole, model units with no scroll added
   Mesg* mesg = nullptr;
   std::unordered_set<Mesg*> formerMessages;  ///< in a damaged file others name it too
   POINT labelCentre;                         ///< at the last region build, model units

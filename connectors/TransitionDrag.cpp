@@ -10,10 +10,10 @@
 #include "model/ChartView.h"
 #include "model/Collection.h"
 #include "model/DrawResources.h"
-#include "model/GroupMove.h"
 #include "model/LineTracker.h"
 #include "model/ModelMgr.h"
 #include "model/PointTracker.h"
+#include "model/SelectionMove.h"
 #include "states/EndableState.h"
 #include "states/StartableState.h"
 
@@ -40,7 +40,7 @@ void Transition::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   // Handles show on a selected transition only, but they work at the press that selects it.
   activeLink = LinkAt({x, y});
   if (activeLink == nullptr) {
-    if ((flags & MK_SHIFT) != 0) DragWhole({x, y});
+    if ((flags & MK_SHIFT) != 0) DragWhole({x, y}, flags);
     return;
   }
   // A click leaves the order of the transitions as it is.
@@ -129,16 +129,18 @@ bool Transition::DragLink(POINT press) {
   return true;
 }
 
-void Transition::DragWhole(POINT press) {
+void Transition::DragWhole(POINT press, unsigned flags) {
   PointTracker tracker(this, ForwardDragMove, false);
+  SelectionMove move(*mgr, flags);
+  wholeDrag = &move;
   dragOrigin = view->ToModel(press);
-  DragSelection(tracker, *mgr, press);
+  DragSelection(tracker, move, *view, press);
+  wholeDrag = nullptr;
 }
 
 void Transition::OnDragMove(POINT& client) {
   if (activeLink == nullptr) {
-    const GroupMove move(*mgr);
-    move.ShowGhost(move.Limit(view->ToModel(client) - dragOrigin), nullptr);
+    wholeDrag->Show(view->ToModel(client) - dragOrigin);
     return;
   }
   if (activeLink->IsSegment()) {

@@ -138,10 +138,11 @@ MessageAnswer AnyUser::Show(const std::string&, unsigned flags) {
   }
 }
 
-unsigned AnyUser::Track(const std::vector<Item>& items, POINT) {
+unsigned AnyUser::Track(const std::vector<Item>& items, POINT screen) {
   NestedLoop::Run();
   if (items.empty() || source.Below(8) == 0) return 0;
   const Item& item = items[static_cast<std::size_t>(source.Below(static_cast<int>(items.size())))];
+  if (!item.popup.empty()) return Track(item.popup, screen);
   return item.state.enabled ? item.id : 0;
 }
 

@@ -102,6 +102,7 @@ void ChartHand::DoubleClick() {
 }
 
 void ChartHand::OpenMenu() {
+  if (ObjectCount() > 40) return;
   const Shape* shape = Below(4) == 0 ? nullptr : AnyObject();
   chart.OnContextMenu(shape != nullptr ? CentreOf(chart.ToClient(shape->GetBounds())) : AnyPoint());
   // A tool of the menu waits for its place.
@@ -109,6 +110,7 @@ void ChartHand::OpenMenu() {
 }
 
 void ChartHand::UseTree() {
+  if (ObjectCount() > 40) return;
   std::vector<TreeItem*> items;
   for (TreeItem* item = tree.FirstItem(); item != nullptr; item = item->Next()) {
     items.push_back(item);
@@ -126,7 +128,7 @@ void ChartHand::FindAndEdit() { Command(ID_FIND_REPLACE); }
 void ChartHand::AnyCommand() {
   static const std::vector<unsigned> commands = AllCommands(chart);
   const unsigned id = commands[static_cast<std::size_t>(Below(static_cast<int>(commands.size())))];
-  if (id == ID_EDIT_PASTE && ObjectCount() > 40) return;
+  if ((id == ID_EDIT_PASTE || id == ID_DUPLICATE) && ObjectCount() > 40) return;
   Command(id);
 }
 
@@ -160,8 +162,7 @@ void ChartHand::DoAnything() {
       window.Key(VirtualKey::Escape);
       Click(AnyPoint(), 0);
       break;
-    default:
-      if (Below(4) == 0) chart.OnKeyDown(VirtualKey::Delete, 0);
+    default: Below(4) == 0 ? void(chart.OnKeyDown(VirtualKey::Delete, 0)) : PressArrow();
   }
 }
 
@@ -234,8 +235,19 @@ void ChartHand::DragObject() {
   if (shape == nullptr) return;
   const RECT box = chart.ToClient(shape->GetBounds());
   const POINT inside = CentreOf(box) + POINT{Below(5), Below(5)};
-  const unsigned flags = Below(4) == 0 ? MK_SHIFT : 0U;
+  constexpr std::array<unsigned, 4> keys{MK_SHIFT, MK_ALT, 0, 0};
+  const unsigned flags = keys[static_cast<std::size_t>(Below(keys.size()))];
   Drag(inside, inside + POINT{Below(200) - 100, Below(200) - 100}, flags);
+}
+
+/// Another arrow than the last one: the same again would go on with its step, and the book notes
+/// each text as a step of its own.
+void ChartHand::PressArrow() {
+  constexpr std::array arrows{VirtualKey::Left, VirtualKey::Up, VirtualKey::Right,
+                              VirtualKey::Down};
+  constexpr std::array<unsigned, 5> keys{0, MK_SHIFT, MK_CONTROL, MK_CONTROL | MK_SHIFT, MK_ALT};
+  arrow = (arrow + 1 + static_cast<std::size_t>(Below(3))) % arrows.size();
+  chart.OnKeyDown(arrows[arrow], keys[static_cast<std::size_t>(Below(keys.size()))]);
 }
 
 void ChartHand::DragLinkHandle() {

@@ -69,6 +69,7 @@ class ChartHand {
   void PlaceTool();
   void DragFromAnchor();
   void DragObject();
+  void PressArrow();
   void DragLinkHandle();
   void DragCorner();
   void ObjectCommand();
@@ -87,6 +88,7 @@ class ChartHand {
   mutable CObjectTree tree;  ///< it brings itself up to date when it is looked at
   StepBook book;
   std::size_t stepCount = 0;
+  std::size_t arrow = 0;   ///< the one that was pressed last
   bool inHistory = false;  ///< a text that comes is that of an undo or a redo
   Document document{*this};
   LayoutMgr& chart;

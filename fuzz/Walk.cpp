@@ -2,6 +2,7 @@
 
 #include "fuzz/AnyUser.h"
 #include "fuzz/ChartHand.h"
+#include "model/MoveSettings.h"
 #include "platform/Clipboard.h"
 
 namespace morvane {
@@ -10,6 +11,7 @@ Walk Walk::Go(ByteSource& source) {
   AnyUser user(source);
   user.typesWords = true;
   Service<Clipboard>::Get().Put({});
+  MoveSettings::SetMovesContents(false);
   ChartHand hand([&source](int limit) { return source.Below(limit); });
   Walk walk;
   while (walk.fault.empty() && !source.IsEmpty()) {

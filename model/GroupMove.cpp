@@ -20,13 +20,28 @@ std::int32_t LimitAxis(std::int32_t way, std::int32_t low, std::int32_t high) {
 
 }  // namespace
 
-GroupMove::GroupMove(ModelMgr& model, const std::vector<Shape*>& more) : model(model) {
-  for (Collectable* member : model.GetSelection().Members()) members.Add(member);
+GroupMove::GroupMove(ModelMgr& model, const std::vector<Shape*>& more)
+    : GroupMove(model.SelectedShapes(), more, model) {}
+
+GroupMove::GroupMove(const std::vector<Shape*>& first, const std::vector<Shape*>& more,
+                     ModelMgr& model)
+    : model(model) {
+  for (Shape* shape : first) members.Add(shape);
   for (Shape* shape : more) members.Add(shape);
   // What comes along has companions of its own.
   for (std::size_t i = 0; i < members.Members().size(); ++i) {
     dynamic_cast<Shape&>(*members.Members()[i]).AddCompanions(*this);
   }
+}
+
+GroupMove GroupMove::Of(ModelMgr& model, const std::vector<Shape*>& shapes) {
+  return {shapes, {}, model};
+}
+
+std::vector<Shape*> GroupMove::Shapes() const {
+  std::vector<Shape*> shapes;
+  for (Collectable* member : members.Members()) shapes.push_back(dynamic_cast<Shape*>(member));
+  return shapes;
 }
 
 void GroupMove::Add(Shape* shape) { members.Add(shape); }

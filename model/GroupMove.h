@@ -16,7 +16,11 @@ class GroupMove {
  public:
   /// `more` moves along with the selection.
   explicit GroupMove(ModelMgr& model, const std::vector<Shape*>& more = {});
+  /// These alone move, with what comes along by itself, whatever is selected.
+  static GroupMove Of(ModelMgr& model, const std::vector<Shape*>& shapes);
 
+  /// All that moves.
+  std::vector<Shape*> Shapes() const;
   /// Adds a shape unless it's there.
   void Add(Shape* shape);
   bool Contains(const Shape* shape) const;
@@ -31,6 +35,8 @@ class GroupMove {
   void Move(POINT offset) const;
 
  private:
+  GroupMove(const std::vector<Shape*>& first, const std::vector<Shape*>& more, ModelMgr& model);
+
   ModelMgr& model;
   Collection members;
 };

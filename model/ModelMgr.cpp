@@ -180,6 +180,24 @@ void ModelMgr::DrawOnScreen(CDC& dc) const {
   for (Shape* shape : ShapesOn(dc, false)) shape->DrawOnScreen(dc);
 }
 
+std::vector<Shape*> ModelMgr::SelectedShapes() const {
+  std::vector<Shape*> shapes;
+  for (Collectable* member : selection.Members()) shapes.push_back(dynamic_cast<Shape*>(member));
+  return shapes;
+}
+
+RECT ModelMgr::SelectionBounds() const {
+  const std::vector<Shape*> shapes = SelectedShapes();
+  if (shapes.empty()) return {};
+  RECT box = shapes.front()->GetBounds();
+  for (const Shape* shape : shapes) {
+    const RECT more = shape->GetBounds();
+    box = {std::min(box.left, more.left), std::min(box.top, more.top),
+           std::max(box.right, more.right), std::max(box.bottom, more.bottom)};
+  }
+  return box;
+}
+
 void ModelMgr::DeselectAll() {
   selection.Broadcast(BROADCAST_DESELECTED, nullptr, nullptr);
   selection.Clear();

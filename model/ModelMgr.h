@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,6 +74,10 @@ class ModelMgr : public ShapeRegistry {
   /// The object is one of this model, and still lives.
   bool Holds(const Shape* shape) const;
   Collection& GetSelection() { return selection; }
+  /// What is selected, in the order in which it came into the selection.
+  std::vector<Shape*> SelectedShapes() const;
+  /// The box around it, absolute model units; empty where nothing is selected.
+  RECT SelectionBounds() const;
   const std::vector<Shape*>& Objects() const { return data.Objects(); }
   /// The shape is part of the move that runs. Without one, what is selected moves.
   bool MovesAlong(const Shape* shape) const;
@@ -102,8 +107,16 @@ class ModelMgr : public ShapeRegistry {
 
   void Copy();
   void Cut();
-  void Paste();
   bool CanPaste() const;
+  /// The records of the selected objects, in the order of the model text, which is that of
+  /// painting.
+  std::string SelectionText() const;
+  /// What the clipboard holds of records; nothing if it can't be had, which the user is told.
+  std::optional<std::string> CopiedText() const;
+  /// Adds copies of records, at the places that they name and in front of what there is, and
+  /// selects them. False, with a message and nothing changed, where none can stand alone or be
+  /// read.
+  bool Paste(const std::string& records);
 
   void Write(ModelStream& stream) const;
   /// Reads the data section, with the search for its first line. The objects stay unattached.
@@ -113,7 +126,6 @@ class ModelMgr : public ShapeRegistry {
   ObjectBrowser* Browser() const;
   std::vector<Shape*> ShapesOn(const CDC& dc, bool selectedOnly) const;
   bool TrackRubberBand(std::int32_t x, std::int32_t y);
-  std::string SelectionText() const;
   /// Reads records into `pasteList`.
   void ReadPasted(const std::string& text);
   /// Gives the objects of `pasteList` new ids and drops those that can't stand alone.

@@ -1,9 +1,5 @@
-#include <algorithm>
-#include <limits>
 #include <sstream>
 
-#include "model/ChartView.h"
-#include "model/GroupMove.h"
 #include "model/ModelClipboard.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
@@ -31,28 +27,34 @@ bool ModelMgr::CanPaste() const { return clipboard->IsAvailable(); }
 std::string ModelMgr::SelectionText() const {
   std::ostringstream text;
   ModelStream stream(text);
-  for (const Collectable* member : selection.Members())
-    stream << dynamic_cast<const Shape*>(member);
+  for (const Shape* object : Objects()) {
+    if (selection.Contains(object)) stream << object;
+  }
   return text.str();
 }
 
-void ModelMgr::Paste() {
+std::optional<std::string> ModelMgr::CopiedText() const {
   const std::optional<std::string> bytes = clipboard->Get();
-  if (!bytes || bytes->empty()) return;
+  if (!bytes || bytes->empty()) return std::nullopt;
+  return bytes->substr(0, bytes->find('\0'));
+}
+
+bool ModelMgr::Paste(const std::string& records) {
   pasteList.clear();
   try {
-    ReadPasted(bytes->substr(0, bytes->find('\0')));
+    ReadPasted(records);
   } catch (const std::string& reason) {
     pasteList.clear();
     ShowMessage(reason);
-    return;
+    return false;
   }
   MendIds();
   if (pasteList.empty()) {
     ShowMessage(LoadText(IDS_CANNOT_PASTE));
-    return;
+    return false;
   }
   AdoptPasted();
+  return true;
 }
 
 void ModelMgr::ReadPasted(const std::string& text) {
@@ -74,9 +76,11 @@ void ModelMgr::ReadPasted(const std::string& text) {
   }
 }
 
+/// The new ids follow each other as the old ones did: the order of transitions has a meaning.
 void ModelMgr::MendIds() {
   Shape::IdMap map;
-  for (const auto& shape : pasteList) map[shape->GetId()] = NextId();
+  for (const auto& shape : pasteList) map[shape->GetId()] = 0;
+  for (auto& [oldId, newId] : map) newId = NextId();
   std::vector<std::unique_ptr<Shape>> kept;
   for (auto& shape : pasteList) {
     const std::int32_t oldId = shape->GetId();
@@ -96,14 +100,7 @@ void ModelMgr::AdoptPasted() {
   for (auto& shape : pasteList) data.Append(std::move(shape));
   pasteList.clear();
 
-  DeselectAll();
-  POINT corner{std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::max()};
-  for (Shape* shape : pasted) {
-    selection.Add(shape);
-    const RECT bounds = shape->GetBounds();
-    corner = {std::min(corner.x, bounds.left), std::min(corner.y, bounds.top)};
-  }
-  GroupMove(*this).Move(view->AddScroll(POINT{1, 1}) - corner);
+  Select(pasted);
 }
 
 }  // namespace morvane

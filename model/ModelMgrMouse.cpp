@@ -63,8 +63,8 @@ bool ModelMgr::OnContextMenu(CWnd* /*window*/, std::int32_t x, std::int32_t y) {
 }
 
 bool ModelMgr::ShowObjectMenu(Shape* shape, std::int32_t screenX, std::int32_t screenY) {
-  selection.Add(shape);
-  shape->OnBroadcast(BROADCAST_SELECTED, nullptr);
+  // What the menu copies or deletes is what the user points at.
+  if (!selection.Contains(shape)) SelectOnly(shape);
   view->ShowObjectMenu(shape, {screenX, screenY});
   return true;
 }

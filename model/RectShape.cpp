@@ -5,9 +5,9 @@
 #include "drawing/CDC.h"
 #include "model/ChartView.h"
 #include "model/Collection.h"
-#include "model/GroupMove.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
+#include "model/SelectionMove.h"
 
 namespace morvane {
 
@@ -167,7 +167,7 @@ void RectShape::OnBroadcast(int op, void* arg) {
       if (!tracker) break;
       tracker->DrawTrackerRect({}, *view);
       // Back from the ghost to where the handles are, for the next change of the selection.
-      tracker->rect = DeviceRect();
+      tracker->rect = IsInSelection() ? DeviceRect() : RECT{};
       break;
     default: break;
   }
@@ -180,7 +180,7 @@ void RectShape::ShowGhost(POINT offset) {
   tracker->DrawTrackerRect(tracker->rect, *view);
 }
 
-void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y) {
+void RectShape::OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) {
   if (!IsInSelection()) {
     view->GetSelection().Add(this);
     ShowHandles(true);
@@ -188,24 +188,23 @@ void RectShape::OnLButtonDown(unsigned /*flags*/, std::int32_t x, std::int32_t y
   if (!tracker) return;
   // The shape may have moved since it was painted.
   tracker->rect = DeviceRect();
+  SelectionMove move(*mgr, flags, this);
+  drag = &move;
   const bool changed = tracker->Track(*view, {x, y});
+  drag = nullptr;
   const RECT dropped = view->AddScroll(view->ToModel(tracker->GetTrueRect()));
-  const GroupMove move(*mgr);
   if (changed && HasSizeOf(dropped, rect)) {
     move.Move(TopLeft(dropped) - TopLeft(rect));
   } else if (changed) {
     ResizeTo(dropped);
   }
-  move.EndGhost(this);
 }
 
 /// A drag of the inside moves the shape, and what moves along shows where it would go.
 void RectShape::AdjustRect(unsigned handle, RECT& device) {
   if (handle != CRectTracker::kInside) return LimitResize(device);
-  const GroupMove move(*mgr);
-  const POINT offset = move.Limit(view->ToAbsolute(TopLeft(device)) - TopLeft(rect));
+  const POINT offset = drag->Show(view->ToAbsolute(TopLeft(device)) - TopLeft(rect));
   device = view->ToClient(rect + offset);
-  move.ShowGhost(offset, this);
 }
 
 bool RectShape::OnSetCursor(CWnd* /*window*/, unsigned /*hitTest*/, unsigned /*message*/) {

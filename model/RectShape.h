@@ -7,6 +7,8 @@
 
 namespace morvane {
 
+class SelectionMove;
+
 /// A shape whose extent is one rectangle, in model units.
 class RectShape : public Shape {
  public:
@@ -63,6 +65,7 @@ class RectShape : public Shape {
   void ShowGhost(POINT offset);
 
   RECT rect;
+  SelectionMove* drag = nullptr;       ///< while the shape is dragged
   std::optional<RectTracker> tracker;  ///< once the shape stands on a chart
 };
 

@@ -66,6 +66,11 @@ class Shape : public Object, public Collectable {
   virtual RECT GetMoveBounds() const { return GetBounds(); }
   /// The shape is to move: adds what it takes along.
   virtual void AddCompanions(GroupMove& /*move*/) {}
+  /// The shape is a frame around others, which can go along with it.
+  virtual bool HoldsContents() const { return false; }
+  /// Lying within what moves the shape goes along by itself. False for one that is only pulled, as
+  /// what hangs on something that stays.
+  virtual bool GoesWith(const GroupMove& /*move*/) const { return true; }
   /// Takes a new id, and new references, during a paste. False: drop this object.
   virtual bool RemapIds(IdMap& map);
   /// A command of the shape's context menu. The shape may delete itself.

@@ -52,6 +52,8 @@ POINT CWnd::GetCursorPos() const { return peer != nullptr ? peer->CursorPos() + 
 
 bool CWnd::IsShiftDown() const { return peer != nullptr && peer->IsShiftDown(); }
 
+bool CWnd::IsAltDown() const { return peer != nullptr && peer->IsAltDown(); }
+
 int CWnd::GetDragDistance() const { return peer != nullptr ? peer->DragDistance() : 0; }
 
 void CWnd::OpenTextBox(const InPlaceText& text) {

@@ -55,6 +55,7 @@ class CWnd {
   bool HasCapture() const;
   POINT GetCursorPos() const;
   bool IsShiftDown() const;
+  bool IsAltDown() const;
   /// How far the pointer goes, across and down added up, until a press is a drag.
   int GetDragDistance() const;
   void SetCursor(Cursor cursor);

@@ -29,14 +29,24 @@ struct Command {
   std::string_view FirstKey() const { return keys.substr(0, keys.find(' ')); }
 };
 
-/// An entry of a menu: a command, or 0 for a separator.
+struct MenuPopup;
+
+/// An entry of a menu: a command, a menu of its own, or neither for a separator.
 struct MenuEntry {
   unsigned id = 0;
   std::string_view ownText = {};  ///< where this menu calls the command something else
+  const MenuPopup* popup = nullptr;
 
+  bool IsSeparator() const { return id == 0 && popup == nullptr; }
   std::string_view TextOf(const Command& command) const {
     return ownText.empty() ? command.text : ownText;
   }
+};
+
+/// A menu with its title, in English.
+struct MenuPopup {
+  std::string_view title;
+  std::span<const MenuEntry> entries;
 };
 
 /// A command of one kind of target: what the user sees of it, when it can be given, and what it

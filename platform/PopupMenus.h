@@ -16,6 +16,9 @@ class PopupMenus {
     unsigned id;       ///< 0 is a separator
     std::string text;  ///< with "&" before the mnemonic
     CommandState state;
+    std::vector<Item> popup = {};  ///< what opens beside the item, which is no command then
+
+    bool IsSeparator() const { return id == 0 && popup.empty(); }
   };
 
   virtual ~PopupMenus() = default;

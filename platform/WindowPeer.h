@@ -33,6 +33,7 @@ class WindowPeer {
   virtual bool HasCapture() const = 0;
   virtual POINT CursorPos() const = 0;
   virtual bool IsShiftDown() const = 0;
+  virtual bool IsAltDown() const = 0;
   virtual int DragDistance() const = 0;
   virtual void SetCursor(Cursor cursor) = 0;
   virtual POINT ClientToScreen(POINT p) const = 0;

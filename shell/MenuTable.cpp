@@ -3,6 +3,7 @@
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 #include "shell/AllCommands.h"
+#include "surface/ArrangeMenu.h"
 
 namespace morvane {
 
@@ -55,26 +56,15 @@ constexpr MenuEntry kChartFile[] = {
     {ID_APP_EXIT},
 };
 
+constexpr MenuEntry kArrange{0, "", &kArrangeMenu};
+
 constexpr MenuEntry kChartEdit[] = {
-    {ID_EDIT_UNDO},
-    {ID_EDIT_REDO},
-    kSeparator,
-    {ID_DELETE},
-    {ID_BRING_TO_FRONT},
-    {ID_SEND_TO_BACK},
-    {ID_REROUTE},
-    kSeparator,
-    {ID_EDIT_CUT},
-    {ID_EDIT_COPY},
-    {ID_EDIT_PASTE},
-    {ID_COPY_METAFILE},
-    kSeparator,
-    {ID_EDIT_SELECT_ALL},
-    {ID_FIND_REPLACE},
-    kSeparator,
-    {ID_MODEL_PROPERTIES},
-    {ID_DEFAULT_SETTINGS},
-    {ID_PREFERENCES},
+    {ID_EDIT_UNDO},        {ID_EDIT_REDO},    kSeparator,         {ID_DELETE},
+    {ID_BRING_TO_FRONT},   {ID_SEND_TO_BACK}, {ID_REROUTE},       kArrange,
+    {ID_MOVE_CONTENTS},    kSeparator,        {ID_EDIT_CUT},      {ID_EDIT_COPY},
+    {ID_EDIT_PASTE},       {ID_DUPLICATE},    {ID_COPY_METAFILE}, kSeparator,
+    {ID_EDIT_SELECT_ALL},  {ID_FIND_REPLACE}, kSeparator,         {ID_MODEL_PROPERTIES},
+    {ID_DEFAULT_SETTINGS}, {ID_PREFERENCES},
 };
 
 constexpr MenuEntry kInsert[] = {
@@ -162,6 +152,7 @@ std::span<const MenuPopup> ChartMenu() { return kChartMenu; }
 std::span<const MenuEntry> BarMenu() { return kStartView; }
 
 std::string MenuText(const MenuEntry& entry) {
+  if (entry.popup != nullptr) return Translate(entry.popup->title);
   const Command& command = FindCommand(entry.id);
   std::string text = Translate(entry.TextOf(command));
   if (!command.keys.empty()) text.append("\t").append(command.FirstKey());

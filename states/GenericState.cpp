@@ -6,9 +6,11 @@
 #include "drawing/CDC.h"
 #include "drawing/Mapping.h"
 #include "model/ChartView.h"
+#include "model/Contents.h"
 #include "model/Defaults.h"
 #include "model/Editors.h"
 #include "model/InPlaceField.h"
+#include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "platform/Service.h"
 #include "resources/CommandIds.h"
@@ -138,6 +140,7 @@ void GenericState::OnCommand(unsigned command) {
   switch (command) {
     case ID_OBJECT_PROPERTIES: EditProperties(); break;
     case ID_STATE_EDIT_TEXTS: EditTexts(); break;
+    case ID_SELECT_CONTENTS: mgr->Select(Contents()); break;
     default: State::OnCommand(command);
   }
 }
@@ -168,6 +171,8 @@ void GenericState::TakeInPlace(const std::string& typed) {
   name = typed;
   OnRenamed();
 }
+
+std::vector<Shape*> GenericState::Contents() const { return ContentsOf(*mgr, *this); }
 
 void GenericState::EditTexts() {
   if (entryExit.EditText(name)) Invalidate();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "states/EndableState.h"
 #include "states/EntryExitTextBox.h"
 #include "states/StartableState.h"
@@ -27,9 +29,12 @@ class GenericState : public StartableState, public EndableState {
   void OnPlaced() override;
   void OnRectChanged(const RECT& old, bool sized) override;
   void RefreshAnchors() override;
+  bool HoldsContents() const override { return true; }
 
   EntryExitTextBox& GetEntryExit() { return entryExit; }
   const EntryExitTextBox& GetEntryExit() const { return entryExit; }
+  /// What lies wholly inside, with the routes between it and their messages.
+  std::vector<Shape*> Contents() const;
   bool KeepsHistory() const { return history != 0; }
   /// The name, for who changes it from outside and then calls `OnRenamed`.
   std::string& NameText() { return name; }

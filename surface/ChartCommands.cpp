@@ -1,9 +1,12 @@
 #include "surface/ChartCommands.h"
 
+#include <algorithm>
+
 #include "connectors/Rerouting.h"
 #include "model/Collection.h"
 #include "model/Editors.h"
 #include "model/ModelMgr.h"
+#include "model/MoveSettings.h"
 #include "model/ObjectBrowser.h"
 #include "model/SearchedChart.h"
 #include "persistence/CDocument.h"
@@ -12,10 +15,12 @@
 #include "platform/WaitCursor.h"
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
+#include "surface/Arrangement.h"
 #include "surface/ChartExport.h"
 #include "surface/ChartHistory.h"
 #include "surface/Generators.h"
 #include "surface/LayoutMgr.h"
+#include "surface/Pasting.h"
 #include "surface/ToolDrag.h"
 
 namespace morvane {
@@ -42,6 +47,21 @@ CommandState WhetherAtZoom(const LayoutMgr& chart, unsigned id) {
 
 CommandState IfSelected(const LayoutMgr& chart, unsigned /*id*/) {
   return CommandState::Enabled(!chart.GetSelection().IsEmpty());
+}
+
+/// A message does not go without its transition.
+CommandState IfDuplicable(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(
+      std::ranges::any_of(chart.GetModel().SelectedShapes(),
+                          [](const Shape* shape) { return shape->GetLayer() != LAYER_MESG; }));
+}
+
+CommandState IfArrangeable(const LayoutMgr& chart, unsigned id) {
+  return CommandState::Enabled(Arrangement(chart.GetModel()).Can(id));
+}
+
+CommandState WhetherContentsMove(const LayoutMgr& /*chart*/, unsigned /*id*/) {
+  return CommandState::Checked(MoveSettings::MovesContents());
 }
 
 CommandState IfRouteSelected(const LayoutMgr& chart, unsigned /*id*/) {
@@ -106,18 +126,36 @@ void LayRoutes(LayoutMgr& chart, unsigned id) {
 void Cut(LayoutMgr& chart, unsigned /*id*/) {
   const WaitCursor wait;
   chart.GetModel().Cut();
+  chart.GetPasting().BeginAnew();
   chart.TakeSnapshot();
 }
 
 void Copy(LayoutMgr& chart, unsigned /*id*/) {
   const WaitCursor wait;
   chart.GetModel().Copy();
+  chart.GetPasting().BeginAnew();
 }
 
 void Paste(LayoutMgr& chart, unsigned /*id*/) {
   const WaitCursor wait;
-  chart.GetModel().Paste();
+  chart.GetPasting().Paste();
   chart.TakeSnapshot();
+}
+
+void Duplicate(LayoutMgr& chart, unsigned /*id*/) {
+  const WaitCursor wait;
+  chart.GetPasting().Duplicate();
+  chart.TakeSnapshot();
+}
+
+void Arrange(LayoutMgr& chart, unsigned id) {
+  const WaitCursor wait;
+  Arrangement(chart.GetModel()).Do(id);
+  chart.TakeSnapshot();
+}
+
+void MoveContents(LayoutMgr& /*chart*/, unsigned /*id*/) {
+  MoveSettings::SetMovesContents(!MoveSettings::MovesContents());
 }
 
 void CopyPicture(LayoutMgr& chart, unsigned /*id*/) { CopyAsMetafile(chart); }
@@ -236,11 +274,11 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
     {{ID_DELETE, "Delete", "Ctrl+D", "Delete selected objects from the chart", "Delete", "delete"},
      IfSelected,
      Delete},
-    {{ID_BRING_TO_FRONT, "Brin&g to front", "", "Bring the selected objects in front of all others",
+    {{ID_BRING_TO_FRONT, "&Bring to front", "", "Bring the selected objects in front of all others",
       "Bring to front", "front"},
      IfSelected,
      Order},
-    {{ID_SEND_TO_BACK, "Send to &back", "", "Send the selected objects behind all others",
+    {{ID_SEND_TO_BACK, "&Send to back", "", "Send the selected objects behind all others",
       "Send to back", "back"},
      IfSelected,
      Order},
@@ -263,6 +301,58 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
       "Paste", "paste"},
      IfCopied,
      Paste},
+    {{ID_DUPLICATE, "Dup&licate", "Ctrl+Shift+D", "Put copies of the selected objects beside them",
+      "Duplicate"},
+     IfDuplicable,
+     Duplicate},
+    {{ID_MOVE_CONTENTS, "Move contents &with a state", "",
+      "A state that is moved takes along what lies inside it", "Move contents with a state"},
+     WhetherContentsMove,
+     MoveContents},
+    {{ID_ALIGN_LEFT, "Align &left", "",
+      "Put the left edges of the selected objects in line with that of the last one selected"},
+     IfArrangeable,
+     Arrange},
+    {{ID_ALIGN_CENTRE, "Align &centres", "",
+      "Put the centres of the selected objects below that of the last one selected"},
+     IfArrangeable,
+     Arrange},
+    {{ID_ALIGN_RIGHT, "Align &right", "",
+      "Put the right edges of the selected objects in line with that of the last one selected"},
+     IfArrangeable,
+     Arrange},
+    {{ID_ALIGN_TOP, "Align &top", "",
+      "Put the top edges of the selected objects in line with that of the last one selected"},
+     IfArrangeable,
+     Arrange},
+    {{ID_ALIGN_MIDDLE, "Align &middles", "",
+      "Put the centres of the selected objects beside that of the last one selected"},
+     IfArrangeable,
+     Arrange},
+    {{ID_ALIGN_BOTTOM, "Align &bottom", "",
+      "Put the bottom edges of the selected objects in line with that of the last one selected"},
+     IfArrangeable,
+     Arrange},
+    {{ID_DISTRIBUTE_ACROSS, "Distribute &across", "",
+      "Make the gaps between the selected objects equal, from left to right"},
+     IfArrangeable,
+     Arrange},
+    {{ID_DISTRIBUTE_DOWN, "Distribute &down", "",
+      "Make the gaps between the selected objects equal, from top to bottom"},
+     IfArrangeable,
+     Arrange},
+    {{ID_SAME_WIDTH, "Same &width", "",
+      "Make the selected objects as wide as the last one selected"},
+     IfArrangeable,
+     Arrange},
+    {{ID_SAME_HEIGHT, "Same &height", "",
+      "Make the selected objects as high as the last one selected"},
+     IfArrangeable,
+     Arrange},
+    {{ID_SAME_SIZE, "Same &size", "",
+      "Make the selected objects as wide and as high as the last one selected"},
+     IfArrangeable,
+     Arrange},
     {{ID_COPY_METAFILE, "Copy As &Metafile", "Ctrl+M",
       "Copy the chart to the clipboard as a picture", "Copy As Metafile", "metafile"},
      Always,

@@ -25,7 +25,11 @@ std::string_view BehindZoom(std::string_view text) {
 void ChartHistory::Keep() {
   // A click behind a zoom is no step either, and what can be redone stays.
   KeepZoom();
-  history.Push(view.ModelText());
+  if (std::exchange(goesOn, false) && history.CanUndo() && !history.CanRedo()) {
+    history.Amend(view.ModelText());
+  } else {
+    history.Push(view.ModelText());
+  }
   snapshotZoom = view.GetStoredZoom();
   Tell(history.Current());
 }

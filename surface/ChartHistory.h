@@ -24,6 +24,8 @@ class ChartHistory {
 
   /// Makes a step of the present model text, if it has changed.
   void Keep();
+  /// What `Keep` finds next is no step of its own but goes on with the present one.
+  void GoOnWithStep() { goesOn = true; }
   /// Tells the document of a change of the zoom, which is a part of the text and yet no step.
   void OnZoomChanged();
   void Undo();
@@ -36,6 +38,7 @@ class ChartHistory {
 
   LayoutMgr& view;
   UndoHistory history;
+  bool goesOn = false;
   std::int16_t snapshotZoom = ChartView::kNormalZoom;  ///< of the present snapshot
 };
 

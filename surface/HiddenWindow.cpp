@@ -7,6 +7,7 @@
 #include "surface/LayoutMgr.h"
 #include "surface/ObjectCommands.h"
 #include "surface/ObjectMenus.h"
+#include "surface/Pasting.h"
 
 namespace morvane {
 
@@ -15,6 +16,7 @@ void HiddenWindow::ShowMenu(Shape* shape, POINT screen) {
   if (menu.empty()) return;
   // The chart may be another one when the menu closes.
   const std::shared_ptr<ModelMgr> held = view->HoldModel();
+  const Pasting::MenuPlace place(view->GetPasting(), screen);
   const unsigned chosen =
       TrackContextMenu(menu, screen, [this](unsigned id) { return OnUpdateCommand(id); });
   if (chosen != 0 && view->GetModel().Holds(target)) OnCommand(chosen);

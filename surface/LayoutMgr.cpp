@@ -23,6 +23,8 @@
 #include "surface/ChartLook.h"
 #include "surface/ConnectionDrag.h"
 #include "surface/InPlaceEdit.h"
+#include "surface/Nudge.h"
+#include "surface/Pasting.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
@@ -45,6 +47,8 @@ LayoutMgr::LayoutMgr()
       geometry(std::make_unique<ViewGeometry>(*this)),
       tools(std::make_unique<ToolDrag>(*this)),
       connections(std::make_unique<ConnectionDrag>(*this)),
+      nudge(std::make_unique<Nudge>(*this)),
+      pasting(std::make_unique<Pasting>(*this)),
       inPlace(std::make_unique<InPlaceEdit>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
@@ -76,6 +80,8 @@ void LayoutMgr::Reveal(const std::vector<Shape*>& shapes) {
   model->Select(shapes);
   if (!shapes.empty()) ScrollIntoView(*shapes.front());
 }
+
+void LayoutMgr::KeepInSight(const RECT& model) { geometry->KeepInSight(model); }
 
 void LayoutMgr::ScrollIntoView(const Shape& shape) { geometry->ScrollIntoView(shape.GetBounds()); }
 

@@ -23,6 +23,8 @@ class ConnectionDrag;
 class InPlaceEdit;
 class ModelMgr;
 class ModelStream;
+class Nudge;
+class Pasting;
 class PrintMapping;
 class ToolDrag;
 class ViewGeometry;
@@ -46,6 +48,7 @@ class LayoutMgr : public ChartView, public ChartText {
   ChartHistory& GetHistory() const { return *history; }
   ToolDrag& GetTools() const { return *tools; }
   const ViewGeometry& GetGeometry() const { return *geometry; }
+  Pasting& GetPasting() const { return *pasting; }
   const PrintMapping& GetPrintMapping() const { return *printMapping; }
   const CFont& GetBoldFont() const override;
   COLORREF GetTextColor() const override;
@@ -58,6 +61,8 @@ class LayoutMgr : public ChartView, public ChartText {
   void BringToFront(Shape* shape);
   /// Selects objects of the model, and no others, and scrolls to the first one.
   void Reveal(const std::vector<Shape*>& shapes);
+  /// Scrolls no farther than it takes to show a rectangle, absolute model units.
+  void KeepInSight(const RECT& model);
   /// Scrolls so far that the whole shape shows, if it doesn't.
   void ScrollIntoView(const Shape& shape);
   /// Where on the screen the part of an object is that is in sight.
@@ -159,6 +164,8 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ViewGeometry> geometry;
   std::unique_ptr<ToolDrag> tools;
   std::unique_ptr<ConnectionDrag> connections;
+  std::unique_ptr<Nudge> nudge;
+  std::unique_ptr<Pasting> pasting;
   std::unique_ptr<InPlaceEdit> inPlace;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;

@@ -8,7 +8,9 @@
 #include "surface/ConnectionDrag.h"
 #include "surface/InPlaceEdit.h"
 #include "surface/LayoutMgr.h"
+#include "surface/Nudge.h"
 #include "surface/ObjectMenus.h"
+#include "surface/Pasting.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
 
@@ -110,6 +112,7 @@ void LayoutMgr::ShowObjectMenu(Shape* shape, POINT screen) {
 }
 
 void LayoutMgr::ShowChartMenu(POINT screen) {
+  const Pasting::MenuPlace place(*pasting, screen);
   const unsigned chosen =
       TrackContextMenu(MenuOfChart(), screen, [this](unsigned id) { return OnUpdateCommand(id); });
   if (chosen != 0) OnCommand(chosen);
@@ -133,7 +136,7 @@ bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned flags) {
     case VirtualKey::Delete: DeleteSelection(); return true;
     case VirtualKey::Return: return EditSelection(flags);
     case VirtualKey::Space: return OnCommand(ID_FIND_REPLACE);
-    default: return geometry->ScrollByKey(key);
+    default: return nudge->TakesKey(key, flags) || geometry->ScrollByKey(key);
   }
 }
 

@@ -5,6 +5,7 @@
 #include "model/ChartView.h"
 #include "model/ConnectableRectShape.h"
 #include "resources/CommandIds.h"
+#include "states/GenericState.h"
 
 namespace morvane {
 
@@ -37,6 +38,11 @@ CommandState IfAside(const Shape& object, unsigned /*id*/) {
   return CommandState::Enabled(mesg != nullptr && !mesg->IsAligned());
 }
 
+CommandState IfContents(const Shape& object, unsigned /*id*/) {
+  const auto* state = dynamic_cast<const GenericState*>(&object);
+  return CommandState::Enabled(state != nullptr && !state->Contents().empty());
+}
+
 CommandState WhetherAnchorsShow(const Shape& object, unsigned /*id*/) {
   const auto* shape = dynamic_cast<const ConnectableRectShape*>(&object);
   return CommandState::Checked(shape != nullptr && shape->AreAnchorsShown());
@@ -52,6 +58,7 @@ constexpr CommandRow<Shape> kRows[] = {
     {{ID_OBJECT_PROPERTIES, "Properties..."}, Always, HandOver},
     {{ID_SHOW_ANCHORS, "Show Anchors"}, WhetherAnchorsShow, HandOver},
     {{ID_STATE_EDIT_TEXTS, "Edit Entry/Exit"}, Always, HandOver},
+    {{ID_SELECT_CONTENTS, "Select contents"}, IfContents, HandOver},
     {{ID_STATE_DELETE, "Delete State"}, Always, HandOver},
     {{ID_TRANSITION_ADD_MESG, "Add Message"}, IfNoMesg, HandOver},
     {{ID_TRANSITION_ALIGN_MESG, "Align Message"}, IfMesgAside, HandOver},

@@ -15,11 +15,13 @@ std::span<const MenuEntry> MenuOf(const Shape* shape);
 /// The context menu of the chart itself.
 std::span<const MenuEntry> MenuOfChart();
 
+/// Tells whether a command can be given.
+using StateOfCommand = std::function<CommandState(unsigned id)>;
 /// The command that opens a dialog on an object: its properties, or else what it says and does.
 unsigned EditorOf(const Shape& shape, bool properties);
 
 /// Shows a context menu at a screen point and waits; gives the chosen command, or 0.
 unsigned TrackContextMenu(std::span<const MenuEntry> menu, POINT screen,
-                          const std::function<CommandState(unsigned id)>& stateOf);
+                          const StateOfCommand& stateOf);
 
 }  // namespace morvane

@@ -12,8 +12,6 @@ namespace morvane {
 
 namespace {
 
-/// Every so many model units the grid has a line.
-constexpr std::int32_t kGridStep = 3;
 /// What the surface has beyond the last object once that comes near the edge, model units.
 constexpr std::int32_t kRoom = 100;
 /// A page step of the scroll bars, model units.
@@ -131,6 +129,27 @@ void ViewGeometry::ScrollIntoView(const RECT& model) {
     const std::int64_t free = room - end + start;
     return Saturate(start -
                     std::clamp<std::int64_t>(room / kLead, 0, std::max<std::int64_t>(free, 0)));
+  };
+  view.OnScrollBy({distance(shown.left, shown.right, Width(client)),
+                   distance(shown.top, shown.bottom, Height(client))});
+}
+
+RECT ViewGeometry::InSight() const { return view.AddScroll(view.ToModel(view.GetClientRect())); }
+
+void ViewGeometry::KeepInSight(const RECT& model) {
+  const RECT client = view.GetClientRect();
+  if (IsRectEmpty(client)) return;
+  SetSurface();
+  const RECT shown = view.ToClient(model);
+  const std::int32_t step = view.ToDevice(1);
+  const auto distance = [step](std::int64_t start, std::int64_t end, std::int64_t room) {
+    if (end - start > room) {
+      if (start < room && end > 0) return 0;
+      return Saturate(start);
+    }
+    if (start < 0) return Saturate(start);
+    // The surface goes by whole steps.
+    return end > room ? Saturate((end - room + step - 1) / step * step) : 0;
   };
   view.OnScrollBy({distance(shown.left, shown.right, Width(client)),
                    distance(shown.top, shown.bottom, Height(client))});

@@ -12,6 +12,9 @@ class ChartView;
 /// the zoom, and the grid. The zoom itself is the view's, which converts by it.
 class ViewGeometry {
  public:
+  /// Every so many model units the grid has a line.
+  static constexpr std::int32_t kGridStep = 3;
+
   explicit ViewGeometry(ChartView& view);
 
   bool IsGridShown() const { return showGrid; }
@@ -37,6 +40,11 @@ class ViewGeometry {
   /// Scrolls so far that a rectangle in absolute model units shows, if it doesn't. It then stands
   /// nearer to the beginning of the window than to its end, where a dialog may lie.
   void ScrollIntoView(const RECT& model);
+  /// Scrolls no farther than it takes to show a rectangle in absolute model units, or as much of it
+  /// as has room; one that has no room stays where a part of it shows.
+  void KeepInSight(const RECT& model);
+  /// What of the surface shows, absolute model units.
+  RECT InSight() const;
   /// Scrolls as a key says; false for a key that says nothing of it.
   bool ScrollByKey(VirtualKey key);
 

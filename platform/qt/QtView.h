@@ -49,6 +49,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   bool HasCapture() const override;
   POINT CursorPos() const override;
   bool IsShiftDown() const override;
+  bool IsAltDown() const override;
   int DragDistance() const override;
   void SetCursor(Cursor cursor) override;
   POINT ClientToScreen(POINT p) const override;
@@ -129,6 +130,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   bool pointerInside = false;
   POINT pointer;
   bool shiftDown = false;
+  bool altDown = false;
   Cursor cursor = Cursor::Arrow;
   int zoomRest = 0;
   Hand hand = Hand::Away;

@@ -96,6 +96,7 @@ void QtView::Remember(const Message& message) {
     pointerInside = viewport()->rect().contains(pointer.x, pointer.y);
   }
   shiftDown = (message.flags & MK_SHIFT) != 0;
+  altDown = (message.flags & MK_ALT) != 0;
 }
 
 bool QtView::Take(const Message& message) {
@@ -263,7 +264,7 @@ void QtView::RepeatMove() {
   Message message;
   message.kind = Message::Kind::MouseMove;
   message.point = newest;
-  message.flags = MK_LBUTTON | (shiftDown ? MK_SHIFT : 0U);
+  message.flags = MK_LBUTTON | (shiftDown ? MK_SHIFT : 0U) | (altDown ? MK_ALT : 0U);
   queue.push_back(message);
 }
 
@@ -274,11 +275,13 @@ void QtView::keyPressEvent(QKeyEvent* event) {
   message.key = ToVirtualKey(event->key());
   message.flags = ToFlags(QGuiApplication::mouseButtons(), event->modifiers());
   if (event->key() == Qt::Key_Shift) message.flags |= MK_SHIFT;
+  if (event->key() == Qt::Key_Alt) message.flags |= MK_ALT;
   event->setAccepted(Take(message));
 }
 
 void QtView::keyReleaseEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Shift) shiftDown = false;
+  if (event->key() == Qt::Key_Alt) altDown = false;
   event->ignore();
   if (event->key() != Qt::Key_Space || event->isAutoRepeat() || !spaceHeld) return;
   event->accept();
@@ -404,6 +407,8 @@ POINT QtView::CursorPos() const {
 }
 
 bool QtView::IsShiftDown() const { return shiftDown; }
+
+bool QtView::IsAltDown() const { return altDown; }
 
 int QtView::DragDistance() const { return QApplication::startDragDistance(); }
 

@@ -35,8 +35,12 @@ CommandMenu::CommandMenu(std::span<const MenuEntry> entries, CommandTarget& targ
 
 void CommandMenu::Build(std::span<const MenuEntry> entries) {
   for (const MenuEntry& entry : entries) {
-    if (entry.id == 0) {
+    if (entry.IsSeparator()) {
       addSeparator();
+      continue;
+    }
+    if (entry.popup != nullptr) {
+      addMenu(new CommandMenu(*entry.popup, target, this));
       continue;
     }
     QAction* action = AddCommand(entry.id, FromUtf8(MenuText(entry)));

@@ -8,6 +8,7 @@
 #include "shell/Language.h"
 #include "shell/MenuTable.h"
 #include "states/FinalState.h"
+#include "surface/ArrangeMenu.h"
 #include "surface/ObjectMenus.h"
 #include "tests/support/AllDialogs.h"
 #include "tests/support/ChartTest.h"
@@ -23,6 +24,7 @@ using Texts = std::vector<std::string>;
 Texts TextsOf(std::span<const MenuEntry> entries) {
   Texts texts;
   for (const MenuEntry& entry : entries) {
+    if (entry.popup != nullptr) texts.emplace_back(entry.popup->title);
     if (entry.id != 0) texts.emplace_back(entry.TextOf(FindCommand(entry.id)));
   }
   return texts;
@@ -30,7 +32,8 @@ Texts TextsOf(std::span<const MenuEntry> entries) {
 
 /// Every menu of the program, and the menu bars.
 std::vector<Texts> AllMenus() {
-  std::vector<Texts> menus = {TextsOf(BarMenu()), TextsOf(MenuOfChart())};
+  std::vector<Texts> menus = {TextsOf(BarMenu()), TextsOf(MenuOfChart()),
+                              TextsOf(kArrangeMenu.entries)};
   for (const auto bar : {StartMenu(), ChartMenu()}) {
     Texts titles;
     for (const MenuPopup& popup : bar) {

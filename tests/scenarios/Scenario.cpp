@@ -14,13 +14,20 @@ namespace morvane {
 namespace {
 
 /// The command of an entry of the menu bar; 0 for none.
-unsigned CommandOf(const std::string& text) {
-  for (const MenuPopup& popup : ChartMenu()) {
-    for (const MenuEntry& entry : popup.entries) {
-      if (entry.id != 0 && Plain(MenuText(entry)) == text) return entry.id;
-    }
+unsigned CommandOf(std::span<const MenuEntry> entries, const std::string& text) {
+  unsigned id = 0;
+  for (const MenuEntry& entry : entries) {
+    if (id == 0 && entry.popup != nullptr) id = CommandOf(entry.popup->entries, text);
+    if (id == 0 && entry.id != 0 && Plain(MenuText(entry)) == text) id = entry.id;
   }
-  return 0;
+  return id;
+}
+unsigned CommandOf(const std::string& text) {
+  unsigned id = 0;
+  for (const MenuPopup& popup : ChartMenu()) {
+    if (id == 0) id = CommandOf(popup.entries, text);
+  }
+  return id;
 }
 
 /// The lines of a model text, each behind the record that it belongs to.

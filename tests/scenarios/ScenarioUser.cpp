@@ -213,11 +213,15 @@ unsigned ScenarioUser::Track(const std::vector<Item>& items, POINT screen) {
   NestedLoop::Run();
   std::string shown;
   unsigned chosen = 0;
-  for (const auto& [id, text, state] : items) {
-    if (id == 0) continue;
-    shown += std::string(" ") + (state.enabled ? "" : "-") + (state.checked ? "+" : "") + "<" +
-             Plain(text) + ">";
-    if (Plain(text) == entry && state.enabled) chosen = id;
+  std::vector<Item> entries = items;
+  for (const Item& item : items)
+    entries.insert(entries.end(), item.popup.begin(), item.popup.end());
+  for (const Item& item : entries) {
+    if (item.IsSeparator()) continue;
+    const bool opens = !item.popup.empty();
+    shown += std::string(" ") + (item.state.enabled || opens ? "" : "-") +
+             (item.state.checked ? "+" : "") + "<" + Plain(item.text) + ">";
+    if (Plain(item.text) == entry && item.state.enabled) chosen = item.id;
   }
   if (shown != std::exchange(menu, shown)) {
     Note("menu at " + std::to_string(screen.x) + "," + std::to_string(screen.y) + shown);

@@ -33,6 +33,7 @@ class FakeWindow : public WindowPeer {
 
   POINT cursorPos;
   bool shiftDown = false;
+  bool altDown = false;
   Cursor cursor = Cursor::Arrow;
   RECT client{0, 0, 1200, 900};
 
@@ -48,6 +49,7 @@ class FakeWindow : public WindowPeer {
   bool HasCapture() const override { return captured; }
   POINT CursorPos() const override { return cursorPos; }
   bool IsShiftDown() const override { return shiftDown; }
+  bool IsAltDown() const override { return altDown; }
   int DragDistance() const override { return kDragDistance; }
   void SetCursor(Cursor picture) override { cursor = picture; }
   POINT ClientToScreen(POINT p) const override { return p; }

@@ -45,7 +45,8 @@ TEST_F(ChartWindows, WhatCanBeChosenFollowsTheCharts) {
   Open();
   EXPECT_EQ(Enabled(ChartMenu()),
             "&New|&Open...|&Save|Save &As...|&Close|C&lose All|&Print...|Print Pre&view|"
-            "P&rint Setup...|&Export...|E&xit|Copy As &Metafile|&Find / Replace|Model Propert&ies|"
+            "P&rint Setup...|&Export...|E&xit|Move contents &with a state|Copy As &Metafile|&Find "
+            "/ Replace|Model Propert&ies|"
             "&Default Settings|Prefere&nces|&State|&Initial State|&Final "
             "State|&Note|&Line|&Refresh|Zoom &In|"
             "Zoom &Out|Object Browser|&Toolbar|Drawing Toolbar|Chart Browser|&Status Bar|"

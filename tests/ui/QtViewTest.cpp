@@ -117,8 +117,10 @@ TEST_F(QtViewTest, MouseAndKeysReachTheView) {
   SendMouse(Area(), QEvent::MouseMove, {3, 4}, Qt::NoButton);
   SendMouse(Area(), QEvent::MouseButtonPress, {5, 6}, Qt::LeftButton, Qt::ShiftModifier);
   EXPECT_TRUE(view.IsShiftDown());
+  EXPECT_FALSE(view.IsAltDown());
   EXPECT_EQ(view.GetCursorPos(), (POINT{5, 6}));
-  SendMouse(Area(), QEvent::MouseButtonRelease, {7, 8});
+  SendMouse(Area(), QEvent::MouseButtonRelease, {7, 8}, Qt::LeftButton, Qt::AltModifier);
+  EXPECT_TRUE(view.IsAltDown());
   SendMouse(Area(), QEvent::MouseButtonDblClick, {7, 8}, Qt::LeftButton, Qt::ControlModifier);
   for (const Qt::Key key : {Qt::Key_PageDown, Qt::Key_A}) PostKey(*widget, key);
   QApplication::processEvents();
@@ -126,8 +128,8 @@ TEST_F(QtViewTest, MouseAndKeysReachTheView) {
   QCoreApplication::sendEvent(&Area(), &leave);
   QContextMenuEvent menu(QContextMenuEvent::Mouse, {12, 13}, Area().mapToGlobal(QPoint(12, 13)));
   QCoreApplication::sendEvent(&Area(), &menu);
-  EXPECT_EQ(view.log, (Log{"cursor", "move 3,4", "down 5,6 f5", "up 7,8", "double 7,8 f9", "key3",
-                           "key0", "leave", "menu 12,13"}));
+  EXPECT_EQ(view.log, (Log{"cursor", "move 3,4", "down 5,6 f5", "up 7,8 f32", "double 7,8 f9",
+                           "key3", "key0", "leave", "menu 12,13"}));
 }
 
 TEST_F(QtViewTest, ALoopPaintsButNeitherScrollsNorTakesKeysForCommands) {
