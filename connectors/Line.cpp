@@ -39,6 +39,16 @@ Line::Line(std::int32_t id, ChartView* view, POINT start, POINT end)
       colourIndex(Defaults::Instance().LineColor),
       styleIndex(Defaults::Instance().LineStyle) {}
 
+Line::Line(std::int32_t id, ChartView* view, const AnchorOffer& from, const AnchorOffer& to)
+    : Line(id, view, *from.shape->AnchorAt(from.key), *to.shape->AnchorAt(to.key)) {
+  startShape = from.shape;
+  startKey = from.key;
+  startShape->AddConnector(this);
+  endShape = to.shape;
+  endKey = to.key;
+  endShape->AddConnector(this);
+}
+
 Line::~Line() {
   if (startShape != nullptr) startShape->RemoveConnector(this);
   if (endShape != nullptr) endShape->RemoveConnector(this);

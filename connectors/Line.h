@@ -17,6 +17,8 @@ class Line : public ComplexShape, public Connector {
   Line();
   /// A line with free ends, model units.
   Line(std::int32_t id, ChartView* view, POINT start, POINT end);
+  /// A line between two anchors, which have to be there.
+  Line(std::int32_t id, ChartView* view, const AnchorOffer& from, const AnchorOffer& to);
   ~Line() override;
 
   void Write(ModelStream& stream) const override;

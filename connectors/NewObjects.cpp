@@ -96,13 +96,14 @@ std::vector<POINT> ConnectionRoute(const ModelMgr& model, const AnchorOffer& fro
   return sketch.Points();
 }
 
-void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
-                    const AnchorKey* fromKey, const AnchorKey* toKey, const POINT* endPoint) {
+Transition* ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
+                           const AnchorKey* fromKey, const AnchorKey* toKey,
+                           const POINT* endPoint) {
   const State* fromState = from;
   const State* toState = to;
-  if (fromState == toState && *fromKey == *toKey) return;
+  if (fromState == toState && *fromKey == *toKey) return nullptr;
   const POINT* anchor = from->AnchorAt(*fromKey);
-  if (anchor == nullptr) return;
+  if (anchor == nullptr) return nullptr;
 
   POINT client = model.GetView()->ToClient(*anchor);
   Transition* transition = NewTransition(model, client);
@@ -113,6 +114,7 @@ void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
     transition->MoveTargetFree(endPoint->x, endPoint->y);
   }
   if (transition->RunsThroughOwnState()) transition->Reroute(ChartRouter(model));
+  return transition;
 }
 
 }  // namespace morvane

@@ -29,8 +29,8 @@ void InsertLine(ModelMgr& model, POINT& client);
 std::vector<POINT> ConnectionRoute(const ModelMgr& model, const AnchorOffer& from,
                                    const AnchorOffer& to, POINT endPoint);
 /// A transition between two anchors. Without `to` its free end goes to `endPoint`, a client point.
-/// From an anchor to the same anchor nothing is made.
-void ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
-                    const AnchorKey* fromKey, const AnchorKey* toKey, const POINT* endPoint);
+/// Gives it; null from an anchor to the same anchor, where nothing is made.
+Transition* ConnectAnchors(ModelMgr& model, StartableState* from, EndableState* to,
+                           const AnchorKey* fromKey, const AnchorKey* toKey, const POINT* endPoint);
 
 }  // namespace morvane

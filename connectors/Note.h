@@ -31,6 +31,7 @@ class Note : public ConnectableRectShape {
   void RefreshAnchors() override;
 
   TextBox& GetText() { return text; }
+  const TextBox& GetText() const { return text; }
 
  protected:
   Layer GetClassLayer() const override { return LAYER_NOTE; }

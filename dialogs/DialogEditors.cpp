@@ -4,6 +4,7 @@
 
 #include "dialogs/CEventEditor.h"
 #include "dialogs/CLineProperty.h"
+#include "dialogs/ConnectDlg.h"
 #include "dialogs/EditMesgDlg.h"
 #include "dialogs/EntryExitEditor.h"
 #include "dialogs/FindReplaceDlg.h"
@@ -92,6 +93,15 @@ bool DialogEditors::EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex
   if (!dialog.DoModal()) return false;
   colourIndex = dialog.colourIndex;
   styleIndex = dialog.styleIndex;
+  return true;
+}
+
+bool DialogEditors::ChooseTargets(const std::string& source, const std::vector<std::string>& names,
+                                  std::vector<int>& chosen) {
+  ConnectDlg dialog(source, names);
+  dialog.chosen = chosen;
+  if (!dialog.DoModal()) return false;
+  chosen = dialog.chosen;
   return true;
 }
 

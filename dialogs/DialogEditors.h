@@ -24,6 +24,8 @@ class DialogEditors : public Editors {
   bool EditNote(BoxFields& fields) override;
   bool EditText(const std::string& title, std::string& text) override;
   bool EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex) override;
+  bool ChooseTargets(const std::string& source, const std::vector<std::string>& names,
+                     std::vector<int>& chosen) override;
   bool EditModelProperties(ModelProperties& properties) override;
   bool EditPaper(std::int32_t& printToFit) override;
   void FindAndReplace(const SearchedChart& chart) override;

@@ -65,6 +65,8 @@ class ChartView : public CScrollView {
   virtual Collection& GetSelection() const = 0;
   /// Null for a chart that no browser follows.
   virtual ObjectBrowser* GetObjectTree() const = 0;
+  /// Other objects are selected now. It may be called for thousands of them, one by one.
+  virtual void OnSelectionChanged() {}
   /// Tells the browser, if there is one, that an object shows differently now.
   void UpdateNodes(Shape* shape);
 

@@ -20,6 +20,10 @@ class NoEditors : public Editors {
   bool EditLine(std::int32_t& /*colourIndex*/, std::int32_t& /*styleIndex*/) override {
     return false;
   }
+  bool ChooseTargets(const std::string&, const std::vector<std::string>&,
+                     std::vector<int>&) override {
+    return false;
+  }
   bool EditModelProperties(ModelProperties& /*properties*/) override { return false; }
   bool EditPaper(std::int32_t& /*printToFit*/) override { return false; }
   void FindAndReplace(const SearchedChart& /*chart*/) override {}

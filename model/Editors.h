@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "drawing/Geometry.h"
 
@@ -43,6 +44,10 @@ class Editors {
   virtual bool EditText(const std::string& title, std::string& text) = 0;
   /// Colour and pen style of a line, as indices into their tables.
   virtual bool EditLine(std::int32_t& colourIndex, std::int32_t& styleIndex) = 0;
+  /// Where connections go from an object of that name: indices into the names of the objects. At
+  /// first `chosen` has what is proposed.
+  virtual bool ChooseTargets(const std::string& source, const std::vector<std::string>& names,
+                             std::vector<int>& chosen) = 0;
 
   /// The texts that describe a model.
   virtual bool EditModelProperties(ModelProperties& properties) = 0;

@@ -44,6 +44,7 @@ ModelMgr::ModelMgr(ChartView* view, const Factory& factory)
     : view(view), clipboard(std::make_unique<ModelClipboard>()), factory(factory) {
   selection.SetListener([this] {
     if (ObjectBrowser* browser = Browser()) browser->OnSelectionChanged();
+    if (shown && this->view != nullptr) this->view->OnSelectionChanged();
   });
 }
 

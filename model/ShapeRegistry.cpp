@@ -8,11 +8,13 @@
 namespace morvane {
 
 void ShapeRegistry::AddShape(Shape* shape, std::int32_t id) {
+  ++changes;
   shapes[id] = shape;
   lastId = std::max(lastId, id);
 }
 
 void ShapeRegistry::RemoveShape(Shape* shape) {
+  ++changes;
   const auto found = shapes.find(shape->GetId());
   if (found != shapes.end() && found->second == shape) shapes.erase(found);
 }

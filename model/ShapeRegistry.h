@@ -19,6 +19,8 @@ class ShapeRegistry {
 
   /// Null if no object has the id. The id 0 refers to nothing.
   Shape* Find(std::int32_t id) const;
+  /// It grows whenever an object comes or goes.
+  std::uint64_t Changes() const { return changes; }
   /// A new id: one above the greatest seen or given out, or a free one when there is none above.
   std::int32_t NextId();
 
@@ -26,6 +28,7 @@ class ShapeRegistry {
   static constexpr std::int32_t kFirstId = 100;
 
   std::unordered_map<std::int32_t, Shape*> shapes;
+  std::uint64_t changes = 0;
   std::int32_t lastId = kFirstId;
   std::int32_t lastFreeId = kFirstId;
 };

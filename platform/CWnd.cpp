@@ -88,6 +88,10 @@ Message CWnd::NextMessage() {
   return message;
 }
 
+void CWnd::TellPartsChanged() {
+  if (peer != nullptr) peer->OnPartsChanged();
+}
+
 void CWnd::DispatchMessage(const Message& message) {
   switch (message.kind) {
     case Message::Kind::MouseMove: OnMouseMove(message.flags, message.point); break;

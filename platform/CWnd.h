@@ -12,6 +12,7 @@ namespace morvane {
 
 class CRgn;
 class Feedback;
+class ReadableParts;
 struct InPlaceText;
 class WindowPeer;
 
@@ -62,6 +63,11 @@ class CWnd {
   POINT ClientToScreen(POINT p) const;
   POINT ScreenToClient(POINT p) const;
 
+  /// What the window paints may have changed for a screen reader.
+  void TellPartsChanged();
+  /// What a screen reader tells of the window's picture; null if nothing is to be told.
+  virtual ReadableParts* Parts() { return nullptr; }
+
   /// Lets the user edit a text where it stands, see `WindowPeer`.
   void OpenTextBox(const InPlaceText& text);
   void MoveTextBox(const RECT& client);
@@ -83,6 +89,8 @@ class CWnd {
   virtual void OnMouseLeave() {}
   /// A context menu is asked for at a screen point.
   virtual void OnContextMenu(POINT /*screen*/) {}
+  /// The same by a key, without a place.
+  virtual void OnMenuKey() { OnContextMenu(ClientToScreen(CentreOf(GetClientRect()))); }
   /// Gives true when the key was used.
   virtual bool OnKeyDown(VirtualKey /*key*/, unsigned /*flags*/) { return false; }
   /// The pointer stands in the client area: choose its picture.

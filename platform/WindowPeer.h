@@ -42,6 +42,10 @@ class WindowPeer {
   /// Shows a bar for positions 0 to `limit` with the given steps, at `position`.
   virtual void SetScrollBar(ScrollBar bar, int limit, int line, int page, int position) = 0;
 
+  /// What the window paints may have changed for a screen reader: its parts, or what is selected.
+  /// It may be called for thousands of parts, one by one.
+  virtual void OnPartsChanged() {}
+
   /// Opens a box over the picture in which the user edits a text, with the keyboard in it. A box
   /// that was open goes. What the user does to end it comes as `CWnd::OnTextBoxLeft`.
   virtual void OpenTextBox(const InPlaceText& text) = 0;

@@ -134,6 +134,21 @@ constexpr std::array kTexts = {
         IDS_SEARCH_TOO_LONG,
         "The search takes too long and was given up; nothing was replaced. Please make the regular "
         "expression simpler."},
+    Text{IDS_READ_STATE, "State %1"},
+    Text{IDS_READ_INITIAL, "Initial state"},
+    Text{IDS_READ_FINAL, "Final state"},
+    Text{IDS_READ_IN, "%1 in %2"},
+    Text{IDS_READ_HISTORY, "%1, with history"},
+    Text{IDS_READ_TRANSITION, "Transition from %1 to %2"},
+    Text{IDS_READ_EVENT, "%1, event %2"},
+    Text{IDS_FREE_END, "free end"},
+    Text{IDS_READ_MESSAGE, "Message %1"},
+    Text{IDS_READ_NOTE, "Note %1"},
+    Text{IDS_READ_LINE, "Line from %1 to %2"},
+    Text{IDS_READ_ENTRY, "On entry: %1"},
+    Text{IDS_READ_EXIT, "On exit: %1"},
+    Text{IDS_READ_EFFECT, "Effect: %1"},
+    Text{IDS_READ_CHART, "Chart %1"},
 };
 
 class BuiltInEnglish : public TextSource {

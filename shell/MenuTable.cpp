@@ -68,7 +68,15 @@ constexpr MenuEntry kChartEdit[] = {
 };
 
 constexpr MenuEntry kInsert[] = {
-    {ID_TOOL_STATE}, {ID_TOOL_INITIAL_STATE}, {ID_TOOL_FINAL_STATE}, {ID_TOOL_NOTE}, {ID_TOOL_LINE},
+    {ID_TOOL_STATE},
+    {ID_TOOL_INITIAL_STATE},
+    {ID_TOOL_FINAL_STATE},
+    {ID_TOOL_NOTE},
+    {ID_TOOL_LINE},
+    {ID_TOOL_TRANSITION},
+    kSeparator,
+    {ID_CONNECT},
+    {ID_CONNECT_TO},
 };
 
 constexpr MenuEntry kChartView[] = {
@@ -97,7 +105,7 @@ constexpr MenuPopup kStartMenu[] = {
 };
 
 constexpr MenuPopup kChartMenu[] = {
-    {"&File", kChartFile},  {"&Edit", kChartEdit}, {"Insert", kInsert}, {"&View", kChartView},
+    {"&File", kChartFile},  {"&Edit", kChartEdit}, {"&Insert", kInsert}, {"&View", kChartView},
     {"&CodeGen", kCodeGen}, {"&Window", kWindow},  {"&Help", kHelp},
 };
 

@@ -18,6 +18,7 @@
 #include "surface/Arrangement.h"
 #include "surface/ChartExport.h"
 #include "surface/ChartHistory.h"
+#include "surface/ConnectCommands.h"
 #include "surface/Generators.h"
 #include "surface/LayoutMgr.h"
 #include "surface/Pasting.h"
@@ -87,6 +88,14 @@ CommandState IfUndoable(const LayoutMgr& chart, unsigned /*id*/) {
 
 CommandState IfRedoable(const LayoutMgr& chart, unsigned /*id*/) {
   return CommandState::Enabled(chart.GetHistory().CanRedo());
+}
+
+CommandState IfTwoToConnect(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(CanConnect(chart));
+}
+
+CommandState IfConnectable(const LayoutMgr& chart, unsigned /*id*/) {
+  return CommandState::Enabled(CanConnectTo(chart, Joint::None));
 }
 
 CommandState WhetherChosen(const LayoutMgr& chart, unsigned id) {
@@ -206,6 +215,10 @@ void Point(LayoutMgr& chart, unsigned /*id*/) {
 }
 
 void ChooseTool(LayoutMgr& chart, unsigned id) { chart.GetTools().Choose(id); }
+
+void ConnectSelected(LayoutMgr& chart, unsigned /*id*/) { Connect(chart); }
+
+void ConnectToTarget(LayoutMgr& chart, unsigned /*id*/) { ConnectTo(chart, Joint::None); }
 
 void KeepTool(LayoutMgr& chart, unsigned /*id*/) { chart.GetTools().Keep(); }
 
@@ -371,7 +384,7 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
 
     {{ID_POINTER, "", "", "Select and move objects", "Pointer", "pointer"}, Always, Point},
     {{ID_TOOL_STATE, "&State", "", "Insert a state", "State", "state"}, WhetherChosen, ChooseTool},
-    {{ID_TOOL_TRANSITION, "", "", "Insert a transition", "Transition", "transition"},
+    {{ID_TOOL_TRANSITION, "T&ransition", "", "Insert a transition", "Transition", "transition"},
      WhetherChosen,
      ChooseTool},
     {{ID_TOOL_INITIAL_STATE, "&Initial State", "", "Insert an initial state", "Initial State",
@@ -383,6 +396,13 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
      ChooseTool},
     {{ID_TOOL_NOTE, "&Note", "", "Insert a note", "Note", "note"}, WhetherChosen, ChooseTool},
     {{ID_TOOL_LINE, "&Line", "", "Insert a line", "Line", "line"}, WhetherChosen, ChooseTool},
+    {{ID_CONNECT, "&Connect", "Ctrl+L", "Connect the two selected objects", "Connect"},
+     IfTwoToConnect,
+     ConnectSelected},
+    {{ID_CONNECT_TO, "Connect t&o...", "Ctrl+T", "Connect the selected object to another one",
+      "Connect to"},
+     IfConnectable,
+     ConnectToTarget},
     {{ID_TOOL_DRAG_STARTED}, Always, DragTool},
     {{ID_TOOL_KEEP}, Always, KeepTool},
 

@@ -21,8 +21,10 @@
 #include "surface/ChartCommands.h"
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
+#include "surface/ChartReading.h"
 #include "surface/ConnectionDrag.h"
 #include "surface/InPlaceEdit.h"
+#include "surface/KeyboardWalk.h"
 #include "surface/Nudge.h"
 #include "surface/Pasting.h"
 #include "surface/PrintMapping.h"
@@ -46,6 +48,8 @@ LayoutMgr::LayoutMgr()
       look(std::make_unique<ChartLook>()),
       geometry(std::make_unique<ViewGeometry>(*this)),
       tools(std::make_unique<ToolDrag>(*this)),
+      walk(std::make_unique<KeyboardWalk>(*this)),
+      reading(std::make_unique<ChartReading>(*this)),
       connections(std::make_unique<ConnectionDrag>(*this)),
       nudge(std::make_unique<Nudge>(*this)),
       pasting(std::make_unique<Pasting>(*this)),
@@ -189,8 +193,16 @@ SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width, Lett
   return ChartLook::Measure(text, width, bold ? look->BoldFont() : look->NormalFont());
 }
 
+ReadableParts* LayoutMgr::Parts() { return reading.get(); }
+
+void LayoutMgr::TellReaders() {
+  reading->Forget();
+  TellPartsChanged();
+}
+
 void LayoutMgr::TakeSnapshot() {
   MakeRoom();
+  TellReaders();
   // What the pointer was on may be gone.
   ModalLoop::IsRunning() ? connections->HideHover() : RefreshHover();
   if (objectTree != nullptr) objectTree->OnObjectsMoved();
@@ -252,6 +264,7 @@ void LayoutMgr::ShowRead() {
   model = std::move(chart->model);
   if (objectTree != nullptr) objectTree->Attach(this);
   model->Show();
+  TellReaders();
 }
 
 bool LayoutMgr::Restore(const std::string& text, std::string& reason) {

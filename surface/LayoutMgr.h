@@ -18,8 +18,10 @@ namespace morvane {
 
 class ChartHistory;
 class ChartLook;
+class ChartReading;
 class Collection;
 class ConnectionDrag;
+class KeyboardWalk;
 class InPlaceEdit;
 class ModelMgr;
 class ModelStream;
@@ -47,6 +49,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void SetObjectTree(ChartBrowser* tree) { objectTree = tree; }
   ChartHistory& GetHistory() const { return *history; }
   ToolDrag& GetTools() const { return *tools; }
+  KeyboardWalk& GetWalk() const { return *walk; }
   const ViewGeometry& GetGeometry() const { return *geometry; }
   Pasting& GetPasting() const { return *pasting; }
   const PrintMapping& GetPrintMapping() const { return *printMapping; }
@@ -123,6 +126,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnTextBoxLeft(bool keep) override;
   void FinishTyping() override;
   void OnContextMenu(POINT screen) override;
+  void OnMenuKey() override;
   void OnSetCursor() override;
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
   bool OnCommand(unsigned id) override;
@@ -130,6 +134,12 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnZoom(int steps, POINT client) override;
   std::string GetTitle() const override;
   bool OnClose() override;
+  ReadableParts* Parts() override;
+  void OnSelectionChanged() override { TellPartsChanged(); }
+
+  /// Nothing may change or go from under a gesture, a box, a menu or a dialog, nor may the chart
+  /// scroll away from the points of a gesture: what comes from the mouse and the keys passes by.
+  bool IsBusy() const;
 
  protected:
   int ScrollStep() const override { return zoom; }
@@ -142,12 +152,12 @@ class LayoutMgr : public ChartView, public ChartText {
     ModelProperties properties;
   };
 
-  /// Nothing may change or go from under a gesture, a box, a menu or a dialog, nor may the chart
-  /// scroll away from the points of a gesture: what comes from the mouse and the keys passes by.
-  bool IsBusy() const;
   void MakeRoom();
+  /// Objects have changed, for a screen reader.
+  void TellReaders();
   /// Places what was read, if anything was, and only then shows it in the place of what there is.
   void ShowRead();
+  bool WalkByKey(VirtualKey key, unsigned flags);
   /// Opens what edits the selected object: its text where it stands, or a dialog.
   bool EditSelection(unsigned flags);
   /// What is under the pointer has moved away, or something else has come.
@@ -163,6 +173,8 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<ChartLook> look;
   std::unique_ptr<ViewGeometry> geometry;
   std::unique_ptr<ToolDrag> tools;
+  std::unique_ptr<KeyboardWalk> walk;
+  std::unique_ptr<ChartReading> reading;
   std::unique_ptr<ConnectionDrag> connections;
   std::unique_ptr<Nudge> nudge;
   std::unique_ptr<Pasting> pasting;

@@ -7,6 +7,8 @@
 #include "resources/CommandIds.h"
 #include "surface/ConnectionDrag.h"
 #include "surface/InPlaceEdit.h"
+#include "surface/KeyboardInsert.h"
+#include "surface/KeyboardWalk.h"
 #include "surface/LayoutMgr.h"
 #include "surface/Nudge.h"
 #include "surface/ObjectMenus.h"
@@ -106,6 +108,17 @@ void LayoutMgr::OnContextMenu(POINT screen) {
   ShowChartMenu(screen);
 }
 
+void LayoutMgr::OnMenuKey() {
+  if (IsBusy()) return;
+  FinishTyping();
+  Shape* shape = walk->Current();
+  if (shape == nullptr) return ShowChartMenu(ClientToScreen(geometry->MiddleOfWindow()));
+  ScrollIntoView(*shape);
+  const POINT place = CentreOf(PlaceOnScreen(*shape));
+  const auto held = HoldModel();
+  held->ShowObjectMenu(shape, place.x, place.y);
+}
+
 void LayoutMgr::ShowObjectMenu(Shape* shape, POINT screen) {
   menuWindow.SetTarget(shape);
   menuWindow.ShowMenu(shape, screen);
@@ -125,9 +138,24 @@ void LayoutMgr::OnZoom(int steps, POINT client) {
   ChangeZoom(std::clamp<int>(zoom + steps, std::min(zoom, kMinZoom), kMaxZoom), client);
 }
 
+/// What the keyboard does in place of a mouse; false for any other key.
+bool LayoutMgr::WalkByKey(VirtualKey key, unsigned flags) {
+  if ((flags & (MK_CONTROL | MK_ALT)) != 0) return false;
+  const bool withShift = (flags & MK_SHIFT) != 0;
+  switch (key) {
+    case VirtualKey::Tab: walk->Step(!withShift); return true;
+    case VirtualKey::Space:
+      if (withShift) walk->ToggleKept();
+      return withShift;
+    case VirtualKey::Return: return InsertByKeyboard(*this);
+    default: return false;
+  }
+}
+
 bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned flags) {
   if (IsBusy()) return false;
   const auto held = HoldModel();
+  if (WalkByKey(key, flags)) return true;
   switch (key) {
     case VirtualKey::Escape:
       tools->EndToolDrag();

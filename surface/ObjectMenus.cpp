@@ -22,6 +22,7 @@ namespace {
 
 constexpr MenuEntry kSeparator{};
 constexpr MenuEntry kReroute{ID_REROUTE};
+constexpr MenuEntry kConnectTo{ID_CONNECT_TO, "Connect to..."};
 constexpr MenuEntry kToFront{ID_BRING_TO_FRONT};
 constexpr MenuEntry kToBack{ID_SEND_TO_BACK};
 constexpr MenuEntry kArrange{0, "", &kArrangeMenu};
@@ -36,6 +37,7 @@ constexpr MenuEntry kGenericStateMenu[] = {{ID_EDIT_OBJECT, "Rename"},
                                            {ID_SHOW_ANCHORS},
                                            {ID_SELECT_CONTENTS},
                                            kReroute,
+                                           kConnectTo,
                                            kSeparator,
                                            kCut,
                                            kCopy,
@@ -48,6 +50,7 @@ constexpr MenuEntry kGenericStateMenu[] = {{ID_EDIT_OBJECT, "Rename"},
                                            kToBack};
 constexpr MenuEntry kInitialStateMenu[] = {{ID_SHOW_ANCHORS},
                                            kReroute,
+                                           kConnectTo,
                                            kSeparator,
                                            kCut,
                                            kCopy,
@@ -60,6 +63,7 @@ constexpr MenuEntry kInitialStateMenu[] = {{ID_SHOW_ANCHORS},
                                            kToBack};
 constexpr MenuEntry kFinalStateMenu[] = {{ID_SHOW_ANCHORS},
                                          kReroute,
+                                         kConnectTo,
                                          kSeparator,
                                          kCut,
                                          kCopy,
@@ -88,6 +92,7 @@ constexpr MenuEntry kMesgMenu[] = {{ID_EDIT_OBJECT, "Edit Event"},
                                    {ID_MESG_EDIT},
                                    {ID_MESG_ALIGN},
                                    {ID_SHOW_ANCHORS},
+                                   kConnectTo,
                                    kSeparator,
                                    kCut,
                                    kCopy,
@@ -101,6 +106,7 @@ constexpr MenuEntry kMesgMenu[] = {{ID_EDIT_OBJECT, "Edit Event"},
 constexpr MenuEntry kNoteMenu[] = {{ID_OBJECT_PROPERTIES},
                                    {ID_NOTE_EDIT},
                                    {ID_SHOW_ANCHORS},
+                                   kConnectTo,
                                    kSeparator,
                                    kCut,
                                    kCopy,

@@ -19,6 +19,7 @@ class ToolDrag {
   /// The command of the tool that is chosen; 0 for none.
   unsigned Tool() const { return tool; }
   bool IsRunning() const { return tool != 0; }
+  bool IsKept() const { return kept; }
   /// Chooses a tool, or puts it away if it is chosen already.
   void Choose(unsigned id);
   /// The tool that is chosen stays so until it is put away, however many objects come of it.

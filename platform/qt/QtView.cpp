@@ -14,6 +14,8 @@
 #include "platform/Feedback.h"
 #include "platform/InPlaceText.h"
 #include "platform/qt/InPlaceBox.h"
+#include "platform/qt/PartsTeller.h"
+#include "platform/qt/ViewInterface.h"
 
 namespace morvane {
 
@@ -41,7 +43,11 @@ QRegion ToRegion(const CRgn::Piece& piece, const QRect& client) {
 }  // namespace
 
 QtView::QtView(CScrollView& view, QWidget* parent)
-    : QAbstractScrollArea(parent), view(&view), picture(1, 1, QImage::Format_RGB32) {
+    : QAbstractScrollArea(parent),
+      view(&view),
+      teller(std::make_unique<PartsTeller>(*this)),
+      picture(1, 1, QImage::Format_RGB32) {
+  ViewInterface::Install();
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setMouseTracking(true);
@@ -105,6 +111,8 @@ void QtView::AddInvalid(const QRegion& region) {
 }
 
 void QtView::Update() { PaintInvalid(); }
+
+void QtView::OnPartsChanged() { teller->OnChanged(); }
 
 void QtView::SetRedraw(bool on) {
   redraw = on;

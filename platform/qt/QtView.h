@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <memory>
 
 #include <QAbstractScrollArea>
 #include <QImage>
@@ -15,6 +16,7 @@ namespace morvane {
 class InPlaceBox;
 
 class CScrollView;
+class PartsTeller;
 
 /// The window of a `CScrollView`. It keeps a picture of its client area: a paint erases and redraws
 /// the invalid part of it. The toolkit's paint event copies it, with the feedback of the view over
@@ -59,6 +61,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void MoveTextBox(const RECT& client) override;
   std::optional<std::string> CloseTextBox() override;
   Message NextMessage() override;
+  void OnPartsChanged() override;
 
  protected:
   bool event(QEvent* event) override;
@@ -72,6 +75,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void hideEvent(QHideEvent* event) override;
@@ -93,6 +97,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void TakeSurface(QPoint at);
   void ShowHand(Hand wanted);
   bool TakeSpace(const QKeyEvent& event);
+  bool TakeMenuKey(const QKeyEvent& event);
   void NoteEdge(POINT client);
   void ScrollAtEdge();
   void RepeatMove();
@@ -109,6 +114,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   const QImage& Shown(const QRegion& part);
 
   CScrollView* view;
+  std::unique_ptr<PartsTeller> teller;
   std::unique_ptr<InPlaceBox> textBox;
   QtFontCache fonts;
   QImage picture;

@@ -6,6 +6,7 @@
 
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
+#include "platform/qt/PartsTeller.h"
 #include "platform/qt/QtCursors.h"
 #include "platform/qt/QtView.h"
 
@@ -233,6 +234,11 @@ bool QtView::TakeSpace(const QKeyEvent& event) {
   return true;
 }
 
+void QtView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  teller->OnFocusChanged();
+}
+
 void QtView::focusOutEvent(QFocusEvent* event) {
   spaceHeld = false;
   ShowHand(Hand::Away);
@@ -269,14 +275,27 @@ void QtView::RepeatMove() {
 }
 
 void QtView::keyPressEvent(QKeyEvent* event) {
-  if (TakeSpace(*event)) return event->accept();
+  if (TakeSpace(*event) || TakeMenuKey(*event)) return event->accept();
   Message message;
   message.kind = Message::Kind::KeyDown;
   message.key = ToVirtualKey(event->key());
+  // Alone it is a key when it comes up.
+  const bool isShiftSpace =
+      event->key() == Qt::Key_Space && event->modifiers() == Qt::ShiftModifier;
+  if (isShiftSpace) message.key = VirtualKey::Space;
   message.flags = ToFlags(QGuiApplication::mouseButtons(), event->modifiers());
   if (event->key() == Qt::Key_Shift) message.flags |= MK_SHIFT;
+  // The one key that has the shift key in its own code.
+  if (event->key() == Qt::Key_Backtab) message.flags |= MK_SHIFT;
   if (event->key() == Qt::Key_Alt) message.flags |= MK_ALT;
   event->setAccepted(Take(message));
+}
+
+/// The toolkit knows the key for menus only by itself.
+bool QtView::TakeMenuKey(const QKeyEvent& event) {
+  if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::ShiftModifier) return false;
+  if (view != nullptr && !waiting && !HasCapture()) view->OnMenuKey();
+  return true;
 }
 
 void QtView::keyReleaseEvent(QKeyEvent* event) {
@@ -332,14 +351,12 @@ void QtView::ZoomByWheel(int angle, QPointF at) {
 void QtView::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
   if (waiting || view == nullptr || HasCapture()) return;
-  QPoint at = event->globalPos();
-  if (event->reason() != QContextMenuEvent::Mouse) {
-    const QRect client = viewport()->rect();
-    const QPoint mouse = viewport()->mapFromGlobal(QCursor::pos());
-    at = viewport()->mapToGlobal(client.contains(mouse) ? mouse : client.center());
-  }
   const QPointer<QtView> self(this);
-  view->OnContextMenu({at.x(), at.y()});
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    view->OnMenuKey();
+  } else {
+    view->OnContextMenu({event->globalX(), event->globalY()});
+  }
   if (self != nullptr) FollowButtons(QGuiApplication::mouseButtons());
 }
 
@@ -352,7 +369,8 @@ bool QtView::event(QEvent* event) {
   }
   if (event->type() == QEvent::ShortcutOverride) {
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() == Qt::Key_Space && key->modifiers() == Qt::NoModifier) {
+    const Qt::KeyboardModifiers held = key->modifiers();
+    if (key->key() == Qt::Key_Space && (held == Qt::NoModifier || held == Qt::ShiftModifier)) {
       event->accept();
       return true;
     }

@@ -106,6 +106,11 @@ void RowList::Fill(const std::vector<std::vector<std::string>>& newRows) {
 void RowList::Select(const std::vector<int>& selected) {
   list->clearSelection();
   for (const int row : selected) list->topLevelItem(row)->setSelected(true);
+  // The arrow keys go on from there.
+  if (selected.empty()) return;
+  QTreeWidgetItem* first = list->topLevelItem(selected.front());
+  list->setCurrentItem(first, 0, QItemSelectionModel::NoUpdate);
+  list->scrollToItem(first);
 }
 
 }  // namespace morvane

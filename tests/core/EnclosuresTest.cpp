@@ -1,6 +1,6 @@
 #include <random>
 
-#include "shell/Enclosures.h"
+#include "model/Enclosures.h"
 #include "tests/support/ChartTest.h"
 
 namespace morvane {

@@ -145,6 +145,7 @@ void Scenario::Do(const std::string& step) {
                                                     {"read", &Scenario::ReadFile},
                                                     {"command", &Scenario::GiveCommand},
                                                     {"commands", &Scenario::ListCommands},
+                                                    {"menu-key", &Scenario::PressMenuKey},
                                                     {"tree", &Scenario::UseTree},
                                                     {"drag", &Scenario::Drag},
                                                     {"key", &Scenario::PressKey},
@@ -241,11 +242,19 @@ void Scenario::ListCommands(const std::string&) { user.Note("can" + InOneLine(be
 
 void Scenario::PressKey(const std::string& name) {
   static const std::map<std::string, VirtualKey> keys = {
-      {"Escape", VirtualKey::Escape}, {"Prior", VirtualKey::Prior}, {"Next", VirtualKey::Next},
-      {"Home", VirtualKey::Home},     {"End", VirtualKey::End},     {"Left", VirtualKey::Left},
-      {"Up", VirtualKey::Up},         {"Right", VirtualKey::Right}, {"Down", VirtualKey::Down},
-      {"Delete", VirtualKey::Delete}};
-  if (!chart->OnKeyDown(keys.at(name), 0)) user.Note("not used");
+      {"Escape", VirtualKey::Escape}, {"Prior", VirtualKey::Prior},   {"Next", VirtualKey::Next},
+      {"Home", VirtualKey::Home},     {"End", VirtualKey::End},       {"Left", VirtualKey::Left},
+      {"Up", VirtualKey::Up},         {"Right", VirtualKey::Right},   {"Down", VirtualKey::Down},
+      {"Delete", VirtualKey::Delete}, {"Return", VirtualKey::Return}, {"Tab", VirtualKey::Tab},
+      {"Space", VirtualKey::Space}};
+  const std::size_t plus = name.find('+');
+  const unsigned flags = plus != std::string::npos ? +MK_SHIFT : 0U;
+  if (!chart->OnKeyDown(keys.at(name.substr(plus + 1)), flags)) user.Note("not used");
+}
+
+void Scenario::PressMenuKey(const std::string& entry) {
+  user.WillChoose(entry);
+  chart->OnMenuKey();
 }
 
 void Scenario::OpenSettings(const std::string&) { CDefaultSettingDlg::Instance().ShowDialog(); }

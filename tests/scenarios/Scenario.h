@@ -76,6 +76,7 @@ class Scenario : public FrameHost, public FrameActions {
   void GiveCommand(const std::string& text);
   void ListCommands(const std::string&);
   void PressKey(const std::string& name);
+  void PressMenuKey(const std::string& entry);
   void OpenSettings(const std::string&);
   void UseTree(const std::string& rest);
   void Drag(const std::string& points);

@@ -5,6 +5,7 @@
 #include "dialogs/CDefaultSettingDlg.h"
 #include "dialogs/CEventEditor.h"
 #include "dialogs/CLineProperty.h"
+#include "dialogs/ConnectDlg.h"
 #include "dialogs/EditMesgDlg.h"
 #include "dialogs/EntryExitEditor.h"
 #include "dialogs/FindReplaceDlg.h"
@@ -31,10 +32,11 @@ struct AllDialogs {
   CCodegenSheet sheet;
   PreferencesDlg preferences{{"English"}};
   FindReplaceDlg find{{chart.GetModel(), chart.GetProperties()}};
+  ConnectDlg connect{"State Idle", {"State Busy", "Final state"}};
   CGenerateCppDlg generator{GeneratorKind::Cpp};
   CDefaultSettingDlg& settings = CDefaultSettingDlg::Instance();
-  std::vector<Dialog*> list{&state, &mesg,  &line, &printer,   &event,    &texts,      &note,
-                            &model, &sheet, &find, &generator, &settings, &preferences};
+  std::vector<Dialog*> list{&state, &mesg,  &line, &printer,   &event,    &texts,       &note,
+                            &model, &sheet, &find, &generator, &settings, &preferences, &connect};
 };
 
 }  // namespace morvane

@@ -48,7 +48,7 @@ TEST_F(ChartWindows, WhatCanBeChosenFollowsTheCharts) {
             "P&rint Setup...|&Export...|E&xit|Move contents &with a state|Copy As &Metafile|&Find "
             "/ Replace|Model Propert&ies|"
             "&Default Settings|Prefere&nces|&State|&Initial State|&Final "
-            "State|&Note|&Line|&Refresh|Zoom &In|"
+            "State|&Note|&Line|T&ransition|&Refresh|Zoom &In|"
             "Zoom &Out|Object Browser|&Toolbar|Drawing Toolbar|Chart Browser|&Status Bar|"
             "&Properties|Generate C++ File|Generate C File|Generate C# File|Generate Java File|"
             "Generate XML File|&Cascade|&Tile|&Arrange Icons|User Guide (PDF)|Tutorial (PDF)|"

@@ -68,7 +68,7 @@ TEST_F(MainFrameTest, MenusFollowTheCharts) {
   EXPECT_EQ(Title(), "Morvane");
   CDocument& document = Open("/x/One.mrv");
   EXPECT_EQ(Titles(),
-            (QStringList{"&File", "&Edit", "Insert", "&View", "&CodeGen", "&Window", "&Help"}));
+            (QStringList{"&File", "&Edit", "&Insert", "&View", "&CodeGen", "&Window", "&Help"}));
   document.SetTitle("Two");
   EXPECT_EQ(Title(), "Two - Morvane");
   frame->RunCommand(ID_FILE_CLOSE);

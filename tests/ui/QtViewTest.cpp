@@ -132,6 +132,15 @@ TEST_F(QtViewTest, MouseAndKeysReachTheView) {
                            "key3", "key0", "leave", "menu 12,13"}));
 }
 
+TEST_F(QtViewTest, TheKeysForAMenuAskForOneWhereverThePointerIs) {
+  SendKey(*widget, Qt::Key_F10, {}, Qt::ShiftModifier);
+  QContextMenuEvent key(QContextMenuEvent::Keyboard, {3, 4}, Area().mapToGlobal(QPoint(3, 4)));
+  QCoreApplication::sendEvent(&Area(), &key);
+  const POINT middle = CentreOf(widget->ClientRect());
+  const std::string menu = "menu " + std::to_string(middle.x) + "," + std::to_string(middle.y);
+  EXPECT_EQ(view.log, (Log{menu, menu}));
+}
+
 TEST_F(QtViewTest, ALoopPaintsButNeitherScrollsNorTakesKeysForCommands) {
   QKeyEvent shortcut(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
   view.SetScrollSizes({1000, 1000}, {10, 10});

@@ -1,4 +1,4 @@
-#include "shell/Enclosures.h"
+#include "model/Enclosures.h"
 
 #include <algorithm>
 #include <bit>
