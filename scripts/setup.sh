@@ -7,6 +7,7 @@ packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev
   libqt6svg6           # also the plugins that draw SVG icons
+  libqscintilla2-qt6-dev # the boxes of code
   fonts-dejavu-core    # stands in for Verdana
   qt6-translations-l10n # the toolkit's own texts in the languages of the program
   poppler-utils        # shows the tests what a document's pages look like
