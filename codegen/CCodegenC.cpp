@@ -7,8 +7,8 @@ namespace morvane {
 
 void CCodegenC::AddControls(Dialog& sheet, int page) {
   sheet.Add(DialogControl::Kind::Group, kInfoId, "Additional Info (Optional)", page);
-  AddCodeBox(sheet, kIncludesId, "Include Files :", kInfoId);
-  AddCodeBox(sheet, kDeclarationsId, "Additional Declarations :", kInfoId);
+  AddCodeBox(sheet, kIncludesId, "Include &Files :", kInfoId, Syntax::C);
+  AddCodeBox(sheet, kDeclarationsId, "Additional &Declarations :", kInfoId, Syntax::C);
 }
 
 void CCodegenC::ExchangeFields(FieldExchange& exchange) {

@@ -11,7 +11,7 @@ class CCodegenC : public PropertyPage {
  public:
   enum ControlId : int { kInfoId = 300, kIncludesId, kDeclarationsId };
 
-  CCodegenC() : PropertyPage("ANSI C") {}
+  CCodegenC() : PropertyPage("&ANSI C") {}
 
   void AddControls(Dialog& sheet, int page) override;
   void ExchangeFields(FieldExchange& exchange) override;

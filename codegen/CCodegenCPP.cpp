@@ -7,12 +7,12 @@ namespace morvane {
 
 void CCodegenCPP::AddControls(Dialog& sheet, int page) {
   sheet.Add(DialogControl::Kind::Group, kContextId, "Context Class Info", page);
-  AddNameBox(sheet, kClassNameId, "Class Name :", kContextId);
-  AddNameBox(sheet, kIncludeFileId, "Include File :", kContextId);
-  AddNameBox(sheet, kNamespaceId, "NameSpace :", kContextId);
+  AddNameBox(sheet, kClassNameId, "Class Na&me :", kContextId);
+  AddNameBox(sheet, kIncludeFileId, "&Include File :", kContextId);
+  AddNameBox(sheet, kNamespaceId, "Name&Space :", kContextId);
   sheet.Add(DialogControl::Kind::Group, kInfoId, "Additional Info (Optional)", page);
-  AddCodeBox(sheet, kIncludesId, "Include Files", kInfoId);
-  AddCodeBox(sheet, kDeclarationsId, "Additional Declarations :", kInfoId);
+  AddCodeBox(sheet, kIncludesId, "Include &Files", kInfoId, Syntax::Cpp);
+  AddCodeBox(sheet, kDeclarationsId, "Additional &Declarations :", kInfoId, Syntax::Cpp);
 }
 
 void CCodegenCPP::ExchangeFields(FieldExchange& exchange) {

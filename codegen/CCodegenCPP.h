@@ -19,7 +19,7 @@ class CCodegenCPP : public PropertyPage {
     kDeclarationsId
   };
 
-  CCodegenCPP() : PropertyPage("C++") {}
+  CCodegenCPP() : PropertyPage("&C++") {}
 
   void AddControls(Dialog& sheet, int page) override;
   void ExchangeFields(FieldExchange& exchange) override;

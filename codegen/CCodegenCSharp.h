@@ -14,7 +14,9 @@ class CCodegenCSharp : public CodegenPackage {
     kDeclarationsId = kFirstId + kDeclarations
   };
 
-  CCodegenCSharp() : CodegenPackage("C# (.Net)", "Additional Declaration (Optional)", kFirstId) {}
+  CCodegenCSharp()
+      : CodegenPackage("C# (.&Net)", "Additional &Declaration (Optional)", kFirstId,
+                       Syntax::CSharp) {}
 };
 
 }  // namespace morvane

@@ -14,7 +14,7 @@ class CCodegenJava : public CodegenPackage {
     kDeclarationsId = kFirstId + kDeclarations
   };
 
-  CCodegenJava() : CodegenPackage("Java", "Additional Info (Optional)", kFirstId) {}
+  CCodegenJava() : CodegenPackage("&Java", "Additional &Info (Optional)", kFirstId, Syntax::Java) {}
 };
 
 }  // namespace morvane

@@ -48,18 +48,18 @@ GeneratorHost& GeneratorHost::Default() {
 
 CGenerateCppDlg::CGenerateCppDlg(GeneratorKind kind, const ChartPlaces* chart)
     : Dialog("Code Generation"), kind(kind), chart(chart) {
-  Add(Kind::Edit, kDesignFileId, "Design File:");
-  Add(Kind::Edit, kOutputFolderId, "Output Folder:");
-  Add(Kind::Edit, kCommandId, "Command Line:");
-  Add(Kind::CheckBox, kDebugId, "Debug Info (-g flag)");
+  Add(Kind::Edit, kDesignFileId, "D&esign File:");
+  Add(Kind::Edit, kOutputFolderId, "O&utput Folder:");
+  Add(Kind::Edit, kCommandId, "&Command Line:");
+  Add(Kind::CheckBox, kDebugId, "&Debug Info (-g flag)");
   Add(Kind::Edit, kStatusId, "Status:").text = LoadText(IDS_TOOL_NOT_RUN);
   DialogControl& output = Add(Kind::MultiEdit, kOutputId, "");
   output.code = true;
   output.width = kOutputWidth;
   output.lines = kOutputLines;
   Add(Kind::Row, kButtonsId, "");
-  Add(Kind::Button, kOpenFolderId, "Open Folder", kButtonsId);
-  Add(Kind::Button, kGenerateId, "Generate", kButtonsId).isDefault = true;
+  Add(Kind::Button, kOpenFolderId, "&Open Folder", kButtonsId);
+  Add(Kind::Button, kGenerateId, "&Generate", kButtonsId).isDefault = true;
   Add(Kind::Button, IDCANCEL, "Close", kButtonsId);
 }
 

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/Syntax.h"
+
 namespace morvane {
 
 class Dialog;
@@ -11,6 +13,6 @@ class Dialog;
 /// A box of one line, for the name of a class, a file or a package.
 void AddNameBox(Dialog& sheet, int id, const std::string& label, int group);
 /// A box of several lines of code.
-void AddCodeBox(Dialog& sheet, int id, const std::string& label, int group);
+void AddCodeBox(Dialog& sheet, int id, const std::string& label, int group, Syntax syntax);
 
 }  // namespace morvane

@@ -7,15 +7,18 @@
 
 namespace morvane {
 
-CodegenPackage::CodegenPackage(std::string title, std::string infoTitle, int firstId)
-    : PropertyPage(std::move(title)), infoTitle(std::move(infoTitle)), firstId(firstId) {}
+CodegenPackage::CodegenPackage(std::string title, std::string infoTitle, int firstId, Syntax syntax)
+    : PropertyPage(std::move(title)),
+      infoTitle(std::move(infoTitle)),
+      firstId(firstId),
+      syntax(syntax) {}
 
 void CodegenPackage::AddControls(Dialog& sheet, int page) {
   sheet.Add(DialogControl::Kind::Group, firstId + kContext, "Context Class Info", page);
-  AddNameBox(sheet, firstId + kClassName, "Class Name :", firstId + kContext);
-  AddNameBox(sheet, firstId + kPackage, "Package :", firstId + kContext);
+  AddNameBox(sheet, firstId + kClassName, "Class Na&me :", firstId + kContext);
+  AddNameBox(sheet, firstId + kPackage, "&Package :", firstId + kContext);
   sheet.Add(DialogControl::Kind::Group, firstId + kInfo, infoTitle, page);
-  AddCodeBox(sheet, firstId + kDeclarations, "", firstId + kInfo);
+  AddCodeBox(sheet, firstId + kDeclarations, "", firstId + kInfo, syntax);
 }
 
 void CodegenPackage::ExchangeFields(FieldExchange& exchange) {

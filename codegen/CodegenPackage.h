@@ -20,11 +20,12 @@ class CodegenPackage : public PropertyPage {
   /// The controls of a page, counted from its first number.
   enum Place : int { kContext, kClassName, kPackage, kInfo, kDeclarations };
 
-  CodegenPackage(std::string title, std::string infoTitle, int firstId);
+  CodegenPackage(std::string title, std::string infoTitle, int firstId, Syntax syntax);
 
  private:
   std::string infoTitle;
   int firstId;
+  Syntax syntax;
 };
 
 }  // namespace morvane

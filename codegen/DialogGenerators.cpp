@@ -7,6 +7,7 @@
 #include "codegen/CGenerateCppDlg.h"
 #include "codegen/ChartPlaces.h"
 #include "codegen/GeneratorKind.h"
+#include "model/CodeLanguage.h"
 #include "model/ModelProperties.h"
 #include "persistence/CDocument.h"
 #include "platform/WaitCursor.h"
@@ -54,7 +55,9 @@ bool DialogGenerators::EditProperties(ModelProperties& properties) {
 
 void DialogGenerators::Run(unsigned command, LayoutMgr& chart) {
   const ChartPlaces places(chart);
-  auto dialog = std::make_unique<CGenerateCppDlg>(GeneratorTraits::KindOf(command), &places);
+  const GeneratorKind kind = GeneratorTraits::KindOf(command);
+  CodeLanguage::NoteUsed(GeneratorTraits::Of(kind).syntax);
+  auto dialog = std::make_unique<CGenerateCppDlg>(kind, &places);
   dialog->SetDesignFile(chart.GetDocument()->GetPathName());
   dialog->DoModal();
   // The end of the tool takes its time.

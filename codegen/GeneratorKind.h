@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Syntax.h"
+
 namespace morvane {
 
 /// The tools that make code from a model file.
@@ -11,6 +13,7 @@ struct GeneratorTraits {
   unsigned title;     ///< the text id of the dialog's title
   const char* tool;   ///< its part of the command line
   bool hasDebugInfo;  ///< it can be asked for debug information
+  Syntax syntax;      ///< what the code in the texts of its charts looks like
 
   static const GeneratorTraits& Of(GeneratorKind kind);
   /// The kind that a command of the five runs.

@@ -2,6 +2,7 @@
 
 #include "dialogs/CColorComboEx.h"
 #include "dialogs/PenPicker.h"
+#include "model/CodeLanguage.h"
 #include "model/Defaults.h"
 #include "platform/Dialogs.h"
 #include "platform/FieldExchange.h"
@@ -23,11 +24,12 @@ CDefaultSettingDlg& CDefaultSettingDlg::Instance() {
   return instance;
 }
 
-void CDefaultSettingDlg::AddColourRow(int group, int row, int box, const char* label, int button) {
+void CDefaultSettingDlg::AddColourRow(int group, int row, const SpokenControl& tick,
+                                      const SpokenControl& colour) {
   using Kind = DialogControl::Kind;
   Add(Kind::Row, row, "", group);
-  Add(Kind::CheckBox, box, label, row);
-  Add(Kind::Button, button, "Color...", row);
+  Add(Kind::CheckBox, tick.id, tick.label, row).spoken = tick.spoken;
+  Add(Kind::Button, colour.id, colour.label, row).spoken = colour.spoken;
 }
 
 void CDefaultSettingDlg::AddState() {
@@ -35,48 +37,60 @@ void CDefaultSettingDlg::AddState() {
   constexpr int width = 26;
   constexpr int lines = 4;
   Add(Kind::Group, kStateId, "State", kGroupsId);
-  Add(Kind::Edit, kStateNameId, "Name :", kStateId).width = width;
-  Add(Kind::CheckBox, kStateAnchorId, "Anchors Visible", kStateId);
+  Add(Kind::Edit, kStateNameId, "&Name :", kStateId).width = width;
+  Add(Kind::CheckBox, kStateAnchorId, "&Anchors Visible", kStateId).spoken =
+      "Anchors of states visible";
   for (const int id : {kEntryId, kExitId}) {
     DialogControl& box =
-        Add(Kind::MultiEdit, id, id == kEntryId ? "onEntry:" : "onExit:", kStateId);
+        Add(Kind::MultiEdit, id, id == kEntryId ? "on&Entry:" : "onE&xit:", kStateId);
     box.code = true;
     box.width = width;
     box.lines = lines;
   }
   Add(Kind::Group, kStateBgId, "Background", kStateId);
-  AddColourRow(kStateBgId, kStateBgRowId, kStateTransparentId, "Transparent", kStateBgColourId);
+  AddColourRow(kStateBgId, kStateBgRowId,
+               {kStateTransparentId, "&Transparent", "States transparent"},
+               {kStateBgColourId, "&Color...", "Background color of states"});
 }
 
 void CDefaultSettingDlg::AddMesg() {
   using Kind = DialogControl::Kind;
   Add(Kind::Column, kMesgColumnId, "", kGroupsId);
   Add(Kind::Group, kMesgId, "Message", kMesgColumnId);
-  Add(Kind::CheckBox, kMesgAnchorId, "Anchors Visible", kMesgId);
+  Add(Kind::CheckBox, kMesgAnchorId, "Anchors &Visible", kMesgId).spoken =
+      "Anchors of messages visible";
   Add(Kind::Group, kBorderId, "Border", kMesgId);
-  AddColourRow(kBorderId, kBorderRowId, kNoBorderId, "No Border", kBorderColourId);
+  AddColourRow(kBorderId, kBorderRowId, {kNoBorderId, "No &Border", ""},
+               {kBorderColourId, "C&olor...", "Border color of messages"});
   Add(Kind::Group, kMesgBgId, "Background", kMesgId);
-  AddColourRow(kMesgBgId, kMesgBgRowId, kMesgTransparentId, "Transparent", kMesgBgColourId);
+  AddColourRow(kMesgBgId, kMesgBgRowId,
+               {kMesgTransparentId, "Trans&parent", "Messages transparent"},
+               {kMesgBgColourId, "Co&lor...", "Background color of messages"});
 }
 
 void CDefaultSettingDlg::AddLine() {
   using Kind = DialogControl::Kind;
   Add(Kind::Group, kLineId, "Line", kMesgColumnId);
-  CColorComboEx::Attach(Add(Kind::Combo, kLineColourId, "Color:", kLineId));
-  PenPicker::Attach(Add(Kind::Combo, kLineStyleId, "Style:", kLineId));
+  DialogControl& colour = Add(Kind::Combo, kLineColourId, "Colo&r:", kLineId);
+  colour.spoken = "Line color";
+  CColorComboEx::Attach(colour);
+  DialogControl& style = Add(Kind::Combo, kLineStyleId, "&Style:", kLineId);
+  style.spoken = "Line style";
+  PenPicker::Attach(style);
 }
 
 void CDefaultSettingDlg::AddGrid() {
   using Kind = DialogControl::Kind;
   Add(Kind::Column, kGridColumnId, "", kGroupsId);
   Add(Kind::Group, kGridId, "Grid && Text", kGridColumnId);
-  Add(Kind::CheckBox, kShowGridId, "Show Grid", kGridId);
-  Add(Kind::Button, kTextStyleId, "Text Style...", kGridId);
+  Add(Kind::CheckBox, kShowGridId, "Show &Grid", kGridId);
+  Add(Kind::Button, kTextStyleId, "Text St&yle...", kGridId);
 }
 
 void CDefaultSettingDlg::ShowDialog() {
   if (IsOpen()) return;
   defaults.Load();
+  for (const int id : {kEntryId, kExitId}) Control(id).syntax = CodeLanguage::Of(nullptr);
   if (!DoModal()) defaults.Load();
 }
 

@@ -58,7 +58,12 @@ class CDefaultSettingDlg : public Dialog {
   void AddMesg();
   void AddLine();
   void AddGrid();
-  void AddColourRow(int group, int row, int box, const char* label, int button);
+  struct SpokenControl {
+    int id;
+    const char* label;
+    const char* spoken;
+  };
+  void AddColourRow(int group, int row, const SpokenControl& tick, const SpokenControl& colour);
   void EnableButtons();
   void ChooseFont();
 

@@ -6,20 +6,21 @@
 
 namespace morvane {
 
-CEventEditor::CEventEditor() : Dialog("Edit Event") {
+CEventEditor::CEventEditor(Syntax syntax) : Dialog("Edit Event") {
   using Kind = DialogControl::Kind;
   constexpr int codeWidth = 56;
-  Add(Kind::Group, kEventGroupId, "Event");
+  Add(Kind::Group, kEventGroupId, "&Event");
   Add(Kind::Edit, kEventId, "", kEventGroupId).code = true;
-  Add(Kind::Group, kGuardGroupId, "Guard");
+  Add(Kind::Group, kGuardGroupId, "&Guard");
   DialogControl& guardBox = Add(Kind::Edit, kGuardId, "", kGuardGroupId);
   guardBox.prefix = "[";
   guardBox.suffix = "]";
   guardBox.code = true;
-  Add(Kind::Group, kEffectGroupId, "Effect");
+  Add(Kind::Group, kEffectGroupId, "E&ffect");
   DialogControl& effectBox = Add(Kind::MultiEdit, kEffectId, "", kEffectGroupId);
   effectBox.prefix = "/";
   effectBox.code = true;
+  effectBox.syntax = syntax;
   effectBox.width = codeWidth;
   effectBox.lines = 10;
   AddButtons("Update", "Cancel");

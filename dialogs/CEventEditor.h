@@ -18,7 +18,7 @@ class CEventEditor : public Dialog {
     kEffectId
   };
 
-  CEventEditor();
+  explicit CEventEditor(Syntax syntax = Syntax::Cpp);
 
   std::string event = "-Edit-";
   std::string guard;

@@ -7,8 +7,12 @@
 namespace morvane {
 
 CLineProperty::CLineProperty() : Dialog("Line Properties") {
-  CColorComboEx::Attach(Add(DialogControl::Kind::Combo, kColourId, "Color:"));
-  PenPicker::Attach(Add(DialogControl::Kind::Combo, kStyleId, "Style:"));
+  DialogControl& colour = Add(DialogControl::Kind::Combo, kColourId, "&Color:");
+  colour.spoken = "Line color";
+  CColorComboEx::Attach(colour);
+  DialogControl& style = Add(DialogControl::Kind::Combo, kStyleId, "&Style:");
+  style.spoken = "Line style";
+  PenPicker::Attach(style);
   AddButtons("OK", "Cancel");
 }
 

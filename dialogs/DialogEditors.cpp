@@ -12,6 +12,7 @@
 #include "dialogs/MesgPropDlg.h"
 #include "dialogs/PrinterSetup.h"
 #include "dialogs/StatePropDlg.h"
+#include "model/CodeLanguage.h"
 #include "model/ModelProperties.h"
 #include "resources/Texts.h"
 
@@ -28,6 +29,10 @@ bool EditBox(MesgPropDlg& dialog, BoxFields& fields) {
 
 }  // namespace
 
+Syntax DialogEditors::PresentSyntax() const {
+  return CodeLanguage::Of(activeChart ? activeChart() : nullptr);
+}
+
 bool DialogEditors::EditState(StateFields& fields) {
   StatePropDlg dialog;
   static_cast<StateFields&>(dialog) = fields;
@@ -37,7 +42,7 @@ bool DialogEditors::EditState(StateFields& fields) {
 }
 
 bool DialogEditors::EditEntryExit(const std::string& name, std::string& entry, std::string& exit) {
-  EntryExitEditor editor;
+  EntryExitEditor editor(PresentSyntax());
   editor.title = name;
   editor.entry = entry;
   editor.exit = exit;
@@ -48,7 +53,7 @@ bool DialogEditors::EditEntryExit(const std::string& name, std::string& entry, s
 }
 
 bool DialogEditors::EditEvent(std::string& event, std::string& guard, std::string& effect) {
-  CEventEditor editor;
+  CEventEditor editor(PresentSyntax());
   if (!event.empty()) editor.event = event;
   editor.guard = guard;
   editor.effect = effect;

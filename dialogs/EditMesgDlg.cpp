@@ -7,6 +7,7 @@ namespace morvane {
 
 EditMesgDlg::EditMesgDlg() : Dialog("Editor") {
   DialogControl& box = Add(DialogControl::Kind::MultiEdit, kTextId, "");
+  box.spoken = "Text";
   box.width = 48;
   box.lines = 10;
   AddButtons("Update", "Cancel");

@@ -5,14 +5,15 @@
 
 namespace morvane {
 
-EntryExitEditor::EntryExitEditor() : Dialog("") {
+EntryExitEditor::EntryExitEditor(Syntax syntax) : Dialog("") {
   constexpr int codeWidth = 60;
   constexpr int codeLines = 9;
   for (const int id : {kEntryId, kExitId}) {
     DialogControl& box =
         Add(DialogControl::Kind::MultiEdit, id,
-            id == kEntryId ? "onEntry: (Code Verbatim)" : "onExit: (Code Verbatim)");
+            id == kEntryId ? "on&Entry: (Code Verbatim)" : "onE&xit: (Code Verbatim)");
     box.code = true;
+    box.syntax = syntax;
     box.width = codeWidth;
     box.lines = codeLines;
   }

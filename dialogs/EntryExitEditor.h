@@ -11,7 +11,7 @@ class EntryExitEditor : public Dialog {
  public:
   enum ControlId : int { kEntryId = 100, kExitId };
 
-  EntryExitEditor();
+  explicit EntryExitEditor(Syntax syntax = Syntax::Cpp);
 
   std::string title;  ///< begins the caption
   std::string entry;

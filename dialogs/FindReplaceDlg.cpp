@@ -31,36 +31,36 @@ void FindReplaceDlg::AddInput() {
   Add(Kind::Group, kInputId, "Input");
   Add(Kind::Row, kInputRowId, "", kInputId);
   Add(Kind::Column, kFieldsId, "", kInputRowId);
-  Add(Kind::Edit, kFindTextId, "Find What:", kFieldsId);
-  Add(Kind::Edit, kReplaceTextId, "Replace With:", kFieldsId);
+  Add(Kind::Edit, kFindTextId, "Find W&hat:", kFieldsId);
+  Add(Kind::Edit, kReplaceTextId, "Replace &With:", kFieldsId);
   AddTicks();
   Add(Kind::Column, kButtonsId, "", kInputRowId);
-  Add(Kind::Button, kFindId, "Find", kButtonsId).isDefault = true;
-  Add(Kind::Button, kReplaceId, "Replace", kButtonsId);
-  Add(Kind::Button, kReplaceAllId, "Replace All", kButtonsId);
+  Add(Kind::Button, kFindId, "&Find", kButtonsId).isDefault = true;
+  Add(Kind::Button, kReplaceId, "&Replace", kButtonsId);
+  Add(Kind::Button, kReplaceAllId, "Replace &All", kButtonsId);
   Add(Kind::Button, IDCANCEL, "Close", kButtonsId);
 }
 
 void FindReplaceDlg::AddTicks() {
   Add(Kind::Row, kLookInId, "Look In :", kFieldsId);
-  Add(Kind::CheckBox, kStatesId, "State", kLookInId);
-  Add(Kind::CheckBox, kMessagesId, "Transition Event", kLookInId);
-  Add(Kind::CheckBox, kNamesId, "Names", kLookInId);
-  Add(Kind::CheckBox, kNotesId, "Notes", kLookInId);
-  Add(Kind::CheckBox, kPropertiesId, "Properties", kLookInId);
+  Add(Kind::CheckBox, kStatesId, "&State", kLookInId);
+  Add(Kind::CheckBox, kMessagesId, "&Transition Event", kLookInId);
+  Add(Kind::CheckBox, kNamesId, "&Names", kLookInId);
+  Add(Kind::CheckBox, kNotesId, "N&otes", kLookInId);
+  Add(Kind::CheckBox, kPropertiesId, "&Properties", kLookInId);
   Add(Kind::Row, kOptionsId, "Options :", kFieldsId);
-  Add(Kind::CheckBox, kMatchCaseId, "Match Case", kOptionsId);
-  Add(Kind::CheckBox, kWholeWordsId, "Whole Words", kOptionsId);
-  Add(Kind::CheckBox, kExpressionId, "Regular Expression", kOptionsId);
+  Add(Kind::CheckBox, kMatchCaseId, "Match &Case", kOptionsId);
+  Add(Kind::CheckBox, kWholeWordsId, "Whole Wor&ds", kOptionsId);
+  Add(Kind::CheckBox, kExpressionId, "Regular E&xpression", kOptionsId);
 }
 
 void FindReplaceDlg::AddResult() {
-  Add(Kind::Group, kResultId, "Result");
+  Add(Kind::Group, kResultId, "Res&ult");
   Add(Kind::List, kListId, "", kResultId).columns = {{LoadText(IDS_FIND_OBJECT), kObjectWidth},
                                                      {LoadText(IDS_FIND_DETAIL), 0}};
   Add(Kind::Row, kEditRowId, "", kResultId);
   Add(Kind::Text, kStatusId, "", kEditRowId);
-  Add(Kind::Button, kEditId, "Edit", kEditRowId);
+  Add(Kind::Button, kEditId, "Ed&it", kEditRowId);
 }
 
 void FindReplaceDlg::ExchangeFields(FieldExchange& exchange) {

@@ -6,9 +6,9 @@ namespace morvane {
 
 LayoutMgrPropDlg::LayoutMgrPropDlg() : Dialog("Model Properties") {
   using Kind = DialogControl::Kind;
-  Add(Kind::Edit, kModelNameId, "Model Name :");
-  Add(Kind::Edit, kAuthorId, "Author :");
-  DialogControl& box = Add(Kind::MultiEdit, kDescriptionId, "Description :");
+  Add(Kind::Edit, kModelNameId, "&Model Name :");
+  Add(Kind::Edit, kAuthorId, "&Author :");
+  DialogControl& box = Add(Kind::MultiEdit, kDescriptionId, "&Description :");
   box.width = 60;
   box.lines = 8;
   AddButtons("Save", "Cancel");

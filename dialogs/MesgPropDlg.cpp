@@ -10,14 +10,14 @@ MesgPropDlg::MesgPropDlg() : Dialog(""), title(LoadText(IDS_MESG_PROPERTIES)) {
   using Kind = DialogControl::Kind;
   Add(Kind::Group, kBackgroundId, "Background");
   Add(Kind::Row, kBackgroundRowId, "", kBackgroundId);
-  Add(Kind::CheckBox, kTransparentId, "Transparent", kBackgroundRowId);
-  Add(Kind::Button, kBgColourId, "Color...", kBackgroundRowId);
+  Add(Kind::CheckBox, kTransparentId, "&Transparent", kBackgroundRowId);
+  Add(Kind::Button, kBgColourId, "&Color...", kBackgroundRowId).spoken = "Background color";
   Add(Kind::Group, kBorderId, "Border");
   Add(Kind::Row, kBorderRowId, "", kBorderId);
-  Add(Kind::CheckBox, kNoBorderId, "No Border", kBorderRowId);
-  Add(Kind::Button, kBorderColourId, "Color...", kBorderRowId);
+  Add(Kind::CheckBox, kNoBorderId, "No &Border", kBorderRowId);
+  Add(Kind::Button, kBorderColourId, "C&olor...", kBorderRowId).spoken = "Border color";
   Add(Kind::Group, kAnchorId, "Anchor");
-  Add(Kind::CheckBox, kHiddenId, "Hidden", kAnchorId);
+  Add(Kind::CheckBox, kHiddenId, "&Hidden", kAnchorId);
   AddButtons("OK", "Cancel");
 }
 

@@ -1,8 +1,12 @@
 #include "dialogs/PenPicker.h"
 
+#include <array>
+#include <utility>
+
 #include "connectors/LinePens.h"
 #include "drawing/CDC.h"
 #include "platform/Dialog.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -11,6 +15,9 @@ namespace {
 constexpr std::int32_t kMargin = 2;
 /// The line keeps so far away from the left and the right edge.
 constexpr std::int32_t kIndent = 10;
+/// What the styles are called to who listens, in their order.
+constexpr std::array kNames = {"Dotted", "Dashed", "Dash and dot", "Dash and two dots", "Solid"};
+static_assert(kNames.size() == kLineStyles.size());
 constexpr COLORREF kPaper = RGB(255, 255, 255);
 constexpr COLORREF kInk = RGB(0, 0, 0);
 constexpr COLORREF kFrame = RGB(0xC4, 0xC4, 0xC4);
@@ -18,7 +25,9 @@ constexpr COLORREF kFrame = RGB(0xC4, 0xC4, 0xC4);
 }  // namespace
 
 void PenPicker::Attach(DialogControl& combo) {
-  combo.itemCount = static_cast<int>(kLineStyles.size());
+  std::vector<std::string> names;
+  for (const char* name : kNames) names.push_back(Translate(name));
+  combo.SetItems(std::move(names));
   combo.selection = 0;
   combo.paintItem = PaintItem;
 }

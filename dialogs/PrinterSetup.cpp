@@ -6,8 +6,8 @@
 namespace morvane {
 
 PrinterSetup::PrinterSetup() : Dialog("Print Setup") {
-  Add(DialogControl::Kind::CheckBox, kPrintToFitId, "Print to Fit");
-  Add(DialogControl::Kind::Button, kPrinterId, "Printer Setup...");
+  Add(DialogControl::Kind::CheckBox, kPrintToFitId, "Print to &Fit");
+  Add(DialogControl::Kind::Button, kPrinterId, "&Printer Setup...");
   AddButtons("OK", "Cancel");
 }
 

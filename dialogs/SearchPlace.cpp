@@ -10,6 +10,7 @@
 #include "model/ModelProperties.h"
 #include "model/SearchedChart.h"
 #include "platform/Service.h"
+#include "platform/Wording.h"
 #include "resources/Texts.h"
 #include "states/EndableState.h"
 #include "states/GenericState.h"
@@ -106,22 +107,22 @@ struct Property {
 using P = ModelProperties;
 
 constexpr Property kProperties[] = {
-    {&P::ModelName, nullptr, "Model Name :"},
-    {&P::Author, nullptr, "Author :"},
-    {&P::Description, nullptr, "Description :"},
-    {&P::CppClassName, "C++", "Class Name :"},
-    {&P::CppIncludeFile, "C++", "Include File :"},
-    {&P::CppNamespace, "C++", "NameSpace :"},
-    {&P::CppIncludes, "C++", "Include Files"},
-    {&P::CppDeclarations, "C++", "Additional Declarations :"},
-    {&P::CIncludes, "ANSI C", "Include Files :"},
-    {&P::CDeclarations, "ANSI C", "Additional Declarations :"},
-    {&P::JavaClassName, "Java", "Class Name :"},
-    {&P::JavaPackage, "Java", "Package :"},
-    {&P::JavaDeclarations, "Java", "Additional Declarations :"},
-    {&P::CSharpClassName, "C# (.Net)", "Class Name :"},
-    {&P::CSharpPackage, "C# (.Net)", "Package :"},
-    {&P::CSharpDeclarations, "C# (.Net)", "Additional Declarations :"},
+    {&P::ModelName, nullptr, "&Model Name :"},
+    {&P::Author, nullptr, "&Author :"},
+    {&P::Description, nullptr, "&Description :"},
+    {&P::CppClassName, "&C++", "Class Na&me :"},
+    {&P::CppIncludeFile, "&C++", "&Include File :"},
+    {&P::CppNamespace, "&C++", "Name&Space :"},
+    {&P::CppIncludes, "&C++", "Include &Files"},
+    {&P::CppDeclarations, "&C++", "Additional &Declarations :"},
+    {&P::CIncludes, "&ANSI C", "Include &Files :"},
+    {&P::CDeclarations, "&ANSI C", "Additional &Declarations :"},
+    {&P::JavaClassName, "&Java", "Class Na&me :"},
+    {&P::JavaPackage, "&Java", "&Package :"},
+    {&P::JavaDeclarations, "&Java", "Additional &Declarations :"},
+    {&P::CSharpClassName, "C# (.&Net)", "Class Na&me :"},
+    {&P::CSharpPackage, "C# (.&Net)", "&Package :"},
+    {&P::CSharpDeclarations, "C# (.&Net)", "Additional &Declarations :"},
 };
 
 class PropertyText : public SearchPlace {
@@ -130,8 +131,8 @@ class PropertyText : public SearchPlace {
       : chart(chart), property(property) {}
   std::string Kind() const override { return LoadText(IDS_FIND_PROPERTY); }
   std::string Detail() const override {
-    const std::string label = Translate(property.label) + ' ' + FirstLine(Text());
-    return property.page != nullptr ? Translate(property.page) + ", " + label : label;
+    const std::string label = PlainLabel(Translate(property.label)) + ' ' + FirstLine(Text());
+    return property.page != nullptr ? PlainLabel(Translate(property.page)) + ", " + label : label;
   }
   std::vector<std::string*> Texts() override { return {&Text()}; }
   void OnReplaced() override {

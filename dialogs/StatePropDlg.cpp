@@ -7,12 +7,12 @@ namespace morvane {
 
 StatePropDlg::StatePropDlg() : Dialog("State Properties") {
   using Kind = DialogControl::Kind;
-  Add(Kind::Edit, kNameId, "State name :");
-  Add(Kind::CheckBox, kHistoryId, "History");
+  Add(Kind::Edit, kNameId, "State &name :");
+  Add(Kind::CheckBox, kHistoryId, "&History");
   Add(Kind::Group, kBackgroundId, "Background");
   Add(Kind::Row, kBackgroundRowId, "", kBackgroundId);
-  Add(Kind::CheckBox, kTransparentId, "Transparent", kBackgroundRowId);
-  Add(Kind::Button, kBgColourId, "Color...", kBackgroundRowId);
+  Add(Kind::CheckBox, kTransparentId, "&Transparent", kBackgroundRowId);
+  Add(Kind::Button, kBgColourId, "&Color...", kBackgroundRowId).spoken = "Background color";
   AddButtons("Save", "Cancel");
 }
 

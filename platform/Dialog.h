@@ -8,6 +8,7 @@
 
 #include "drawing/Geometry.h"
 #include "platform/Service.h"
+#include "platform/Syntax.h"
 
 namespace morvane {
 
@@ -43,20 +44,23 @@ struct DialogControl {
   int id = 0;          ///< unique in the dialog, for what is asked or clicked
   int parent = 0;      ///< the id of the container; 0 is the dialog itself
   std::string label;   ///< title or caption, with "&" before the mnemonic
+  std::string spoken;  ///< what it is, for who listens, where the label alone doesn't say
   std::string prefix;  ///< a fixed text on the left of a box that is no part of its text
   std::string suffix;
 
   bool enabled = true;
-  bool isDefault = false;  ///< of a button: Return presses it
-  bool code = false;       ///< of a box: it holds code and shows it in a fixed pitch
-  int width = 28;          ///< of a box: letters that have room at least
-  int lines = 6;           ///< of a box of several lines: those that have room at least
-  std::string text;        ///< of a text or a box, as the model holds it: line breaks are CR LF
+  bool isDefault = false;       ///< of a button: Return presses it
+  bool code = false;            ///< of a box: it holds code and shows it in a fixed pitch
+  Syntax syntax = Syntax::Cpp;  ///< of a box of several lines of code
+  int width = 28;               ///< of a box: letters that have room at least
+  int lines = 6;                ///< of a box of several lines: those that have room at least
+  std::string text;  ///< of a text or a box, as the model holds it: line breaks are CR LF
   bool checked = false;
   int selection = 0;  ///< of a combo; `kNoItem` for none
   int itemCount = 0;
   PaintItem paintItem;
-  std::vector<std::string> items;  ///< of a combo that isn't painted: the texts of its items
+  std::vector<std::string>
+      items;  ///< of a combo: its items; a painted one tells them to who listens
   std::vector<Column> columns;
   std::vector<std::vector<std::string>> rows;
   std::vector<int> selectedRows;  ///< in rising order

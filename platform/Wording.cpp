@@ -12,4 +12,19 @@ std::string Worded(std::string_view english) {
   return translate != nullptr ? translate(english) : std::string(english);
 }
 
+std::string PlainLabel(std::string_view label) {
+  std::string plain;
+  for (std::size_t i = 0; i < label.size(); ++i) {
+    if (label[i] == '&' && i + 1 < label.size()) ++i;
+    plain += label[i];
+  }
+  return plain;
+}
+
+std::string SpokenLabel(std::string_view label) {
+  std::string name = PlainLabel(label);
+  name.erase(name.find_last_not_of(": ") + 1);
+  return name;
+}
+
 }  // namespace morvane

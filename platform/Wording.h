@@ -18,8 +18,14 @@ void SetTranslator(Translator translator);
 /// A text of the platform, a label or one of those below, in the language of the user.
 std::string Worded(std::string_view english);
 
+/// A label without the mark of its mnemonic; "&&" stands for "&".
+std::string PlainLabel(std::string_view label);
+/// The same without the colon at its end, for who listens.
+std::string SpokenLabel(std::string_view label);
+
 inline constexpr std::string_view kLineTooLong =
     "A line of this text is too long to be edited here";
+inline constexpr std::string_view kDiscardTyped = "Discard what you typed?";
 inline constexpr std::string_view kPageOfPages = "Page %1 of %2";
 inline constexpr std::string_view kPrinterFails = "The printer does not take the chart";
 inline constexpr std::string_view kNoRoomToPrint =
@@ -32,8 +38,8 @@ inline constexpr std::string_view kSettingsUnsaved = "The settings cannot be sav
 inline constexpr std::string_view kSearchTooPlain = "Only a plain text can be looked for here";
 
 /// All of those.
-inline constexpr std::array kPlatformTexts = {kLineTooLong,     kPageOfPages,   kPrinterFails,
-                                              kNoRoomToPrint,   kTooManyPages,  kNoSuchPages,
-                                              kSettingsUnsaved, kSearchTooPlain};
+inline constexpr std::array kPlatformTexts = {kLineTooLong,  kDiscardTyped,    kPageOfPages,
+                                              kPrinterFails, kNoRoomToPrint,   kTooManyPages,
+                                              kNoSuchPages,  kSettingsUnsaved, kSearchTooPlain};
 
 }  // namespace morvane

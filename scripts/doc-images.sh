@@ -111,7 +111,7 @@ key Escape
 click 103 60
 double 103 20
 xdotool type 'light.On();'
-key Tab
+key ctrl+Tab
 xdotool type 'light.Off();'
 dialog door-entry
 quit

@@ -24,10 +24,10 @@ namespace {
 constexpr int kSmallest = 3;
 
 /// A line of text that the user can copy but not change, as wide as there is room.
-QLineEdit* MakeReadOnly(const QString& label) {
+QLineEdit* MakeReadOnly(const std::string& label) {
   auto* box = new QLineEdit;
   box->setReadOnly(true);
-  box->setAccessibleName(label);
+  box->setAccessibleName(ToQString(SpokenLabel(Worded(label))));
   return box;
 }
 
@@ -73,7 +73,7 @@ QWidget* GeneratorWindow::MakeFields() {
   layout->setContentsMargins(0, 0, 0, 0);
   using Dlg = CGenerateCppDlg;
   for (const int id : {Dlg::kDesignFileId, Dlg::kOutputFolderId, Dlg::kCommandId}) {
-    boxes[id] = MakeReadOnly(LabelOf(id));
+    boxes[id] = MakeReadOnly(dialog.Control(id).label);
     layout->addRow(LabelOf(id), boxes[id]);
   }
   debug = new QCheckBox(LabelOf(Dlg::kDebugId));

@@ -6,6 +6,7 @@
 
 #include "drawing/qt/QtText.h"
 #include "platform/Wording.h"
+#include "platform/qt/CodeWidget.h"
 #include "platform/qt/LineBox.h"
 #include "platform/qt/LinesBox.h"
 #include "platform/qt/PaintedCombo.h"
@@ -75,7 +76,9 @@ std::unique_ptr<DialogWidget> DialogWidget::Make(const DialogControl& control, Q
   using Kind = DialogControl::Kind;
   switch (control.kind) {
     case Kind::Edit: return std::make_unique<LineBox>(control, parent);
-    case Kind::MultiEdit: return std::make_unique<LinesBox>(control, parent);
+    case Kind::MultiEdit:
+      if (control.code) return std::make_unique<CodeWidget>(control, parent);
+      return std::make_unique<LinesBox>(control, parent);
     case Kind::CheckBox: return std::make_unique<CheckWidget>(control, parent, onClick);
     case Kind::Combo:
       if (!control.paintItem) return std::make_unique<TextCombo>(control, parent, onClick);

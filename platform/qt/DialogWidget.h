@@ -30,6 +30,8 @@ class DialogWidget {
   virtual void Show(const DialogControl& control) = 0;
   /// Selects the text of a box, so that typing replaces it, unless it is code of several lines.
   virtual void SelectAll() {}
+  /// The user typed a text that would be lost if the dialog closed now.
+  virtual bool HasTyped() const { return false; }
 
   /// The widget for a control that is no container; it still shows nothing. `onClick` is called
   /// when the user clicks, chooses or selects.

@@ -8,6 +8,7 @@
 #include "drawing/qt/QtText.h"
 #include "platform/Wording.h"
 #include "platform/qt/BoxText.h"
+#include "platform/qt/RedoKey.h"
 
 namespace morvane {
 
@@ -15,6 +16,7 @@ LineBox::LineBox(const DialogControl& control, QWidget* parent) : box(new QLineE
   box->setMaxLength(std::numeric_limits<int>::max());
   if (control.code) box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   box->setMinimumWidth(box->fontMetrics().averageCharWidth() * control.width);
+  new RedoKey(box);
   QObject::connect(box, &QLineEdit::textEdited, box, [this] { OnEdited(); });
 }
 
@@ -46,5 +48,7 @@ void LineBox::Show(const DialogControl& control) {
 }
 
 void LineBox::SelectAll() { box->selectAll(); }
+
+bool LineBox::HasTyped() const { return box->text() != shown; }
 
 }  // namespace morvane

@@ -19,6 +19,7 @@ class LineBox : public DialogWidget {
   void Take(DialogControl& control) override;
   void Show(const DialogControl& control) override;
   void SelectAll() override;
+  bool HasTyped() const override;
 
  private:
   void OnEdited();

@@ -1,29 +1,28 @@
 #include "platform/qt/LinesBox.h"
 
-#include <QFontDatabase>
 #include <QTextDocument>
 
 #include "drawing/qt/QtText.h"
+#include "platform/LineBreaks.h"
 #include "platform/Wording.h"
 #include "platform/qt/BoxText.h"
-#include "platform/qt/CodeEdit.h"
+#include "platform/qt/RedoKey.h"
+#include "platform/qt/TextEdit.h"
 
 namespace morvane {
 
 LinesBox::LinesBox(const DialogControl& control, QWidget* parent)
-    : box(new CodeEdit(control.width, control.lines, parent)), isCode(control.code) {
-  if (isCode) box->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    : box(new TextEdit(control.width, control.lines, parent)) {
+  new RedoKey(box);
 }
 
 QWidget* LinesBox::Widget() { return box; }
 
+std::string LinesBox::Read() const { return WithCrLf(ToBytes(box->document()->toRawText())); }
+
 void LinesBox::Take(DialogControl& control) {
-  const auto read = [this] {
-    QString text = box->document()->toRawText();
-    text.replace(QChar::ParagraphSeparator, "\r\n");
-    return ToBytes(text);
-  };
-  state.Take(box->document()->isModified(), read, control.text);
+  state.Take(
+      box->document()->isModified(), [this] { return Read(); }, control.text);
 }
 
 void LinesBox::Show(const DialogControl& control) {
@@ -36,9 +35,10 @@ void LinesBox::Show(const DialogControl& control) {
   box->document()->setModified(false);
 }
 
-/// Code is edited, a text is typed anew.
-void LinesBox::SelectAll() {
-  if (!isCode) box->selectAll();
+void LinesBox::SelectAll() { box->selectAll(); }
+
+bool LinesBox::HasTyped() const {
+  return box->document()->isModified() && Read() != WithCrLf(BoxText(state.Original()).utf8);
 }
 
 }  // namespace morvane

@@ -5,7 +5,7 @@
 
 namespace morvane {
 
-class CodeEdit;
+class TextEdit;
 
 /// A box of several lines. What was edited goes back with CR LF between the lines. A text with a
 /// line too long to be laid out at each key is shown in part and can't be edited.
@@ -17,10 +17,12 @@ class LinesBox : public DialogWidget {
   void Take(DialogControl& control) override;
   void Show(const DialogControl& control) override;
   void SelectAll() override;
+  bool HasTyped() const override;
 
  private:
-  CodeEdit* box;
-  bool isCode;
+  std::string Read() const;
+
+  TextEdit* box;
   TextState state;
 };
 

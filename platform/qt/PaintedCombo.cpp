@@ -37,10 +37,10 @@ class ItemPainter : public QStyledItemDelegate {
 
 }  // namespace
 
-PaintedCombo::PaintedCombo(int itemCount, DialogControl::PaintItem paintItem, QWidget* parent)
-    : QComboBox(parent), paintItem(std::move(paintItem)) {
+PaintedCombo::PaintedCombo(const DialogControl& control, QWidget* parent)
+    : QComboBox(parent), paintItem(control.paintItem) {
   setItemDelegate(new ItemPainter(this));
-  for (int i = 0; i < itemCount; ++i) addItem(QString());
+  for (const std::string& item : control.items) addItem(ToQString(item));
 }
 
 QSize PaintedCombo::ItemSize() const {
@@ -80,7 +80,7 @@ void PaintedCombo::paintEvent(QPaintEvent* /*event*/) {
 }
 
 ComboWidget::ComboWidget(const DialogControl& control, QWidget* parent, OnClick onClick)
-    : combo(new PaintedCombo(control.itemCount, control.paintItem, parent)) {
+    : combo(new PaintedCombo(control, parent)) {
   QObject::connect(combo, &QComboBox::activated, combo, std::move(onClick));
 }
 

@@ -14,7 +14,7 @@ class PaintedCombo : public QComboBox {
   Q_OBJECT
 
  public:
-  PaintedCombo(int itemCount, DialogControl::PaintItem paintItem, QWidget* parent);
+  PaintedCombo(const DialogControl& control, QWidget* parent);
 
   void PaintOn(QPainter& painter, const QRect& place, int index, bool selected);
   QSize ItemSize() const;

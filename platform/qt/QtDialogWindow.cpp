@@ -5,13 +5,18 @@
 #include <limits>
 #include <utility>
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QScopedValueRollback>
 #include <QScreen>
 
 #include "drawing/qt/QtText.h"
+#include "platform/MessageBox.h"
 #include "platform/Wording.h"
 
 namespace morvane {
@@ -49,17 +54,6 @@ QWidget* WithFixedTexts(const DialogControl& control, QWidget* box, QWidget* par
   layout->addWidget(box, 1);
   addText(control.suffix);
   return frame;
-}
-
-/// A label without its mnemonic and without the colon at its end.
-QString PlainName(const QString& text) {
-  QString name;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    if (text[i] == '&' && i + 1 < text.size()) ++i;
-    name += text[i];
-  }
-  while (name.endsWith(':') || name.endsWith(' ')) name.chop(1);
-  return name;
 }
 
 }  // namespace
@@ -118,6 +112,10 @@ void QtDialogWindow::AddWidget(const DialogControl& control) {
   if (control.kind != Kind::Text) {
     widget->setObjectName(QStringLiteral("control%1").arg(id));
     widget->setAccessibleName(SpokenName(control));
+    widget->installEventFilter(this);
+    if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+      combo->view()->setAccessibleName(widget->accessibleName());
+    }
   }
   parent.Add(control, WithFixedTexts(control, widget, parent.Widget()), widget, GrowthOf(id));
   widgets.push_back({id, std::move(made)});
@@ -125,11 +123,12 @@ void QtDialogWindow::AddWidget(const DialogControl& control) {
 
 /// The control's own label, or else that of the group around it.
 QString QtDialogWindow::SpokenName(const DialogControl& control) const {
+  if (!control.spoken.empty()) return ToQString(Worded(control.spoken));
   const DialogControl* named = &control;
   while (named->label.empty() && named->parent != kWholeDialog) {
     named = &dialog.Control(named->parent);
   }
-  return named->label.empty() ? ToQString(dialog.Caption()) : PlainName(ShownLabel(*named));
+  return ToQString(named->label.empty() ? dialog.Caption() : SpokenLabel(Worded(named->label)));
 }
 
 void QtDialogWindow::SetTabOrder() {
@@ -198,6 +197,31 @@ void QtDialogWindow::KeepOff(const RECT& place) {
 
 void QtDialogWindow::End() { done(QDialog::Accepted); }
 
-void QtDialogWindow::reject() { OnClick(IDCANCEL); }
+void QtDialogWindow::PressDefault() {
+  const auto button = std::ranges::find(dialog.Controls(), true, &DialogControl::isDefault);
+  if (button != dialog.Controls().end() && button->enabled) OnClick(button->id);
+}
+
+bool QtDialogWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  const auto& key = static_cast<const QKeyEvent&>(*event);
+  if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::ControlModifier) return false;
+  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+  PressDefault();
+  return true;
+}
+
+bool QtDialogWindow::MayDiscard() {
+  const bool canTake = std::ranges::count(dialog.Controls(), int{IDOK}, &DialogControl::id) > 0;
+  const auto typed = [](const Entry& entry) { return entry.widget->HasTyped(); };
+  if (!canTake || std::ranges::none_of(widgets, typed)) return true;
+  const QScopedValueRollback<bool> guard(asking, true);
+  constexpr unsigned flags = MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2;
+  return ShowMessage(Worded(kDiscardTyped), flags) == MessageAnswer::Yes;
+}
+
+void QtDialogWindow::reject() {
+  if (!asking && MayDiscard()) OnClick(IDCANCEL);
+}
 
 }  // namespace morvane

@@ -29,6 +29,10 @@ class QtDialogWindow : public QDialog, public DialogWindow {
   /// Escape and the title bar's button.
   void reject() override;
 
+ protected:
+  /// The keys that hold in the whole of a dialog.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   struct Entry {
     int id;
@@ -44,12 +48,17 @@ class QtDialogWindow : public QDialog, public DialogWindow {
   void FitToScreen();
   void SetTabOrder();
   void OnClick(int id);
+  /// Presses the button that Return presses outside the boxes of several lines.
+  void PressDefault();
+  /// False if the user wants to keep what was typed.
+  bool MayDiscard();
 
   Dialog& dialog;
   std::map<int, std::unique_ptr<DialogContainer>> containers;
   std::vector<Entry> widgets;
   std::set<int> wide;  ///< controls that take more room than they need, and what holds them
   std::set<int> tall;
+  bool asking = false;  ///< a question of this dialog is open
 };
 
 }  // namespace morvane

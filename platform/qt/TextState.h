@@ -21,10 +21,12 @@ class TextState {
     text = edited ? read() : original;
     known = text;
   }
+  /// What was loaded.
+  const std::string& Original() const { return original; }
 
  private:
-  std::string original;  ///< what was loaded
-  std::string known;     ///< what the control held last
+  std::string original;
+  std::string known;  ///< what the control held last
   bool loaded = false;
 };
 

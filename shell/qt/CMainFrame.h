@@ -119,7 +119,10 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   void Cascade();
   void ArrangeIcons();
 
-  DialogEditors editors;
+  /// The properties of the active chart; null without one.
+  const ModelProperties* ActiveProperties() const;
+
+  DialogEditors editors{[this] { return ActiveProperties(); }};
   DialogGenerators generators;
   ToolImage toolImage;
   QMdiArea* area;

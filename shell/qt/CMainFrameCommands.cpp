@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <QTreeWidget>
 
+#include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
@@ -18,6 +19,7 @@
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "shell/qt/ProblemsPane.h"
+#include "surface/LayoutMgr.h"
 
 namespace morvane {
 
@@ -51,6 +53,12 @@ const std::vector<std::string>& CMainFrame::RecentPaths() const {
 CDocument* CMainFrame::ActiveDocument() const {
   const CChildFrame* child = ActiveChild();
   return child != nullptr ? child->Document() : nullptr;
+}
+
+const ModelProperties* CMainFrame::ActiveProperties() const {
+  const CDocument* document = ActiveDocument();
+  auto* chart = document != nullptr ? dynamic_cast<LayoutMgr*>(document->GetView()) : nullptr;
+  return chart != nullptr ? &chart->GetProperties() : nullptr;
 }
 
 void CMainFrame::CloseActive() { ActiveChild()->close(); }

@@ -1,6 +1,7 @@
 #include <regex>
 
 #include "drawing/TextCodec.h"
+#include "platform/BoxMenu.h"
 #include "platform/Wording.h"
 #include "resources/TextLibrary.h"
 #include "shell/AllCommands.h"
@@ -49,7 +50,63 @@ std::vector<Texts> AllMenus() {
   add(Mesg());
   add(Note());
   add(Line());
+  Texts box;
+  for (const BoxMenuEntry& entry : kBoxMenu) box.emplace_back(entry.text);
+  menus.push_back(box);
   return menus;
+}
+
+/// The letter that chooses a text by the keyboard, in the present language; 0 if there is none.
+int LetterOf(std::string_view english) {
+  std::string text = Translate(english);
+  for (std::size_t pair; (pair = text.find("&&")) != std::string::npos;) text.erase(pair, 2);
+  const std::size_t letter = text.find('&') + 1;
+  if (letter == 0 || letter == text.size()) return 0;
+  const auto byte = static_cast<unsigned char>(text[letter]);
+  EXPECT_LT(byte, 0x80) << "no key of every keyboard: " << text;
+  return std::tolower(byte);
+}
+
+void ExpectLettersDiffer(const Texts& texts, const std::string& where) {
+  std::map<int, std::string> seen;
+  for (const std::string& text : texts) {
+    const int letter = LetterOf(text);
+    if (letter == 0) continue;
+    EXPECT_TRUE(seen.emplace(letter, text).second)
+        << where << ": " << Translate(text) << ", " << Translate(seen[letter]);
+  }
+}
+
+/// The page that a control is on; 0 for one on none.
+int PageOf(const Dialog& dialog, const DialogControl* control) {
+  while (control->kind != DialogControl::Kind::Page && control->parent != 0) {
+    control = &dialog.Control(control->parent);
+  }
+  return control->kind == DialogControl::Kind::Page ? control->id : 0;
+}
+
+/// The labels that the keyboard meets together: those of each page with those beside the pages.
+void ExpectLettersInDialog(const Dialog& dialog) {
+  using Kind = DialogControl::Kind;
+  std::map<int, Texts> pages;
+  for (const DialogControl& control : dialog.Controls()) {
+    if (control.kind == Kind::Page) pages[control.id];
+  }
+  if (pages.empty()) pages[0];
+  for (const DialogControl& control : dialog.Controls()) {
+    const int page = control.kind == Kind::Page ? 0 : PageOf(dialog, &control);
+    for (auto& [id, texts] : pages) {
+      if (page == 0 || page == id) texts.push_back(control.label);
+    }
+    const bool isOnlyRead = dynamic_cast<const CGenerateCppDlg*>(&dialog) != nullptr &&
+                            control.id == CGenerateCppDlg::kStatusId;
+    const bool isField = !isOnlyRead && control.kind != Kind::Row && control.kind != Kind::Column &&
+                         control.kind != Kind::Group && control.kind != Kind::Text;
+    const bool hasKeyOfItsOwn = control.id == IDOK || control.id == IDCANCEL || control.isDefault;
+    EXPECT_TRUE(!isField || hasKeyOfItsOwn || control.label.empty() || LetterOf(control.label) != 0)
+        << dialog.Caption() << ": " << Translate(control.label);
+  }
+  for (const auto& [id, texts] : pages) ExpectLettersDiffer(texts, dialog.Caption());
 }
 
 /// The number of classes in dialogs/ and codegen/ that are dialogs.
@@ -124,7 +181,12 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
   AllDialogs all;
   for (const Dialog* dialog : all.list) {
     ExpectTranslated(dialog->Caption());
-    for (const DialogControl& control : dialog->Controls()) ExpectTranslated(control.label);
+    for (const DialogControl& control : dialog->Controls()) {
+      ExpectTranslated(control.label);
+      ExpectTranslated(control.spoken);
+      if (!control.paintItem) continue;
+      for (const std::string& item : control.items) ExpectTranslated(item);
+    }
   }
   EXPECT_EQ(all.list.size(), CountDialogClasses()) << "a dialog is not looked at here";
 }
@@ -133,19 +195,24 @@ TEST_P(LanguageLibrary, HasEveryTextOfMenusAndNoMnemonicTwiceInOne) {
   const UseTexts use(library);
   for (const Texts& menu : AllMenus()) {
     EXPECT_FALSE(menu.empty());
-    std::set<int> letters;
-    for (const std::string& text : menu) {
-      ExpectTranslated(text);
-      const std::string shown = Translate(text);
-      const std::size_t letter = shown.find('&') + 1;
-      if (letter == 0 || letter == shown.size()) continue;
-      EXPECT_TRUE(letters.insert(std::tolower(static_cast<unsigned char>(shown[letter]))).second)
-          << "a letter twice in the menu of " << menu.front() << ": " << shown;
-    }
+    for (const std::string& text : menu) ExpectTranslated(text);
+    ExpectLettersDiffer(menu, "menu of " + menu.front());
   }
 }
 
+TEST_P(LanguageLibrary, HasALetterForEachFieldOfADialogAndNoneTwiceInOne) {
+  AllDialogs all;
+  const UseTexts use(library);
+  for (const Dialog* dialog : all.list) ExpectLettersInDialog(*dialog);
+}
+
 INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, testing::Values("fra", "ger", "esp"));
+
+TEST(English, HasNoMnemonicTwiceInAMenuOrADialog) {
+  for (const Texts& menu : AllMenus()) ExpectLettersDiffer(menu, "menu of " + menu.front());
+  const AllDialogs all;
+  for (const Dialog* dialog : all.list) ExpectLettersInDialog(*dialog);
+}
 
 TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
   TextLibrary library;

@@ -46,7 +46,7 @@ TEST_F(ChartWindows, WhatCanBeChosenFollowsTheCharts) {
   EXPECT_EQ(Enabled(ChartMenu()),
             "&New|&Open...|&Save|Save &As...|&Close|C&lose All|&Print...|Print Pre&view|"
             "P&rint Setup...|&Export...|E&xit|Move contents &with a state|Copy As &Metafile|&Find "
-            "/ Replace|Model &Properties|"
+            "/ Replace|Model Propert&ies|"
             "&Default Settings|Prefere&nces|&State|&Initial State|&Final "
             "State|&Note|&Line|T&ransition|&Refresh|Zoom &In|"
             "Zoom &Out|Object Browser|&Problems|&Toolbar|Drawing Toolbar|Chart Browser|&Status Bar|"

@@ -1,5 +1,9 @@
+#include <QAccessible>
+
+#include "codegen/qt/GeneratorWindow.h"
 #include "dialogs/CColorComboEx.h"
 #include "dialogs/PenPicker.h"
+#include "platform/qt/CodeBox.h"
 #include "platform/qt/QtFontDialog.h"
 #include "tests/support/AllDialogs.h"
 #include "tests/ui/Canvas.h"
@@ -47,6 +51,38 @@ TEST_F(DialogWindow, EveryControlHasANameAndRoomInADarkThemeToo) {
   QApplication::setPalette(former);
 }
 
+/// The names of all that takes the keyboard in a window, and of its groups. Empty ones, and two
+/// alike among those that show, leave the user alone.
+void ExpectSpokenNames(const QWidget& window) {
+  std::set<QString> shown;
+  for (QWidget* child : window.findChildren<QWidget*>()) {
+    const bool isGroup = child->inherits("QGroupBox");
+    if (child->focusPolicy() == Qt::NoFocus && !isGroup) continue;
+    // The parts of a control speak for it.
+    if (child->parentWidget()->inherits("QAbstractItemView") || child->inherits("QTabBar"))
+      continue;
+    if (child->inherits("QTabWidget")) continue;
+    const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(child);
+    ASSERT_NE(spoken, nullptr);
+    const QString name = spoken->text(QAccessible::Name);
+    const std::string where = window.windowTitle().toStdString() + ": " + name.toStdString() +
+                              " (" + child->metaObject()->className() + ")";
+    EXPECT_NE(name, "") << where;
+    EXPECT_FALSE(name.contains(QRegularExpression("&\\S|: ?$"))) << where;
+    if (!isGroup && child->isVisible()) {
+      EXPECT_TRUE(shown.insert(name).second) << where;
+    }
+  }
+  EXPECT_FALSE(shown.empty());
+}
+
+TEST_F(DialogWindow, WhatTakesTheKeyboardSaysWhatItIs) {
+  RunAll([](Dialog&, QtDialogWindow& window) { ExpectSpokenNames(window); });
+  GeneratorWindow generator(all.generator, nullptr);
+  generator.show();
+  ExpectSpokenNames(generator);
+}
+
 TEST_F(DialogWindow, TabGoesThroughTheControlsInOrder) {
   RunAll([this](Dialog& dialog, QtDialogWindow& window) {
     if (&dialog == &all.sheet) return;  // pages that don't show are left out
@@ -54,7 +90,8 @@ TEST_F(DialogWindow, TabGoesThroughTheControlsInOrder) {
     std::vector<int> visited;
     do {
       visited.push_back(OpenDialog::FocusId());
-      OpenDialog::Key(Qt::Key_Tab, "\t");
+      const bool isCode = qobject_cast<CodeBox*>(QApplication::focusWidget()) != nullptr;
+      OpenDialog::Key(Qt::Key_Tab, "\t", isCode ? Qt::ControlModifier : Qt::NoModifier);
     } while (OpenDialog::FocusId() != first && visited.size() < 50);
     std::vector<int> expected;
     for (const DialogControl& control : dialog.Controls()) {
@@ -80,12 +117,11 @@ TEST_F(DialogWindow, ReturnAcceptsAndEscapeAndTitleBarCancel) {
 
 TEST_F(DialogWindow, BoxesGrowWithTheWindow) {
   open.Run(all.texts, [](QtDialogWindow& window) {
-    auto* box = OpenDialog::Find<QPlainTextEdit>(window, EntryExitEditor::kExitId);
+    auto* box = OpenDialog::Find<CodeBox>(window, EntryExitEditor::kExitId);
     const QSize before = box->size();
     window.resize(window.size() + QSize(200, 200));
     QApplication::processEvents();
     EXPECT_EQ(box->size(), before + QSize(200, 100));
-    EXPECT_EQ(box->lineWrapMode(), QPlainTextEdit::NoWrap);
   });
 }
 
@@ -167,6 +203,7 @@ TEST_F(DialogWindow, ComboShowsAndTakesItsItem) {
     auto* colours = OpenDialog::Find<QComboBox>(window, CLineProperty::kColourId);
     const QImage shown = colours->grab().toImage();
     EXPECT_EQ(shown.pixelColor(shown.width() / 3, shown.height() / 2), QColor(0, 0, 255));
+    EXPECT_EQ(colours->currentText(), "Blue") << "for who listens";
     EXPECT_EQ(OpenDialog::Find<QComboBox>(window, CLineProperty::kStyleId)->currentIndex(), -1);
     colours->setFocus();
     OpenDialog::Key(Qt::Key_Up);

@@ -12,7 +12,10 @@ class OpenDialog {
  public:
   /// Runs a dialog and `act` in it; what `act` leaves open is cancelled. True if OK closed it.
   bool Run(Dialog& dialog, const std::function<void(QtDialogWindow&)>& act) {
-    InNextWindow<QtDialogWindow>(act);
+    InNextWindow<QtDialogWindow>([&](QtDialogWindow& window) {
+      act(window);
+      dialog.Click(IDCANCEL);
+    });
     return dialog.DoModal();
   }
   template <class Widget>

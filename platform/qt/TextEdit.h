@@ -5,11 +5,11 @@
 namespace morvane {
 
 /// A text box without wrapping that Tab leaves, with room for so many letters and lines.
-class CodeEdit : public QPlainTextEdit {
+class TextEdit : public QPlainTextEdit {
   Q_OBJECT
 
  public:
-  CodeEdit(int letters, int lines, QWidget* parent);
+  TextEdit(int letters, int lines, QWidget* parent);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

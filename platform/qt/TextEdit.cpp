@@ -1,4 +1,4 @@
-#include "platform/qt/CodeEdit.h"
+#include "platform/qt/TextEdit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,28 +18,28 @@ constexpr int kLeastLines = 3;
 
 }  // namespace
 
-CodeEdit::CodeEdit(int letters, int lines, QWidget* parent)
+TextEdit::TextEdit(int letters, int lines, QWidget* parent)
     : QPlainTextEdit(parent), letters(letters), lines(lines) {
   setLineWrapMode(QPlainTextEdit::NoWrap);
   setTabChangesFocus(true);
 }
 
-void CodeEdit::changeEvent(QEvent* event) {
+void TextEdit::changeEvent(QEvent* event) {
   QPlainTextEdit::changeEvent(event);
   if (event->type() != QEvent::FontChange) return;
   setTabStopDistance(QFontMetricsF(font()).horizontalAdvance(' ') * kTabLetters);
   updateGeometry();
 }
 
-bool CodeEdit::canInsertFromMimeData(const QMimeData* source) const {
+bool TextEdit::canInsertFromMimeData(const QMimeData* source) const {
   return source != nullptr && source->hasText();
 }
 
-void CodeEdit::insertFromMimeData(const QMimeData* source) {
+void TextEdit::insertFromMimeData(const QMimeData* source) {
   if (canInsertFromMimeData(source)) QPlainTextEdit::insertFromMimeData(source);
 }
 
-QSize CodeEdit::SizeFor(int letterCount, int lineCount) const {
+QSize TextEdit::SizeFor(int letterCount, int lineCount) const {
   const QFontMetricsF metrics(font());
   const int edge = 2 * (frameWidth() + static_cast<int>(std::ceil(document()->documentMargin())));
   const int bar = verticalScrollBar()->sizeHint().width();
@@ -47,9 +47,9 @@ QSize CodeEdit::SizeFor(int letterCount, int lineCount) const {
           static_cast<int>(std::ceil(metrics.lineSpacing() * lineCount)) + edge + bar};
 }
 
-QSize CodeEdit::sizeHint() const { return SizeFor(letters, lines); }
+QSize TextEdit::sizeHint() const { return SizeFor(letters, lines); }
 
-QSize CodeEdit::minimumSizeHint() const {
+QSize TextEdit::minimumSizeHint() const {
   return SizeFor(std::min(letters, kLeastLetters), std::min(lines, kLeastLines));
 }
 
