@@ -71,10 +71,10 @@ drag 1105 460 1130 680 # Brewing to Fault
 drag 700 584 290 348   # Serving to Idle
 drag 1100 704 320 644  # Fault to Off
 
-# name X Y NAME: by a double click on the band of a state's name
+# name X Y NAME: by a double click on the band of a state's name. The next click takes it over.
 name() {
   click "$1" "$2" --repeat 2 --delay 60
-  act type "$3"$'\n'
+  act type "$3"
 }
 name 290 628 Off
 name 290 308 Idle
@@ -84,6 +84,7 @@ name 1110 338 Pouring
 name 730 568 Serving
 name 1130 688 Fault
 name 970 228 Brewing
+act key Return
 act key alt+Return
 sleep 1
 act key alt+h
@@ -93,9 +94,7 @@ act key Return
 message() {
   click "$1" "$2"
   act key Return
-  sleep 1 # until the editor is there
-  act type "$3"$'\n'
-  sleep 0.3
+  act type "$3"
 }
 message 400 324 coin
 message 510 293 more
@@ -120,6 +119,27 @@ note() {
 note 240 450 "Waits for a coin" 290 340
 note 1320 570 "Goes on where it was left" 1000 240
 
-act key ctrl+s
+xdotool key ctrl+s
+sleep 1
 import -window root "$picture"
-echo "$actions"
+
+# found WHAT COUNT EXPRESSION: how often it stands in the saved chart
+missing=0
+found() {
+  local count
+  count=$(tr -d '\r' <"$work/Coffee.mrv" | grep -cE "$3" || true)
+  printf '%-40s %s of %s\n' "$1" "$count" "$2"
+  ((count == $2)) || missing=1
+}
+found states 8 '^BEGIN GenericState'
+found 'names of states' 8 '^(Off|Idle|Paying|Brewing|Grinding|Pouring|Serving|Fault)$'
+found 'initial states' 2 '^BEGIN InitialState'
+found 'history' 1 '^[1-9][0-9]* 12582911 0$'
+found transitions 10 '^BEGIN Transition'
+found messages 6 '^BEGIN Mesg'
+found 'events of messages' 6 '^(coin|more|start|ground|done|fail)$'
+found notes 2 '^BEGIN Note'
+found 'texts of notes' 2 '^(Waits for a coin|Goes on where it was left)$'
+found lines 2 '^BEGIN Line'
+printf '%-40s %s of 150 at most\n' 'commands of xdotool' "$actions"
+((missing == 0 && actions < 150))
