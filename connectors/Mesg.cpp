@@ -176,13 +176,17 @@ void Mesg::EditText() {
   Retype([this] { return text.EditText("Message"); });
 }
 
-/// The event alone: the first line of what shows.
 std::optional<InPlaceField> Mesg::FieldInPlace() const {
-  RECT line = InflateRect(view->ToLogical(rect), -kTextMargin);
-  const std::int32_t height = view->MeasureChartText("X", Saturate(Width(line))).cy;
+  return EventField(*view, rect, text.GetEvent());
+}
+
+/// The first line of what shows.
+InPlaceField Mesg::EventField(const ChartView& view, const RECT& box, const std::string& event) {
+  RECT line = InflateRect(view.ToLogical(box), -kTextMargin);
+  const std::int32_t height = view.MeasureChartText("X", Saturate(Width(line))).cy;
   line.bottom = AddSat(line.top, height);
   return InPlaceField{
-      .label = Translate("Event"), .text = text.GetEvent(), .area = InflateRect(line, kTextMargin)};
+      .label = Translate("Event"), .text = event, .area = InflateRect(line, kTextMargin)};
 }
 
 void Mesg::TakeInPlace(const std::string& typed) {

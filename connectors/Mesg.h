@@ -52,6 +52,8 @@ class Mesg : public ConnectableRectShape {
   RECT GetStickHandle() const;
   /// Lets the user edit the texts; the box grows with them.
   void EditText();
+  /// The field of an event in a message's box of model units.
+  static InPlaceField EventField(const ChartView& view, const RECT& box, const std::string& event);
   /// Puts the box on the label of the route.
   void Align();
   /// Puts the centre on a point of the chart, or as near to it as the chart's edge lets the box.

@@ -10,6 +10,7 @@
 #include "connectors/TailLink.h"
 #include "model/ChartView.h"
 #include "model/GroupMove.h"
+#include "model/InPlaceField.h"
 #include "model/ModelMgr.h"
 #include "model/ModelStream.h"
 #include "model/ShapeGeometry.h"
@@ -241,11 +242,24 @@ void Transition::OnCommand(unsigned command) {
 }
 
 void Transition::AddMesg() {
-  if (mesg != nullptr) return;
+  if (mesg == nullptr) MakeMesg()->EditText();
+}
+
+Mesg* Transition::MakeMesg() {
   POINT origin;
   mesg = InsertMesg(*mgr, origin, this);
   mesg->Align();
-  mesg->EditText();
+  return mesg;
+}
+
+std::optional<InPlaceField> Transition::FieldInPlace() const {
+  if (mesg != nullptr) return std::nullopt;
+  const RECT box = Mesg::DefaultRect();
+  return Mesg::EventField(*view, box + (LabelPoint() - CentreOf(box)), "");
+}
+
+void Transition::TakeInPlace(const std::string& typed) {
+  if (mesg == nullptr && !typed.empty()) MakeMesg()->TakeInPlace(typed);
 }
 
 }  // namespace morvane

@@ -53,6 +53,9 @@ class Transition : public StateTransition {
   const std::string& GetTypeName() const override;
   bool RemapIds(IdMap& map) override;
   void OnCommand(unsigned command) override;
+  /// A transition without a message gets one by what is typed where its event would stand.
+  std::optional<InPlaceField> FieldInPlace() const override;
+  void TakeInPlace(const std::string& typed) override;
   bool TakesPressWithControl() const override { return true; }
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool YieldsToConnection(unsigned flags, POINT client) override;
@@ -127,6 +130,7 @@ class Transition : public StateTransition {
   static void TakeAlong(Mesg* message);
   void UpdateNodes();
   void AddMesg();
+  Mesg* MakeMesg();
   void MoveBy(POINT offset);
 
   void MoveSourceEnd(POINT anchor);

@@ -80,6 +80,7 @@ class StateNames {
     if (name.empty()) name = "State" + std::to_string(NumberOf(state.id));
     state.name = Free(name, state);
     problems.Warning(*structure.drawnStates[at], "is named " + state.name + " in code");
+    if (Identifier::IsSound(state.title)) problems.SetRemedy(Problem::Remedy::MakeNameUnique);
   }
 
   std::string Free(const std::string& name, const MachineState& state) {

@@ -10,11 +10,16 @@ namespace morvane {
 /// Something wrong with a chart, and where.
 struct Problem {
   enum class Severity { Error, Warning };
+  /// What puts it right, where that is plain.
+  enum class Remedy { None, AddInitialState, AttachEnds, MakeNameUnique, DeleteMessage };
 
   Severity severity = Severity::Error;
   std::int32_t id = 0;  ///< of the object; 0 if it is none of one object
   int line = 0;         ///< of the model file, counted from 1; 0 if unknown
   std::string message;  ///< begins with the object: GenericState 105 "Listen" overlaps ...
+  /// How the message names the object; empty if it is none of one object.
+  std::string object{};
+  Remedy remedy = Remedy::None;
 };
 
 bool HasErrors(const std::vector<Problem>& problems);

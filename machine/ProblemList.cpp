@@ -35,8 +35,10 @@ void ProblemList::Error(std::string message) {
 
 void ProblemList::Add(Problem::Severity severity, const DrawnObject& object,
                       const std::string& what, int line) {
+  std::string name = OneLine(object.Name());
+  std::string message = name + ' ' + OneLine(what);
   problems.push_back(
-      {severity, object.id, line > 0 ? line : object.line, OneLine(object.Name() + ' ' + what)});
+      {severity, object.id, line > 0 ? line : object.line, std::move(message), std::move(name)});
 }
 
 std::vector<Problem> ProblemList::Sorted() const {

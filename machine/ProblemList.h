@@ -19,6 +19,9 @@ class ProblemList {
   /// An error of no object.
   void Error(std::string message);
 
+  /// Of the problem that was added last.
+  void SetRemedy(Problem::Remedy remedy) { problems.back().remedy = remedy; }
+
   bool HasErrors() const { return hasErrors; }
   /// In the order of the lines.
   std::vector<Problem> Sorted() const;

@@ -81,7 +81,10 @@ class Landings {
 };
 
 void CheckInitials(const Structure& structure, const StateTree& tree, ProblemList& problems) {
-  if (tree.MarkIn(kChart) == nullptr) problems.Error("The chart has no InitialState");
+  if (tree.MarkIn(kChart) == nullptr) {
+    problems.Error("The chart has no InitialState");
+    problems.SetRemedy(Problem::Remedy::AddInitialState);
+  }
   const Landings landings(structure);
   for (int i = 0; i < std::ssize(structure.machine.states); ++i) {
     const bool isComposite = structure.machine.states[i].kind == MachineState::Kind::Composite;
@@ -89,6 +92,7 @@ void CheckInitials(const Structure& structure, const StateTree& tree, ProblemLis
     const std::string reason = landings.Reason(i);
     if (reason.empty()) continue;
     problems.Error(*structure.drawnStates[i], "has no InitialState inside, but " + reason);
+    problems.SetRemedy(Problem::Remedy::AddInitialState);
   }
 }
 

@@ -45,6 +45,7 @@ void TransitionBuilder::TakeMessages() {
     const DrawnObject* named = index.Find(message.transitionId);
     if (named == nullptr || named->kind != Kind::Transition) {
       problems.Warning(message, "belongs to no transition");
+      problems.SetRemedy(Problem::Remedy::DeleteMessage);
       continue;
     }
     const auto [first, isNew] = messages.emplace(named->id, &message);
@@ -68,6 +69,7 @@ bool TransitionBuilder::CheckEnds(const DrawnTransition& drawn) {
   }
   if (source == nullptr && target == nullptr) {
     problems.Error(drawn, "begins and ends at no state");
+    problems.SetRemedy(Problem::Remedy::AttachEnds);
     return false;
   }
   const bool begins =
@@ -77,10 +79,12 @@ bool TransitionBuilder::CheckEnds(const DrawnTransition& drawn) {
   if (!begins) {
     problems.Error(drawn,
                    source == nullptr ? "begins at no state" : "can't begin at " + source->Name());
+    if (source == nullptr) problems.SetRemedy(Problem::Remedy::AttachEnds);
   }
   if (!ends) {
     problems.Error(drawn,
                    target == nullptr ? "ends at no state" : "can't end at " + target->Name());
+    if (target == nullptr) problems.SetRemedy(Problem::Remedy::AttachEnds);
   }
   return begins && ends;
 }

@@ -96,6 +96,8 @@ class CWnd {
   /// The pointer stands in the client area: choose its picture.
   virtual void OnSetCursor() {}
   virtual void OnSize() {}
+  /// What to tell the user about a client point under the pointer; mostly nothing.
+  virtual std::string TipAt(POINT /*client*/) const { return {}; }
 
   /// Carries a command out; false when this window doesn't know it or it is disabled.
   virtual bool OnCommand(unsigned /*id*/) { return false; }

@@ -1,9 +1,11 @@
 #include "shell/CommandLine.h"
 
+#include <algorithm>
 #include <exception>
 #include <optional>
 #include <ostream>
 
+#include "checks/CheckReport.h"
 #include "generators/Generate.h"
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
@@ -26,6 +28,8 @@ constexpr const char* kUsage =
     "       morvane --generate LANGUAGE [-o FOLDER] FILE\n"
     "                                     turn FILE into code, in the current folder or in\n"
     "                                     FOLDER; LANGUAGE is cpp, c, cs, java or xml\n"
+    "       morvane --check [--json] FILE...\n"
+    "                                     say what is wrong with charts\n"
     "       morvane --help | --version\n";
 
 bool IsOption(std::string_view argument) { return argument.size() > 1 && argument[0] == '-'; }
@@ -67,6 +71,15 @@ CommandLine CommandLine::ParseGenerate(std::span<const std::string> arguments) {
   return line;
 }
 
+CommandLine CommandLine::ParseCheck(std::span<const std::string> arguments) {
+  CommandLine line;
+  line.asJson = !arguments.empty() && arguments.front() == "--json";
+  line.files.assign(arguments.begin() + (line.asJson ? 1 : 0), arguments.end());
+  const bool sound = !line.files.empty() && std::ranges::none_of(line.files, IsOption);
+  line.job = sound ? Job::Check : Job::WrongUse;
+  return line;
+}
+
 CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
   const std::string first = arguments.empty() ? "" : arguments[0];
   if (!IsOption(first)) return ParseWindow(arguments);
@@ -76,6 +89,7 @@ CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
     return line;
   }
   if (first == "--generate") return ParseGenerate(std::span(arguments).subspan(1));
+  if (first == "--check") return ParseCheck(std::span(arguments).subspan(1));
   CommandLine line;
   const bool hasPaths = arguments.size() == 3;
   if (first == "--help" && arguments.size() == 1) {
@@ -98,6 +112,7 @@ int CommandLine::Run(std::ostream& out, std::ostream& err) const {
     case Job::Version: out << "Morvane " << kProductVersion << '\n'; return kSuccess;
     case Job::Convert: return RunConvert(err);
     case Job::Export: return RunExport(err);
+    case Job::Check: return RunCheck(out);
     case Job::Generate: return RunGenerate(err);
     case Job::WrongUse: err << kUsage; return kWrongUse;
     case Job::None: break;
@@ -122,6 +137,11 @@ int CommandLine::RunGenerate(std::ostream& err) const {
   const GenerateResult result = Generate({.language = language, .folder = output, .model = file});
   err << result.messages;
   return result.exitCode;
+}
+
+int CommandLine::RunCheck(std::ostream& out) const {
+  const auto form = asJson ? CheckReport::Form::Json : CheckReport::Form::Lines;
+  return CheckReport(form).Write(files, out) ? kSuccess : kFailure;
 }
 
 int CommandLine::RunExport(std::ostream& err) const {

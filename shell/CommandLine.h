@@ -31,12 +31,15 @@ class CommandLine {
   int Run(std::ostream& out, std::ostream& err) const;
 
  private:
-  enum class Job { None, Help, Version, Convert, Export, Generate, WrongUse };
+  enum class Job { None, Help, Version, Convert, Export, Generate, Check, WrongUse };
 
   /// What stands behind the option, or in place of one, when a window opens.
   static CommandLine ParseWindow(std::span<const std::string> arguments);
   /// What stands behind "--generate".
   static CommandLine ParseGenerate(std::span<const std::string> arguments);
+  /// What stands behind "--check".
+  static CommandLine ParseCheck(std::span<const std::string> arguments);
+  int RunCheck(std::ostream& out) const;
   int RunConvert(std::ostream& err) const;
   int RunExport(std::ostream& err) const;
   int RunGenerate(std::ostream& err) const;
@@ -46,6 +49,8 @@ class CommandLine {
   TargetLanguage language = TargetLanguage::Cpp;
   std::string output;  ///< a file, or the folder of generated ones
   std::string file;
+  std::vector<std::string> files;  ///< to check
+  bool asJson = false;
 };
 
 }  // namespace morvane

@@ -80,10 +80,9 @@ constexpr MenuEntry kInsert[] = {
 };
 
 constexpr MenuEntry kChartView[] = {
-    {ID_REFRESH},         kSeparator,        {ID_ZOOM_IN},        {ID_ZOOM_NORMAL},
-    {ID_ZOOM_OUT},        {ID_ZOOM_FIT},     {ID_ZOOM_SELECTION}, kSeparator,
-    {ID_OBJECT_BROWSER},  {ID_VIEW_TOOLBAR}, {ID_DRAWING_BAR},    {ID_CHART_BROWSER},
-    {ID_VIEW_STATUS_BAR},
+    {ID_REFRESH},      kSeparator,          {ID_ZOOM_IN},       {ID_ZOOM_NORMAL},     {ID_ZOOM_OUT},
+    {ID_ZOOM_FIT},     {ID_ZOOM_SELECTION}, kSeparator,         {ID_OBJECT_BROWSER},  {ID_PROBLEMS},
+    {ID_VIEW_TOOLBAR}, {ID_DRAWING_BAR},    {ID_CHART_BROWSER}, {ID_VIEW_STATUS_BAR},
 };
 
 constexpr MenuEntry kCodeGen[] = {

@@ -69,6 +69,7 @@ void ChartHistory::StepTo(const SharedText& snapshot, void (UndoHistory::*step)(
 }
 
 void ChartHistory::Tell(const SharedText& text) {
+  view.TellText(text);
   if (view.GetDocument() != nullptr) view.GetDocument()->OnTextChanged(text);
 }
 

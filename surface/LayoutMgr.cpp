@@ -26,6 +26,7 @@
 #include "surface/InPlaceEdit.h"
 #include "surface/KeyboardWalk.h"
 #include "surface/Nudge.h"
+#include "surface/ObjectMarks.h"
 #include "surface/Pasting.h"
 #include "surface/PrintMapping.h"
 #include "surface/ToolDrag.h"
@@ -54,6 +55,7 @@ LayoutMgr::LayoutMgr()
       nudge(std::make_unique<Nudge>(*this)),
       pasting(std::make_unique<Pasting>(*this)),
       inPlace(std::make_unique<InPlaceEdit>(*this)),
+      marks(std::make_unique<ObjectMarks>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -186,6 +188,8 @@ void LayoutMgr::OnDraw(CDC& dc) {
   PrepareMapping(dc);
   dc.SetTextColor(GetTextColor());
   model->DrawOnScreen(dc);
+  dc.SetMapping(ClientMapping());
+  marks->Draw(dc);
 }
 
 SIZE LayoutMgr::MeasureChartText(std::string_view text, std::int32_t width, Letters letters) const {
@@ -202,6 +206,7 @@ void LayoutMgr::TellReaders() {
 
 void LayoutMgr::TakeSnapshot() {
   MakeRoom();
+  marks->Follow();
   TellReaders();
   // What the pointer was on may be gone.
   ModalLoop::IsRunning() ? connections->HideHover() : RefreshHover();
@@ -283,6 +288,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
   }
   MakeRoom();
   if (zoom != oldZoom) geometry->ApplyZoom(oldZoom, geometry->MiddleOfWindow());
+  marks->Follow();
   Invalidate();
   RefreshHover();
   return true;
@@ -320,6 +326,8 @@ bool LayoutMgr::OnCommand(unsigned id) {
   const auto held = HoldModel();
   return ChartCommands().Run(*this, OfChart(id));
 }
+
+std::string LayoutMgr::TipAt(POINT client) const { return marks->TextAt(client); }
 
 std::string LayoutMgr::GetTitle() const {
   return GetDocument() != nullptr ? GetDocument()->GetTitle() : LoadText(IDS_UNTITLED);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "drawing/DrawingTools.h"
@@ -23,6 +25,7 @@ class Collection;
 class ConnectionDrag;
 class KeyboardWalk;
 class InPlaceEdit;
+class ObjectMarks;
 class ModelMgr;
 class ModelStream;
 class Nudge;
@@ -49,6 +52,15 @@ class LayoutMgr : public ChartView, public ChartText {
   void SetObjectTree(ChartBrowser* tree) { objectTree = tree; }
   ChartHistory& GetHistory() const { return *history; }
   ToolDrag& GetTools() const { return *tools; }
+  ObjectMarks& GetMarks() const { return *marks; }
+  /// Hears of each text that the chart takes on; null for nobody.
+  void SetTextListener(std::function<void(const SharedText&)> hears) {
+    textListener = std::move(hears);
+  }
+  /// The chart has another text now.
+  void TellText(const SharedText& text) const {
+    if (textListener) textListener(text);
+  }
   KeyboardWalk& GetWalk() const { return *walk; }
   const ViewGeometry& GetGeometry() const { return *geometry; }
   Pasting& GetPasting() const { return *pasting; }
@@ -129,6 +141,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnMenuKey() override;
   void OnSetCursor() override;
   bool OnKeyDown(VirtualKey key, unsigned flags) override;
+  std::string TipAt(POINT client) const override;
   bool OnCommand(unsigned id) override;
   CommandState OnUpdateCommand(unsigned id) override;
   void OnZoom(int steps, POINT client) override;
@@ -179,6 +192,8 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<Nudge> nudge;
   std::unique_ptr<Pasting> pasting;
   std::unique_ptr<InPlaceEdit> inPlace;
+  std::unique_ptr<ObjectMarks> marks;
+  std::function<void(const SharedText&)> textListener;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;
   ChartBrowser* objectTree = nullptr;

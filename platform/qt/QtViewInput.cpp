@@ -3,6 +3,8 @@
 #include <QContextMenuEvent>
 #include <QCursor>
 #include <QPointer>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
@@ -379,6 +381,14 @@ bool QtView::event(QEvent* event) {
 }
 
 bool QtView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QPoint at = help->pos();
+    const std::string tip = view != nullptr && !waiting ? view->TipAt({at.x(), at.y()}) : "";
+    const QString shown = tip.empty() ? QString() : Qt::convertFromPlainText(ToQString(tip));
+    QToolTip::showText(help->globalPos(), shown, viewport());
+    return true;
+  }
   if (event->type() == QEvent::Leave) {
     pointerInside = false;
     FollowButtons(QGuiApplication::mouseButtons());

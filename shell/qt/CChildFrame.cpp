@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "checks/ChartProblems.h"
 #include "persistence/CDocument.h"
 #include "persistence/DocumentManager.h"
 #include "platform/CScrollView.h"
@@ -58,7 +59,14 @@ QSize CChildFrame::sizeHint() const { return kNormalSize; }
 
 CScrollView* CChildFrame::View() const { return viewWidget->View(); }
 
+void CChildFrame::FollowProblems(ProblemChecker& checker, std::function<void()> changed) {
+  auto* chart = dynamic_cast<LayoutMgr*>(View());
+  if (chart == nullptr) return;
+  problems = std::make_unique<ChartProblems>(*chart, checker, std::move(changed));
+}
+
 void CChildFrame::Detach() {
+  problems.reset();
   objectBrowser->Detach();
   viewWidget->Detach();
   document = nullptr;

@@ -1,13 +1,18 @@
 #pragma once
 
+#include <functional>
+#include <memory>
+
 #include <QMdiSubWindow>
 
 namespace morvane {
 
 class DocumentManager;
 class CDocument;
+class ChartProblems;
 class CScrollView;
 class ObjectBrowserPane;
+class ProblemChecker;
 class NoticeBar;
 class QtView;
 
@@ -23,6 +28,11 @@ class CChildFrame : public QMdiSubWindow {
   CDocument* Document() const { return document; }
   CScrollView* View() const;
   QtView* Window() const { return viewWidget; }
+  /// From now on knows what is wrong with the chart, and calls back whenever that changes. The
+  /// checker has to outlive this window.
+  void FollowProblems(ProblemChecker& checker, std::function<void()> changed);
+  /// Null where nothing is known.
+  const ChartProblems* Problems() const { return problems.get(); }
   ObjectBrowserPane& ObjectBrowser() { return *objectBrowser; }
   /// Shows the title of the document.
   void UpdateTitle();
@@ -45,6 +55,7 @@ class CChildFrame : public QMdiSubWindow {
   QtView* viewWidget;
   NoticeBar* notices;
   ObjectBrowserPane* objectBrowser;
+  std::unique_ptr<ChartProblems> problems;
   bool ready = false;
 };
 

@@ -14,6 +14,7 @@
 #include <QShortcut>
 #include <QStatusBar>
 
+#include "checks/ChartProblems.h"
 #include "drawing/qt/QtText.h"
 #include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
@@ -31,6 +32,7 @@
 #include "shell/qt/CommandMenu.h"
 #include "shell/qt/FrameState.h"
 #include "shell/qt/LockIndicators.h"
+#include "shell/qt/ProblemsPane.h"
 #include "shell/qt/WindowTitle.h"
 #include "shell/qt/ZoomBar.h"
 
@@ -88,6 +90,7 @@ CMainFrame::CMainFrame(Factories factories) : area(new QMdiArea(this)) {
   CreateMenus();
   CreateBars();
   CreateChartBrowser();
+  CreateProblems();
   CreateKeys();
   connect(area, &QMdiArea::subWindowActivated, this, [this] { OnActivated(); });
   OnActivated();
@@ -164,6 +167,8 @@ void CMainFrame::CreateBars() {
   statusText = new QLabel(this);
   statusText->setTextFormat(Qt::PlainText);
   statusBar()->addWidget(statusText);
+  problemCount = new QLabel(this);
+  statusBar()->addPermanentWidget(problemCount);
   zoomBar = new ZoomBar(*this, statusBar());
   statusBar()->addPermanentWidget(zoomBar);
   new LockIndicators(statusBar());
@@ -176,6 +181,39 @@ void CMainFrame::CreateChartBrowser() {
   chartBrowser = new ChartBrowserPane(open, this);
   addDockWidget(Qt::RightDockWidgetArea, chartBrowser);
   chartBrowser->SelectStoredFolder();
+}
+
+void CMainFrame::CreateProblems() {
+  const auto choose = [this](const Problem& problem) {
+    if (const ChartProblems* known = ReachableProblems()) known->Show(problem);
+  };
+  const auto fix = [this](const Problem& problem) {
+    if (const ChartProblems* known = ReachableProblems()) known->Fix(problem);
+  };
+  problems = new ProblemsPane({choose, fix}, this);
+  addDockWidget(Qt::BottomDockWidgetArea, problems);
+}
+
+void CMainFrame::ShowProblems() {
+  const CChildFrame* child = ActiveChild();
+  const ChartProblems* known = child != nullptr ? child->Problems() : nullptr;
+  const std::vector<Problem> found = known != nullptr ? known->Problems() : std::vector<Problem>();
+  std::vector<ProblemsPane::Row> rows;
+  for (const Problem& problem : found) rows.push_back({problem, known->FixFor(problem)});
+  problems->Show(std::move(rows));
+  const auto errors = std::ranges::count(found, Problem::Severity::Error, &Problem::severity);
+  const auto warnings = std::ssize(found) - errors;
+  QStringList counts;
+  if (errors > 0) counts << ToQString(WithName(Translate("Errors: %1"), std::to_string(errors)));
+  if (warnings > 0) {
+    counts << ToQString(WithName(Translate("Warnings: %1"), std::to_string(warnings)));
+  }
+  problemCount->setText(counts.join("  "));
+}
+
+const ChartProblems* CMainFrame::ReachableProblems() const {
+  const CChildFrame* child = ActiveChild();
+  return child != nullptr && !IsBusy() ? child->Problems() : nullptr;
 }
 
 QMenu* CMainFrame::createPopupMenu() {
@@ -204,6 +242,7 @@ void CMainFrame::OnActivated() {
   }
   if (forChart != chartMenuShown) ShowMenu(forChart);
   ShowTitle();
+  ShowProblems();
   RefreshBars();
   TellListener();
 }
@@ -249,7 +288,9 @@ CChildFrame* CMainFrame::FrameOf(const CDocument& document) const {
 }
 
 void CMainFrame::CreateFrame(CDocument& document) {
-  area->addSubWindow(new CChildFrame(document, *manager));
+  auto* child = new CChildFrame(document, *manager);
+  area->addSubWindow(child);
+  child->FollowProblems(checker, [this] { ShowProblems(); });
   // The toolkit takes the mark of the chart that is still shown off the main window.
   ShowTitle();
 }

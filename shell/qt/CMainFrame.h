@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include "checks/ProblemChecker.h"
 #include "codegen/DialogGenerators.h"
 #include "dialogs/DialogEditors.h"
 #include "persistence/DocumentManager.h"
@@ -19,6 +20,8 @@ class QMdiArea;
 namespace morvane {
 
 class ChartBrowserPane;
+class ChartProblems;
+class ProblemsPane;
 class CChildFrame;
 class CommandBar;
 class CommandMenu;
@@ -93,6 +96,11 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   void CreateKeys();
   void CreateBars();
   void CreateChartBrowser();
+  void CreateProblems();
+  /// Lists the problems of the active chart, and counts them in the status bar.
+  void ShowProblems();
+  /// Null without an active chart, and while the user is at something else.
+  const ChartProblems* ReachableProblems() const;
   void ShowMenu(bool forChart);
   void FillWindowList();
   void OnActivated();
@@ -127,6 +135,9 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   CommandBar* toolBar = nullptr;
   CommandBar* drawingBar = nullptr;
   ChartBrowserPane* chartBrowser = nullptr;
+  ProblemChecker checker;
+  ProblemsPane* problems = nullptr;
+  QLabel* problemCount = nullptr;
   QLabel* statusText = nullptr;
   ZoomBar* zoomBar = nullptr;
   bool chartMenuShown = false;

@@ -4,6 +4,7 @@
 #include <QMdiArea>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTreeWidget>
 
 #include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
@@ -17,6 +18,7 @@
 #include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/CommandBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
+#include "shell/qt/ProblemsPane.h"
 #include "surface/LayoutMgr.h"
 
 namespace morvane {
@@ -66,6 +68,7 @@ QWidget* CMainFrame::PartOf(unsigned id) const {
     case ID_OBJECT_BROWSER: return &ActiveChild()->ObjectBrowser();
     case ID_VIEW_TOOLBAR: return toolBar;
     case ID_DRAWING_BAR: return drawingBar;
+    case ID_PROBLEMS: return problems;
     case ID_CHART_BROWSER: return chartBrowser;
     default: return statusBar();
   }
@@ -73,11 +76,15 @@ QWidget* CMainFrame::PartOf(unsigned id) const {
 
 bool CMainFrame::IsPartShown(unsigned id) const { return !PartOf(id)->isHidden(); }
 
-void CMainFrame::ShowPart(unsigned id, bool show) { PartOf(id)->setVisible(show); }
+void CMainFrame::ShowPart(unsigned id, bool show) {
+  if (id == ID_PROBLEMS) return problems->ShowPart(show);
+  PartOf(id)->setVisible(show);
+}
 
 void CMainFrame::FocusPane(int step) {
   CChildFrame* child = ActiveChild();
-  QList<QWidget*> panes{child->Window(), &child->ObjectBrowser().Window(), &chartBrowser->Window()};
+  QList<QWidget*> panes{child->Window(), &child->ObjectBrowser().Window(), &problems->Window(),
+                        &chartBrowser->Window()};
   panes.removeIf([](const QWidget* pane) { return !pane->isVisible(); });
   if (panes.isEmpty()) return;
   const qsizetype present = panes.indexOf(QApplication::focusWidget());

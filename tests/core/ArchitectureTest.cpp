@@ -39,9 +39,11 @@ const std::map<std::string, std::set<std::string>> kFloors = {
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"dialogs", {"resources", "drawing", "platform", "model", "states", "connectors"}},
     {"codegen", {"resources", "drawing", "platform", "model", "persistence", "surface"}},
+    {"checks",
+     {"resources", "drawing", "platform", "model", "states", "connectors", "machine", "surface"}},
     {"shell",
      {"resources", "drawing", "platform", "recovery", "model", "states", "connectors",
-      "persistence", "machine", "generators", "surface", "dialogs", "codegen"}}};
+      "persistence", "machine", "generators", "surface", "dialogs", "codegen", "checks"}}};
 
 /// The name of a path's first folder.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.find('/')); }

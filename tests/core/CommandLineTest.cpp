@@ -28,6 +28,9 @@ TEST_F(CommandLineTest, WrongUseExitsWithTwo) {
                                             {"--help", "me"},
                                             {"-x"},
                                             {"--convert", "a", "b", "c"},
+                                            {"--check"},
+                                            {"--check", "--json"},
+                                            {"--check", chart, "--json"},
                                             {"--generate"},
                                             {"--generate", "c"},
                                             {"--generate", "pascal", chart},
@@ -70,6 +73,45 @@ TEST_F(CommandLineTest, ConvertWritesThePresentVersion) {
     EXPECT_EQ(out.str() + err.str(), "");
     EXPECT_EQ(folder.Read(to), ModelFile::ToDisk(text));
   }
+}
+
+TEST_F(CommandLineTest, CheckSaysWhatIsWrongWithEachFile) {
+  const std::string twins = folder.Write(
+      "twins.mrv", ModelFile::ToDisk(ChartText(StateRecord(1, {0, 0, 20, 20}, "gr\xFC\"n") +
+                                               StateRecord(2, {10, 10, 30, 30}))));
+  const std::string none = folder.Path("none.mrv");
+  EXPECT_EQ(Run({"--check", chart}), 0);
+  EXPECT_EQ(out.str() + err.str(), "");
+  EXPECT_EQ(Run({"--check", chart, twins, none}), 1);
+  EXPECT_EQ(out.str(), twins +
+                           ":4: error: GenericState 1 \"gr\xC3\xBC\"n\" overlaps GenericState 2 "
+                           "\"State\"\n1 error\n" +
+                           none + ": error: No such file or directory\n1 error\n");
+  EXPECT_EQ(Run({"--check", "--json", twins, none}), 1);
+  EXPECT_EQ(out.str(), R"([
+  {
+    "file": ")" + twins + R"(",
+    "problems": [
+      {
+        "severity": "error",
+        "line": 4,
+        "id": 1,
+        "object": "GenericState 1 \"grü\"n\"",
+        "message": "GenericState 1 \"grü\"n\" overlaps GenericState 2 \"State\""
+      }
+    ]
+  },
+  {
+    "file": ")" + none + R"(",
+    "problems": [
+      {
+        "severity": "error",
+        "message": "No such file or directory"
+      }
+    ]
+  }
+]
+)");
 }
 
 TEST_F(CommandLineTest, FailuresNameFileAndReasonAndWriteNothing) {

@@ -108,6 +108,26 @@ TEST_F(InPlace, OpensAtADoubleClickOnANameOrANoteOnly) {
   EXPECT_EQ(window.box->text, "a\r\nb");
 }
 
+TEST_F(InPlace, GivesATransitionItsMessageWithTheFirstLetter) {
+  delete FindShape(*chart, 4);
+  chart->TakeSnapshot();
+  Select(3);
+  const std::string before = chart->ModelText();
+  for (const bool keep : {false, true}) {
+    Return();
+    ASSERT_TRUE(window.box);
+    window.box->text = "go";
+    chart->OnTextBoxLeft(keep);
+    EXPECT_EQ(chart->ModelText() != before, keep);
+  }
+  const Mesg* made = Find<Transition>(*chart, 3)->GetMesg();
+  ASSERT_NE(made, nullptr);
+  EXPECT_EQ(made->GetText().GetEvent(), "go");
+  EXPECT_TRUE(made->IsAligned());
+  Undo();
+  EXPECT_EQ(chart->ModelText(), before);
+}
+
 TEST_F(InPlace, RefusesAnEmptyEventAndNamesANamelessState) {
   ScriptedMessageBoxes boxes;
   Select(4);

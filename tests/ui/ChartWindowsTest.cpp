@@ -49,7 +49,7 @@ TEST_F(ChartWindows, WhatCanBeChosenFollowsTheCharts) {
             "/ Replace|Model Propert&ies|"
             "&Default Settings|Prefere&nces|&State|&Initial State|&Final "
             "State|&Note|&Line|T&ransition|&Refresh|Zoom &In|"
-            "Zoom &Out|Object Browser|&Toolbar|Drawing Toolbar|Chart Browser|&Status Bar|"
+            "Zoom &Out|Object Browser|&Problems|&Toolbar|Drawing Toolbar|Chart Browser|&Status Bar|"
             "&Properties|Generate C++ File|Generate C File|Generate C# File|Generate Java File|"
             "Generate XML File|&Cascade|&Tile|&Arrange Icons|User Guide (PDF)|Tutorial (PDF)|"
             "Morvane on Web|&About Morvane...|");
@@ -174,6 +174,7 @@ TEST_F(ChartWindows, ThePanesAreAsWideAsTheirTitles) {
   Open();
   for (QDockWidget* pane : frame->findChildren<QDockWidget*>()) {
     pane->setWindowTitle(pane->windowTitle() + " of all that there is");
+    pane->show();
     KeepTitleWhole(*pane);
     QApplication::processEvents();
     QStyleOptionDockWidget option;
