@@ -134,10 +134,12 @@ bool QuickFix::AddInitialState(std::int32_t id) {
   constexpr std::int32_t gap = 8;
   const POINT corner = TopLeft(beginning->GetBounds());
   const POINT above{corner.x, std::max(SubSat(corner.y, gap), 0)};
+  constexpr std::int32_t around = 60;
   const RECT all{0, 0, ChartView::kLargestChart, ChartView::kLargestChart};
+  const RECT holderArea = holder != nullptr ? holder->GetBounds() : all;
+  const RECT area = IntersectRect(holderArea, InflateRect(beginning->GetBounds(), around));
   const std::optional<POINT> place =
-      FindFreePlace(model, SIZE{size.right, size.bottom},
-                    holder != nullptr ? holder->GetBounds() : all, above, holder);
+      FindFreePlace(model, SIZE{size.right, size.bottom}, area, above, holder);
   if (!place) return false;
   auto made = std::make_unique<InitialState>(model.NextId(), &chart, size + *place);
   InitialState* mark = made.get();

@@ -20,6 +20,8 @@ struct Problem {
   /// How the message names the object; empty if it is none of one object.
   std::string object{};
   Remedy remedy = Remedy::None;
+
+  friend bool operator==(const Problem&, const Problem&) = default;
 };
 
 bool HasErrors(const std::vector<Problem>& problems);

@@ -1,5 +1,6 @@
 #include "model/CRectTracker.h"
 
+#include <algorithm>
 #include <array>
 
 #include "drawing/CDC.h"
@@ -11,6 +12,9 @@
 namespace morvane {
 
 namespace {
+
+/// A handle is taken from so far outside the rectangle, too, pixels.
+constexpr std::int32_t kHandleReach = 3;
 
 /// The rectangle with the sides of a handle, or all of it, moved by a distance.
 RECT Dragged(const RECT& r, int handle, POINT by) {
@@ -55,12 +59,14 @@ void CRectTracker::Draw(CDC& dc) const {
 
 int CRectTracker::HitTest(POINT p) const {
   const RECT r = GetTrueRect();
-  if (!PtInRect(r, p)) return kNothing;
+  if (!PtInRect(InflateRect(r, kHandleReach), p)) return kNothing;
+  const POINT nearest{std::clamp(p.x, r.left, std::max(r.left, r.right - 1)),
+                      std::clamp(p.y, r.top, std::max(r.top, r.bottom - 1))};
   const unsigned mask = GetHandleMask();
   for (int handle = 0; handle < kHandleCount; ++handle) {
-    if ((mask & (1U << handle)) != 0 && PtInRect(GetHandleRect(handle), p)) return handle;
+    if ((mask & (1U << handle)) != 0 && PtInRect(GetHandleRect(handle), nearest)) return handle;
   }
-  return kInside;
+  return PtInRect(r, p) ? kInside : kNothing;
 }
 
 bool CRectTracker::SetCursor(CWnd& window, POINT p) const {

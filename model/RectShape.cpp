@@ -59,7 +59,9 @@ void RectShape::GetExtent(std::int32_t& right, std::int32_t& bottom) const {
 
 RECT RectShape::DeviceRect() const { return view->ToClient(rect); }
 
-bool RectShape::HitTest(const POINT& client) const { return PtInRect(DeviceRect(), client); }
+bool RectShape::HitTest(const POINT& client) const {
+  return PtInRect(DeviceRect(), client) || IsOnHandle(client);
+}
 
 bool RectShape::HitTestNear(const POINT& model) const {
   return PtInRect(InflateRect(rect, kNearReach), model);
@@ -148,7 +150,7 @@ void RectShape::LimitResize(RECT& device) const {
   device = view->ToDevice(view->ToModel(device));
 }
 
-bool RectShape::IsOnHandle(POINT client) {
+bool RectShape::IsOnHandle(POINT client) const {
   if (!tracker || !IsInSelection()) return false;
   // The shape may have moved since it was painted.
   tracker->rect = DeviceRect();

@@ -59,14 +59,15 @@ class RectShape : public Shape {
 
  protected:
   /// The shape is selected and a client point lies on one of its handles.
-  bool IsOnHandle(POINT client);
+  bool IsOnHandle(POINT client) const;
   void ChangeRect(const RECT& r, bool sized);
   void LimitResize(RECT& device) const;
   void ShowGhost(POINT offset);
 
   RECT rect;
-  SelectionMove* drag = nullptr;       ///< while the shape is dragged
-  std::optional<RectTracker> tracker;  ///< once the shape stands on a chart
+  SelectionMove* drag = nullptr;  ///< while the shape is dragged
+  /// Once the shape stands on a chart. Its rectangle follows the shape when it is asked for.
+  mutable std::optional<RectTracker> tracker;
 };
 
 }  // namespace morvane

@@ -88,9 +88,9 @@ xdotool mouseup 1
 click 8 60
 away
 part door1 20 6 104 66
-click 43 14
-key alt+Return
-dialog door-state
+double 43 14
+part door-name 20 6 64 34
+key Escape
 quit
 
 open "$charts/Door2.mrv"
@@ -107,7 +107,7 @@ quit
 open "$charts/Door3.mrv"
 away
 part door3 2 6 120 66
-double 73 14
+double 28 37
 dialog door-event
 key Escape
 click 103 60

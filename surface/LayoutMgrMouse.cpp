@@ -70,7 +70,10 @@ void LayoutMgr::OnDeactivate() {
   if (tools->IsRunning()) tools->EndToolDrag();
 }
 
-bool LayoutMgr::EditInPlace(Shape& shape) { return inPlace->Begin(shape); }
+bool LayoutMgr::EditInPlace(Shape& shape) {
+  connections->HideHover();
+  return inPlace->Begin(shape);
+}
 
 void LayoutMgr::OnTextBoxLeft(bool keep) { inPlace->End(keep); }
 

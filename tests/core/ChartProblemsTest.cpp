@@ -66,6 +66,44 @@ TEST_F(ChartProblemsTest, OfSeveralChangesTheLastCountsAndAnEmptySheetIsNoMistak
   EXPECT_EQ(TextAt({30, 10}), "");
 }
 
+TEST_F(ChartProblemsTest, QuickFixesLeaveNothingOfTheirProblemAsOneStep) {
+  const std::string start = InitialRecord(1, {2, 12, 6, 16}) +
+                            StateRecord(2, {17, 6, 27, 14}, "A") + TransitionRecord(3, 1, 2);
+  struct Case {
+    const char* what;
+    std::string records;
+    std::size_t before;
+  };
+  const Case cases[] = {
+      {"Add an initial state", StateRecord(1, {10, 2, 30, 22}) + StateRecord(2, {60, 2, 80, 22}),
+       1},
+      {"Attach the free end",
+       start + StateRecord(4, {17, 28, 27, 36}, "B") +
+           TransitionRecord(5, 2, 0, "3 1 1 2", "2 22 14 22 15 \n0 22 15 22 23 \n3 22 23 22 24 \n"),
+       1},
+      {"Give the state a name of its own",
+       start + StateRecord(4, {17, 24, 27, 32}, "A") + TransitionRecord(5, 2, 4), 1},
+      {"Delete the message", start + MesgRecord(9, 77, {40, 40, 50, 46}), 1},
+  };
+  for (const Case& each : cases) {
+    Change(each.records);
+    CatchUp(each.before);
+    const Problem problem = problems->Problems().front();
+    EXPECT_EQ(problems->FixFor(problem), each.what) << problem.message;
+    const std::string before = chart->ModelText();
+    problems->Fix(problem);
+    EXPECT_NE(chart->ModelText(), before) << each.what;
+    queue.RunUntil([&] { return problems->Problems() != std::vector{problem}; });
+    for (const Problem& left : problems->Problems()) EXPECT_NE(left.remedy, problem.remedy);
+    chart->OnCommand(ID_EDIT_UNDO);
+    EXPECT_EQ(chart->ModelText(), before) << each.what;
+    queue.RunUntil([&] { return problems->Problems() == std::vector{problem}; });
+    Change("");
+    CatchUp(0);
+  }
+  EXPECT_EQ(problems->FixFor({.message = "lost", .remedy = Problem::Remedy::None}), "");
+}
+
 TEST_F(ChartProblemsTest, WhatIsFoundTooLateIsLost) {
   Change(twins);
   problems.reset();

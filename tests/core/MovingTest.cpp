@@ -299,6 +299,20 @@ TEST_F(Moving, AnyMoveOfAnySelectionCanBeUndone) {
   EXPECT_GT(along, 20);
 }
 
+TEST_F(Moving, AHandleIsTakenFromALittleOutsideToo) {
+  const RECT before = BoxOf(9);
+  for (const int outside : {-2, 0, 2}) {
+    Show(chart.ModelText());
+    Select({9});
+    const POINT corner = BottomRight(chart.ToClient(BoxOf(9))) + POINT{outside, outside};
+    window.Move(corner + POINT{60, 60});
+    window.Release(corner + POINT{60, 60});
+    chart.OnLButtonDown(MK_LBUTTON, corner);
+    EXPECT_EQ(BoxOf(9), RECT(before.left, before.top, before.right + 10, before.bottom + 10));
+    chart.OnCommand(ID_EDIT_UNDO);
+  }
+}
+
 }  // namespace
 
 }  // namespace morvane
