@@ -44,8 +44,11 @@ void Check(const Case& c) {
 }
 
 /// A chart in which all is well with the first four objects.
-std::string Sound(const std::string& more) {
-  return "initial 1\nstate 2 A\nstate 3 B\narrow 4 1 2\narrow 5 2 3\nmessage 6 5 go\n" + more;
+void CheckSound(const Case& c) {
+  const std::string sketch =
+      std::string("initial 1\nstate 2 A\nstate 3 B\narrow 4 1 2\narrow 5 2 3\nmessage 6 5 go\n") +
+      c.sketch;
+  Check({sketch.c_str(), c.said, c.line});
 }
 
 TEST(BrokenCharts, SayWhichObjectsDoNotNest) {
@@ -82,10 +85,7 @@ TEST(BrokenCharts, SayWhichReferencesLeadNowhere) {
       {"message 7 3 stop", "warning: Mesg 7 belongs to no transition\n"},
   };
   Check(cases[0]);
-  for (const Case& c : std::span(cases).subspan(1)) {
-    const std::string sketch = Sound(c.sketch);
-    Check({sketch.c_str(), c.said, c.line});
-  }
+  for (const Case& c : std::span(cases).subspan(1)) CheckSound(c);
 }
 
 TEST(BrokenCharts, SayWhereTheyDoNotBegin) {
@@ -144,10 +144,7 @@ TEST(BrokenCharts, SayWhichTriggersHaveNoMeaning) {
        "error: Transition 8 leaves GenericState 3 \"B\" on no event without a guard, "
        "like Transition 7\n"},
   };
-  for (const Case& c : cases) {
-    const std::string sketch = Sound(c.sketch);
-    Check({sketch.c_str(), c.said, c.line});
-  }
+  for (const Case& c : cases) CheckSound(c);
 }
 
 TEST(BrokenCharts, SayWhereATextIsLeftOpen) {
@@ -163,10 +160,7 @@ TEST(BrokenCharts, SayWhereATextIsLeftOpen) {
       {"message 7 4  |  | f(];", "error: Mesg 7 has a \"]\" in its effect that closes nothing\n",
        "f(];"},
   };
-  for (const Case& c : cases) {
-    const std::string sketch = Sound(c.sketch);
-    Check({sketch.c_str(), c.said, c.line});
-  }
+  for (const Case& c : cases) CheckSound(c);
 }
 
 TEST(BrokenCharts, WarnOfWhatIsNeverUsed) {
@@ -193,10 +187,7 @@ TEST(BrokenCharts, WarnOfWhatIsNeverUsed) {
        "arrow 17 11 12\narrow 18 7 3\nmessage 19 18 off",
        "warning: GenericState 12 \"F\" is never entered\n"},
   };
-  for (const Case& c : cases) {
-    const std::string sketch = Sound(c.sketch);
-    Check({sketch.c_str(), c.said, c.line});
-  }
+  for (const Case& c : cases) CheckSound(c);
 }
 
 TEST(BrokenCharts, GoByPhasesAndByLines) {
