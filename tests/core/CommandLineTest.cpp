@@ -46,21 +46,6 @@ TEST_F(CommandLineTest, WrongUseExitsWithTwo) {
     EXPECT_NE(err.str(), "");
   }
   EXPECT_FALSE(std::filesystem::exists(folder.Path("x.gif")));
-  // What opens a window.
-  const struct {
-    std::vector<std::string> arguments;
-    const char* file;
-    bool newInstance;
-  } windows[] = {{{}, "", false},
-                 {{"a.mrv"}, "a.mrv", false},
-                 {{"--new-instance"}, "", true},
-                 {{"--new-instance", "a.mrv"}, "a.mrv", true}};
-  for (const auto& [arguments, file, newInstance] : windows) {
-    const CommandLine line = CommandLine::Parse(arguments);
-    EXPECT_FALSE(line.IsJob());
-    EXPECT_EQ(line.File(), file);
-    EXPECT_EQ(line.IsNewInstance(), newInstance);
-  }
 }
 
 TEST_F(CommandLineTest, ConvertWritesThePresentVersion) {

@@ -139,29 +139,6 @@ TEST(ModelFile, LineEndsOnDisk) {
   EXPECT_EQ(ModelFile::ToDisk("a\nb\r\n"), "a\r\nb\r\r\n");
 }
 
-TEST(ModelStream, NumbersAreReadAsTheStandardStreamsReadThem) {
-  const char* const inputs[] = {
-      "12 ",    "-12 ",   "+7",    "",          "x",   "-",      "32767",  "32768",
-      "-32768", "-32769", "65535", "65536",     "-1 ", "-65535", "-65536", "99999999999999999999",
-      "0x10",   "007",    "  5,",  "2147483648"};
-  for (const char* input : inputs) {
-    const auto compare = [&](auto value) {
-      auto wanted = value;
-      std::istringstream theirs(input);
-      std::istringstream ours(input);
-      theirs >> wanted;
-      ModelStream stream(ours);
-      stream >> value;
-      EXPECT_EQ(value, wanted) << input;
-      EXPECT_EQ(ours.rdstate(), theirs.rdstate()) << input;
-    };
-    compare(std::int16_t{0});
-    compare(std::uint16_t{0});
-    compare(std::int32_t{0});
-    compare(std::uint32_t{0});
-  }
-}
-
 }  // namespace
 
 }  // namespace morvane
