@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include "platform/InstallFolder.h"
+#include "platform/PathSearch.h"
 #include "platform/Process.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/FullDisk.h"
@@ -28,6 +29,27 @@ TEST(InstallFolder, CutsAtTheLastFolderNamedBin) {
       {"/home/robin/morvane", "/HOME/ROBIN/MORVANE"},
       {"", ""}};
   for (const auto& [program, folder] : cases) EXPECT_EQ(InstallFolderOf(program), folder);
+}
+
+TEST(PathSearch, TakesWhatBelongsToTheProgramFromItsOwnFolder) {
+  const std::vector<std::string> files = {
+      "/home/robin/SRC/Docs/Guide.pdf", "/home/robin/src/bin/_sp.mo", "/home/robin/Src/bin/_sp.mo",
+      "/home/robin/Src/Docs/Guide.pdf", "/HOME/ROBIN/SRC/BIN/_SP.MO"};
+  const auto namesIn = [&](const std::string& folder) {
+    std::vector<std::string> names;
+    for (const std::string& file : files) {
+      if (!file.starts_with(folder)) continue;
+      names.push_back(file.substr(folder.size(), file.find('/', folder.size()) - folder.size()));
+    }
+    return names;
+  };
+  const auto isFile = [&](const std::string& path) { return std::ranges::count(files, path) != 0; };
+  const PathSearch search("/home/robin/Src/bin/morvane", namesIn, isFile);
+  for (const char* name : {"bin/_sp.mo", "BIN\\_SP.MO"}) {
+    EXPECT_EQ(search.Find("/HOME/ROBIN/SRC/" + std::string(name)), "/home/robin/Src/bin/_sp.mo");
+  }
+  EXPECT_EQ(search.Find("/HOME/ROBIN/SRC/Docs/Guide.pdf"), "/home/robin/Src/Docs/Guide.pdf");
+  EXPECT_EQ(search.Find("/home/robin/src/bin/_sp.mo"), "/home/robin/src/bin/_sp.mo");
 }
 
 TEST(Files, AreFoundWithoutRegardToCaseAsTheyAreWanted) {

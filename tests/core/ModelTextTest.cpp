@@ -134,6 +134,13 @@ TEST(ModelText, OlderVersionsLackWhatCameLater) {
   }
 }
 
+TEST(ModelText, OfTwoObjectsWithOneIdTheLaterKeepsItWhenTheOtherGoes) {
+  const auto chart =
+      LoadChart(ChartText(StateRecord(2, {40, 10, 60, 30}) + StateRecord(2, {70, 10, 90, 30})));
+  delete chart->GetModel().Objects().front();
+  EXPECT_EQ(FindShape(*chart, 2), chart->GetModel().Objects().front());
+}
+
 TEST(ModelFile, LineEndsOnDisk) {
   EXPECT_EQ(ModelFile::FromDisk("a\r\nb\nc\r\r\n\rd\r"), "a\nb\nc\r\n\rd\r");
   EXPECT_EQ(ModelFile::ToDisk("a\nb\r\n"), "a\r\nb\r\r\n");

@@ -94,6 +94,9 @@ TEST_F(Print, ToFitPutsTheCornerOnTheEdgeOfOnePage) {
   const POINT corner = Printed(*chart)[0].mapping.ToDevice(POINT{3000, 1200});
   EXPECT_EQ(corner.x, 4960);
   EXPECT_LT(corner.y, 7016);
+  const auto tall = ChartTo({200, 1500});
+  PrintToFit(*tall);
+  EXPECT_EQ(Printed(*tall).at(0).mapping.ToDevice(POINT{1200, 9000}).y, 7016);
   // Without an extent there is nothing to fit.
   const auto empty = LoadChart(ChartText(""));
   PrintToFit(*empty);

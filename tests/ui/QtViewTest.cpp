@@ -31,6 +31,12 @@ class QtViewTest : public testing::Test {
   std::unique_ptr<QtView> widget = std::make_unique<QtView>(view);
 };
 
+TEST_F(QtViewTest, WhatComesIntoSightByAResizeIsPainted) {
+  widget->resize(260, 180);
+  QApplication::processEvents();
+  EXPECT_EQ(widget->Picture().pixel(250, 170), 0xFFFF0000);
+}
+
 TEST_F(QtViewTest, MouseAndKeysReachTheView) {
   SendMouse(Area(), QEvent::MouseMove, {3, 4}, Qt::NoButton);
   SendMouse(Area(), QEvent::MouseButtonPress, {5, 6}, Qt::LeftButton, Qt::ShiftModifier);
