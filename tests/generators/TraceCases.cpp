@@ -14,9 +14,23 @@ std::string Repeat(int times, const std::string& text) {
   return all;
 }
 
+Sketch Completing() {
+  return Sketch()
+      .State("P")
+      .State("A", "P")
+      .Final("P")
+      .State("B")
+      .State("C")
+      .Initial("", "P")
+      .Initial("P", "A")
+      .On("A", "X", "Final");
+}
+
 }  // namespace
 
 std::vector<RigCase> TraceCases() {
+  const std::string toFinal =
+      "take 101|enter P|take 102|enter A|event X|exit A|take 103|enter PFinal|say asked|";
   const std::string in = "take 101|enter A|event X|";
   return {
       {"Histories",
@@ -41,6 +55,25 @@ std::vector<RigCase> TraceCases() {
        "enter Q|take 103|enter B|event Y|exit B|take 107|enter C|event X|exit C|exit Q|exit P|"
        "take 105|enter R|event X|exit R|take 104|enter P|enter Q|enter C|take 101|enter R|event X|"
        "exit R|take 104|enter P|take 102|enter A"},
+      {"CompletionOnce", Completing().On("P", "", "B", "Asked()").On("B", "Y", "C"), "START X Y",
+       toFinal + "event Y|ignored Y"},
+      {"CompletionByHistory",
+       Completing()
+           .History("P")
+           .On("P", "", "B", "Asked()")
+           .On("P", "Y", "B", "", "++n;")
+           .On("B", "Y", "P"),
+       "START X Y Y",
+       toFinal + "event Y|exit PFinal|exit P|take 105|enter B|event Y|exit B|take 106|enter P|"
+                 "enter PFinal|say asked|exit PFinal|exit P|take 104|enter B"},
+      {"AfterIgnored",
+       Sketch()
+           .State("A")
+           .State("B")
+           .Initial("", "A")
+           .On("A", "", "B", "Asked()")
+           .On("B", "X", "A"),
+       "START X", "take 101|enter A|say asked|event X|ignored X|say asked"},
       {"Circle", Sketch().State("A").State("B").Initial("", "A").On("A", "", "B").On("B", "", "A"),
        "START",
        "take 101|enter A" + Repeat(500, "|exit A|take 102|enter B|exit B|take 103|enter A")},

@@ -69,15 +69,6 @@ TEST_F(RecoveryWindowTest, RowsGoAsTheyAreDoneAndTheWindowWithTheLast) {
   EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(RecoveryWindowTest, EscapeLeavesTheRowsInTheList) {
-  RecoveryList list(Offers(2), {});
-  RecoveryWindow window(list);
-  window.show();
-  SendKey(window, Qt::Key_Escape);
-  EXPECT_FALSE(window.isVisible());
-  EXPECT_EQ(list.Rows().size(), 2U);
-}
-
 TEST_F(RecoveryWindowTest, APictureShowsTheChartAtAnyScaleAndDamageShowsNone) {
   const std::string lift = [] {
     std::string text;
