@@ -70,7 +70,7 @@ open "$root/Examples/Lift/Lift.mrv"
 away
 whole window
 area tools 604 40 262 31
-for y in 189 153; do # opens two nodes of the object browser
+for y in 171 153; do # opens two nodes of the object browser
   xdotool mousemove 9 "$y" click 1
   settle
 done
@@ -88,12 +88,14 @@ xdotool mouseup 1
 click 8 60
 away
 part door1 20 6 104 66
-click 43 14 3
-key Down Return
+click 43 14
+key alt+Return
 dialog door-state
 quit
 
 open "$charts/Door2.mrv"
+away
+whole problems
 press 11.800 20
 for x in 13 16 20 24 27 28; do point "$x" 20; done
 settle
@@ -127,8 +129,8 @@ double 103 20
 dialog entryexit
 key Escape
 click 8 60
-click 103 14 3
-key Down Return
+click 103 14
+key alt+Return
 dialog state
 key Escape
 click 8 60

@@ -173,10 +173,9 @@ void CodeBox::keyPressEvent(QKeyEvent* event) {
   const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
   const bool back =
       event->key() == Qt::Key_Backtab || (event->modifiers() & Qt::ShiftModifier) != 0;
-  if (event->key() == Qt::Key_Escape) {
-    event->ignore();  // it is the dialog's
-  } else if (isTab && (event->modifiers() & Qt::ControlModifier) != 0) {
-    QWidget::focusNextPrevChild(!back);
+  const bool leaves = isTab && (event->modifiers() & Qt::ControlModifier) != 0;
+  if (leaves || event->key() == Qt::Key_Escape) {
+    event->ignore();  // for the dialog
   } else if (isTab && hasSelectedText() && !isReadOnly()) {
     ShiftSelectedLines(back);
   } else if (isTab && back) {

@@ -13,8 +13,8 @@ namespace morvane {
 class CodeLexer;
 
 /// An editor of code: colours of the language, matching braces, indentation by Tab and Shift+Tab
-/// and after Return. Ctrl+Tab and Ctrl+Shift+Tab leave it. It has room for so many letters and
-/// lines.
+/// and after Return. Ctrl+Tab, Ctrl+Shift+Tab and Escape are left to the dialog around it. It has
+/// room for so many letters and lines.
 class CodeBox : public QsciScintilla {
   Q_OBJECT
 

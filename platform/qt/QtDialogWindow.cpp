@@ -205,10 +205,16 @@ void QtDialogWindow::PressDefault() {
 bool QtDialogWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
   const auto& key = static_cast<const QKeyEvent&>(*event);
-  if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::ControlModifier) return false;
-  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
-  PressDefault();
-  return true;
+  if ((key.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) != Qt::ControlModifier) {
+    return false;
+  }
+  switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: PressDefault(); return true;
+    case Qt::Key_Tab: focusNextPrevChild(true); return true;
+    case Qt::Key_Backtab: focusNextPrevChild(false); return true;
+    default: return false;
+  }
 }
 
 bool QtDialogWindow::MayDiscard() {
