@@ -22,6 +22,7 @@ class FakeWindow : public WindowPeer {
 
   void Move(POINT p) { queue.push_back({Message::Kind::MouseMove, p}); }
   void Release(POINT p) { queue.push_back({Message::Kind::LButtonUp, p}); }
+  void Key(VirtualKey key) { queue.push_back({Message::Kind::KeyDown, {}, 0, key}); }
   /// Every message has been read.
   bool IsDrained() const { return queue.empty(); }
   /// How many things show over the picture.
