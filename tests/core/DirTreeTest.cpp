@@ -1,6 +1,5 @@
 #include "platform/Folders.h"
 #include "shell/CDirTreeCtrl.h"
-#include "shell/CSortStringArray.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/TreeRows.h"
 
@@ -20,13 +19,11 @@ class TestDrives : public Folders {
   Rows Drives() override { return drives; }
   void Visit(const std::string& folder, const Visitor& visitor) override {
     ++visits;
-    if (folder == unreadable) return;
     Folders::Default().Visit(folder, visitor);
   }
   bool IsFolder(const std::string& path) override { return Folders::Default().IsFolder(path); }
 
   Rows drives;
-  std::string unreadable;
   int visits = 0;
 
  private:
@@ -51,16 +48,6 @@ class DirTree : public testing::Test {
   TestDrives drives{{root.Root().string() + "/"}};
   CDirTreeCtrl tree;
 };
-
-TEST(SortStringArray, TheOrderOfArrivalDoesNotMatter) {
-  Rows names = {"/A", "/a", "/a.b", "/AB", "/B", "/b"};
-  do {
-    CSortStringArray sorted;
-    for (const std::string& name : names) sorted.Add(name);
-    sorted.SortStrings();
-    ASSERT_EQ(sorted.Strings(), (Rows{"/A", "/a", "/a.b", "/AB", "/B", "/b"}));
-  } while (std::next_permutation(names.begin(), names.end()));
-}
 
 TEST_F(DirTree, FoldersComeBeforeChartFilesEachInOrder) {
   for (const char* name : {"beta", "Alpha", "_x", "empty"}) Folder(name);
@@ -131,16 +118,6 @@ TEST_F(DirTree, SelectsAFolderByItsPath) {
   Folder("Charts/Lift/later");
   EXPECT_TRUE(tree.SelectPath(root.Path("Charts/Lift")));
   EXPECT_NE(FindRow(tree, "later"), nullptr);
-}
-
-TEST_F(DirTree, SelectsAFolderThatItsParentDoesNotTell) {
-  Folder("closed/Charts/Lift");
-  Folder("CLOSED");
-  drives.unreadable = root.Path("closed");
-  ASSERT_TRUE(tree.InitTree(true));
-  EXPECT_TRUE(tree.SelectPath(root.Path("closed/Charts/LIFT")));
-  EXPECT_EQ(tree.PathOfItem(*tree.Selected()), root.Path("closed/Charts/Lift"));
-  EXPECT_FALSE(tree.SelectPath(root.Path("closed/gone")));
 }
 
 TEST_F(DirTree, PathsBeginAtTheInnermostDrive) {

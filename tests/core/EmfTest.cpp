@@ -1,4 +1,3 @@
-#include "drawing/EmfWriter.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/EmfReader.h"
 #include "tests/support/FakeClipboard.h"
@@ -6,33 +5,6 @@
 namespace morvane {
 
 namespace {
-
-TEST(Emf, TextsKeepTheirLettersClipAndAdvances) {
-  NullDC reference;
-  CMetaFileDC dc(reference);
-  CFont font;
-  font.height = -10;
-  dc.SelectFont(font);
-  const RECT clip{0, 0, 12, 8};
-  dc.TextOut({3, 4}, "a\xF0\x9F\x98\x80", &clip);
-  const EmfReader reader(EmfWriter::Encode(dc.Close(), reference, "Program"));
-  reader.CheckFrame();
-  ASSERT_EQ(reader.CountOf(EmfReader::kExtTextOut), 1U);
-  std::size_t record = 0;
-  while (reader.TypeOf(record) != EmfReader::kExtTextOut) ++record;
-  const std::size_t at = reader.offsets[record];
-  const auto number = [&](std::size_t place) { return reader.Get<std::uint32_t>(at + place); };
-  EXPECT_EQ(reader.RectAtOffset(at + 8), (RECT{3, 4, 11, 7}));
-  EXPECT_EQ(number(44), 3U) << "UTF-16 units";
-  EXPECT_EQ(number(52), 4U) << "clipped";
-  EXPECT_EQ(reader.RectAtOffset(at + 56), clip);
-  const char16_t units[] = {u'a', 0xD83D, 0xDE00};
-  const std::uint32_t advances[] = {5, 5, 0};
-  for (std::size_t i = 0; i < 3; ++i) {
-    EXPECT_EQ(reader.Get<char16_t>(at + number(48) + 2 * i), units[i]);
-    EXPECT_EQ(number(number(72) + 4 * i), advances[i]);
-  }
-}
 
 TEST(CopyAsMetafile, PutsThePictureInSeveralFormatsOrSaysWhatFails) {
   FakeClipboard clipboard;

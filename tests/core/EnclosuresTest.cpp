@@ -53,17 +53,6 @@ TEST(Enclosures, AreTheSmallestAsAllPairsShow) {
   }
 }
 
-TEST(Enclosures, HoldAtTheEndsOfTheRange) {
-  constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
-  constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
-  const Boxes boxes{{{least, least, most, most}, true},
-                    {{least, least, 0, 0}, true},
-                    {{-5, -5, 0, 0}, true},
-                    {{1, 1, most, most}, true},
-                    {{least, least, 0, 0}, true}};
-  EXPECT_EQ(Enclosures(boxes).Holders(), (std::vector<int>{-1, 0, 1, 0, 0}));
-}
-
 }  // namespace
 
 }  // namespace morvane

@@ -11,49 +11,6 @@ namespace {
 
 using Dlg = CGenerateCppDlg;
 
-/// Lets a tool run in the dialog a few times, each time beside a box that shows what it writes.
-class ToolUser : public GeneratorHost, public OutputBox {
- public:
-  void Run(Dlg& dialog) override {
-    dialog.SetOutputBox(this);
-    const std::string& output = dialog.Control(Dlg::kOutputId).text;
-    const auto generate = [&](const std::string& arguments, const std::string& end) {
-      processes.instead = ToolLine(arguments);
-      dialog.Click(Dlg::kGenerateId);
-      return ui.RunUntil([&] { return output.ends_with(end); });
-    };
-    const std::string all = NumberedLines(0, 500'000);
-    EXPECT_TRUE(generate("lines 500000", NumberedLines(499'999, 500'000)));
-    EXPECT_EQ(output, all.substr(all.size() - Dlg::kBoxLimit));
-    EXPECT_TRUE(generate("lines 1000", "999\n"));
-    EXPECT_EQ(output, NumberedLines(0, 1000));
-    EXPECT_EQ(shown, output);
-    dialog.Click(IDCANCEL);
-    dialog.SetOutputBox(nullptr);
-    closed = true;
-  }
-  void Clear() override { shown.clear(); }
-  void Append(std::string_view text) override { shown += text; }
-  void MakeRoomFor(const RECT&) override {}
-
-  bool closed = false;
-
- private:
-  std::string shown;
-  UiQueue ui;
-  TestProcesses processes;
-  const UseService<GeneratorHost> use{*this};
-};
-
-TEST(GeneratorDialogTest, TheBoxShowsEachRunAloneAndTheNewestOfAFlood) {
-  ToolUser user;
-  Dlg dialog(GeneratorKind::Cpp);
-  dialog.SetDesignFile("C:\\Work\\lift.mrv");
-  EXPECT_FALSE(dialog.DoModal());
-  EXPECT_EQ(dialog.Control(Dlg::kOutputFolderId).text, "C:\\Work");
-  EXPECT_TRUE(user.closed);
-}
-
 /// Does in a dialog what a test says.
 class StepUser : public GeneratorHost {
  public:
@@ -166,28 +123,6 @@ class GeneratorLinkTest : public testing::Test {
   FakeWindow window{view};
   ScriptedMessageBoxes boxes;
 };
-
-TEST_F(GeneratorLinkTest, AMessageLeadsToTheObjectThatItNamesOrWhoseLineItIs) {
-  Run([this](Dlg& dialog) {
-    const std::pair<std::string, const char*> cases[] = {
-        {"Two.mrv:1: error: GenericState 101 \"A\" overlaps", "101 "},
-        {"Two.mrv:1: warning: Transition 103", "103 "},
-        {MessageAt("BEGIN GenericState 101"), "101 "},
-        {MessageAt("BEGIN Transition 103"), "103 "},
-        {MessageAt("BEGIN GenericState 102"), "102 "},
-        {"2 errors, 1 warning", "102 "}};
-    for (const auto& [message, selected] : cases) {
-      dialog.FollowLine(message);
-      EXPECT_EQ(Selected(), selected) << message;
-    }
-    EXPECT_TRUE(dialog.IsOpen());
-  });
-  const RECT shown = view.ToClient(RECT{1000, 1200, 1040, 1230});
-  EXPECT_TRUE(PtInRect(window.client, TopLeft(shown)) &&
-              PtInRect(window.client, BottomRight(shown)));
-  EXPECT_FALSE(document.IsModified());
-  EXPECT_EQ(charts.activated, 5);
-}
 
 TEST_F(GeneratorLinkTest, AMessageAboutWhatIsGoneSaysSo) {
   Run([this](Dlg& dialog) {

@@ -67,29 +67,6 @@ TEST_F(GeneratorRunTest, ReportsStartOutputAndEnd) {
   EXPECT_FALSE(CRedirect::IsRunning());
 }
 
-TEST_F(GeneratorRunTest, TellsHowTheToolEnded) {
-  using How = ProcessEnd::How;
-  const struct {
-    const char* arguments;
-    How how;
-    int number;
-  } cases[] = {{"exit 0", How::Exited, 0},
-               {"exit 255", How::Exited, 255},
-               {"signal 9", How::Killed, SIGKILL},
-               {"signal 15", How::Killed, SIGTERM}};
-  EXPECT_FALSE(tool->ToolEnd()) << "nothing was started";
-  for (const auto& [arguments, how, number] : cases) {
-    tool->exits = 0;
-    ASSERT_TRUE(Launch(arguments) && WaitForExit());
-    const auto end = tool->ToolEnd();
-    ASSERT_TRUE(end) << arguments;
-    EXPECT_EQ(end->how, how) << arguments;
-    EXPECT_EQ(end->number, number) << arguments;
-  }
-  ASSERT_TRUE(Launch("lines 0"));
-  EXPECT_FALSE(tool->ToolEnd()) << "it runs";
-}
-
 TEST_F(GeneratorRunTest, NothingIsLostWhenTheToolEndsAtOnce) {
   // More than a chunk, on both streams, and nearly as much as a pipe holds.
   const std::string expected = NumberedLines(0, 6000);
@@ -205,31 +182,6 @@ TEST(GeneratorStopTest, KeepsItsOrderAndItsTimesAndForgetsThreadsThatDoNotEnd) {
   processes.release.set_value();
   EXPECT_TRUE(WaitUntil([&] { return !processes.alive; }));
   EXPECT_EQ(leftovers.Leftovers(), "");
-}
-
-TEST(GeneratorInboxTest, KeepsTheOrderAndTheNewest) {
-  using Kind = ToolInbox::Kind;
-  UiQueue ui;
-  Words received;
-  const auto inbox = std::make_shared<ToolInbox>(ui, [&](Kind kind, const std::string& text) {
-    received.push_back(std::to_string(static_cast<int>(kind)) + text);
-  });
-  for (const char* text : {"a", "b"}) inbox->Add(Kind::Output, text);
-  inbox->Add(Kind::Error, std::string_view("c\0d", 3));
-  inbox->Add(Kind::Exited, "");
-  EXPECT_EQ(ui.Count(), 1U) << "one post for all";
-  ui.RunAll();
-  EXPECT_EQ(received, (Words{"0ab", std::string("1c\0d", 4), "2"}));
-
-  received.clear();
-  inbox->Add(Kind::Exited, "");
-  for (std::size_t i = 0; i <= ToolInbox::kCapacity; ++i) inbox->Add(Kind::Error, "-");
-  inbox->Add(Kind::Output, "late");
-  ui.RunAll();
-  std::size_t size = 0;
-  for (const std::string& text : received) size += text.size() - 1;
-  EXPECT_EQ(size, ToolInbox::kCapacity);
-  EXPECT_EQ(std::count(received.begin(), received.end(), "2"), 1) << "the end is not pushed out";
 }
 
 }  // namespace

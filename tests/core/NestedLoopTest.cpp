@@ -1,9 +1,9 @@
 #include "model/ModelStream.h"
-#include "persistence/DocumentManager.h"
 #include "platform/Dialog.h"
 #include "platform/PopupMenus.h"
 #include "shell/CObjectTree.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/OpenCharts.h"
 
 namespace morvane {
 
@@ -109,14 +109,6 @@ TEST_F(NestedLoops, ADialogWhoseChartWentChangesNothing) {
   EXPECT_EQ(Rows(), std::vector<std::string>{"Other"});
 }
 
-TEST_F(NestedLoops, AQuestionShowsTheChartAndLetsNothingElseIn) {
-  chart.OnCommand(ID_EDIT_SELECT_ALL);
-  boxes.Expect("delete all the selected", MessageAnswer::No);
-  const std::size_t objects = ObjectCount();
-  EXPECT_TRUE(chart.OnKeyDown(VirtualKey::Delete, 0));
-  EXPECT_EQ(ObjectCount(), objects);
-}
-
 TEST_F(NestedLoops, AZoomIsNoStepAndKeepsWhatCanBeRedone) {
   chart.GetProperties().Author = "A";
   chart.TakeSnapshot();
@@ -130,31 +122,15 @@ TEST_F(NestedLoops, AZoomIsNoStepAndKeepsWhatCanBeRedone) {
   EXPECT_EQ(chart.GetZoom(), LayoutMgr::kNormalZoom + 1) << "it comes back with the step";
 }
 
-/// Charts without windows.
-class NoFrames : public FrameHost {
- public:
-  void CreateFrame(CDocument& /*document*/) override {}
-  void ShowFrame(CDocument& /*document*/) override {}
-  void ActivateFrame(CDocument& /*document*/) override {}
-  void CloseFrame(CDocument& /*document*/) override {}
-  void UpdateTitle(CDocument& /*document*/) override {}
-};
-
 TEST_F(NestedLoops, AChartThatIsClosedUnderADialogLivesUntilItIsDone) {
-  NoFrames frames;
-  DocumentManager manager({"Chart",
-                           {"Charts", ".mrv"},
-                           [] { return std::make_unique<CMorvaneDoc>(); },
-                           [] { return std::make_unique<LayoutMgr>(); }},
-                          frames);
-  CDocument* document = manager.NewDocument();
-  auto& view = dynamic_cast<LayoutMgr&>(*document->GetView());
+  const TempFolder folder;
+  OpenCharts charts(folder.Path("state"));
+  LayoutMgr& view = OpenCharts::ViewOf(charts.New());
   std::string reason;
   EXPECT_TRUE(view.ReplaceText(SmallChart(), reason));
-  meanwhile.act = [&] { manager.CloseAllDocuments(); };
+  meanwhile.act = [&] { charts.manager.CloseAllDocuments(); };
   view.OnLButtonDblClk(0, state);
-  EXPECT_TRUE(manager.Documents().empty());
-  EXPECT_NE(manager.NewDocument(), nullptr);
+  EXPECT_TRUE(charts.manager.Documents().empty());
 }
 
 }  // namespace

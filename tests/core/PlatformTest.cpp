@@ -1,7 +1,3 @@
-#include <array>
-
-#include "drawing/CRgn.h"
-#include "drawing/Mapping.h"
 #include "drawing/SvgDC.h"
 #include "drawing/TextCodec.h"
 #include "drawing/TextLayout.h"
@@ -10,39 +6,6 @@
 namespace morvane {
 
 namespace {
-
-constexpr int kLow = std::numeric_limits<int>::min();
-constexpr int kHigh = std::numeric_limits<int>::max();
-
-TEST(Mapping, ScalesUniformly) {
-  Mapping mapping;
-  mapping.SetMode(MapMode::Isotropic);
-  mapping.SetWindowExt({9000, 9000});
-  mapping.SetViewportExt({10500, 10500});
-  mapping.SetViewportOrg({-14, 7});
-  EXPECT_EQ(mapping.ToDevice(POINT{6, 60}), (POINT{-7, 77}));
-  EXPECT_EQ(mapping.ToLogical(POINT{-7, 77}), (POINT{6, 60}));
-  EXPECT_EQ(mapping.ToDevice(POINT{kHigh, kLow}), (POINT{kHigh, kLow}));
-  // The tighter direction decides.
-  mapping.SetWindowExt({992, 1403});
-  mapping.SetViewportExt({4960, 7016});
-  EXPECT_EQ(mapping.ViewportExt(), (SIZE{4960, 7015}));
-}
-
-TEST(CRgn, PolygonsAndRectangles) {
-  CRgn region = CRgn::FromPolygon(std::array{POINT{0, 0}, POINT{10, 0}, POINT{0, 10}});
-  region.Add(CRgn::FromRect({20, 0, 30, 5}));
-  for (const POINT p : {POINT{0, 0}, {9, 0}, {5, 4}, {0, 9}, {20, 0}, {29, 4}}) {
-    EXPECT_TRUE(region.PtInRegion(p)) << p.x << ' ' << p.y;
-  }
-  for (const POINT p : {POINT{10, 0}, {5, 6}, {0, 10}, {30, 4}, {15, 2}, {-1, 0}}) {
-    EXPECT_FALSE(region.PtInRegion(p)) << p.x << ' ' << p.y;
-  }
-  EXPECT_EQ(region.GetBox(), (RECT{0, 0, 30, 10}));
-  // The whole range of coordinates.
-  const std::array huge{POINT{kLow, kLow}, POINT{kHigh, kLow}, POINT{kLow, kHigh}};
-  EXPECT_TRUE(CRgn::FromPolygon(huge).PtInRegion({-5, -5}));
-}
 
 TEST(TextLayout, BreaksAtWordsAndLineBreaks) {
   const struct {
@@ -63,32 +26,6 @@ TEST(TextLayout, BreaksAtWordsAndLineBreaks) {
     EXPECT_EQ(TextLayout(widthOf, c.width, true).Break(c.text, c.most), c.lines) << c.text;
   }
   EXPECT_EQ(TextLayout(widthOf, 9, true).Break(std::string(50'000'000, 'x'), 99).size(), 1U);
-}
-
-TEST(CDC, DrawTextSetsCentresAndCuts) {
-  NullDC reference;
-  CMetaFileDC dc(reference);
-  CFont font;
-  font.height = -10;  // five to the letter, a line of twelve
-  dc.SelectFont(font);
-  RECT area{100, 50, 130, 80};
-  EXPECT_EQ(dc.DrawText("ab cd ef", area, DT_CENTER | DT_WORDBREAK), 24);
-  RECT measured = area;
-  EXPECT_EQ(dc.DrawText("ab cd ef", measured, DT_WORDBREAK | DT_CALCRECT), 24);
-  EXPECT_EQ(measured, (RECT{100, 50, 125, 74}));
-  const Metafile recorded = dc.Close();
-  ASSERT_EQ(recorded.records.size(), 2U);
-  EXPECT_EQ(recorded.records[0].text, "ab cd");
-  EXPECT_EQ(recorded.records[0].points[0], (POINT{102, 50}));
-  EXPECT_EQ(recorded.records[1].text, "ef");
-  EXPECT_EQ(recorded.records[1].points[0], (POINT{110, 62}));
-  EXPECT_EQ(recorded.records[1].rect, area);
-  // No more lines than fit are set, however long the text is.
-  RECT small{0, 0, 30, 20};
-  std::string endless;
-  for (int i = 0; i < 100'000; ++i) endless += "x\r\n";
-  dc.DrawText(endless, small, DT_WORDBREAK);
-  EXPECT_LE(dc.Close().records.size(), 3U);
 }
 
 TEST(TextCodec, TakesWhatIsNoUtf8AsWindows1252) {

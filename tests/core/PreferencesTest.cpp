@@ -70,16 +70,6 @@ TEST(PreferencesTest, ShowsAndStoresWhatIsChosen) {
   }
 }
 
-TEST(PreferencesTest, TheSettingOfTheSessionIsReadAsItWasWritten) {
-  MemoryProfile profile;
-  const UseService<Profile> use(profile);
-  EXPECT_EQ(SessionSettings::Read(), Reopen::AfterCrash);
-  for (const Reopen reopen : {Reopen::Never, Reopen::Always, Reopen::AfterCrash}) {
-    SessionSettings::Write(reopen);
-    EXPECT_EQ(SessionSettings::Read(), reopen);
-  }
-}
-
 }  // namespace
 
 }  // namespace morvane

@@ -70,20 +70,6 @@ TEST_F(RecoveryListTest, ClosingLeavesWhatIsNotDoneForTheNextStart) {
   EXPECT_EQ(LeftFor(charts), 2U) << "the recovered one is unsaved still, the other one untouched";
 }
 
-TEST_F(RecoveryListTest, ARowThatCannotBeRecoveredStays) {
-  std::vector<RecoveryOffer> offers(3);
-  std::vector<std::string> asked;
-  for (std::size_t i = 0; i < offers.size(); ++i) offers[i].title = std::to_string(i);
-  RecoveryList list(std::move(offers), [&](RecoveryOffer& offer) {
-    asked.push_back(offer.title);
-    return offer.title != "1";
-  });
-  list.RecoverAll();
-  EXPECT_EQ(asked, (std::vector<std::string>{"0", "1", "2"}));
-  ASSERT_EQ(list.Rows().size(), 1U);
-  EXPECT_EQ(list.Rows().front().Name(), "1");
-}
-
 TEST_F(RecoveryListTest, SavesUnderANameThatTheUserChooses) {
   const std::string copy = folder.Path("copy.mrv");
   {

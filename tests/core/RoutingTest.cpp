@@ -161,27 +161,6 @@ TEST(Routing, AMessageStaysOnItsLabelAtEachZoom) {
   }
 }
 
-TEST(Routing, CornersInOneLineAreJoined) {
-  // On in one line, and back on it, as a file can hold them.
-  const std::string links =
-      "2 10 10 10 11 \n0 10 11 10 20 \n1 10 20 20 20 \n1 20 20 40 20 \n1 40 20 30 20 \n"
-      "0 30 20 30 40 \n3 30 40 30 41 \n";
-  const auto load = [](const std::string& lines) {
-    return LoadChart(ChartText(TransitionRecord(kRoute, 0, 0, "3 1 1 1", lines)));
-  };
-  const auto painted = [](const LayoutMgr& chart) {
-    std::string text;
-    for (const Metafile::Record& record : PaintOnPaper(*FindShape(chart, kRoute)).records) {
-      text += Text(record.points) + "\n";
-    }
-    return text;
-  };
-  const auto chart = load(links);
-  EXPECT_EQ(painted(*chart), painted(*load(LinkLines("10,10 10,11 10,20 30,20 30,40 30,41"))));
-  Drag(*chart, {10, 15}, {2, 0});
-  EXPECT_EQ(Places(*chart), "10,10 10,11 12,11 12,20 30,20 30,40 30,41");
-}
-
 TEST(Routing, RerouteIsOneStepAndGoesRoundTheStates) {
   const auto chart = LoadChart(ChartText(
       StateRecord(kFirst, {20, 30, 40, 46}) + StateRecord(kSecond, {120, 30, 140, 46}) +

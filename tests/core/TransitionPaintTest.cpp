@@ -8,18 +8,6 @@ namespace {
 constexpr int kArrow = 103;
 constexpr int kMesg = 105;
 
-TEST(TransitionPaint, ThePenTellsWhetherAnEndIsFree) {
-  const auto chart = LoadChart(SmallChart());
-  auto& arrow = *Find<Transition>(*chart, kArrow);
-  const auto pens = [&] {
-    return std::pair{PaintOnScreen(arrow).records[0].pen, PaintOnPaper(arrow).records[0].pen};
-  };
-  EXPECT_EQ(pens(), (std::pair{CPen{PenStyle::Solid, 0, 0xFF8000}, CPen{PenStyle::Solid, 0, 0}}));
-  delete Find<GenericState>(*chart, 102);
-  const PenStyle dashes = PenStyle::DashDotDot;
-  EXPECT_EQ(pens(), (std::pair{CPen{dashes, 0, 0x0000FF}, CPen{dashes, 0, 0}}));
-}
-
 TEST(TransitionPaint, TheWindowShowsHandlesOfASelectedOne) {
   const auto chart = LoadChart(
       ChartText(TransitionRecord(kArrow, 0, 0, "3 1 1 1", LinkLines("22,14 22,15 22,23 22,24")) +

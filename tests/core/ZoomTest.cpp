@@ -114,42 +114,6 @@ TEST_F(Zoom, AGestureGoesOnWhereTheWheelTakesTheChart) {
   }
 }
 
-/// All points of what is painted of a state, logical units.
-std::vector<POINT> PaintedPoints(Shape& state) {
-  NullDC reference;
-  CMetaFileDC dc(reference);
-  state.Draw(&dc);
-  std::vector<POINT> points;
-  for (const Metafile::Record& record : dc.Close().records) {
-    if (record.kind == Metafile::Kind::TextOut) continue;
-    points.insert(points.end(), record.points.begin(), record.points.end());
-    if (!IsRectEmpty(record.rect)) {
-      points.push_back(TopLeft(record.rect));
-      points.push_back(BottomRight(record.rect));
-    }
-  }
-  return points;
-}
-
-TEST(PaintedBorder, NothingOfAStateIsPaintedOutsideOfIt) {
-  for (const std::int32_t width : {1, 2, 3, 4, 8, 20}) {
-    for (const std::int32_t height : {1, 2, 3, 4, 5, 12}) {
-      const RECT rect{10, 10, 10 + width, 10 + height};
-      std::string text = ChartText(StateRecord(1, rect, "A name of many words"));
-      const std::size_t look = text.find("\n0 12582911");
-      ASSERT_NE(look, std::string::npos);
-      text[look + 1] = '1';
-      const auto chart = LoadChart(text);
-      ASSERT_TRUE(dynamic_cast<GenericState&>(*FindShape(*chart, 1)).KeepsHistory());
-      for (const POINT p : PaintedPoints(*FindShape(*chart, 1))) {
-        EXPECT_TRUE(p.x >= 60 && p.y >= 60 && p.x <= 6 * rect.right - 2 &&
-                    p.y <= 6 * rect.bottom - 2)
-            << p.x << "," << p.y << " of " << width << " by " << height;
-      }
-    }
-  }
-}
-
 TEST(PaintedBorder, AnArrowTouchesItOnEachSideAndKeepsItsProportion) {
   struct {
     const char* keys;

@@ -1,130 +1,103 @@
 #include "tests/generators/MachineSketch.h"
 
 #include <algorithm>
-#include <sstream>
 #include <stdexcept>
+
+#include "machine/MachineBuilder.h"
+#include "tests/machine/ChartSketch.h"
 
 namespace morvane {
 
 namespace {
 
-constexpr int kChart = MachineState::kChart;
+constexpr int kFirstBox = 10'000;
+constexpr int kFirstMark = 20'000;
+constexpr int kFirstMessage = 30'000;
 
-int ParentOf(const Machine& machine, int state) {
-  return state == kChart ? kChart : machine.states[state].parent;
-}
-
-bool Contains(const Machine& machine, int outer, int inner) {
-  if (outer == kChart) return true;
-  for (int at = ParentOf(machine, inner); at != kChart; at = ParentOf(machine, at)) {
-    if (at == outer) return true;
+std::string Replaced(std::string text, const std::string& what, const std::string& with) {
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size()) {
+    text.replace(at, what.size(), with);
   }
-  return false;
+  return text;
 }
 
 }  // namespace
 
 MachineSketch& MachineSketch::State(const std::string& name, const std::string& parent,
                                     const std::string& entry, const std::string& exit) {
-  MachineState state;
-  state.id = static_cast<int>(machine.states.size()) + 1;
-  state.title = state.name = name;
-  state.parent = Find(parent);
-  state.entry = {entry, state.id * 10};
-  state.exit = {exit, state.id * 10 + 5};
-  const int index = static_cast<int>(machine.states.size());
-  if (state.parent == kChart) {
-    machine.outermost.push_back(index);
-  } else {
-    MachineState& outer = machine.states[state.parent];
-    outer.children.push_back(index);
-    outer.kind = MachineState::Kind::Composite;
-    state.depth = outer.depth + 1;
-  }
-  machine.states.push_back(std::move(state));
+  const int made = Add(parent, name);
+  boxes[made].lines = "state " + std::to_string(kFirstBox + made) + ' ' + name + '\n';
+  if (!entry.empty()) boxes[made].lines += "entry " + entry + '\n';
+  if (!exit.empty()) boxes[made].lines += "exit " + exit + '\n';
   return *this;
 }
 
-MachineSketch& MachineSketch::Final(const std::string& name, const std::string& parent,
-                                    const std::string& entry) {
-  State(name, parent, entry);
-  machine.states.back().kind = MachineState::Kind::Final;
+MachineSketch& MachineSketch::Final(const std::string& parent) {
+  const int made = Add(parent, "Final");
+  boxes[made].lines = "final " + std::to_string(kFirstBox + made) + '\n';
   return *this;
 }
 
 MachineSketch& MachineSketch::History(const std::string& name) {
-  machine.states[Find(name)].history = true;
+  boxes[Find(name)].lines += "history\n";
   return *this;
 }
 
 MachineSketch& MachineSketch::Initial(const std::string& source, const std::string& target,
                                       const std::string& effect) {
-  const int from = Find(source);
-  MachineTransition& transition = Add(from, target);
-  transition.isInitial = true;
-  transition.effect = {effect, transition.id};
-  const int index = static_cast<int>(machine.transitions.size()) - 1;
-  (from == kChart ? machine.initial : machine.states[from].initial) = index;
+  const int mark = kFirstMark + transitions;
+  const int made = Add(source, "");
+  boxes[made].lines = "initial " + std::to_string(mark) + '\n';
+  AddTransition(mark, target, " |  | " + effect);
   return *this;
 }
 
 MachineSketch& MachineSketch::On(const std::string& source, const std::string& events,
                                  const std::string& target, const std::string& guard,
                                  const std::string& effect) {
-  std::vector<int> named;
-  std::istringstream words(events);
-  for (std::string word; words >> word;) named.push_back(Event(word));
-  MachineTransition& transition = Add(Find(source), target);
-  transition.events = named;
-  transition.guard = {guard, transition.id};
-  transition.effect = {effect, transition.id};
+  AddTransition(kFirstBox + Find(source), target,
+                Replaced(events, " ", ", ") + " | " + guard + " | " + effect);
   return *this;
 }
 
 Machine MachineSketch::Build() const {
-  Machine built = machine;
-  for (int i = 0; i < std::ssize(built.transitions); ++i) Connect(built, i);
-  for (MachineState& state : built.states) {
-    std::ranges::stable_partition(state.outgoing, [&built](int transition) {
-      return !built.transitions[transition].guard.IsEmpty();
-    });
-  }
-  return built;
-}
-
-void MachineSketch::Connect(Machine& built, int index) const {
-  MachineTransition& transition = built.transitions[index];
-  const int source = transition.source;
-  transition.scope = transition.isInitial ? source : ParentOf(built, source);
-  while (!Contains(built, transition.scope, transition.target)) {
-    transition.scope = ParentOf(built, transition.scope);
-  }
-  for (int at = transition.target; at != transition.scope; at = ParentOf(built, at)) {
-    transition.entered.insert(transition.entered.begin(), at);
-  }
-  if (!transition.isInitial) built.states[source].outgoing.push_back(index);
+  const BuiltMachine built =
+      MachineBuilder::FromText(ChartSketch(Lines(boxes[0].inner, "") + arrows));
+  if (!built.machine) throw std::invalid_argument(built.problems.front().message);
+  Machine machine = *built.machine;
+  machine.properties = {};
+  machine.propertyLines = {};
+  return machine;
 }
 
 int MachineSketch::Find(const std::string& name) const {
-  if (name.empty()) return kChart;
-  const auto found = std::ranges::find(machine.states, name, &MachineState::name);
-  if (found == machine.states.end()) throw std::invalid_argument("no state " + name);
-  return static_cast<int>(found - machine.states.begin());
+  const auto found = std::ranges::find(boxes, name, &Box::name);
+  if (found == boxes.end()) throw std::invalid_argument("no state " + name);
+  return static_cast<int>(found - boxes.begin());
 }
 
-int MachineSketch::Event(const std::string& name) {
-  const auto found = std::ranges::find(machine.events, name, &MachineEvent::name);
-  const auto index = static_cast<int>(found - machine.events.begin());
-  if (found == machine.events.end()) machine.events.push_back({name, name});
-  return index;
+int MachineSketch::Add(const std::string& parent, const std::string& name) {
+  const int made = static_cast<int>(boxes.size());
+  boxes[Find(parent)].inner.push_back(made);
+  boxes.push_back({name, {}, {}});
+  return made;
 }
 
-MachineTransition& MachineSketch::Add(int source, const std::string& target) {
-  MachineTransition& transition = machine.transitions.emplace_back();
-  transition.id = 100 + static_cast<int>(machine.transitions.size());
-  transition.source = source;
-  transition.target = Find(target);
-  return transition;
+void MachineSketch::AddTransition(int source, const std::string& target,
+                                  const std::string& message) {
+  const std::string id = std::to_string(++transitions);
+  arrows += "arrow " + id + ' ' + std::to_string(source) + ' ' +
+            std::to_string(kFirstBox + Find(target)) + "\nmessage " +
+            std::to_string(kFirstMessage + transitions) + ' ' + id + ' ' +
+            Replaced(message, "\n", "\\n") + '\n';
+}
+
+std::string MachineSketch::Lines(const std::vector<int>& inside, const std::string& indent) const {
+  std::string lines;
+  for (const int box : inside) {
+    lines += indent + boxes[box].lines + Lines(boxes[box].inner, indent + "  ");
+  }
+  return lines;
 }
 
 }  // namespace morvane

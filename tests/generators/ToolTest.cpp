@@ -67,11 +67,7 @@ TEST(ToolArguments, AreRead) {
        true},
       {{"-o", "out dir", "--check", "a.mrv"}, Job::Check, "a.mrv", "out dir", false, false},
       {{"--", "-g"}, Job::Generate, "-g", "", false, false},
-      {{"-"}, Job::Generate, "-", "", false, false},
-      {{"--help", "a.mrv"}, Job::Help, "a.mrv", "", false, false},
-      {{"--version"}, Job::Version, "", "", false, false},
       {{}, Job::WrongUse, "", "", false, false},
-      {{"-g"}, Job::WrongUse, "", "", false, true},
       {{"-o"}, Job::WrongUse, "", "", false, false},
       {{"-x", "a.mrv"}, Job::WrongUse, "", "", false, false},
   };
@@ -149,25 +145,6 @@ TEST(Tool, LeavesWhatWouldNotChange) {
   EXPECT_EQ(fs::last_write_time(folder.Path("chart.c")), longAgo);
   EXPECT_EQ(folder.Read("chart.c"), code);
   EXPECT_NE(folder.Read("chart.h"), "of something else");
-}
-
-TEST(Tool, SaysWhatItCanNotWrite) {
-  const TempFolder folder;
-  const std::string model = folder.Write("chart.mrv", Chart());
-  const Called called = Call({"-o", folder.Path("nowhere"), model});
-  EXPECT_EQ(called.status, 1);
-  EXPECT_NE(called.err.find(folder.Path("nowhere/chart.h") + ": error: "), std::string::npos)
-      << called.err;
-}
-
-TEST(Tool, ExplainsItself) {
-  EXPECT_EQ(Call({}).status, 2);
-  EXPECT_EQ(Call({}).err, "Usage: mrv2c [-d] [-g] [-o FOLDER] [--check] MODEL\n");
-  EXPECT_EQ(Call({"-d"}).out, "Usage: mrv2c [-d] [-g] [-o FOLDER] [--check] MODEL\n");
-  EXPECT_EQ(Call({"-g", "a.mrv"}, TargetLanguage::Xml).err,
-            "Usage: mrv2xml [-d] [-o FOLDER] [--check] MODEL\n");
-  EXPECT_TRUE(Call({"--version"}).out.starts_with("mrv2c "));
-  EXPECT_NE(Call({"--help"}, TargetLanguage::Java).out.find("--check"), std::string::npos);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ struct RigCase {
   int queueSize = 8;
 };
 
-/// Machines for each rule of what a step does.
+/// Machines with what no made-up chart of the rig has.
 std::vector<RigCase> TraceCases();
 
 /// Twice as many transitions as states; 1,000 states are more than one method in Java can hold.

@@ -150,15 +150,6 @@ TEST_F(Meaning, OfObjectsHasTheirLines) {
   EXPECT_EQ(lineOf(TransitionOf(34).line), "BEGIN Transition 34");
   EXPECT_EQ(lineOf(TransitionOf(34).guard.line), "x > 0");
   EXPECT_EQ(lineOf(TransitionOf(31).effect.line), "begin();");
-  const auto withCarriageReturns = [this] {
-    std::string lines;
-    for (const char c : text) lines += c == '\n' ? "\r\n" : std::string(1, c);
-    return lines;
-  };
-  const auto same = MachineBuilder::FromText(withCarriageReturns());
-  ASSERT_TRUE(same.machine);
-  EXPECT_EQ(same.machine->states[2].exit.text, "out();\nlast();");
-  EXPECT_EQ(same.machine->states[2].exit.line, StateOf(20).exit.line);
 }
 
 }  // namespace

@@ -38,31 +38,6 @@ TEST(Reading, FindsTheTextsOfTheProperties) {
   EXPECT_EQ(LineOfText(text, lines.csharpDeclarations), "int s");
 }
 
-TEST(Reading, KnowsTheLinesOfOlderTexts) {
-  const std::string sketch = "initial 1\nstate 2 A\narrow 3 1 2\nmessage 4 3  |  | f();";
-  const std::string now = ChartSketch(sketch, "9999 2 0");
-  const std::string head = now.substr(0, now.find("Sketch\n"));
-  const std::string old = Replaced(head, "\n3\n\n\n4\n", "\n3\n4\n") +
-                          "Old\nCOld\nOld.h\n\n0\nINCLUDE BEGIN\n\nINCLUDE END\n"
-                          "1\nDECL BEGIN\nd\nDECL END\nMe\n0\nDESC BEGIN\n\nDESC END\n";
-  const BuiltMachine built = MachineBuilder::FromText(old);
-  ASSERT_TRUE(built.machine) << built.problems.front().message;
-  EXPECT_EQ(LineOfText(old, built.machine->transitions.front().effect.line), "f();");
-  EXPECT_EQ(LineOfText(old, built.machine->propertyLines.cppDeclarations), "d");
-  EXPECT_EQ(built.machine->propertyLines.javaDeclarations, 0);
-}
-
-TEST(Reading, PassesStrayLinesOver) {
-  const std::string text =
-      Replaced(Replaced(ChartSketch("initial 1\nstate 2 A\nentry f();\narrow 3 1 2"), "BEGIN DATA",
-                        "what is\nthis\nBEGIN DATA"),
-               "BEGIN GenericState", "lost line\nBEGIN GenericState");
-  const BuiltMachine built = MachineBuilder::FromText(text);
-  ASSERT_TRUE(built.machine);
-  EXPECT_EQ(LineOfText(text, built.machine->states.front().line), "BEGIN GenericState 2");
-  EXPECT_EQ(LineOfText(text, built.machine->states.front().entry.line), "f();");
-}
-
 }  // namespace
 
 }  // namespace morvane

@@ -92,26 +92,11 @@ std::unique_ptr<LayoutMgr> LoadChart(const std::string& text) {
 
 Shape* FindShape(const LayoutMgr& chart, int id) { return chart.GetModel().Find(id); }
 
-Metafile PaintOnPaper(Shape& shape) {
-  NullDC reference;
-  CMetaFileDC dc(reference);
-  shape.Draw(&dc);
-  return dc.Close();
-}
-
 Metafile PaintOnScreen(Shape& shape) {
   NullDC reference;
   CMetaFileDC dc(reference);
   shape.DrawOnScreen(dc);
   return dc.Close();
-}
-
-std::vector<std::string> PaintedTexts(const Metafile& drawn) {
-  std::vector<std::string> texts;
-  for (const Metafile::Record& record : drawn.records) {
-    if (record.kind == Metafile::Kind::TextOut) texts.push_back(record.text);
-  }
-  return texts;
 }
 
 }  // namespace morvane

@@ -46,10 +46,6 @@ Made* Find(const LayoutMgr& chart, int id) {
   return dynamic_cast<Made*>(FindShape(chart, id));
 }
 
-/// What a shape paints on paper.
-Metafile PaintOnPaper(Shape& shape);
+/// What a window shows of a shape.
 Metafile PaintOnScreen(Shape& shape);
-/// The texts in what is painted, in their order.
-std::vector<std::string> PaintedTexts(const Metafile& drawn);
-
 }  // namespace morvane

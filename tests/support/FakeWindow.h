@@ -25,8 +25,6 @@ class FakeWindow : public WindowPeer {
   void Key(VirtualKey key) { queue.push_back({Message::Kind::KeyDown, {}, 0, key}); }
   /// Every message has been read.
   bool IsDrained() const { return queue.empty(); }
-
-  static constexpr int kDragDistance = 4;
   /// How many things show over the picture.
   std::size_t Feedback() const { return window.ShownFeedback().size(); }
   void Paint();
@@ -50,7 +48,7 @@ class FakeWindow : public WindowPeer {
   POINT CursorPos() const override { return cursorPos; }
   bool IsShiftDown() const override { return shiftDown; }
   bool IsAltDown() const override { return altDown; }
-  int DragDistance() const override { return kDragDistance; }
+  int DragDistance() const override { return 4; }
   void SetCursor(Cursor picture) override { cursor = picture; }
   POINT ClientToScreen(POINT p) const override { return p; }
   POINT ScreenToClient(POINT p) const override { return p; }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <memory>
 
 #include <QImage>
@@ -38,24 +37,8 @@ class Canvas {
     drawing(*DC());
   }
   QImage& Image() { return image; }
-  QtFontCache& Fonts() { return fonts; }
-
   /// The lightness of a physical pixel, 0 to 255.
   int At(int x, int y) const { return qGray(image.pixel(x, y)); }
-  /// The lightness in the middle of a device pixel.
-  int AtDevice(int x, int y) const {
-    return At(static_cast<int>((x + 0.5) * scale), static_cast<int>((y + 0.5) * scale));
-  }
-  /// The darkest of the physical pixels that a device pixel has a part in.
-  int DarkestAtDevice(int x, int y) const {
-    int darkest = 255;
-    for (int j = static_cast<int>(y * scale); j < (y + 1) * scale; ++j) {
-      for (int i = static_cast<int>(x * scale); i < (x + 1) * scale; ++i) {
-        darkest = std::min(darkest, At(i, j));
-      }
-    }
-    return darkest;
-  }
   QRect Painted() const { return InkOf(image); }
 
  private:

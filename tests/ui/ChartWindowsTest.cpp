@@ -5,7 +5,6 @@
 #include "platform/DragImages.h"
 #include "platform/UseService.h"
 #include "platform/qt/QtTreeCtrl.h"
-#include "shell/MenuTable.h"
 #include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/DockTitle.h"
 #include "shell/qt/ObjectBrowserPane.h"
@@ -19,48 +18,10 @@ namespace {
 /// The main window over real charts.
 class ChartWindows : public MainWindow<CMorvaneDoc, LayoutMgr> {
  protected:
-  /// The entries of a menu bar that can be chosen now.
-  std::string Enabled(std::span<const MenuPopup> bar) const {
-    std::string enabled;
-    for (const MenuPopup& popup : bar) {
-      for (const MenuEntry& entry : popup.entries) {
-        if (entry.id == 0 || !frame->StateOf(entry.id).enabled) continue;
-        const std::string text = MenuText(entry);
-        enabled += text.substr(0, text.find('\t')) + "|";
-      }
-    }
-    return enabled;
-  }
   ChartBrowserPane& Browser() { return *frame->findChild<ChartBrowserPane*>(); }
   CDirTreeCtrl& Folders() { return Browser().Tree(); }
   std::string SelectedPath() { return Folders().PathOfItem(*Folders().Selected()); }
 };
-
-TEST_F(ChartWindows, WhatCanBeChosenFollowsTheCharts) {
-  const std::string withoutChart =
-      "&New|&Open...|E&xit|Default Settings|Prefere&nces|&Toolbar|Drawing Toolbar|Chart Browser|"
-      "&Status Bar|"
-      "User Guide (PDF)|Tutorial (PDF)|Morvane on Web|&About Morvane...|";
-  EXPECT_EQ(Enabled(StartMenu()), withoutChart);
-  Open();
-  EXPECT_EQ(Enabled(ChartMenu()),
-            "&New|&Open...|&Save|Save &As...|&Close|C&lose All|&Print...|Print Pre&view|"
-            "P&rint Setup...|&Export...|E&xit|Move contents &with a state|Copy As &Metafile|&Find "
-            "/ Replace|Model Propert&ies|"
-            "&Default Settings|Prefere&nces|&State|&Initial State|&Final "
-            "State|&Note|&Line|T&ransition|&Refresh|Zoom &In|"
-            "Zoom &Out|Object Browser|&Problems|&Toolbar|Drawing Toolbar|Chart Browser|&Status Bar|"
-            "&Properties|Generate C++ File|Generate C File|Generate C# File|Generate Java File|"
-            "Generate XML File|&Cascade|&Tile|&Arrange Icons|User Guide (PDF)|Tutorial (PDF)|"
-            "Morvane on Web|&About Morvane...|");
-  EXPECT_TRUE(frame->StateOf(ID_POINTER).enabled);
-  frame->RunCommand(ID_TOOL_STATE);
-  EXPECT_TRUE(IsChecked(ID_TOOL_STATE));
-  frame->RunCommand(ID_POINTER);
-  EXPECT_FALSE(IsChecked(ID_TOOL_STATE));
-  frame->Manager().CloseAllDocuments();
-  EXPECT_EQ(Enabled(StartMenu()), withoutChart);
-}
 
 /// A picture of a tool that shows, or not.
 struct ShownTool : DragImages {
@@ -122,26 +83,6 @@ TEST_F(ChartWindows, EachHasAnObjectBrowserOfItsChart) {
     EXPECT_FALSE(first.isHidden());
     EXPECT_EQ(IsChecked(ID_OBJECT_BROWSER), !hidden);
   }
-}
-
-/// Settings that nothing can be stored in; the message about that lets the windows paint.
-class FullProfile : public MemoryProfile, public MessageBoxes {
- public:
-  void Write(const std::string&, const std::vector<Setting>&) override { ShowMessage("", MB_OK); }
-  MessageAnswer Show(const std::string&, unsigned) override {
-    QApplication::processEvents();
-    ++shown;
-    return MessageAnswer::Ok;
-  }
-  int shown = 0;
-};
-
-TEST_F(ChartWindows, AMessageAboutTheSettingsComesWhenTheChartIsThere) {
-  FullProfile full;
-  const UseService<Profile> settings(full);
-  const UseService<MessageBoxes> messages(full);
-  Open(MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv");
-  EXPECT_EQ(full.shown, 1);
 }
 
 TEST_F(ChartWindows, TheChartBrowserOpensChartsAndComesBackToItsFolder) {

@@ -134,26 +134,7 @@ TEST_F(CodeBoxTest, EscapeAsksBeforeItThrowsATextAway) {
   });
 }
 
-TEST_F(CodeBoxTest, ShowsTheWordsOfTheLanguageAndTheBraceThatMatches) {
-  const struct {
-    Syntax syntax;
-    const char* word;
-    const char* other;
-  } cases[] = {{Syntax::Cpp, "constexpr", "foreach"},
-               {Syntax::C, "restrict", "template"},
-               {Syntax::CSharp, "foreach", "template"},
-               {Syntax::Java, "synchronized", "typedef"},
-               {Syntax::JavaScript, "typeof", "template"}};
-  for (const auto& [syntax, word, other] : cases) {
-    CodeBox box(syntax, 40, 3, nullptr);
-    box.ShowText(std::string(word) + "\n" + other);
-    box.SendScintilla(QsciScintilla::SCI_COLOURISE, 0UL, -1L);
-    const auto styleAt = [&box](int line) {
-      return box.SendScintilla(QsciScintilla::SCI_GETSTYLEAT, box.positionFromLineIndex(line, 0));
-    };
-    EXPECT_EQ(styleAt(0), CodeLexer::Keyword) << word;
-    EXPECT_EQ(styleAt(1), CodeLexer::Identifier) << other;
-  }
+TEST_F(CodeBoxTest, ShowsTheBraceThatMatches) {
   Edit("f(a);", [](CodeBox& box) {
     const QRgb matched = QColor(0xBF, 0xDD, 0xFA).rgb();
     const auto count = [&] {

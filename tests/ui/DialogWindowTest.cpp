@@ -139,45 +139,6 @@ TEST_F(DialogWindow, ClicksReachTheRules) {
   });
 }
 
-/// A dialog around a list that notes the selections it is told of.
-class ListDialog : public Dialog {
- public:
-  ListDialog() : Dialog("List") {
-    DialogControl& list = Add(DialogControl::Kind::List, 100, "");
-    list.columns = {{"A", 125}, {"B", 0}};
-    list.rows = {{"1", "x"}, {"2", "y\nz"}, {"3", std::string(1000, 'w')}};
-  }
-  std::vector<std::vector<int>> told;
-
- protected:
-  void OnClicked(int id) override { told.push_back(Control(id).selectedRows); }
-};
-
-TEST_F(DialogWindow, ListTellsOfTheUsersSelectionsOnly) {
-  ListDialog dialog;
-  open.Run(dialog, [&](QtDialogWindow& window) {
-    auto* list = OpenDialog::Find<QTreeWidget>(window, 100);
-    EXPECT_EQ(list->columnWidth(0), 125);
-    EXPECT_EQ(list->topLevelItem(1)->text(1), "y z");
-    list->setFocus();
-    OpenDialog::Key(Qt::Key_Down);
-    OpenDialog::Key(Qt::Key_Down, {}, Qt::ShiftModifier);
-    EXPECT_EQ(dialog.told.back(), (std::vector<int>{1, 2}));
-    const std::size_t before = dialog.told.size();
-    dialog.Control(100).rows = {{"only", "row"}};
-    dialog.Control(100).selectedRows.clear();
-    window.Refresh();
-    EXPECT_EQ(dialog.told.size(), before);
-    EXPECT_EQ(list->topLevelItemCount(), 1);
-    // A click beside the rows selects nothing new and still counts.
-    SendMouse(*list->viewport(), QEvent::MouseButtonRelease, {5, list->viewport()->height() - 5},
-              Qt::RightButton);
-    QApplication::processEvents();
-    EXPECT_EQ(dialog.told.size(), before + 1);
-    EXPECT_TRUE(dialog.told.back().empty());
-  });
-}
-
 /// Pixel by pixel: nothing in them is smoothed.
 TEST_F(DialogWindow, PickersPaintTheirItemsAsTheyDid) {
   Canvas sheet(320, 16 * 24);
@@ -211,23 +172,6 @@ TEST_F(DialogWindow, ComboShowsAndTakesItsItem) {
   }));
   EXPECT_EQ(all.line.colourIndex, 12);
   EXPECT_EQ(all.line.styleIndex, 99);
-}
-
-TEST_F(DialogWindow, ComboOfTextsShowsAndTakesItsItem) {
-  PreferencesDlg dialog({"English", "Fran\xC3\xA7\x61is"});
-  dialog.language = 1;
-  EXPECT_TRUE(open.Run(dialog, [](QtDialogWindow& window) {
-    auto* languages = OpenDialog::Find<QComboBox>(window, PreferencesDlg::kLanguageId);
-    EXPECT_EQ(languages->currentText(), "English");
-    languages->setFocus();
-    OpenDialog::Key(Qt::Key_Down);
-    EXPECT_EQ(languages->currentText(), "Fran\u00E7ais");
-    EXPECT_EQ(OpenDialog::Find<QComboBox>(window, PreferencesDlg::kReopenId)->currentText(),
-              "Never");
-    OpenDialog::Click(window, IDOK);
-  }));
-  EXPECT_EQ(dialog.language, 2);
-  EXPECT_EQ(dialog.reopen, 0);
 }
 
 TEST(FontDialog, KeepsAFaceThatTheMachineLacks) {

@@ -17,7 +17,6 @@ namespace morvane {
 /// A view that notes what happens to it, and does in a test what the test says.
 class FakeView : public CScrollView {
  public:
-  COLORREF colour = 0x0000FF;
   int paints = 0;
   int asked = 0;  ///< how often, for the state of a command
   std::vector<std::string> log;
@@ -25,12 +24,10 @@ class FakeView : public CScrollView {
   CDocument* document = nullptr;
   std::vector<unsigned> disabled;
   std::function<void()> onPress;
-  std::function<void(CDC&)> onDraw;
 
   void OnDraw(CDC& dc) override {
     ++paints;
-    if (onDraw) return onDraw(dc);
-    dc.FillSolidRect({-10000, -10000, 10000, 10000}, colour);
+    dc.FillSolidRect({-10000, -10000, 10000, 10000}, 0x0000FF);
   }
   void OnScroll(ScrollBar bar, ScrollCode code, int target) override {
     std::ostringstream text;
@@ -91,8 +88,7 @@ class FakeDocument : public CDocument {
     Meet();
     return path.find("bad") == std::string::npos;
   }
-  bool OnSaveDocument(const std::string& path) override {
-    saved = path;
+  bool OnSaveDocument(const std::string&) override {
     SetModifiedFlag(false);
     return true;
   }
@@ -104,7 +100,6 @@ class FakeDocument : public CDocument {
     status = text;
     ShowTitle();
   }
-  std::string saved;
 
  private:
   void Meet() {

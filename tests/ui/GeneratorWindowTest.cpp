@@ -3,9 +3,7 @@
 #include "codegen/qt/GeneratorWindow.h"
 #include "codegen/qt/ToolOutput.h"
 #include "drawing/qt/QtText.h"
-#include "platform/Wording.h"
 #include "platform/qt/QtUiThread.h"
-#include "resources/TextLibrary.h"
 #include "tests/support/OpenCharts.h"
 #include "tests/support/Tools.h"
 #include "tests/ui/WindowTest.h"
@@ -112,41 +110,6 @@ TEST_F(GeneratorWindowTest, TheBoxTakesTextInAnyPiecesFollowsItsEndAndHasItsLimi
   });
 }
 
-TEST_F(GeneratorWindowTest, TellsHowTheRunGoes) {
-  processes.instead = ToolLine("exit 3");
-  Run(GeneratorKind::C, [this](GeneratorWindow& window) {
-    EXPECT_TRUE(Labels(window).contains("Not started yet"));
-    Button(window, "Generate")->click();
-    EXPECT_TRUE(Labels(window).contains("Running..."));
-    EXPECT_TRUE(WaitUntil([&] {
-      QApplication::processEvents();
-      return Labels(window).contains("Failed with exit code 3");
-    }));
-    window.close();
-  });
-}
-
-TEST_F(GeneratorWindowTest, SpeaksTheLanguageOfTheUser) {
-  std::string bytes;
-  TextLibrary german;
-  ASSERT_TRUE(ReadWholeFile(MORVANE_SOURCE_DIR "/resources/lang/langger.txt", bytes).Ok());
-  ASSERT_TRUE(german.Read(bytes));
-  TextSource* former = TextSource::Use(&german);
-  SetTranslator(Translate);
-  Run(GeneratorKind::Cpp, [](GeneratorWindow& window) {
-    EXPECT_EQ(Labels(window).remove('&').toStdString(),
-              "Modelldatei:|Ausgabeordner:|Befehlszeile:|Status:|Noch nicht gestartet");
-    EXPECT_EQ(window.findChild<QCheckBox*>()->text().remove('&'),
-              "Debug-Informationen (Option -g)");
-    for (const char* text : {"Ordner \xC3\xB6\x66\x66nen", "Generieren", "Schlie\xC3\x9F\x65n"}) {
-      EXPECT_NE(Button(window, QString::fromUtf8(text)), nullptr) << text;
-    }
-    window.close();
-  });
-  SetTranslator(nullptr);
-  TextSource::Use(former);
-}
-
 TEST_F(GeneratorWindowTest, AMessageWithAPlaceIsALinkToItsObject) {
   const TempFolder folder;
   OpenCharts charts(folder.Path("store"));
@@ -178,21 +141,6 @@ TEST_F(GeneratorWindowTest, AMessageWithAPlaceIsALinkToItsObject) {
     window.close();
   });
   DialogGenerators().Run(ID_GENERATE_CPP, view);
-}
-
-TEST_F(GeneratorWindowTest, MakesRoomForWhatALinkLeadsTo) {
-  Run(GeneratorKind::Cpp, [](GeneratorWindow& window) {
-    const QRect screen = window.screen()->availableGeometry();
-    window.resize(screen.size() / 2);
-    window.move(screen.topLeft());
-    window.MakeRoomFor(
-        {screen.right() - 20, screen.bottom() - 20, screen.right(), screen.bottom()});
-    EXPECT_EQ(window.pos(), screen.topLeft()) << "it covers nothing";
-    window.MakeRoomFor(
-        {screen.left() + 10, screen.top() + 10, screen.left() + 90, screen.top() + 60});
-    EXPECT_EQ(window.frameGeometry().bottomRight(), screen.bottomRight());
-    window.close();
-  });
 }
 
 TEST_F(GeneratorWindowTest, AnEndlessFloodLeavesTimeForTheUser) {

@@ -44,23 +44,6 @@ TEST(LanguageSetup, SaysThatItCannotBeReadOnlyWhereSettingsAreDamaged) {
   LoadLanguage(folder.Root().string());
 }
 
-TEST(LanguageSetup, AChosenLanguageIsKeptAndGoesAgainFromTheFile) {
-  const TempFolder folder;
-  const std::string path = folder.Write("Morvane.ini", "[Settings]\nStateName=Mine\n");
-  for (const char* code : {"fra", "ger", ""}) {
-    {
-      QtProfile profile(path);
-      const UseService<Profile> use(profile);
-      ChooseLanguage(code);
-    }
-    QtProfile profile(path);
-    const UseService<Profile> use(profile);
-    EXPECT_EQ(ChosenLanguage(), code);
-    EXPECT_EQ(profile.Find("", "Language").has_value(), *code != 0);
-    EXPECT_EQ(profile.GetString("Settings", "StateName", ""), "Mine");
-  }
-}
-
 }  // namespace
 
 }  // namespace morvane

@@ -8,7 +8,6 @@
 #include "shell/qt/CommandMenu.h"
 #include "shell/qt/FrameState.h"
 #include "shell/qt/ObjectBrowserPane.h"
-#include "tests/support/SaveDialogs.h"
 #include "tests/ui/FakeChart.h"
 #include "tests/ui/MainWindow.h"
 
@@ -34,11 +33,6 @@ class MainFrameTest : public MainWindow<FakeDocument, FakeView> {
     }
     return nullptr;
   }
-  QStringList Titles() {
-    QStringList titles;
-    for (QAction* popup : frame->menuBar()->actions()) titles << popup->text();
-    return titles;
-  }
   void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QWidget* const focus = QApplication::focusWidget();
     QKeyEvent press(QEvent::KeyPress, key, modifiers);
@@ -61,20 +55,6 @@ class MainFrameTest : public MainWindow<FakeDocument, FakeView> {
     return entries;
   }
 };
-
-TEST_F(MainFrameTest, MenusFollowTheCharts) {
-  const QStringList start{"&File", "&Edit", "&View", "&Help"};
-  EXPECT_EQ(Titles(), start);
-  EXPECT_EQ(Title(), "Morvane");
-  CDocument& document = Open("/x/One.mrv");
-  EXPECT_EQ(Titles(),
-            (QStringList{"&File", "&Edit", "&Insert", "&View", "&CodeGen", "&Window", "&Help"}));
-  document.SetTitle("Two");
-  EXPECT_EQ(Title(), "Two - Morvane");
-  frame->RunCommand(ID_FILE_CLOSE);
-  EXPECT_EQ(Titles(), start);
-  EXPECT_EQ(Title(), "Morvane");
-}
 
 TEST_F(MainFrameTest, EntriesKeysAndButtonsFollowTheirCommands) {
   EXPECT_FALSE(Entry(ID_FILE_RECENT)->isEnabled());
@@ -106,12 +86,6 @@ TEST_F(MainFrameTest, EntriesKeysAndButtonsFollowTheirCommands) {
   }
 }
 
-TEST_F(MainFrameTest, PromptShowsInTheStatusBar) {
-  QStatusTipEvent tip(Entry(ID_FILE_OPEN)->statusTip());
-  QApplication::sendEvent(frame.get(), &tip);
-  EXPECT_EQ(frame->statusBar()->currentMessage(), "Open an existing chart");
-}
-
 TEST_F(MainFrameTest, AnOpenChartComesForwardAndAFailedOneLeavesNoWindow) {
   CDocument& one = Open("/x/One.mrv");
   Open("/x/Two & Three.mrv");
@@ -125,23 +99,6 @@ TEST_F(MainFrameTest, AnOpenChartComesForwardAndAFailedOneLeavesNoWindow) {
   EXPECT_EQ(frame->ActiveChild()->Document(), &one);
   Entry(ID_FILE_RECENT)->trigger();
   EXPECT_EQ(Title(), "Two & Three.mrv - Morvane");
-}
-
-TEST_F(MainFrameTest, NewWindowsAreMaximisedLikeTheActiveOne) {
-  for (const char* path : {"/x/One.mrv", "/x/Two.mrv"}) {
-    Open(path);
-    EXPECT_TRUE(frame->ActiveChild()->isMaximized());
-  }
-  frame->RunCommand(ID_WINDOW_CASCADE);
-  EXPECT_FALSE(frame->ActiveChild()->isMaximized());
-  EXPECT_EQ(frame->ActiveChild()->windowTitle(), "Two.mrv[*]");
-  EXPECT_EQ(Title(), "Two.mrv - Morvane");
-  Open("/x/Three.mrv");
-  EXPECT_FALSE(frame->ActiveChild()->isMaximized());
-  frame->ActiveChild()->showMinimized();
-  frame->ActiveChild()->move(300, 20);
-  frame->RunCommand(ID_WINDOW_ARRANGE);
-  EXPECT_EQ(frame->ActiveChild()->x(), 0) << "icons stand in a row from the left";
 }
 
 TEST_F(MainFrameTest, UnsavedChartsAreMarkedInTitlesAndInTheWindowList) {
@@ -206,19 +163,6 @@ TEST_F(MainFrameTest, ClosingAsksForEachModifiedChartAndCancelKeepsAll) {
   EXPECT_EQ(OpenCharts(), 0U);
   EXPECT_EQ(Windows(), 0);
   EXPECT_TRUE(frame->close());
-}
-
-TEST_F(MainFrameTest, SavingANewChartAsksForItsPlace) {
-  SaveDialogs dialogs;
-  frame->RunCommand(ID_FILE_NEW);
-  EXPECT_EQ(Title(), "Morvane_Diagram1 - Morvane");
-  dialogs.path = "/x/Saved.mrv";
-  frame->RunCommand(ID_FILE_SAVE);
-  EXPECT_EQ(Title(), "Saved.mrv - Morvane");
-  dialogs.path = "/x/Copy.mrv";
-  frame->RunCommand(ID_FILE_SAVE_AS);
-  EXPECT_EQ(Title(), "Copy.mrv - Morvane");
-  EXPECT_EQ(dialogs.suggestion, "/x/Saved.mrv");
 }
 
 TEST_F(MainFrameTest, GestureEndsBeforeItsChartCloses) {

@@ -23,27 +23,6 @@ TEST(MenuTableTest, EachCommandStandsOnceInATableAndItsKeysAreItsOwn) {
   }
 }
 
-TEST(MenuTableTest, EachEntryStandsOnceInAMenuAndHasATextAndAPrompt) {
-  for (const auto menu : {StartMenu(), ChartMenu()}) {
-    std::set<unsigned> seen;
-    for (const MenuPopup& popup : menu) {
-      EXPECT_NE(popup.entries.front().id, 0U) << popup.title;
-      EXPECT_NE(popup.entries.back().id, 0U) << popup.title;
-      std::vector<MenuEntry> entries(popup.entries.begin(), popup.entries.end());
-      for (const MenuEntry& entry : popup.entries) {
-        if (entry.popup != nullptr)
-          entries.insert(entries.end(), entry.popup->entries.begin(), entry.popup->entries.end());
-      }
-      for (const MenuEntry& entry : entries) {
-        if (entry.id == 0) continue;
-        EXPECT_TRUE(seen.insert(entry.id).second) << entry.id;
-        EXPECT_NE(MenuText(entry), "") << entry.id;
-        EXPECT_FALSE(FindCommand(entry.id).prompt.empty()) << entry.id;
-      }
-    }
-  }
-}
-
 TEST(MenuTableTest, EveryButtonHasATipAndAnIcon) {
   for (const auto bar : {ToolBarButtons(), DrawingBarButtons()}) {
     for (const unsigned id : bar) {

@@ -69,34 +69,6 @@ TEST_F(RecoveryWindowTest, RowsGoAsTheyAreDoneAndTheWindowWithTheLast) {
   EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(RecoveryWindowTest, EscapeLeavesTheRowsInTheList) {
-  RecoveryList list(Offers(2), {});
-  RecoveryWindow window(list);
-  window.show();
-  SendKey(window, Qt::Key_Escape);
-  EXPECT_FALSE(window.isVisible());
-  EXPECT_EQ(list.Rows().size(), 2U);
-}
-
-TEST_F(RecoveryWindowTest, ManyRowsScrollAndLongPathsAreCutButWholeInTheTip) {
-  std::vector<RecoveryOffer> offers = Offers(12);
-  const std::string longFolder = "/charts/" + std::string(300, 'x') + "/<b>deep</b>";
-  offers[0].path = longFolder + "/0.mrv";
-  offers[1].crashReport = "/state/1.crash";
-  RecoveryList list(std::move(offers), {});
-  RecoveryWindow window(list);
-  window.show();
-  QApplication::processEvents();
-  EXPECT_GT(window.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
-  EXPECT_LT(window.width(), 900);
-  for (const QLabel* label : window.findChildren<QLabel*>()) {
-    if (label->text().toStdString() != longFolder) continue;
-    EXPECT_EQ(label->toolTip(), QString::fromStdString(longFolder).toHtmlEscaped());
-    EXPECT_LT(label->width(), window.width());
-  }
-  EXPECT_EQ(window.findChild<QLineEdit*>()->text(), "/state/1.crash");
-}
-
 TEST_F(RecoveryWindowTest, APictureShowsTheChartAtAnyScaleAndDamageShowsNone) {
   const std::string lift = [] {
     std::string text;

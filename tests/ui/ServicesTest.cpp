@@ -104,63 +104,13 @@ TEST_F(QtProfileTest, TwoRunningCopiesKeepEachOthersRecentFiles) {
   EXPECT_EQ(QtProfile(path).GetInt("Settings", "FontSize", 0), 90);
 }
 
-class QtPicturesTest : public testing::Test {
- protected:
-  static void DrawSample(CDC& dc) {
-    dc.SelectFont(CFont::FromTenthsOfPoint(80, "Verdana"));
-    dc.SelectBrush(CBrush::Solid(RGB(255, 255, 200)));
-    dc.RoundRect({10, 10, 90, 60}, {20, 20});
-    dc.TextOut({20, 20}, "Sample", nullptr);
-  }
-  QImage Png(SIZE size, const Pictures::Paint& paint) {
-    const std::string png = pictures.MakePng(size, paint).value_or("");
-    EXPECT_EQ(pictures.MakePng(size, paint), png) << "the same bytes each time";
-    return QImage::fromData(QByteArray::fromStdString(png), "png");
-  }
+TEST(QtPicturesTest, TooLargeAPictureIsNotMade) {
   QtPictures pictures;
-};
-
-TEST_F(QtPicturesTest, PngHasASmallPaletteOrAllColours) {
-  const QImage sample = Png({120, 100}, DrawSample);
-  EXPECT_EQ(sample.size(), QSize(120, 100));
-  EXPECT_EQ(sample.format(), QImage::Format_Indexed8);
-  EXPECT_EQ(sample.pixel(0, 0), qRgb(255, 255, 255));
-  EXPECT_EQ(sample.pixel(40, 50), qRgb(255, 255, 200));
-  const QImage many = Png({64, 64}, [](CDC& dc) {
-    for (int i = 0; i < 64 * 64; ++i) {
-      const int x = i % 64;
-      const int y = i / 64;
-      dc.FillSolidRect({x, y, x + 1, y + 1}, RGB(x * 4, y * 4, x ^ y));
-    }
-  });
-  EXPECT_EQ(many.pixel(5, 9), qRgb(20, 36, 5 ^ 9));
-  EXPECT_EQ(many.pixel(63, 0), qRgb(252, 0, 63));
-}
-
-TEST_F(QtPicturesTest, TooLargeAPictureIsNotMade) {
   const auto fail = [](CDC&) { FAIL(); };
   for (const SIZE size : {SIZE{32768, 1}, {30000, 30000}, {0, 10}}) {
     EXPECT_FALSE(pictures.MakePng(size, fail)) << size.cx;
   }
   for (const SIZE size : {SIZE{19201, 10}, {10, -1}}) EXPECT_FALSE(pictures.MakePdf(size, fail));
-}
-
-TEST_F(QtPicturesTest, PdfIsOnePageOfItsSizeThatMeasuresAsTheScreenDoes) {
-  const auto reference = pictures.ReferenceDC();
-  reference->SelectFont(CFont::FromTenthsOfPoint(80, "Verdana"));
-  const auto paint = [&](CDC& dc) {
-    DrawSample(dc);
-    EXPECT_EQ(dc.GetTextExtent("Some words"), reference->GetTextExtent("Some words"));
-  };
-  const auto pdf = pictures.MakePdf({400, 200}, paint);
-  ASSERT_TRUE(pdf);
-  EXPECT_EQ(pictures.MakePdf({400, 200}, paint), pdf) << "the same bytes each time";
-  const QString text = QString::fromLatin1(QByteArray::fromStdString(*pdf));
-  EXPECT_TRUE(text.startsWith("%PDF-"));
-  for (const char* part :
-       {R"(/MediaBox \[0 0 300(\.0+)? 150(\.0+)?\])", "/Count 1", "/FontFile2"}) {
-    EXPECT_TRUE(QRegularExpression(part).match(text).hasMatch()) << part;
-  }
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/CMorvaneApp.h"
 #include "shell/qt/CSplashDlg.h"
-#include "shell/qt/SplashPicture.h"
 #include "tests/ui/WindowTest.h"
 
 namespace morvane {
@@ -55,25 +54,6 @@ TEST(Start, TheAboutBoxShowsThePictureAndGoesWithAKey) {
   EXPECT_TRUE(about.IsLoaded());
   about.exec();
   EXPECT_TRUE(wasShown);
-}
-
-TEST(Start, ThePictureIsReadOrRefused) {
-  std::string file;
-  ASSERT_TRUE(ReadWholeFile(MORVANE_SOURCE_DIR "/resources/splash/splash.bmp", file).Ok());
-  const QByteArray whole = QByteArray::fromStdString(file);
-  const QImage picture = ReadSplashPicture(whole);
-  ASSERT_EQ(picture.size(), QSize(387, 242));
-  // The frame around it is dark, and the place of the version text is light.
-  EXPECT_LT(qGreen(picture.pixel(0, 0)), 150);
-  for (int x = 270; x < 360; ++x) EXPECT_GT(qGreen(picture.pixel(x, 157)), 200);
-  QByteArray other = whole;
-  other[0] = 'C';
-  QByteArray coreHeader = whole;
-  coreHeader[14] = 12;
-  for (const QByteArray& refused :
-       {QByteArray(), whole.first(10), whole.first(100), whole.chopped(1), other, coreHeader}) {
-    EXPECT_TRUE(ReadSplashPicture(refused).isNull());
-  }
 }
 
 TEST(MessageBoxWindow, ShowsTheTextAsItIsAndAnswersWithItsButtons) {
