@@ -245,6 +245,11 @@ void Transition::AddMesg() {
   if (mesg == nullptr) MakeMesg()->EditText();
 }
 
+void Transition::OnLButtonDblClk(unsigned /*flags*/, std::int32_t /*x*/, std::int32_t /*y*/) {
+  if (mesg != nullptr) return mesg->EditText();
+  view->EditInPlace(*this);
+}
+
 Mesg* Transition::MakeMesg() {
   POINT origin;
   mesg = InsertMesg(*mgr, origin, this);

@@ -58,6 +58,8 @@ class Transition : public StateTransition {
   void TakeInPlace(const std::string& typed) override;
   bool TakesPressWithControl() const override { return true; }
   void OnLButtonDown(unsigned flags, std::int32_t x, std::int32_t y) override;
+  /// The route runs through its message: the editor of that opens.
+  void OnLButtonDblClk(unsigned flags, std::int32_t x, std::int32_t y) override;
   bool YieldsToConnection(unsigned flags, POINT client) override;
   bool OnSetCursor(CWnd* window, unsigned hitTest, unsigned message) override;
   void OnPlaced() override;

@@ -103,6 +103,10 @@ TEST_F(InPlace, OpensAtADoubleClickOnANameOrANoteOnly) {
   chart->OnTextBoxLeft(false);
   click({20, 12});
   EXPECT_FALSE(window.box) << "entry and exit have a dialog";
+  delete FindShape(*chart, 4);
+  click({22, 19});
+  ASSERT_TRUE(window.box) << "a transition gets its message";
+  chart->OnTextBoxLeft(false);
   click({70, 15});
   ASSERT_TRUE(window.box);
   EXPECT_EQ(window.box->text, "a\r\nb");
