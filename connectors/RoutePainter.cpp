@@ -61,7 +61,7 @@ void RoutePainter::Line(POINT from, POINT to) {
   dc.LineTo(to);
 }
 
-std::int32_t RoutePainter::ArrowHalfWidth() const {
+std::int32_t RoutePainter::ArrowHalfWidth(const Conversion& convert) {
   const std::int32_t unit = SubSat(convert({1, 0}).x, convert({0, 0}).x);
   return std::max(RoundHalfAway(kArrowHalfWidth * unit), 1);
 }
@@ -69,7 +69,7 @@ std::int32_t RoutePainter::ArrowHalfWidth() const {
 void RoutePainter::PaintArrow(POINT base, POINT tip) {
   POINT a;
   POINT b;
-  SidePoints(base, tip, ArrowHalfWidth(), a, b);
+  SidePoints(base, tip, ArrowHalfWidth(convert), a, b);
   Line(a, tip);
   Line(tip, b);
 }

@@ -28,6 +28,8 @@ class RoutePainter {
 
   /// The point as far behind the stub point as the tip lies ahead of it.
   static POINT ArrowBase(POINT stub, POINT tip) { return stub - (tip - stub); }
+  /// Half the width of the arrow head, in the units that model points are converted to.
+  static std::int32_t ArrowHalfWidth(const Conversion& convert);
   /// The point from which a corner is rounded: on the way from `from`, one model unit short of it.
   /// On a way of one unit, and on a slant, the corner itself.
   static POINT PointBefore(POINT from, POINT corner);
@@ -38,7 +40,6 @@ class RoutePainter {
   bool IsVisible(POINT a, POINT b) const;
   void Line(POINT from, POINT to);
   void PaintArrow(POINT base, POINT tip);
-  std::int32_t ArrowHalfWidth() const;
 
   CDC& dc;
   Conversion convert;

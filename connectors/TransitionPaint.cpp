@@ -105,8 +105,13 @@ RoutePainter::Reach Transition::ReachOfEnds(int perModel) const {
           ReachTo(target, targetKey, chain.Tail()->end, perModel)};
 }
 
-/// The ends reach beyond the region, into their states.
+/// The ends reach beyond the region, into their states, and the slants of the arrow head are
+/// smoothed into the pixels beside it.
 void Transition::InvalidateEnds() {
+  const POINT tip = ToClient(chain.Tail()->end);
+  const POINT base = RoutePainter::ArrowBase(ToClient(chain.Tail()->start), tip);
+  const RECT head = NormalizeRect({base.x, base.y, tip.x, tip.y});
+  view->InvalidateRect(InflateRect(head, kEndReach));
   for (const POINT end : {chain.Head()->start, chain.Tail()->end}) {
     view->InvalidateRect(InflateRect(RectAt(ToClient(end)), kEndReach));
   }

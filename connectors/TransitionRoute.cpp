@@ -122,7 +122,9 @@ CRgn Transition::RegionAt(const Conversion& convert) const {
   }
   const POINT stub = convert(chain.Tail()->start);
   const POINT tip = convert(chain.Tail()->end);
-  area.Add(MakeArrowRegion(RoutePainter::ArrowBase(stub, tip), tip, kArrowReach));
+  // At great zooms the head is wider than what is easy to hit.
+  const std::int32_t reach = std::max(kArrowReach, RoutePainter::ArrowHalfWidth(convert) + 1);
+  area.Add(MakeArrowRegion(RoutePainter::ArrowBase(stub, tip), tip, reach));
   return area;
 }
 

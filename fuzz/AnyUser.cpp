@@ -129,7 +129,9 @@ MessageAnswer AnyUser::Show(const std::string&, unsigned flags) {
   switch (flags & kButtonSetMask) {
     case MB_OK: return MessageAnswer::Ok;
     case MB_OKCANCEL: return source.Flag() ? MessageAnswer::Ok : MessageAnswer::Cancel;
-    case MB_YESNO: return source.Flag() ? MessageAnswer::Yes : MessageAnswer::No;
+    // A hand that has nothing left to do lets a dialog go, which asks whether it may.
+    case MB_YESNO:
+      return source.IsEmpty() || source.Flag() ? MessageAnswer::Yes : MessageAnswer::No;
     default: {
       const bool isCancelled = source.Below(8) == 0;
       if (isCancelled) return MessageAnswer::Cancel;

@@ -143,23 +143,25 @@ void QtDC::StrokeLines(QPolygonF points, bool closed) {
   }
 }
 
-/// Paints the dashes of a line between two distances from its start, each as a line of its own: the
-/// toolkit's dashes would depend on what is clipped away. `before` is the length of the lines in
-/// front, over which the dashes run on.
+/// Paints the dashes of a line between two distances from its start, each as an area of its own:
+/// the toolkit's dashes and thin lines would depend on what is clipped away. `before` is the length
+/// of the lines in front, over which the dashes run on.
 void QtDC::StrokeDashes(const QLineF& line, double from, double to, double before) {
   const std::vector<int> lengths = DashLengths();
   const double total = std::accumulate(lengths.begin(), lengths.end(), 0.0);
   const QPointF direction = (line.p2() - line.p1()) / line.length();
-  QPen pen(ToColour(GetPen().colour), PenWidth());
-  pen.setCapStyle(Qt::FlatCap);
-  painter.setPen(pen);
+  const QPointF aside = QPointF(-direction.y(), direction.x()) * (PenWidth() / 2);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ToColour(GetPen().colour));
   double at = std::floor((before + from) / total) * total - before;
   while (at < to) {
     for (std::size_t i = 0; i < lengths.size(); ++i) {
       const double start = std::max(at, from);
       const double end = std::min(at + lengths[i], to);
       if (i % 2 == 0 && start < end) {
-        painter.drawLine(QLineF(line.p1() + direction * start, line.p1() + direction * end));
+        const QPointF first = line.p1() + direction * start;
+        const QPointF last = line.p1() + direction * end;
+        painter.drawPolygon(QPolygonF{first + aside, last + aside, last - aside, first - aside});
       }
       at += lengths[i];
     }
