@@ -131,21 +131,17 @@ bool InPlaceBox::TakeKey(int key, Qt::KeyboardModifiers modifiers) {
   }
 }
 
-bool InPlaceBox::eventFilter(QObject* watched, QEvent* event) {
-  switch (event->type()) {
-    case QEvent::KeyPress: {
-      const auto* key = static_cast<QKeyEvent*>(event);
-      if (TakeKey(key->key(), key->modifiers())) return true;
-      break;
-    }
-    case QEvent::FocusOut: {
-      const auto reason = static_cast<QFocusEvent*>(event)->reason();
-      if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) Leave(true);
-      break;
-    }
-    default: break;
+/// Whoever hears that the user leaves may have destroyed this object.
+bool InPlaceBox::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    return TakeKey(key->key(), key->modifiers());
   }
-  return QObject::eventFilter(watched, event);
+  if (event->type() == QEvent::FocusOut) {
+    const auto reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) Leave(true);
+  }
+  return false;
 }
 
 }  // namespace morvane
