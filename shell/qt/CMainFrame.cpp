@@ -197,9 +197,12 @@ void CMainFrame::CreateProblems() {
 void CMainFrame::ShowProblems() {
   const CChildFrame* child = ActiveChild();
   const ChartProblems* known = child != nullptr ? child->Problems() : nullptr;
-  const std::vector<Problem> found = known != nullptr ? known->Problems() : std::vector<Problem>();
+  std::vector<Problem> found;
   std::vector<ProblemsPane::Row> rows;
-  for (const Problem& problem : found) rows.push_back({problem, known->FixFor(problem)});
+  if (known != nullptr) {
+    found = known->Problems();
+    for (const Problem& problem : found) rows.push_back({problem, known->FixFor(problem)});
+  }
   problems->Show(std::move(rows));
   const auto errors = std::ranges::count(found, Problem::Severity::Error, &Problem::severity);
   const auto warnings = std::ssize(found) - errors;
