@@ -5,7 +5,7 @@
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-rooms=(codegen connectors dialogs drawing generators machine model persistence platform recovery
+rooms=(checks codegen connectors dialogs drawing generators machine model persistence platform recovery
   resources shell states surface)
 since=
 if [[ ${1:-} == --since ]]; then
