@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Looks at a chart as a screen reader does, through the desktop's own bus on a display of its own,
-# and draws another one by keys alone: accessibility.sh [FILE [PROGRAM]]. Prints how many objects have
+# and draws another one by keys alone: accessibility.sh [FILE [PROGRAM [PICTURE]]]. Prints how many objects have
 # a role, a name and a place, how many a Tab came to, and how much of a coffee machine was drawn.
 # Fails unless all were.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 chart=$(realpath "${1:-$root/Examples/Lift/Lift.mrv}")
-"$root/scripts/setup.sh" xvfb openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0
+"$root/scripts/setup.sh" xvfb openbox xdotool imagemagick dbus at-spi2-core python3-gi gir1.2-atspi-2.0
 if (($# > 1)); then
   program=$(realpath "$2")
 else
@@ -30,5 +30,6 @@ cp "$chart" "$work/"
 open_chart "$work/${chart##*/}" 1600 1000
 xdotool mousemove 1590 990
 /usr/bin/python3 "$root/scripts/accessibility.py" "$work/${chart##*/}"
+if (($# > 2)); then import -silent -window root "$3"; fi
 kill "$app"
 wait "$app" 2>/dev/null || true
