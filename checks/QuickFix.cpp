@@ -1,7 +1,6 @@
 #include "checks/QuickFix.h"
 
 #include <algorithm>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <set>
@@ -11,7 +10,7 @@
 #include "connectors/Joining.h"
 #include "connectors/Mesg.h"
 #include "connectors/Transition.h"
-#include "model/Contents.h"
+#include "model/Enclosures.h"
 #include "model/ModelMgr.h"
 #include "resources/Texts.h"
 #include "states/EndableState.h"
@@ -57,26 +56,22 @@ std::optional<std::pair<Kind*, AnchorKey>> NearestAnchor(const LayoutMgr& chart,
   return nearest;
 }
 
-/// The smallest state around another one; null if there is none.
-const GenericState* HolderOf(const LayoutMgr& chart, const Shape& inner) {
-  const GenericState* holder = nullptr;
-  const auto area = [](const Shape& shape) {
-    return Width(shape.GetBounds()) * Height(shape.GetBounds());
-  };
-  for (const Shape* shape : chart.GetModel().Objects()) {
-    const auto* state = dynamic_cast<const GenericState*>(shape);
-    if (state == nullptr || state == &inner || !LiesIn(inner, *state)) continue;
-    if (holder == nullptr || area(*state) < area(*holder)) holder = state;
-  }
-  return holder;
-}
-
 /// The states directly in a state, or in the chart for null, by reading.
 std::vector<GenericState*> LevelOf(const LayoutMgr& chart, const GenericState* holder) {
-  std::vector<GenericState*> level;
+  std::vector<GenericState*> states;
+  std::vector<Enclosures::Box> boxes;
   for (Shape* shape : chart.GetModel().Objects()) {
     auto* state = dynamic_cast<GenericState*>(shape);
-    if (state != nullptr && HolderOf(chart, *state) == holder) level.push_back(state);
+    if (state == nullptr) continue;
+    states.push_back(state);
+    boxes.push_back({state->GetBounds(), true});
+  }
+  const std::vector<int> holders = Enclosures(std::move(boxes)).Holders();
+  std::vector<GenericState*> level;
+  for (std::size_t i = 0; i < states.size(); ++i) {
+    const GenericState* around =
+        holders[i] == Enclosures::kNone ? nullptr : states[static_cast<std::size_t>(holders[i])];
+    if (around == holder) level.push_back(states[i]);
   }
   std::ranges::stable_sort(level, {}, [](const GenericState* state) {
     return std::pair(state->GetBounds().top, state->GetBounds().left);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <limits>
 #include <vector>
 
@@ -56,6 +57,15 @@ std::vector<RECT> ObstaclesIn(const ModelMgr& model, const RECT& area, const Sha
   return obstacles;
 }
 
+/// Those that a row of places from a top to a bottom can meet at all.
+std::vector<RECT> ObstaclesBeside(const std::vector<RECT>& obstacles, std::int32_t top,
+                                  std::int32_t bottom) {
+  std::vector<RECT> beside;
+  std::ranges::copy_if(obstacles, std::back_inserter(beside),
+                       [=](const RECT& r) { return r.top <= bottom && top <= r.bottom; });
+  return beside;
+}
+
 }  // namespace
 
 std::optional<POINT> FindFreePlace(const ModelMgr& model, SIZE size, const RECT& area, POINT near,
@@ -75,6 +85,7 @@ std::optional<POINT> FindFreePlace(const ModelMgr& model, SIZE size, const RECT&
     std::optional<POINT> best;
     std::int64_t least = std::numeric_limits<std::int64_t>::max();
     for (std::int32_t y = FirstFrom(inner.top, wanted.y); y <= inner.bottom - size.cy; y += kStep) {
+      const std::vector<RECT> beside = ObstaclesBeside(obstacles, y - margin, y + size.cy + margin);
       for (std::int32_t x = FirstFrom(inner.left, wanted.x); x <= inner.right - size.cx;
            x += kStep) {
         const std::int64_t distance =
@@ -82,7 +93,7 @@ std::optional<POINT> FindFreePlace(const ModelMgr& model, SIZE size, const RECT&
         if (distance >= least) continue;
         const RECT around = InflateRect({x, y, x + size.cx, y + size.cy}, margin);
         const auto hits = [&around](const RECT& r) { return Touch(r, around); };
-        if (std::ranges::any_of(obstacles, hits)) continue;
+        if (std::ranges::any_of(beside, hits)) continue;
         least = distance;
         best = POINT{x, y};
       }

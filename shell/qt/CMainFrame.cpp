@@ -190,20 +190,20 @@ void CMainFrame::CreateProblems() {
   const auto fix = [this](const Problem& problem) {
     if (const ChartProblems* known = ReachableProblems()) known->Fix(problem);
   };
-  problems = new ProblemsPane({choose, fix}, this);
+  const auto fixFor = [this](const Problem& problem) {
+    const CChildFrame* child = ActiveChild();
+    const ChartProblems* known = child != nullptr ? child->Problems() : nullptr;
+    return known != nullptr ? known->FixFor(problem) : std::string();
+  };
+  problems = new ProblemsPane({fixFor, choose, fix}, this);
   addDockWidget(Qt::BottomDockWidgetArea, problems);
 }
 
 void CMainFrame::ShowProblems() {
   const CChildFrame* child = ActiveChild();
   const ChartProblems* known = child != nullptr ? child->Problems() : nullptr;
-  std::vector<Problem> found;
-  std::vector<ProblemsPane::Row> rows;
-  if (known != nullptr) {
-    found = known->Problems();
-    for (const Problem& problem : found) rows.push_back({problem, known->FixFor(problem)});
-  }
-  problems->Show(std::move(rows));
+  const std::vector<Problem> found = known != nullptr ? known->Problems() : std::vector<Problem>();
+  problems->Show(found);
   const auto errors = std::ranges::count(found, Problem::Severity::Error, &Problem::severity);
   const auto warnings = std::ssize(found) - errors;
   QStringList counts;

@@ -34,9 +34,21 @@ std::string WithoutObject(const Problem& problem) {
   return named ? problem.message.substr(problem.object.size() + 1) : problem.message;
 }
 
-bool IsSame(const ProblemsPane::Row& a, const ProblemsPane::Row& b) {
-  return a.problem.id == b.problem.id && a.problem.message == b.problem.message && a.fix == b.fix;
-}
+/// A row whose quick fix is found when it is to be seen.
+class ProblemItem : public QTreeWidgetItem {
+ public:
+  using FixText = std::function<QString()>;
+
+  ProblemItem(QTreeWidget* list, const QStringList& texts, FixText fixText)
+      : QTreeWidgetItem(list, texts), fixText(std::move(fixText)) {}
+  QVariant data(int column, int role) const override {
+    const bool isFix = column == kFix && role == Qt::DisplayRole;
+    return isFix ? fixText() : QTreeWidgetItem::data(column, role);
+  }
+
+ private:
+  FixText fixText;
+};
 
 }  // namespace
 
@@ -55,6 +67,7 @@ ProblemsPane::ProblemsPane(Callbacks callbacks, QWidget* parent)
   list->header()->resizeSection(kObject, kObjectWidth);
   list->header()->setSectionResizeMode(kMessage, QHeaderView::Stretch);
   list->header()->setSectionResizeMode(kFix, QHeaderView::ResizeToContents);
+  list->header()->setResizeContentsPrecision(0);
   list->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(list, &QTreeWidget::itemClicked, this, &ProblemsPane::Click);
   connect(list, &QTreeWidget::currentItemChanged, this, &ProblemsPane::Choose);
@@ -64,12 +77,14 @@ ProblemsPane::ProblemsPane(Callbacks callbacks, QWidget* parent)
   hide();
 }
 
-void ProblemsPane::Show(std::vector<Row> shown) {
-  const bool isFirst = rows.empty() && !shown.empty();
-  if (!std::ranges::equal(rows, shown, IsSame)) {
-    rows = std::move(shown);
+void ProblemsPane::Show(const std::vector<Problem>& shown) {
+  const bool isFirst = problems.empty() && !shown.empty();
+  if (problems != shown) {
+    problems = shown;
     Fill();
   }
+  // What can be done about them may have changed.
+  list->viewport()->update();
   if (isFirst && IsWanted()) Appear();
 }
 
@@ -88,7 +103,7 @@ void ProblemsPane::Fill() {
   const QString object = current != nullptr ? current->text(kObject) : QString();
   const QString message = current != nullptr ? current->text(kMessage) : QString();
   list->clear();
-  for (const Row& row : rows) AddRow(row);
+  for (const Problem& problem : problems) AddRow(problem);
   for (int i = 0; i < list->topLevelItemCount(); ++i) {
     QTreeWidgetItem* item = list->topLevelItem(i);
     if (item->text(kObject) == object && item->text(kMessage) == message) {
@@ -97,10 +112,10 @@ void ProblemsPane::Fill() {
   }
 }
 
-void ProblemsPane::AddRow(const Row& row) {
-  const Problem& problem = row.problem;
-  auto* item = new QTreeWidgetItem(
-      list, {ToQString(problem.object), ToQString(WithoutObject(problem)), ToQString(row.fix)});
+void ProblemsPane::AddRow(const Problem& problem) {
+  const QStringList texts{ToQString(problem.object), ToQString(WithoutObject(problem))};
+  auto* item = new ProblemItem(list, texts,
+                               [this, problem] { return ToQString(callbacks.fixFor(problem)); });
   const bool isError = problem.severity == Problem::Severity::Error;
   const auto icon = isError ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxWarning;
   item->setIcon(kObject, style()->standardIcon(icon));
@@ -113,34 +128,38 @@ void ProblemsPane::AddRow(const Row& row) {
   item->setForeground(kFix, palette().link());
 }
 
-const ProblemsPane::Row* ProblemsPane::RowOf(QTreeWidgetItem* item) const {
+const Problem* ProblemsPane::ProblemOf(QTreeWidgetItem* item) const {
   const int at = item == nullptr ? -1 : list->indexOfTopLevelItem(item);
-  return at < 0 || at >= std::ssize(rows) ? nullptr : &rows[static_cast<std::size_t>(at)];
+  return at < 0 || at >= std::ssize(problems) ? nullptr : &problems[static_cast<std::size_t>(at)];
 }
 
 void ProblemsPane::Choose(QTreeWidgetItem* item) const {
-  if (const Row* row = RowOf(item)) callbacks.chosen(row->problem);
+  if (const Problem* problem = ProblemOf(item)) callbacks.chosen(*problem);
 }
 
 void ProblemsPane::Click(QTreeWidgetItem* item, int column) const {
-  const Row* row = RowOf(item);
-  if (row == nullptr) return;
+  const Problem* clicked = ProblemOf(item);
+  if (clicked == nullptr) return;
   // A row may go while it is put right.
-  const Problem problem = row->problem;
-  column == kFix && !row->fix.empty() ? callbacks.fix(problem) : callbacks.chosen(problem);
+  const Problem problem = *clicked;
+  const bool fixes = column == kFix && !callbacks.fixFor(problem).empty();
+  fixes ? callbacks.fix(problem) : callbacks.chosen(problem);
 }
 
 void ProblemsPane::ShowMenu(const QPoint& place) {
-  const Row* row = RowOf(list->itemAt(place));
-  if (row == nullptr) row = RowOf(list->currentItem());
-  if (row == nullptr) return;
-  const Problem problem = row->problem;
+  const Problem* meant = ProblemOf(list->itemAt(place));
+  if (meant == nullptr) meant = ProblemOf(list->currentItem());
+  const bool isOfObject = meant != nullptr && meant->id != 0;
+  if (!isOfObject && (meant == nullptr || callbacks.fixFor(*meant).empty())) return;
+  const Problem problem = *meant;
   auto* menu = new QMenu(list);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  connect(menu->addAction(ToQString(Translate("Show on the Chart"))), &QAction::triggered, this,
-          [this, problem] { callbacks.chosen(problem); });
-  if (!row->fix.empty()) {
-    connect(menu->addAction(ToQString(row->fix)), &QAction::triggered, this,
+  if (isOfObject) {
+    connect(menu->addAction(ToQString(Translate("Show on the Chart"))), &QAction::triggered, this,
+            [this, problem] { callbacks.chosen(problem); });
+  }
+  if (const std::string fix = callbacks.fixFor(problem); !fix.empty()) {
+    connect(menu->addAction(ToQString(fix)), &QAction::triggered, this,
             [this, problem] { callbacks.fix(problem); });
   }
   menu->popup(list->viewport()->mapToGlobal(place));

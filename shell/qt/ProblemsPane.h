@@ -19,13 +19,10 @@ class ProblemsPane : public QDockWidget {
   Q_OBJECT
 
  public:
-  /// A problem, and what would put it right; empty where nothing plain would.
-  struct Row {
-    Problem problem;
-    std::string fix;
-  };
-  /// Who hears of what the user does with a row.
+  /// Who hears of what the user does with a row, and knows what would put a problem right; that is
+  /// asked of the rows alone that show, each time they do.
   struct Callbacks {
+    std::function<std::string(const Problem&)> fixFor;  ///< gives an empty text for nothing plain
     std::function<void(const Problem&)> chosen;  ///< it was clicked on, or gone to by the keys
     std::function<void(const Problem&)> fix;     ///< it is to be put right
   };
@@ -33,7 +30,7 @@ class ProblemsPane : public QDockWidget {
   ProblemsPane(Callbacks callbacks, QWidget* parent);
 
   /// Lists these problems and no others; the row that was chosen stays so if it is still there.
-  void Show(std::vector<Row> rows);
+  void Show(const std::vector<Problem>& shown);
   /// The user wants the pane, or not.
   void ShowPart(bool show);
   QTreeWidget& Window() { return *list; }
@@ -44,16 +41,16 @@ class ProblemsPane : public QDockWidget {
  private:
   void Appear();
   void Fill();
-  void AddRow(const Row& row);
+  void AddRow(const Problem& problem);
   /// Null for no item.
-  const Row* RowOf(QTreeWidgetItem* item) const;
+  const Problem* ProblemOf(QTreeWidgetItem* item) const;
   void Choose(QTreeWidgetItem* item) const;
   void Click(QTreeWidgetItem* item, int column) const;
   void ShowMenu(const QPoint& place);
 
   Callbacks callbacks;
   QTreeWidget* list;
-  std::vector<Row> rows;
+  std::vector<Problem> problems;
   bool hasAppeared = false;
 };
 
