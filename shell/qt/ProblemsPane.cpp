@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QMainWindow>
+#include <QMenu>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QTreeWidget>
