@@ -126,8 +126,10 @@ std::vector<Candidate> Candidates(StartableState& from, EndableState& to) {
 /// What the routes and boxes that are there already cost a new route.
 class Neighbours {
  public:
-  Neighbours(const ModelMgr& model, const Shape* from, const Shape* to) {
+  Neighbours(const ModelMgr& model, const Shape* from, const Shape* to,
+             const std::unordered_set<const Shape*>& unlaid) {
     for (const Shape* shape : model.Objects()) {
+      if (unlaid.contains(shape)) continue;
       if (const auto* transition = dynamic_cast<const Transition*>(shape)) {
         for (const ChainRecord& link : transition->Route()) links.push_back(link);
       } else if (shape != from && shape != to && dynamic_cast<const Connectable*>(shape)) {
@@ -171,9 +173,10 @@ class Neighbours {
 
 }  // namespace
 
-AnchorPair BestAnchors(const ModelMgr& model, StartableState& from, EndableState& to) {
+AnchorPair BestAnchors(const ModelMgr& model, StartableState& from, EndableState& to,
+                       const std::unordered_set<const Shape*>& unlaid) {
   const ChartRouter router(model);
-  const Neighbours neighbours(model, &from, &to);
+  const Neighbours neighbours(model, &from, &to, unlaid);
   AnchorPair best;
   std::int64_t least = std::numeric_limits<std::int64_t>::max();
   for (const Candidate& each : Candidates(from, to)) {

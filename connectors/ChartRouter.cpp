@@ -21,6 +21,10 @@ ChartRouter::ChartRouter(const ModelMgr& model) {
   }
 }
 
+ChartRouter::ChartRouter(const std::vector<const Shape*>& obstacles) {
+  for (const Shape* shape : obstacles) boxes.push_back({shape, shape->GetBounds()});
+}
+
 std::vector<ChainRecord> ChartRouter::RouteOf(const Transition& transition) const {
   const State* source = transition.GetSource();
   const State* target = transition.GetTarget();

@@ -17,6 +17,8 @@ struct RouteEnd;
 class ChartRouter {
  public:
   explicit ChartRouter(const ModelMgr& model);
+  /// Round these shapes alone.
+  explicit ChartRouter(const std::vector<const Shape*>& obstacles);
 
   /// A new route between the anchors of a transition as the links of a chain. An end that is free,
   /// or whose key names no anchor, stays where it is.

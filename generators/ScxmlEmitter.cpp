@@ -1,11 +1,13 @@
 #include "generators/ScxmlEmitter.h"
 
+#include <algorithm>
 #include <set>
 
 #include "drawing/TextCodec.h"
 #include "drawing/XmlText.h"
 #include "generators/CodeWriter.h"
 #include "generators/CommentText.h"
+#include "machine/Identifier.h"
 #include "machine/Machine.h"
 #include "platform/Files.h"
 
@@ -15,10 +17,20 @@ namespace {
 
 using Kind = MachineState::Kind;
 
+/// Of what the standard has no word for.
+constexpr const char* kOwnNamespace = "https://morvane.halvern.example/scxml";
+
 std::size_t Index(int of) { return static_cast<std::size_t>(of); }
 
 std::string Attribute(const std::string& name, const std::string& value) {
   return ' ' + name + "=\"" + XmlEscape(ToUtf8(value)) + '"';
+}
+
+/// The title says more than the identifier that was made of it. One that others have, too, could
+/// not be told apart when it is read again.
+bool HasTitle(const MachineState& state) {
+  return state.kind != Kind::Final && state.title != state.name &&
+         Identifier::Clean(state.title, 'S') == state.name;
 }
 
 /// Writes one machine.
@@ -81,7 +93,9 @@ class ScxmlWriter {
     if (first != nullptr) initial = machine.states[Index(first->target)].name;
     // Nothing can happen on the way to the root's own initial state.
     if (acts) initial = UniqueId("Initial");
-    out.Open("<scxml xmlns=\"http://www.w3.org/2005/07/scxml\" version=\"1.0\"" +
+    const bool hasTitles = std::ranges::any_of(machine.states, HasTitle);
+    out.Open("<scxml xmlns=\"http://www.w3.org/2005/07/scxml\"" +
+             (hasTitles ? Attribute("xmlns:morvane", kOwnNamespace) : "") + " version=\"1.0\"" +
              Attribute("datamodel", "ecmascript") +
              Attribute("name", CommentLine(machine.properties.ModelName, CommentStyle::Line)) +
              Attribute("initial", initial) + '>');
@@ -97,7 +111,8 @@ class ScxmlWriter {
   void WriteState(int index) {
     const MachineState& state = machine.states[Index(index)];
     const std::string tag = state.kind == Kind::Final ? "final" : "state";
-    out.Open('<' + tag + Attribute("id", state.name) + '>');
+    out.Open('<' + tag + Attribute("id", state.name) +
+             (HasTitle(state) ? Attribute("morvane:title", state.title) : "") + '>');
     if (state.kind == Kind::Composite) WriteBeginning(state);
     WriteText("onentry", "enter", state.name, state.entry);
     // The machine ends in an outermost final state, and is not said to leave it.

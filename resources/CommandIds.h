@@ -73,6 +73,8 @@ enum CommandId : unsigned {
   ID_GENERATE_XML = 32890,
   ID_FILE_EXPORT = 32891,
   ID_FILE_REVERT = 32892,
+  ID_FILE_IMPORT = 32896,
+  ID_TIDY_UP = 32999,
 
   // Frames and bars
   ID_MENU_BAR = 32797,

@@ -72,6 +72,11 @@ constexpr std::array kTexts = {
     Text{IDS_SAVE_CHANGES, "Save changes to %1?"},
     Text{IDS_PICTURE_TOO_LARGE, "The chart is too large for a picture of this kind"},
     Text{IDS_PICTURE_KIND, "Pictures end in .png, .svg, .pdf or .emf"},
+    Text{IDS_TIDY_NO_ROOM,
+         "There is no room to tidy up without putting something into another state. Nothing has "
+         "been changed."},
+    Text{IDS_IMPORT_REMARKS,
+         "Some of the file has no counterpart in a chart. It stands in a note of the chart:"},
     Text{IDS_RECOVERY_CAPTION, "Recover Charts"},
     Text{IDS_RECOVERY_CRASHED, "Morvane has crashed before these changes were saved."},
     Text{IDS_RECOVERY_ENDED, "Morvane has ended before these changes were saved."},

@@ -9,6 +9,8 @@ packages=(
   nlohmann-json3-dev
   libqt6svg6           # also the plugins that draw SVG icons
   libqscintilla2-qt6-dev # the boxes of code
+  libgraphviz-dev      # places the states of a chart
+  libpugixml-dev       # reads XML
   fonts-dejavu-core    # stands in for Verdana
   qt6-translations-l10n # the toolkit's own texts in the languages of the program
   poppler-utils        # shows the tests what a document's pages look like

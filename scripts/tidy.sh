@@ -5,8 +5,8 @@
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-rooms=(checks codegen connectors dialogs drawing generators machine model persistence platform recovery
-  resources shell states surface)
+rooms=(checks codegen connectors dialogs drawing exchange generators layout machine model persistence
+  platform recovery resources shell states surface)
 since=
 if [[ ${1:-} == --since ]]; then
   since=$2

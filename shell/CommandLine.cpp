@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "checks/CheckReport.h"
+#include "exchange/ScxmlImport.h"
 #include "generators/Generate.h"
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
@@ -28,6 +29,8 @@ constexpr const char* kUsage =
     "       morvane --generate LANGUAGE [-o FOLDER] FILE\n"
     "                                     turn FILE into code, in the current folder or in\n"
     "                                     FOLDER; LANGUAGE is cpp, c, cs, java or xml\n"
+    "       morvane --import FILE.scxml -o OUT\n"
+    "                                     make a chart of SCXML and write it to OUT\n"
     "       morvane --check [--json] FILE...\n"
     "                                     say what is wrong with charts\n"
     "       morvane --help | --version\n";
@@ -71,6 +74,17 @@ CommandLine CommandLine::ParseGenerate(std::span<const std::string> arguments) {
   return line;
 }
 
+CommandLine CommandLine::ParseImport(std::span<const std::string> arguments) {
+  CommandLine line;
+  line.job = Job::WrongUse;
+  const bool isSound = arguments.size() == 3 && !IsOption(arguments[0]) && arguments[1] == "-o";
+  if (!isSound) return line;
+  line.job = Job::Import;
+  line.file = arguments[0];
+  line.output = arguments[2];
+  return line;
+}
+
 CommandLine CommandLine::ParseCheck(std::span<const std::string> arguments) {
   CommandLine line;
   line.asJson = !arguments.empty() && arguments.front() == "--json";
@@ -89,6 +103,7 @@ CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
     return line;
   }
   if (first == "--generate") return ParseGenerate(std::span(arguments).subspan(1));
+  if (first == "--import") return ParseImport(std::span(arguments).subspan(1));
   if (first == "--check") return ParseCheck(std::span(arguments).subspan(1));
   CommandLine line;
   const bool hasPaths = arguments.size() == 3;
@@ -114,6 +129,7 @@ int CommandLine::Run(std::ostream& out, std::ostream& err) const {
     case Job::Export: return RunExport(err);
     case Job::Check: return RunCheck(out);
     case Job::Generate: return RunGenerate(err);
+    case Job::Import: return RunImport(err);
     case Job::WrongUse: err << kUsage; return kWrongUse;
     case Job::None: break;
   }
@@ -137,6 +153,15 @@ int CommandLine::RunGenerate(std::ostream& err) const {
   const GenerateResult result = Generate({.language = language, .folder = output, .model = file});
   err << result.messages;
   return result.exitCode;
+}
+
+int CommandLine::RunImport(std::ostream& err) const {
+  const ImportResult made = ImportScxmlFile(file);
+  if (!made.failure.empty()) return Fail(err, file, made.failure);
+  err << RemarkLines(file, made.remarks);
+  const std::string unwritten =
+      ModelFile::ReasonOf(ReplaceWholeFile(output, ModelFile::ToDisk(made.modelText)));
+  return unwritten.empty() ? kSuccess : Fail(err, output, unwritten);
 }
 
 int CommandLine::RunCheck(std::ostream& out) const {

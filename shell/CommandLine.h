@@ -31,17 +31,20 @@ class CommandLine {
   int Run(std::ostream& out, std::ostream& err) const;
 
  private:
-  enum class Job { None, Help, Version, Convert, Export, Generate, Check, WrongUse };
+  enum class Job { None, Help, Version, Convert, Export, Generate, Import, Check, WrongUse };
 
   /// What stands behind the option, or in place of one, when a window opens.
   static CommandLine ParseWindow(std::span<const std::string> arguments);
   /// What stands behind "--generate".
   static CommandLine ParseGenerate(std::span<const std::string> arguments);
+  /// What stands behind "--import".
+  static CommandLine ParseImport(std::span<const std::string> arguments);
   /// What stands behind "--check".
   static CommandLine ParseCheck(std::span<const std::string> arguments);
   int RunCheck(std::ostream& out) const;
   int RunConvert(std::ostream& err) const;
   int RunExport(std::ostream& err) const;
+  int RunImport(std::ostream& err) const;
   int RunGenerate(std::ostream& err) const;
 
   Job job = Job::None;

@@ -6,6 +6,7 @@
 #include "resources/CommandIds.h"
 #include "shell/FrameActions.h"
 #include "shell/HelpCommands.h"
+#include "shell/ImportChart.h"
 #include "shell/Preferences.h"
 
 namespace morvane {
@@ -44,6 +45,8 @@ CommandState WhetherShownOfChart(const FrameActions& frame, unsigned id) {
 void New(FrameActions& frame, unsigned /*id*/) { frame.Manager().NewDocument(); }
 
 void Open(FrameActions& frame, unsigned /*id*/) { frame.Manager().OnFileOpen(); }
+
+void Import(FrameActions& frame, unsigned /*id*/) { ImportChart(frame.Manager()); }
 
 void OpenRecent(FrameActions& frame, unsigned id) {
   frame.Manager().OnOpenRecentFile(id - ID_FILE_RECENT);
@@ -88,6 +91,7 @@ void ShowAbout(FrameActions& frame, unsigned /*id*/) { frame.ShowAbout(); }
 constexpr CommandRow<FrameActions> kRows[] = {
     {{ID_FILE_NEW, "&New", "Ctrl+N", "Create a new chart", "New", "new"}, Always, New},
     {{ID_FILE_OPEN, "&Open...", "Ctrl+O", "Open an existing chart", "Open", "open"}, Always, Open},
+    {{ID_FILE_IMPORT, "&Import...", "", "Make a chart of an SCXML file", "Import"}, Always, Import},
     {{ID_FILE_SAVE_AS, "Save &As...", "", "Save the active chart under a new name", "Save As"},
      IfChart,
      SaveAs},

@@ -12,8 +12,8 @@ namespace {
 constexpr MenuEntry kSeparator{};
 
 constexpr MenuEntry kStartFile[] = {
-    {ID_FILE_NEW}, {ID_FILE_OPEN},   kSeparator, {ID_FILE_PRINT_SETUP},
-    kSeparator,    {ID_FILE_RECENT}, kSeparator, {ID_APP_EXIT},
+    {ID_FILE_NEW}, {ID_FILE_OPEN},   {ID_FILE_IMPORT}, kSeparator,    {ID_FILE_PRINT_SETUP},
+    kSeparator,    {ID_FILE_RECENT}, kSeparator,       {ID_APP_EXIT},
 };
 
 constexpr MenuEntry kStartEdit[] = {
@@ -38,6 +38,7 @@ constexpr MenuEntry kHelp[] = {
 constexpr MenuEntry kChartFile[] = {
     {ID_FILE_NEW},
     {ID_FILE_OPEN},
+    {ID_FILE_IMPORT},
     kSeparator,
     {ID_FILE_SAVE},
     {ID_FILE_SAVE_AS},
@@ -59,12 +60,29 @@ constexpr MenuEntry kChartFile[] = {
 constexpr MenuEntry kArrange{0, "", &kArrangeMenu};
 
 constexpr MenuEntry kChartEdit[] = {
-    {ID_EDIT_UNDO},        {ID_EDIT_REDO},    kSeparator,         {ID_DELETE},
-    {ID_BRING_TO_FRONT},   {ID_SEND_TO_BACK}, {ID_REROUTE},       kArrange,
-    {ID_MOVE_CONTENTS},    kSeparator,        {ID_EDIT_CUT},      {ID_EDIT_COPY},
-    {ID_EDIT_PASTE},       {ID_DUPLICATE},    {ID_COPY_METAFILE}, kSeparator,
-    {ID_EDIT_SELECT_ALL},  {ID_FIND_REPLACE}, kSeparator,         {ID_MODEL_PROPERTIES},
-    {ID_DEFAULT_SETTINGS}, {ID_PREFERENCES},
+    {ID_EDIT_UNDO},
+    {ID_EDIT_REDO},
+    kSeparator,
+    {ID_DELETE},
+    {ID_BRING_TO_FRONT},
+    {ID_SEND_TO_BACK},
+    {ID_REROUTE},
+    kArrange,
+    {ID_TIDY_UP},
+    {ID_MOVE_CONTENTS},
+    kSeparator,
+    {ID_EDIT_CUT},
+    {ID_EDIT_COPY},
+    {ID_EDIT_PASTE},
+    {ID_DUPLICATE},
+    {ID_COPY_METAFILE},
+    kSeparator,
+    {ID_EDIT_SELECT_ALL},
+    {ID_FIND_REPLACE},
+    kSeparator,
+    {ID_MODEL_PROPERTIES},
+    {ID_DEFAULT_SETTINGS},
+    {ID_PREFERENCES},
 };
 
 constexpr MenuEntry kInsert[] = {

@@ -13,13 +13,16 @@ void EntryExitTextBox::SetTexts(const std::string& entryText, const std::string&
   exit = exitText;
 }
 
-void EntryExitTextBox::Draw(CDC* dc, const RECT& rect) const {
+std::string EntryExitTextBox::ShownText() const {
   std::string text = "[" + LoadText(IDS_ENTRY) + "]\n";
   if (!entry.empty()) text.append(entry, 0, CDC::kMaxPaintedBytes) += '\n';
   text += "[" + LoadText(IDS_EXIT) + "]\n";
   if (!exit.empty()) text.append(exit, 0, CDC::kMaxPaintedBytes);
+  return text;
+}
 
-  view->DrawChartText(*dc, text, rect);
+void EntryExitTextBox::Draw(CDC* dc, const RECT& rect) const {
+  view->DrawChartText(*dc, ShownText(), rect);
 }
 
 std::vector<std::string*> EntryExitTextBox::Texts() { return {&entry, &exit}; }

@@ -36,6 +36,7 @@ class GenericState : public StartableState, public EndableState {
   /// What lies wholly inside, with the routes between it and their messages.
   std::vector<Shape*> Contents() const;
   bool KeepsHistory() const { return history != 0; }
+  void SetKeepsHistory(bool keeps) { history = keeps ? 1 : 0; }
   /// The name, for who changes it from outside and then calls `OnRenamed`.
   std::string& NameText() { return name; }
   /// The name was changed: shows it wherever it stands. A state has always one.

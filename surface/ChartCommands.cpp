@@ -22,6 +22,7 @@
 #include "surface/Generators.h"
 #include "surface/LayoutMgr.h"
 #include "surface/Pasting.h"
+#include "surface/TidyUp.h"
 #include "surface/ToolDrag.h"
 
 namespace morvane {
@@ -163,6 +164,11 @@ void Arrange(LayoutMgr& chart, unsigned id) {
   chart.TakeSnapshot();
 }
 
+void Tidy(LayoutMgr& chart, unsigned /*id*/) {
+  const WaitCursor wait;
+  TidyUp(chart);
+}
+
 void MoveContents(LayoutMgr& /*chart*/, unsigned /*id*/) {
   MoveSettings::SetMovesContents(!MoveSettings::MovesContents());
 }
@@ -302,6 +308,11 @@ constexpr CommandRow<LayoutMgr> kRows[] = {
     {{ID_REROUTE_ALL, "Re-r&oute", "", "Lay all transitions anew, around the states", "Re-route"},
      IfAnyRoute,
      LayRoutes},
+    {{ID_TIDY_UP, "Tid&y up", "",
+      "Place the states anew, those that are selected or all, and lay their transitions",
+      "Tidy up"},
+     IfAnyObject,
+     Tidy},
     {{ID_EDIT_CUT, "Cu&t", "Ctrl+X Shift+Delete", "Move the selected objects to the clipboard",
       "Cut", "cut"},
      IfSelected,

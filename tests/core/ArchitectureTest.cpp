@@ -26,6 +26,7 @@ struct Rule {
 const std::map<std::string, std::set<std::string>> kFloors = {
     {"resources", {}},
     {"drawing", {}},
+    {"layout", {"drawing"}},
     {"platform", {"drawing"}},
     {"recovery", {"resources", "platform"}},
     {"model", {"resources", "drawing", "platform"}},
@@ -36,14 +37,19 @@ const std::map<std::string, std::set<std::string>> kFloors = {
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"generators", {"resources", "drawing", "platform", "model", "machine"}},
     {"surface",
-     {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
+     {"resources", "drawing", "layout", "platform", "model", "states", "connectors",
+      "persistence"}},
     {"dialogs", {"resources", "drawing", "platform", "model", "states", "connectors"}},
     {"codegen", {"resources", "drawing", "platform", "model", "persistence", "surface"}},
     {"checks",
      {"resources", "drawing", "platform", "model", "states", "connectors", "machine", "surface"}},
+    {"exchange",
+     {"resources", "drawing", "layout", "platform", "model", "states", "connectors", "persistence",
+      "machine", "surface"}},
     {"shell",
      {"resources", "drawing", "platform", "recovery", "model", "states", "connectors",
-      "persistence", "machine", "generators", "surface", "dialogs", "codegen", "checks"}}};
+      "persistence", "machine", "generators", "surface", "dialogs", "codegen", "checks",
+      "exchange"}}};
 
 /// The name of a path's first folder.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.find('/')); }
