@@ -50,13 +50,15 @@ void Replay::Feed(std::string_view part) {
   }
 }
 
+void Replay::CatchUp() { Follow(nullptr); }
+
 void Replay::Finish() {
   if (!rest.empty()) {
     ++textLine;
     TakeLine(rest);
     rest.clear();
   }
-  Follow(nullptr);
+  CatchUp();
 }
 
 bool Replay::IsStart(const TraceLine& line) const {
@@ -71,8 +73,8 @@ void Replay::TakeLine(std::string_view text) {
   if (parting) return;
   const std::size_t begin = text.find_first_not_of(kBlanks);
   const std::size_t end = text.find_last_not_of(kBlanks);
-  parting =
-      Parting{textLine, History().Size(), std::string(text.substr(begin, end - begin + 1)), {}};
+  parting = Parting{
+      textLine, History().Size(), std::string(text.substr(begin, end - begin + 1)), {}, true};
   AddNote("here the trace has what this chart doesn't know");
 }
 
@@ -145,9 +147,11 @@ bool Replay::Holds(const MachineTransition& transition) {
 
 std::string Replay::PartingText() const {
   if (!parting) return {};
-  std::string text = "line " + std::to_string(parting->textLine) + ": \"" + parting->found + '"';
-  return text + (parting->expected.empty() ? ", but the chart does nothing of that here"
-                                           : ", but the chart has \"" + parting->expected + '"');
+  const std::string text =
+      "line " + std::to_string(parting->textLine) + ": \"" + parting->found + "\", ";
+  if (parting->isUnknown) return text + "which this chart doesn't have";
+  if (parting->expected.empty()) return text + "but the chart does nothing more here";
+  return text + "but the chart has \"" + parting->expected + '"';
 }
 
 }  // namespace morvane
