@@ -20,7 +20,7 @@ constexpr double kPointsInInch = 72.0;
 /// The engine tries for so long to find better places; 1 is for as many rounds as there are boxes.
 constexpr const char* kRounds = "4";
 constexpr const char* kFewRounds = "0.5";
-constexpr std::size_t kManyBoxes = 150;
+constexpr std::size_t kManyBoxes = 60;
 
 /// Its functions take texts that they don't change as texts that they may.
 char* Mutable(const char* text) { return const_cast<char*>(text); }

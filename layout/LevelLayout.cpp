@@ -23,9 +23,9 @@ constexpr std::int32_t kLoop = 8;
 /// From the middle of a box to the labels beside what runs to it and back.
 constexpr std::int32_t kBesideAxis = 6;
 /// With more boxes and edges the engine would take more than a few seconds.
-constexpr std::size_t kMostParts = 2000;
+constexpr std::size_t kMostParts = 800;
 /// So many are laid out both ways, to see which one is better.
-constexpr std::size_t kFewParts = 200;
+constexpr std::size_t kFewParts = 150;
 /// A height counts so much more than a width.
 constexpr double kAspect = 1.6;
 

@@ -12,6 +12,7 @@
 #include "platform/Files.h"
 #include "resources/Texts.h"
 #include "resources/Version.h"
+#include "shell/RunJobs.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 
@@ -33,6 +34,15 @@ constexpr const char* kUsage =
     "                                     make a chart of SCXML and write it to OUT\n"
     "       morvane --check [--json] FILE...\n"
     "                                     say what is wrong with charts\n"
+    "       morvane --simulate FILE [EVENT...]\n"
+    "                                     run FILE, send it events, print the trace\n"
+    "       morvane --replay TRACE FILE [--export OUT]\n"
+    "                                     say where a trace and FILE part, and draw FILE as it\n"
+    "                                     stands at the end of the trace\n"
+    "       morvane --coverage [--min PERCENT] FILE TRACE...\n"
+    "                                     say what of FILE the traces reach\n"
+    "       morvane --test [--junit] FILE...\n"
+    "                                     run the tests beside charts, NAME.mrvtest\n"
     "       morvane --help | --version\n";
 
 bool IsOption(std::string_view argument) { return argument.size() > 1 && argument[0] == '-'; }
@@ -94,6 +104,13 @@ CommandLine CommandLine::ParseCheck(std::span<const std::string> arguments) {
   return line;
 }
 
+CommandLine::RunJob CommandLine::RunJobCalled(std::string_view option) {
+  if (option == "--simulate") return RunJobs::Simulate;
+  if (option == "--replay") return RunJobs::Replay;
+  if (option == "--coverage") return RunJobs::Coverage;
+  return option == "--test" ? RunJobs::Test : nullptr;
+}
+
 CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
   const std::string first = arguments.empty() ? "" : arguments[0];
   if (!IsOption(first)) return ParseWindow(arguments);
@@ -106,6 +123,12 @@ CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
   if (first == "--import") return ParseImport(std::span(arguments).subspan(1));
   if (first == "--check") return ParseCheck(std::span(arguments).subspan(1));
   CommandLine line;
+  if (const RunJob job = RunJobCalled(first)) {
+    line.job = Job::Run;
+    line.runJob = job;
+    line.runArguments.assign(arguments.begin() + 1, arguments.end());
+    return line;
+  }
   const bool hasPaths = arguments.size() == 3;
   if (first == "--help" && arguments.size() == 1) {
     line.job = Job::Help;
@@ -130,6 +153,7 @@ int CommandLine::Run(std::ostream& out, std::ostream& err) const {
     case Job::Check: return RunCheck(out);
     case Job::Generate: return RunGenerate(err);
     case Job::Import: return RunImport(err);
+    case Job::Run: return RunChart(out, err);
     case Job::WrongUse: err << kUsage; return kWrongUse;
     case Job::None: break;
   }
@@ -167,6 +191,12 @@ int CommandLine::RunImport(std::ostream& err) const {
 int CommandLine::RunCheck(std::ostream& out) const {
   const auto form = asJson ? CheckReport::Form::Json : CheckReport::Form::Lines;
   return CheckReport(form).Write(files, out) ? kSuccess : kFailure;
+}
+
+int CommandLine::RunChart(std::ostream& out, std::ostream& err) const {
+  const int status = runJob(runArguments, out, err);
+  if (status == kWrongUse) err << kUsage;
+  return status;
 }
 
 int CommandLine::RunExport(std::ostream& err) const {

@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "generators/TargetLanguage.h"
@@ -31,7 +32,9 @@ class CommandLine {
   int Run(std::ostream& out, std::ostream& err) const;
 
  private:
-  enum class Job { None, Help, Version, Convert, Export, Generate, Import, Check, WrongUse };
+  using RunJob = int (*)(std::span<const std::string> arguments, std::ostream& out,
+                         std::ostream& err);
+  enum class Job { None, Help, Version, Convert, Export, Generate, Import, Check, Run, WrongUse };
 
   /// What stands behind the option, or in place of one, when a window opens.
   static CommandLine ParseWindow(std::span<const std::string> arguments);
@@ -41,7 +44,10 @@ class CommandLine {
   static CommandLine ParseImport(std::span<const std::string> arguments);
   /// What stands behind "--check".
   static CommandLine ParseCheck(std::span<const std::string> arguments);
+  /// The job that runs a chart and is called so; null for none.
+  static RunJob RunJobCalled(std::string_view option);
   int RunCheck(std::ostream& out) const;
+  int RunChart(std::ostream& out, std::ostream& err) const;
   int RunConvert(std::ostream& err) const;
   int RunExport(std::ostream& err) const;
   int RunImport(std::ostream& err) const;
@@ -54,6 +60,9 @@ class CommandLine {
   std::string file;
   std::vector<std::string> files;  ///< to check
   bool asJson = false;
+  /// A job that runs a chart, and what stands behind its option.
+  RunJob runJob = nullptr;
+  std::vector<std::string> runArguments;
 };
 
 }  // namespace morvane

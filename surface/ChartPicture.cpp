@@ -15,6 +15,7 @@
 #include "platform/Pictures.h"
 #include "resources/Texts.h"
 #include "surface/LayoutMgr.h"
+#include "surface/RunMarks.h"
 
 namespace morvane {
 
@@ -83,6 +84,7 @@ void ChartPicture::Paint(CDC& dc) const {
   dc.SetViewportOrg(oldOrigin - origin);
   dc.SetTextColor(chart.GetTextColor());
   chart.GetModel().DrawAll(&dc, selectionOnly);
+  if (!selectionOnly) chart.GetRunMarks().DrawOnPicture(dc);
   dc.SetViewportOrg(oldOrigin);
 }
 

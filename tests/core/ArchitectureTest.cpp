@@ -36,6 +36,7 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"machine",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"generators", {"resources", "drawing", "platform", "model", "machine"}},
+    {"simulation", {"resources", "platform", "machine"}},
     {"surface",
      {"resources", "drawing", "layout", "platform", "model", "states", "connectors",
       "persistence"}},
@@ -48,8 +49,8 @@ const std::map<std::string, std::set<std::string>> kFloors = {
       "machine", "surface"}},
     {"shell",
      {"resources", "drawing", "platform", "recovery", "model", "states", "connectors",
-      "persistence", "machine", "generators", "surface", "dialogs", "codegen", "checks",
-      "exchange"}}};
+      "persistence", "machine", "generators", "simulation", "surface", "dialogs", "codegen",
+      "checks", "exchange"}}};
 
 /// The name of a path's first folder.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.find('/')); }

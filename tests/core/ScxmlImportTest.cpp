@@ -2,7 +2,11 @@
 #include "exchange/ScxmlImport.h"
 #include "machine/Machine.h"
 #include "machine/MachineBuilder.h"
+#include "shell/ImportChart.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/NestedLoop.h"
+#include "tests/support/OpenCharts.h"
+#include "tests/support/SaveDialogs.h"
 
 namespace morvane {
 
@@ -175,6 +179,39 @@ TEST(ScxmlImport, DepthHasNoLimit) {
   EXPECT_EQ(built.machine->states.back().depth, depth - 1);
   const std::string text = "<state id='a'><onentry>" + ifs + "</onentry></state>";
   EXPECT_EQ(ImportScxml(Document(text), "f.scxml").failure, "");
+}
+
+/// A user who picks a file to open.
+class PickedFile : public SaveDialogs {
+ public:
+  explicit PickedFile(std::string file) : file(std::move(file)) {}
+  std::optional<std::string> AskOpenPath(const FileFilter&) override {
+    NestedLoop::Run();
+    return file;
+  }
+
+ private:
+  std::string file;
+};
+
+TEST(ScxmlImport, TheCommandOpensANewChartAndSaysWhatItLacks) {
+  const TempFolder folder;
+  OpenCharts charts(folder.Path("store"));
+  ScriptedMessageBoxes boxes;
+  {
+    PickedFile dialogs(folder.Write("bad.scxml", "<scxml>"));
+    boxes.Expect("line 1: The end of an element does not match its beginning");
+    ImportChart(charts.manager);
+    EXPECT_TRUE(charts.manager.Documents().empty());
+  }
+  PickedFile dialogs(folder.Write("f.scxml", Document("<state id='a'><invoke/></state>")));
+  boxes.Expect("f.scxml:2: warning: <invoke> has no counterpart in a chart");
+  ImportChart(charts.manager);
+  ASSERT_EQ(charts.manager.Documents().size(), 1U);
+  CDocument& document = *charts.manager.Documents().front();
+  EXPECT_TRUE(document.IsModified());
+  EXPECT_EQ(document.GetPathName(), "");
+  EXPECT_EQ(OpenCharts::ViewOf(document).GetProperties().ModelName, "f");
 }
 
 }  // namespace
