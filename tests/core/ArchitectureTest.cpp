@@ -35,7 +35,7 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"machine",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"generators", {"resources", "drawing", "platform", "model", "machine"}},
-    {"simulation", {"resources", "platform", "machine"}},
+    {"simulation", {"resources", "drawing", "platform", "machine"}},
     {"surface",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"dialogs", {"resources", "drawing", "platform", "model", "states", "connectors"}},
