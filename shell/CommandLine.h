@@ -26,12 +26,23 @@ class CommandLine {
   /// The window opens beside those of a program that runs already.
   bool IsNewInstance() const { return newInstance; }
 
-  /// Does the job: success is silent, a failure says why on `err` and writes no output. Gives the
-  /// exit status.
+  /// Does the job: success prints nothing but what was asked for, a failure says why on `err` and
+  /// writes no output. Gives the exit status.
   int Run(std::ostream& out, std::ostream& err) const;
 
  private:
-  enum class Job { None, Help, Version, Convert, Export, Generate, Check, WrongUse };
+  enum class Job {
+    None,
+    Help,
+    Version,
+    Convert,
+    Export,
+    Generate,
+    Check,
+    Diff,
+    Describe,
+    WrongUse
+  };
 
   /// What stands behind the option, or in place of one, when a window opens.
   static CommandLine ParseWindow(std::span<const std::string> arguments);
@@ -39,6 +50,8 @@ class CommandLine {
   static CommandLine ParseGenerate(std::span<const std::string> arguments);
   /// What stands behind "--check".
   static CommandLine ParseCheck(std::span<const std::string> arguments);
+  /// What stands behind "--diff", or behind "--export" in front of that.
+  static CommandLine ParseDiff(std::span<const std::string> arguments);
   int RunCheck(std::ostream& out) const;
   int RunConvert(std::ostream& err) const;
   int RunExport(std::ostream& err) const;
@@ -49,7 +62,7 @@ class CommandLine {
   TargetLanguage language = TargetLanguage::Cpp;
   std::string output;  ///< a file, or the folder of generated ones
   std::string file;
-  std::vector<std::string> files;  ///< to check
+  std::vector<std::string> files;  ///< to check or to compare
   bool asJson = false;
 };
 

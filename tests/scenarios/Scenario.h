@@ -36,6 +36,8 @@ class Scenario : public FrameHost, public FrameActions {
   void FocusPane(int /*step*/) override {}
   void ArrangeWindows(Arrangement /*arrangement*/) override {}
   void ShowAbout() override {}
+  void ShowComparison(CDocument& /*document*/, const std::string& /*file*/,
+                      std::unique_ptr<ChartComparison> /*comparison*/) override {}
   void Exit() override {}
 
  private:
