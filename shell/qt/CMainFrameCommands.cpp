@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QMdiArea>
+#include <QPointer>
 #include <QStatusBar>
 #include <QStyle>
 #include <QTreeWidget>
@@ -73,8 +74,8 @@ void CMainFrame::ShowComparison(CDocument& document, const std::string& file,
                                 std::unique_ptr<ChartComparison> comparison) {
   CChildFrame* child = FrameOf(document);
   if (child == nullptr) return;
-  const auto select = [this, child](std::int32_t id, const std::string& keyword) {
-    if (IsBusy() || !child->IsReady()) return;
+  const auto select = [this, child = QPointer(child)](std::int32_t id, const std::string& keyword) {
+    if (child.isNull() || !child->IsReady() || IsBusy()) return;
     auto* chart = dynamic_cast<LayoutMgr*>(child->View());
     Shape* shape = chart != nullptr ? chart->GetModel().Find(id) : nullptr;
     if (shape == nullptr || shape->GetTypeName() != keyword) return;
@@ -82,7 +83,7 @@ void CMainFrame::ShowComparison(CDocument& document, const std::string& file,
     chart->Reveal({shape});
   };
   auto* window = new CompareWindow(std::move(comparison), select, this);
-  window->setWindowTitle(ToQString(FileNameOf(file) + " - " + document.GetTitle()));
+  window->setWindowTitle(ToQString(FileNameOf(file) + " \u2192 " + document.GetTitle()));
   connect(child, &QObject::destroyed, window, &QWidget::close);
   window->show();
 }

@@ -16,8 +16,10 @@ namespace morvane {
 namespace {
 
 constexpr double kZoomStep = 1.25;
-constexpr double kSmallestZoom = 0.02;
+constexpr double kSmallestZoom = 0.005;
 constexpr double kGreatestZoom = 6;
+/// No side of the picture is shown longer, pixels.
+constexpr double kMaxSide = 1e9;
 /// The frame stands so far off its place, and the place so far off the edge, pixels.
 constexpr int kFrameGap = 6;
 constexpr int kFrameWidth = 2;
@@ -51,7 +53,9 @@ void DiffPictureView::UpdateBars() {
 
 /// What lies in the middle of the window stays there.
 void DiffPictureView::SetZoom(double wanted) {
-  const double next = std::clamp(wanted, kSmallestZoom, kGreatestZoom);
+  const double side = std::max({picture.Size().cx, picture.Size().cy, 1});
+  const double greatest = std::min(kGreatestZoom, kMaxSide / side);
+  const double next = std::clamp(wanted, std::min(kSmallestZoom, greatest), greatest);
   const QPointF half(viewport()->width() / 2.0, viewport()->height() / 2.0);
   const QPointF middle = (ScrollPosition() + half) / zoom;
   zoom = next;
@@ -81,7 +85,7 @@ void DiffPictureView::Fit() {
 
 void DiffPictureView::Show(const RECT& place) {
   framed = place;
-  if (!IsRectEmpty(InflateRect(place, 1)) || Width(place) > 0) {
+  if (Width(place) > 0 || Height(place) > 0) {
     const auto reveal = [this](QScrollBar& bar, double from, double to, int room) {
       const int first = static_cast<int>(from * zoom) - kSightMargin;
       const int last = static_cast<int>(to * zoom) + kSightMargin;
