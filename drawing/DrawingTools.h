@@ -51,8 +51,9 @@ struct CFont {
 };
 
 enum class RasterOp {
-  CopyPen,   ///< paint the colour
-  NotXorPen  ///< invert against it: white leaves a pixel as it is
+  CopyPen,    ///< paint the colour
+  NotXorPen,  ///< invert against it: white leaves a pixel as it is
+  Darken      ///< tint, in a window: dark pixels stay dark; elsewhere as `CopyPen`
 };
 
 enum class BkMode { Opaque, Transparent };

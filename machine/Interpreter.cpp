@@ -65,7 +65,11 @@ bool Interpreter::Dispatch(int event) {
 
 /// Handles what the texts have sent.
 void Interpreter::FinishStep() {
-  while (!position.waiting.empty() && !IsFinished()) {
+  for (int handled = 0; !position.waiting.empty() && !IsFinished(); ++handled) {
+    if (handled == kMostOwnEvents) {
+      actor.NoRest();
+      break;
+    }
     const int event = position.waiting.front();
     position.waiting.pop_front();
     Step(event);
@@ -88,7 +92,7 @@ bool Interpreter::TakeFirst(int state, int event) {
   for (const int transition : machine.states[Index(state)].outgoing) {
     const MachineTransition& tried = machine.transitions[Index(transition)];
     if (!IsTriedOn(tried, event)) continue;
-    if (!tried.guard.IsEmpty() && !actor.Holds(tried.guard)) continue;
+    if (!tried.guard.IsEmpty() && !actor.Holds(tried)) continue;
     Take(transition);
     return true;
   }

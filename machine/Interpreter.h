@@ -10,6 +10,7 @@ namespace morvane {
 
 struct Machine;
 struct MachineText;
+struct MachineTransition;
 
 /// Runs a machine as the generated code does. What the texts of the chart mean is the business of
 /// its `Actor`. It refers to the machine and to the actor, which have to outlive it.
@@ -19,13 +20,13 @@ class Interpreter {
   class Actor {
    public:
     virtual ~Actor() = default;
-    /// Whether a guard holds.
-    virtual bool Holds(const MachineText& guard) = 0;
+    /// Whether the guard of a transition holds; it has one.
+    virtual bool Holds(const MachineTransition& transition) = 0;
     /// An entry, exit or effect is due.
     virtual void Act(const MachineText& code) = 0;
     /// A line of the trace: "event X", "exit S", "take ID", "enter S" or "ignored X".
     virtual void Trace(std::string_view kind, std::string_view name) = 0;
-    /// The chart does not come to rest without an event: the step ends there.
+    /// The chart does not come to rest without an event from outside: the step ends there.
     virtual void NoRest() {}
   };
 
@@ -39,6 +40,8 @@ class Interpreter {
 
   /// As many transitions are taken without an event before a step is cut short.
   static constexpr int kMostRounds = 1000;
+  /// As many events that its own texts send are handled one behind the other.
+  static constexpr int kMostOwnEvents = 1000;
 
   /// `queueSize` events that its own texts send can wait.
   Interpreter(const Machine& machine, Actor& actor, std::size_t queueSize = 8);

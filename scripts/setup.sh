@@ -6,6 +6,7 @@ set -euo pipefail
 packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev
+  qt6-declarative-dev  # runs the texts of a chart that is simulated
   nlohmann-json3-dev
   libqt6svg6           # also the plugins that draw SVG icons
   libqscintilla2-qt6-dev # the boxes of code

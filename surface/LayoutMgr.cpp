@@ -22,6 +22,7 @@
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
 #include "surface/ChartReading.h"
+#include "surface/ChartWatcher.h"
 #include "surface/ConnectionDrag.h"
 #include "surface/InPlaceEdit.h"
 #include "surface/KeyboardWalk.h"
@@ -29,8 +30,10 @@
 #include "surface/ObjectMarks.h"
 #include "surface/Pasting.h"
 #include "surface/PrintMapping.h"
+#include "surface/RunMarks.h"
 #include "surface/ToolDrag.h"
 #include "surface/ViewGeometry.h"
+#include "surface/WatchedView.h"
 
 namespace morvane {
 
@@ -56,6 +59,7 @@ LayoutMgr::LayoutMgr()
       pasting(std::make_unique<Pasting>(*this)),
       inPlace(std::make_unique<InPlaceEdit>(*this)),
       marks(std::make_unique<ObjectMarks>(*this)),
+      runMarks(std::make_unique<RunMarks>(*this)),
       printMapping(std::make_unique<PrintMapping>()),
       history(std::make_unique<ChartHistory>(*this)) {
   model->Show();
@@ -113,12 +117,16 @@ void LayoutMgr::ChangeZoom(int value, POINT client) {
   if (value >= kMinZoom && value <= kMaxZoom) ShowZoom(value, client);
 }
 
+void LayoutMgr::ShowAtZoom(int value) {
+  if (watcher != nullptr) ShowZoom(value, geometry->MiddleOfWindow());
+}
+
 void LayoutMgr::ShowZoom(int value, POINT client) {
   connections->HideHover();
   const int oldZoom = std::exchange(zoom, static_cast<std::int16_t>(value));
   geometry->ApplyZoom(oldZoom, client);
   RefreshHover();
-  if (value < kMinZoom) return;
+  if (value < kMinZoom || watcher != nullptr) return;
   storedZoom = zoom;
   history->OnZoomChanged();
 }
@@ -189,6 +197,7 @@ void LayoutMgr::OnDraw(CDC& dc) {
   dc.SetTextColor(GetTextColor());
   model->DrawOnScreen(dc);
   dc.SetMapping(ClientMapping());
+  runMarks->DrawOnScreen(dc);
   marks->Draw(dc);
 }
 
@@ -296,6 +305,7 @@ bool LayoutMgr::Restore(const std::string& text, std::string& reason) {
 
 bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
   FinishTyping();
+  if (watcher != nullptr) watcher->OnReplacing();
   if (!Restore(text, reason)) return false;
   TakeSnapshot();
   return true;
@@ -316,12 +326,30 @@ void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
 
 void LayoutMgr::OnFilePrintSetup() { printMapping->Edit(); }
 
+void LayoutMgr::SetWatcher(ChartWatcher* other) {
+  if (watcher == other) return;
+  FinishTyping();
+  tools->EndToolDrag();
+  connections->HideHover();
+  if (watcher == nullptr) watchedView = std::make_unique<WatchedView>(*this);
+  if (other == nullptr) {
+    runMarks->Set({});
+    std::exchange(watchedView, nullptr)->Restore();
+  }
+  watcher = other;
+}
+
 CommandState LayoutMgr::OnUpdateCommand(unsigned id) {
+  if (watcher != nullptr && !WatchedView::Allows(id)) {
+    const bool isOwn = ChartCommands().Find(OfChart(id)) != nullptr;
+    return isOwn ? CommandState::Enabled(false) : CommandState{};
+  }
   return ChartCommands().StateOf(*this, OfChart(id));
 }
 
 bool LayoutMgr::OnCommand(unsigned id) {
   if (ModalLoop::IsRunning()) return false;
+  if (watcher != nullptr && !WatchedView::Allows(id)) return false;
   FinishTyping();
   const auto held = HoldModel();
   return ChartCommands().Run(*this, OfChart(id));

@@ -21,6 +21,7 @@ namespace morvane {
 class ChartHistory;
 class ChartLook;
 class ChartReading;
+class ChartWatcher;
 class Collection;
 class ConnectionDrag;
 class KeyboardWalk;
@@ -31,8 +32,10 @@ class ModelStream;
 class Nudge;
 class Pasting;
 class PrintMapping;
+class RunMarks;
 class ToolDrag;
 class ViewGeometry;
+class WatchedView;
 
 /// The view of a chart. It owns the model and all else that belongs to one open chart. What has a
 /// job of its own there is a member with a class of its own; the view joins them.
@@ -53,6 +56,11 @@ class LayoutMgr : public ChartView, public ChartText {
   ChartHistory& GetHistory() const { return *history; }
   ToolDrag& GetTools() const { return *tools; }
   ObjectMarks& GetMarks() const { return *marks; }
+  RunMarks& GetRunMarks() const { return *runMarks; }
+  /// From now on the chart stays as it is, until null is set; see `ChartWatcher`. The zoom and what
+  /// is selected are then what they were before.
+  void SetWatcher(ChartWatcher* other);
+  ChartWatcher* GetWatcher() const { return watcher; }
   /// Hears of each text that the chart takes on; null for nobody.
   void SetTextListener(std::function<void(const SharedText&)> hears) {
     textListener = std::move(hears);
@@ -93,6 +101,8 @@ class LayoutMgr : public ChartView, public ChartText {
   /// lies in the middle of the window, or at a client point, stays there.
   void ChangeZoom(int value);
   void ChangeZoom(int value, POINT client);
+  /// The same for any zoom that `ZoomToFit` comes to, while somebody watches the chart.
+  void ShowAtZoom(int value);
   /// Shows all objects, or those that are selected, as large as they fit into the window. For that
   /// the view goes below the least zoom that a chart can have, which keeps the one it has then.
   enum class Shown { All, Selection };
@@ -175,6 +185,7 @@ class LayoutMgr : public ChartView, public ChartText {
   bool EditSelection(unsigned flags);
   /// What is under the pointer has moved away, or something else has come.
   void RefreshHover();
+  bool WatchedKey(VirtualKey key, unsigned flags);
   void ShowZoom(int value, POINT client);
 
   std::int16_t storedZoom = kNormalZoom;
@@ -193,6 +204,9 @@ class LayoutMgr : public ChartView, public ChartText {
   std::unique_ptr<Pasting> pasting;
   std::unique_ptr<InPlaceEdit> inPlace;
   std::unique_ptr<ObjectMarks> marks;
+  std::unique_ptr<RunMarks> runMarks;
+  std::unique_ptr<WatchedView> watchedView;  ///< what the view was before; null without a watcher
+  ChartWatcher* watcher = nullptr;           ///< not owned
   std::function<void(const SharedText&)> textListener;
   std::unique_ptr<PrintMapping> printMapping;
   std::unique_ptr<ChartHistory> history;

@@ -5,6 +5,7 @@
 #include "model/ModelMgr.h"
 #include "platform/ModalLoop.h"
 #include "resources/CommandIds.h"
+#include "surface/ChartWatcher.h"
 #include "surface/ConnectionDrag.h"
 #include "surface/InPlaceEdit.h"
 #include "surface/KeyboardInsert.h"
@@ -25,7 +26,7 @@ ChartView::ConnectionPress LayoutMgr::BeginConnection(unsigned flags, POINT pres
 }
 
 void LayoutMgr::OnLButtonDown(unsigned flags, POINT p) {
-  if (IsBusy()) return;
+  if (IsBusy() || watcher != nullptr) return;
   FinishTyping();
   const auto held = HoldModel();
   connections->HideHover();
@@ -46,6 +47,7 @@ void LayoutMgr::OnLButtonDblClk(unsigned flags, POINT p) {
   if (tools->IsRunning()) return OnLButtonDown(flags, p);
   if (IsBusy()) return;
   const auto held = HoldModel();
+  if (watcher != nullptr) return watcher->OnDoubleClick(model->ObjectAt(p));
   if (held->OnLButtonDblClk(flags, p.x, p.y)) TakeSnapshot();
 }
 
@@ -55,6 +57,7 @@ void LayoutMgr::OnLButtonUp(unsigned /*flags*/, POINT p) {
 }
 
 void LayoutMgr::OnMouseMove(unsigned flags, POINT p) {
+  if (watcher != nullptr) return;
   if (!tools->IsRunning()) return connections->ShowHover(flags, p);
   if (!ModalLoop::IsRunning()) tools->Move(p);
 }
@@ -71,6 +74,7 @@ void LayoutMgr::OnDeactivate() {
 }
 
 bool LayoutMgr::EditInPlace(Shape& shape) {
+  if (watcher != nullptr) return false;
   connections->HideHover();
   return inPlace->Begin(shape);
 }
@@ -99,7 +103,8 @@ void LayoutMgr::RefreshHover() {
 }
 
 void LayoutMgr::OnSetCursor() {
-  if (!model->OnSetCursor(this, 0, 0)) SetCursor(DrawResources::Instance().arrow);
+  if (watcher != nullptr || !model->OnSetCursor(this, 0, 0))
+    SetCursor(DrawResources::Instance().arrow);
 }
 
 void LayoutMgr::OnContextMenu(POINT screen) {
@@ -107,6 +112,7 @@ void LayoutMgr::OnContextMenu(POINT screen) {
   FinishTyping();
   const POINT client = ScreenToClient(screen);
   const auto held = HoldModel();
+  if (watcher != nullptr) return watcher->OnMenu(model->ObjectAt(client), screen);
   if (held->OnContextMenu(this, client.x, client.y)) return;
   ShowChartMenu(screen);
 }
@@ -115,6 +121,9 @@ void LayoutMgr::OnMenuKey() {
   if (IsBusy()) return;
   FinishTyping();
   Shape* shape = walk->Current();
+  if (watcher != nullptr) {
+    return watcher->OnMenu(shape, ClientToScreen(geometry->MiddleOfWindow()));
+  }
   if (shape == nullptr) return ShowChartMenu(ClientToScreen(geometry->MiddleOfWindow()));
   ScrollIntoView(*shape);
   const POINT place = CentreOf(PlaceOnScreen(*shape));
@@ -123,11 +132,13 @@ void LayoutMgr::OnMenuKey() {
 }
 
 void LayoutMgr::ShowObjectMenu(Shape* shape, POINT screen) {
+  if (watcher != nullptr) return watcher->OnMenu(shape, screen);
   menuWindow.SetTarget(shape);
   menuWindow.ShowMenu(shape, screen);
 }
 
 void LayoutMgr::ShowChartMenu(POINT screen) {
+  if (watcher != nullptr) return watcher->OnMenu(nullptr, screen);
   const Pasting::MenuPlace place(*pasting, screen);
   const unsigned chosen =
       TrackContextMenu(MenuOfChart(), screen, [this](unsigned id) { return OnUpdateCommand(id); });
@@ -155,9 +166,20 @@ bool LayoutMgr::WalkByKey(VirtualKey key, unsigned flags) {
   }
 }
 
+/// What a key may do to a chart that has to stay as it is: go from object to object, and scroll.
+bool LayoutMgr::WatchedKey(VirtualKey key, unsigned flags) {
+  const bool isWalk =
+      key == VirtualKey::Tab || (key == VirtualKey::Space && (flags & MK_SHIFT) != 0);
+  if (isWalk) return WalkByKey(key, flags);
+  if (key != VirtualKey::Return) return geometry->ScrollByKey(key);
+  watcher->OnDoubleClick(walk->Current());
+  return true;
+}
+
 bool LayoutMgr::OnKeyDown(VirtualKey key, unsigned flags) {
   if (IsBusy()) return false;
   const auto held = HoldModel();
+  if (watcher != nullptr) return WatchedKey(key, flags);
   if (WalkByKey(key, flags)) return true;
   switch (key) {
     case VirtualKey::Escape:

@@ -118,8 +118,9 @@ void QtDC::SetMode(bool smooth) {
   if (painter.testRenderHint(QPainter::Antialiasing) != smooth) {
     painter.setRenderHint(QPainter::Antialiasing, smooth);
   }
-  const auto mode =
-      Inverts() ? QPainter::RasterOp_NotSourceXorDestination : QPainter::CompositionMode_SourceOver;
+  auto mode = QPainter::CompositionMode_SourceOver;
+  if (Inverts()) mode = QPainter::RasterOp_NotSourceXorDestination;
+  if (!page && GetROP2() == RasterOp::Darken) mode = QPainter::CompositionMode_Multiply;
   if (painter.compositionMode() != mode) painter.setCompositionMode(mode);
 }
 

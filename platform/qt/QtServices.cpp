@@ -6,6 +6,7 @@ namespace morvane {
 
 QtServices::QtServices(Use use) {
   Service<Pictures>::Set(&pictures);
+  Service<ScriptEngines>::Set(&scriptEngines);
   if (use == Use::Job) {
     profile = std::make_unique<MemoryProfile>();
   } else {
@@ -38,6 +39,7 @@ QtServices::~QtServices() {
   Service<Dialogs>::Set(nullptr);
   Service<DialogHost>::Set(nullptr);
   Service<Clipboard>::Set(nullptr);
+  Service<ScriptEngines>::Set(nullptr);
   Service<Pictures>::Set(nullptr);
 }
 

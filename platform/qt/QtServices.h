@@ -11,6 +11,7 @@
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtPopupMenus.h"
 #include "platform/qt/QtPrinting.h"
+#include "platform/qt/QtScriptEngine.h"
 #include "platform/qt/QtShellOpen.h"
 #include "platform/qt/QtTextSearch.h"
 #include "platform/qt/QtUiThread.h"
@@ -41,6 +42,7 @@ class QtServices {
   QtPictures pictures;
   QtPopupMenus popupMenus;
   QtPrinting printing;
+  QtScriptEngines scriptEngines;
   QtTextSearch textSearch;
   QtUiThread uiThread;
   QtShellOpen shellOpen;

@@ -35,6 +35,7 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"machine",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"generators", {"resources", "drawing", "platform", "model", "machine"}},
+    {"simulation", {"resources", "platform", "machine"}},
     {"surface",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"dialogs", {"resources", "drawing", "platform", "model", "states", "connectors"}},
@@ -46,8 +47,8 @@ const std::map<std::string, std::set<std::string>> kFloors = {
       "surface"}},
     {"shell",
      {"resources", "drawing", "platform", "recovery", "model", "states", "connectors",
-      "persistence", "machine", "generators", "surface", "dialogs", "codegen", "checks",
-      "review"}}};
+      "persistence", "machine", "generators", "simulation", "surface", "dialogs", "codegen",
+      "checks", "review"}}};
 
 /// The name of a path's first folder.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.find('/')); }

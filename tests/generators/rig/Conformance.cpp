@@ -70,7 +70,9 @@ const std::map<std::string_view, void (*)(int& n, int& m)> kStatements = {
 /// The trace of the machine itself, without code.
 class Teller : public Interpreter::Actor {
  public:
-  bool Holds(const MachineText& guard) override { return kGuards.at(guard.text)(n, m); }
+  bool Holds(const MachineTransition& transition) override {
+    return kGuards.at(transition.guard.text)(n, m);
+  }
   void Act(const MachineText& code) override { kStatements.at(code.text)(n, m); }
   void Trace(std::string_view kind, std::string_view name) override {
     trace += std::string(kind) + ' ' + std::string(name) + '\n';
