@@ -94,6 +94,7 @@ GenericState* BeginningOf(const LayoutMgr& chart, const std::vector<GenericState
 }  // namespace
 
 std::string QuickFix::OfferFor(const Problem& problem) const {
+  if (chart.GetWatcher() != nullptr) return {};
   switch (problem.remedy) {
     case Remedy::AddInitialState: return Translate("Add an initial state");
     case Remedy::AttachEnds:
@@ -106,6 +107,7 @@ std::string QuickFix::OfferFor(const Problem& problem) const {
 }
 
 bool QuickFix::Apply(const Problem& problem) {
+  if (chart.GetWatcher() != nullptr) return false;
   bool done = false;
   switch (problem.remedy) {
     case Remedy::AddInitialState: done = AddInitialState(problem.id); break;

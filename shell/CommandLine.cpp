@@ -12,6 +12,7 @@
 #include "resources/Texts.h"
 #include "resources/Version.h"
 #include "shell/ReviewJobs.h"
+#include "shell/RunJobs.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
 
@@ -35,6 +36,15 @@ constexpr const char* kUsage =
     "                                     say what differs between two charts, or draw it;\n"
     "                                     ends with 0 for none, 1 for some, 2 for trouble\n"
     "       morvane --describe FILE       print what a chart holds, a fact a line\n"
+    "       morvane --simulate FILE [EVENT...]\n"
+    "                                     run FILE, send it events, print the trace\n"
+    "       morvane --replay TRACE FILE [--export OUT]\n"
+    "                                     say where a trace and FILE part, and draw FILE as it\n"
+    "                                     stands at the end of the trace\n"
+    "       morvane --coverage [--min PERCENT] FILE TRACE...\n"
+    "                                     say what of FILE the traces reach\n"
+    "       morvane --test [--junit] FILE...\n"
+    "                                     run the tests beside charts, NAME.mrvtest\n"
     "       morvane --help | --version\n";
 
 bool IsOption(std::string_view argument) { return argument.size() > 1 && argument[0] == '-'; }
@@ -102,6 +112,13 @@ CommandLine CommandLine::ParseDiff(std::span<const std::string> arguments) {
   return line;
 }
 
+CommandLine::RunJob CommandLine::RunJobCalled(std::string_view option) {
+  if (option == "--simulate") return RunJobs::Simulate;
+  if (option == "--replay") return RunJobs::Replay;
+  if (option == "--coverage") return RunJobs::Coverage;
+  return option == "--test" ? RunJobs::Test : nullptr;
+}
+
 CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
   const std::string first = arguments.empty() ? "" : arguments[0];
   if (!IsOption(first)) return ParseWindow(arguments);
@@ -115,6 +132,12 @@ CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
   const bool exportsDiff = first == "--export" && arguments.size() > 2 && arguments[2] == "--diff";
   if (first == "--diff" || exportsDiff) return ParseDiff(arguments);
   CommandLine line;
+  if (const RunJob job = RunJobCalled(first)) {
+    line.job = Job::Run;
+    line.runJob = job;
+    line.runArguments.assign(arguments.begin() + 1, arguments.end());
+    return line;
+  }
   const bool hasPaths = arguments.size() == 3;
   if (first == "--help" && arguments.size() == 1) {
     line.job = Job::Help;
@@ -143,6 +166,7 @@ int CommandLine::Run(std::ostream& out, std::ostream& err) const {
     case Job::Generate: return RunGenerate(err);
     case Job::Diff: return RunDiff(files[0], files[1], output, out, err);
     case Job::Describe: return RunDescribe(file, out, err) ? kSuccess : kFailure;
+    case Job::Run: return RunChart(out, err);
     case Job::WrongUse: err << kUsage; return kWrongUse;
     case Job::None: break;
   }
@@ -171,6 +195,12 @@ int CommandLine::RunGenerate(std::ostream& err) const {
 int CommandLine::RunCheck(std::ostream& out) const {
   const auto form = asJson ? CheckReport::Form::Json : CheckReport::Form::Lines;
   return CheckReport(form).Write(files, out) ? kSuccess : kFailure;
+}
+
+int CommandLine::RunChart(std::ostream& out, std::ostream& err) const {
+  const int status = runJob(runArguments, out, err);
+  if (status == kWrongUse) err << kUsage;
+  return status;
 }
 
 int CommandLine::RunExport(std::ostream& err) const {

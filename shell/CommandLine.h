@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "generators/TargetLanguage.h"
@@ -31,6 +32,8 @@ class CommandLine {
   int Run(std::ostream& out, std::ostream& err) const;
 
  private:
+  using RunJob = int (*)(std::span<const std::string> arguments, std::ostream& out,
+                         std::ostream& err);
   enum class Job {
     None,
     Help,
@@ -41,6 +44,7 @@ class CommandLine {
     Check,
     Diff,
     Describe,
+    Run,
     WrongUse
   };
 
@@ -52,7 +56,10 @@ class CommandLine {
   static CommandLine ParseCheck(std::span<const std::string> arguments);
   /// What stands behind "--diff", or behind "--export" in front of that.
   static CommandLine ParseDiff(std::span<const std::string> arguments);
+  /// The job that runs a chart and is called so; null for none.
+  static RunJob RunJobCalled(std::string_view option);
   int RunCheck(std::ostream& out) const;
+  int RunChart(std::ostream& out, std::ostream& err) const;
   int RunConvert(std::ostream& err) const;
   int RunExport(std::ostream& err) const;
   int RunGenerate(std::ostream& err) const;
@@ -64,6 +71,9 @@ class CommandLine {
   std::string file;
   std::vector<std::string> files;  ///< to check or to compare
   bool asJson = false;
+  /// A job that runs a chart, and what stands behind its option.
+  RunJob runJob = nullptr;
+  std::vector<std::string> runArguments;
 };
 
 }  // namespace morvane

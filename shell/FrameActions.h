@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/Command.h"
+
 namespace morvane {
 
 class DocumentManager;
@@ -31,6 +33,9 @@ class FrameActions {
   virtual void ShowPart(unsigned id, bool show) = 0;
   /// Moves the keyboard by so many panes: the chart, its object browser, the chart browser.
   virtual void FocusPane(int step) = 0;
+  /// Whether a command of the menu "Run" can be given, and what it does.
+  virtual CommandState RunStateOf(unsigned id) const = 0;
+  virtual void ExecuteRun(unsigned id) = 0;
   virtual void ArrangeWindows(Arrangement arrangement) = 0;
   virtual void ShowAbout() = 0;
   /// Closes the main window, if the user agrees.

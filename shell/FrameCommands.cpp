@@ -44,6 +44,8 @@ CommandState WhetherShownOfChart(const FrameActions& frame, unsigned id) {
   return frame.ActiveDocument() != nullptr ? WhetherShown(frame, id) : CommandState::Enabled(false);
 }
 
+CommandState OfRun(const FrameActions& frame, unsigned id) { return frame.RunStateOf(id); }
+
 // What a command does.
 
 void New(FrameActions& frame, unsigned /*id*/) { frame.Manager().NewDocument(); }
@@ -90,6 +92,8 @@ void Arrange(FrameActions& frame, unsigned id) {
   using enum FrameActions::Arrangement;
   frame.ArrangeWindows(id == ID_WINDOW_CASCADE ? Cascade : id == ID_WINDOW_TILE ? Tile : Icons);
 }
+
+void ExecuteRun(FrameActions& frame, unsigned id) { frame.ExecuteRun(id); }
 
 void ShowUserGuide(FrameActions& /*frame*/, unsigned /*id*/) { HelpCommands::ShowUserGuide(); }
 
@@ -150,6 +154,41 @@ constexpr CommandRow<FrameActions> kRows[] = {
     {{ID_PREV_PANE, "", "Shift+F6", "Go back to the previous pane", "Previous Pane"},
      IfChart,
      FocusPane},
+
+    {{ID_SIMULATE, "&Simulate", "F9", "Run the chart and send it events, or end that", "Simulate"},
+     OfRun,
+     ExecuteRun},
+    {{ID_RUN_RESTART, "R&estart", "Ctrl+F9", "Begin the run anew", "From the Start"},
+     OfRun,
+     ExecuteRun},
+    {{ID_RUN_BACK, "Step &Back", "F7", "Go one step back in the run", "Step Back"},
+     OfRun,
+     ExecuteRun},
+    {{ID_RUN_FORWARD, "Step &Forward", "F8", "Go one step on in the run", "Step Forward"},
+     OfRun,
+     ExecuteRun},
+    {{ID_RUN_CONTINUE, "&Continue", "Ctrl+F8",
+      "Go on to the next breakpoint or to the end of the run", "Continue"},
+     OfRun,
+     ExecuteRun},
+    {{ID_RUN_END, "E&nd Run", "", "End the run; the chart can be changed again", "End the Run"},
+     OfRun,
+     ExecuteRun},
+    {{ID_REPLAY_TRACE, "&Replay Trace...", "", "Play a trace that generated code has written",
+      "Replay Trace"},
+     OfRun,
+     ExecuteRun},
+    {{ID_REPLAY_PASTED, "Replay &Pasted Trace", "", "Play a trace that is on the clipboard",
+      "Replay Pasted Trace"},
+     OfRun,
+     ExecuteRun},
+    {{ID_FOLLOW_TRACE, "F&ollow Trace...", "",
+      "Show what a program writes to a file, as it goes on", "Follow Trace"},
+     OfRun,
+     ExecuteRun},
+    {{ID_RUN_TESTS, "Run &Tests", "", "Run the tests that stand beside the chart", "Run Tests"},
+     OfRun,
+     ExecuteRun},
 
     {{ID_WINDOW_CASCADE, "&Cascade", "", "Arrange the windows so that they overlap", "Cascade"},
      IfChart,

@@ -91,6 +91,12 @@ constexpr MenuEntry kCodeGen[] = {
     {ID_GENERATE_CSHARP},    {ID_GENERATE_JAVA}, {ID_GENERATE_XML},
 };
 
+constexpr MenuEntry kRun[] = {
+    {ID_SIMULATE}, {ID_RUN_TESTS},    kSeparator,         {ID_RUN_RESTART},
+    {ID_RUN_BACK}, {ID_RUN_FORWARD},  {ID_RUN_CONTINUE},  {ID_RUN_END},
+    kSeparator,    {ID_REPLAY_TRACE}, {ID_REPLAY_PASTED}, {ID_FOLLOW_TRACE},
+};
+
 constexpr MenuEntry kWindow[] = {
     {ID_WINDOW_CASCADE},
     {ID_WINDOW_TILE},
@@ -106,7 +112,7 @@ constexpr MenuPopup kStartMenu[] = {
 
 constexpr MenuPopup kChartMenu[] = {
     {"&File", kChartFile},  {"&Edit", kChartEdit}, {"&Insert", kInsert}, {"&View", kChartView},
-    {"&CodeGen", kCodeGen}, {"&Window", kWindow},  {"&Help", kHelp},
+    {"&CodeGen", kCodeGen}, {"&Run", kRun},        {"&Window", kWindow}, {"&Help", kHelp},
 };
 
 constexpr unsigned kToolBar[] = {

@@ -43,6 +43,12 @@ var __morvane = (function (global) {
     });
     return all;
   }
+  // Stands for what only the real program has: whatever is asked of it is nothing again.
+  var nothing = new Proxy(function () {}, {
+    get: function (target, key) { return typeof key === 'string' ? nothing : undefined; },
+    apply: function () {},
+    has: function () { return true; }
+  });
   return {
     test: function (text) {
       var holds = !!run('(' + text + '\n)');
@@ -52,8 +58,12 @@ var __morvane = (function (global) {
       sent = [];
       global.__stubs = {};
       known.__stubs = true;
-      var left = called.filter(function (name) { return typeof global[name] === 'undefined'; });
-      left.forEach(function (name) { global.__stubs[name] = function () {}; });
+      var left = [];
+      for (var name in called) {
+        if (typeof global[name] !== 'undefined') continue;
+        left.push(called[name]);
+        global.__stubs[name] = nothing;
+      }
       run(left.length > 0 ? 'with (__stubs) {' + text + '\n}' : text);
       return JSON.stringify({ sent: sent, left: left, variables: variables() });
     },

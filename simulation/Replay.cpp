@@ -50,13 +50,15 @@ void Replay::Feed(std::string_view part) {
   }
 }
 
+void Replay::CatchUp() { Follow(nullptr); }
+
 void Replay::Finish() {
   if (!rest.empty()) {
     ++textLine;
     TakeLine(rest);
     rest.clear();
   }
-  Follow(nullptr);
+  CatchUp();
 }
 
 bool Replay::IsStart(const TraceLine& line) const {
@@ -71,8 +73,8 @@ void Replay::TakeLine(std::string_view text) {
   if (parting) return;
   const std::size_t begin = text.find_first_not_of(kBlanks);
   const std::size_t end = text.find_last_not_of(kBlanks);
-  parting =
-      Parting{textLine, History().Size(), std::string(text.substr(begin, end - begin + 1)), {}};
+  parting = Parting{
+      textLine, History().Size(), std::string(text.substr(begin, end - begin + 1)), {}, true};
   AddNote("here the trace has what this chart doesn't know");
 }
 
@@ -104,7 +106,9 @@ void Replay::Follow(const Wanted* next) {
   } else {
     interpreter.Start();
   }
-  if (!parting && followed < wanted.size()) {
+  if (isBeyond) {
+    for (; followed < wanted.size(); ++followed) Add(wanted[followed].line);
+  } else if (!parting && followed < wanted.size()) {
     Part(followed, Format().Text(wanted[followed].line), {});
   }
   following = nullptr;
@@ -135,19 +139,23 @@ void Replay::Trace(std::string_view kind, std::string_view name) {
   }
 }
 
-/// It holds if the trace takes this transition next.
+/// It holds if the trace takes this transition next. As long as it doesn't tell, nothing behind can
+/// be compared.
 bool Replay::Holds(const MachineTransition& transition) {
   std::size_t at = followed;
   while (at < wanted.size() && wanted[at].line.kind == Kind::Exit) ++at;
+  if (at == wanted.size() && following == nullptr) isBeyond = true;
   const auto index = static_cast<int>(&transition - TheMachine().transitions.data());
   return at < wanted.size() && wanted[at].line == TraceLine{Kind::Take, index};
 }
 
 std::string Replay::PartingText() const {
   if (!parting) return {};
-  std::string text = "line " + std::to_string(parting->textLine) + ": \"" + parting->found + '"';
-  return text + (parting->expected.empty() ? ", but the chart does nothing of that here"
-                                           : ", but the chart has \"" + parting->expected + '"');
+  const std::string text =
+      "line " + std::to_string(parting->textLine) + ": \"" + parting->found + "\", ";
+  if (parting->isUnknown) return text + "which this chart doesn't have";
+  if (parting->expected.empty()) return text + "but the chart does nothing more here";
+  return text + "but the chart has \"" + parting->expected + '"';
 }
 
 }  // namespace morvane

@@ -21,7 +21,9 @@ class Replay : public Run, private Interpreter::Actor {
 
   /// Takes over the next part of a trace, which may end within a line.
   void Feed(std::string_view part);
-  /// Nothing more comes, or not for a while: what is known is followed to its end.
+  /// Nothing more comes for a while: what is known is followed to its end.
+  void CatchUp();
+  /// Nothing more comes: the last line counts though it has no end.
   void Finish();
 
   /// Where chart and trace part.
@@ -29,7 +31,8 @@ class Replay : public Run, private Interpreter::Actor {
     std::size_t textLine = 0;  ///< of the trace, counted from 1
     std::size_t place = 0;     ///< in the run: the line behind it is the first that differs
     std::string found;         ///< in the trace; empty at its end
-    std::string expected;      ///< by the chart; empty for nothing
+    std::string expected{};    ///< by the chart; empty for nothing
+    bool isUnknown = false;    ///< what was found is no state, transition or event of the chart
   };
   const std::optional<Parting>& Where() const { return parting; }
   /// "line 12: "take 115", but the chart has "take 112""
@@ -56,7 +59,7 @@ class Replay : public Run, private Interpreter::Actor {
   std::string rest;            ///< a line that has not come to its end
   std::vector<Wanted> wanted;  ///< the lines of the step at hand, as the trace has them
   std::size_t followed = 0;    ///< so many of them the chart has done
-  bool isBeyond = false;       ///< the chart has done more than the trace tells, as yet
+  bool isBeyond = false;       ///< the trace doesn't tell, as yet, what the chart does next
   std::size_t textLine = 0;
   std::optional<Parting> parting;
   Interpreter::Position before;  ///< where the step at hand began

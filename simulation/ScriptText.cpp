@@ -8,9 +8,9 @@
 
 namespace morvane {
 
-namespace {
-
 using Kind = CodeToken::Kind;
+
+namespace {
 
 /// Words in front of the name of a new variable.
 const std::unordered_set<std::string_view> kTypes{
@@ -31,8 +31,10 @@ const std::unordered_set<std::string_view> kReserved{
 constexpr std::array<std::string_view, 13> kAssignments{
     "=", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "<<=", ">>=", "++", "--"};
 
+}  // namespace
+
 /// The tokens of a text, without its gaps.
-class Pieces {
+class ScriptText::Pieces {
  public:
   explicit Pieces(std::string_view code) : all(CodeTokens(code)) {
     for (std::size_t i = 0; i < all.size(); ++i) {
@@ -72,12 +74,27 @@ class Pieces {
     return token.kind == Kind::Word && !kTypes.contains(token.text) &&
            !kReserved.contains(token.text) && !IsMember(piece) && !After(piece).Is("::");
   }
+  /// Something of it is asked for.
+  bool IsObject(std::size_t piece) const { return IsStep(piece + 1); }
+  /// "motor.Start" where that is called from here on; empty where nothing is.
+  std::string CallFrom(std::size_t piece) const {
+    std::string chain(At(piece).text);
+    for (; IsStep(piece + 1) && At(piece + 2).kind == Kind::Word; piece += 2) {
+      chain += '.';
+      chain += At(piece + 2).text;
+    }
+    return IsCall(piece) ? chain : std::string();
+  }
   const std::vector<CodeToken>& All() const { return all; }
 
  private:
+  bool IsStep(std::size_t piece) const { return At(piece).Is(".") || At(piece).Is("->"); }
+
   std::vector<CodeToken> all;
   std::vector<std::size_t> solid;
 };
+
+namespace {
 
 bool IsType(const CodeToken& token) {
   return token.kind == Kind::Word && kTypes.contains(token.text);
@@ -90,15 +107,16 @@ std::string_view PlainNumber(std::string_view number) {
   return number.substr(0, last + 1);
 }
 
-bool EndsWithWord(std::string_view name, std::string_view word) { return name.ends_with(word); }
+}  // namespace
 
-std::string Translated(const Pieces& pieces, std::size_t piece) {
+/// A piece in words of ECMAScript.
+std::string ScriptText::Translated(const Pieces& pieces, std::size_t piece) {
   const CodeToken& token = pieces.At(piece);
   if (token.Is("::") || token.Is("->")) return ".";
   if (token.kind == Kind::Number) return std::string(PlainNumber(token.text));
   if (token.kind != Kind::Word) return std::string(token.text);
   if (token.text == "nullptr" || token.text == "NULL") return "null";
-  if (EndsWithWord(token.text, "_Dispatch")) return "Dispatch";
+  if (token.text.ends_with("_Dispatch")) return "Dispatch";
   if (const std::size_t at = token.text.find("_Event_"); at != std::string_view::npos) {
     return "Event." + std::string(token.text.substr(at + std::string_view("_Event_").size()));
   }
@@ -111,8 +129,6 @@ std::string Translated(const Pieces& pieces, std::size_t piece) {
   return beginsType ? "var" : "";
 }
 
-}  // namespace
-
 ScriptText::ScriptText(std::string_view utf8) {
   const Pieces pieces(utf8);
   std::size_t piece = 0;
@@ -122,18 +138,19 @@ ScriptText::ScriptText(std::string_view utf8) {
       continue;
     }
     program += Translated(pieces, piece);
-    const std::string name(token.text);
-    if (pieces.IsVariable(piece) && !EndsWithWord(name, "_Dispatch") &&
-        name.find("_Event_") == std::string::npos) {
-      if (pieces.IsCall(piece)) {
-        if (pieces.BeginsStatement(piece)) called.insert(name);
-      } else {
-        const bool isAssigned = pieces.IsAssigned(piece);
-        (isAssigned ? assigned : read).insert(name);
-      }
-    }
-    ++piece;
+    TakeName(pieces, piece++);
   }
+}
+
+/// Notes what a piece is the name of, if it is one.
+void ScriptText::TakeName(const Pieces& pieces, std::size_t piece) {
+  const std::string name(pieces.At(piece).text);
+  const bool isOwn = name.ends_with("_Dispatch") || name.find("_Event_") != std::string::npos;
+  if (!pieces.IsVariable(piece) || isOwn) return;
+  const std::string chain = pieces.CallFrom(piece);
+  if (!chain.empty() && pieces.BeginsStatement(piece)) called.emplace(name, chain);
+  if (!chain.empty() || pieces.IsCall(piece) || pieces.IsObject(piece)) return;
+  (pieces.IsAssigned(piece) ? assigned : read).insert(name);
 }
 
 std::vector<ScriptText::Declared> ScriptText::DeclaredIn(std::string_view utf8) {
@@ -142,7 +159,8 @@ std::vector<ScriptText::Declared> ScriptText::DeclaredIn(std::string_view utf8) 
   for (std::size_t i = 1; i < pieces.Count(); ++i) {
     const CodeToken& name = pieces.At(i);
     if (name.kind != Kind::Word || kTypes.contains(name.text)) continue;
-    if (pieces.Before(i).kind != Kind::Word) continue;
+    // An object of a class has no literal, and nothing to calculate with.
+    if (!IsType(pieces.Before(i))) continue;
     if (pieces.After(i).Is(";")) declared.push_back({std::string(name.text), ""});
     if (!pieces.After(i).Is("=") || !pieces.At(i + 3).Is(";")) continue;
     const CodeToken& value = pieces.At(i + 2);

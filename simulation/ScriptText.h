@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -18,10 +19,11 @@ class ScriptText {
   const std::string& Program() const { return program; }
   /// Names that the text gives a value to.
   const std::set<std::string>& Assigned() const { return assigned; }
-  /// Names that the text reads and that are no calls.
+  /// Names that the text reads as they are: neither calls nor objects that something is asked of.
   const std::set<std::string>& Read() const { return read; }
-  /// Names that are called by a statement of their own, so that what they give doesn't matter.
-  const std::set<std::string>& Called() const { return called; }
+  /// Names that a statement calls, or calls something of, and what it calls: {"motor",
+  /// "motor.Start"}. What such a call gives doesn't matter.
+  const std::map<std::string, std::string>& Called() const { return called; }
 
   /// A variable as the declarations of a chart have it.
   struct Declared {
@@ -31,10 +33,14 @@ class ScriptText {
   static std::vector<Declared> DeclaredIn(std::string_view utf8);
 
  private:
+  class Pieces;
+  static std::string Translated(const Pieces& pieces, std::size_t piece);
+  void TakeName(const Pieces& pieces, std::size_t piece);
+
   std::string program;
   std::set<std::string> assigned;
   std::set<std::string> read;
-  std::set<std::string> called;
+  std::map<std::string, std::string> called;
 };
 
 }  // namespace morvane

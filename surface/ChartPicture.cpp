@@ -6,6 +6,7 @@
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
 #include "surface/LayoutMgr.h"
+#include "surface/RunMarks.h"
 
 namespace morvane {
 
@@ -56,6 +57,7 @@ void ChartPicture::Paint(CDC& dc) const {
   dc.SetViewportOrg(oldOrigin - origin);
   dc.SetTextColor(chart.GetTextColor());
   chart.GetModel().DrawAll(&dc, selectionOnly);
+  if (!selectionOnly) chart.GetRunMarks().DrawOnPicture(dc);
   dc.SetViewportOrg(oldOrigin);
 }
 

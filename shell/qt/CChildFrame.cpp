@@ -1,5 +1,7 @@
 #include "shell/qt/CChildFrame.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMainWindow>
@@ -12,6 +14,7 @@
 #include "platform/CScrollView.h"
 #include "platform/ModalLoop.h"
 #include "platform/qt/QtView.h"
+#include "shell/ChartRun.h"
 #include "shell/qt/NoticeBar.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "shell/qt/WindowTitle.h"
@@ -65,7 +68,12 @@ void CChildFrame::FollowProblems(ProblemChecker& checker, std::function<void()> 
   problems = std::make_unique<ChartProblems>(*chart, checker, std::move(changed));
 }
 
+void CChildFrame::SetRun(std::unique_ptr<ChartRun> other) { run = std::move(other); }
+
+std::unique_ptr<ChartRun> CChildFrame::TakeRun() { return std::move(run); }
+
 void CChildFrame::Detach() {
+  run.reset();
   problems.reset();
   objectBrowser->Detach();
   viewWidget->Detach();

@@ -10,6 +10,7 @@ namespace morvane {
 class DocumentManager;
 class CDocument;
 class ChartProblems;
+class ChartRun;
 class CScrollView;
 class ObjectBrowserPane;
 class ProblemChecker;
@@ -33,6 +34,10 @@ class CChildFrame : public QMdiSubWindow {
   void FollowProblems(ProblemChecker& checker, std::function<void()> changed);
   /// Null where nothing is known.
   const ChartProblems* Problems() const { return problems.get(); }
+  /// The run that the chart shows; null for none.
+  ChartRun* GetRun() const { return run.get(); }
+  void SetRun(std::unique_ptr<ChartRun> other);
+  std::unique_ptr<ChartRun> TakeRun();
   ObjectBrowserPane& ObjectBrowser() { return *objectBrowser; }
   /// Shows the title of the document.
   void UpdateTitle();
@@ -56,6 +61,7 @@ class CChildFrame : public QMdiSubWindow {
   NoticeBar* notices;
   ObjectBrowserPane* objectBrowser;
   std::unique_ptr<ChartProblems> problems;
+  std::unique_ptr<ChartRun> run;
   bool ready = false;
 };
 

@@ -33,6 +33,8 @@
 #include "shell/qt/FrameState.h"
 #include "shell/qt/LockIndicators.h"
 #include "shell/qt/ProblemsPane.h"
+#include "shell/qt/RunDesk.h"
+#include "shell/qt/RunPane.h"
 #include "shell/qt/WindowTitle.h"
 #include "shell/qt/ZoomBar.h"
 
@@ -91,6 +93,10 @@ CMainFrame::CMainFrame(Factories factories) : area(new QMdiArea(this)) {
   CreateBars();
   CreateChartBrowser();
   CreateProblems();
+  runs = new RunDesk(
+      *this, [this] { return ActiveChild(); }, this);
+  // While a chart runs its pane needs all the height that there is.
+  tabifyDockWidget(chartBrowser, &runs->Pane());
   CreateKeys();
   connect(area, &QMdiArea::subWindowActivated, this, [this] { OnActivated(); });
   OnActivated();
@@ -246,6 +252,7 @@ void CMainFrame::OnActivated() {
   if (forChart != chartMenuShown) ShowMenu(forChart);
   ShowTitle();
   ShowProblems();
+  if (runs != nullptr) runs->OnActivated();
   RefreshBars();
   TellListener();
 }

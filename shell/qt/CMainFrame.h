@@ -22,6 +22,7 @@ namespace morvane {
 class ChartBrowserPane;
 class ChartProblems;
 class ProblemsPane;
+class RunDesk;
 class CChildFrame;
 class CommandBar;
 class CommandMenu;
@@ -74,6 +75,8 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   bool IsPartShown(unsigned id) const override;
   void ShowPart(unsigned id, bool show) override;
   void FocusPane(int step) override;
+  CommandState RunStateOf(unsigned id) const override;
+  void ExecuteRun(unsigned id) override;
   void ArrangeWindows(Arrangement arrangement) override;
   void ShowAbout() override;
   void Exit() override { close(); }
@@ -139,6 +142,7 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
   ChartBrowserPane* chartBrowser = nullptr;
   ProblemChecker checker;
   ProblemsPane* problems = nullptr;
+  RunDesk* runs = nullptr;
   QLabel* problemCount = nullptr;
   QLabel* statusText = nullptr;
   ZoomBar* zoomBar = nullptr;

@@ -26,6 +26,7 @@
 #include "shell/qt/CompareWindow.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "shell/qt/ProblemsPane.h"
+#include "shell/qt/RunDesk.h"
 #include "surface/LayoutMgr.h"
 
 namespace morvane {
@@ -116,6 +117,10 @@ void CMainFrame::FocusPane(int step) {
   const qsizetype next = present < 0 ? 0 : (present + step + panes.size()) % panes.size();
   panes[next]->setFocus(Qt::ShortcutFocusReason);
 }
+
+CommandState CMainFrame::RunStateOf(unsigned id) const { return runs->StateOf(id); }
+
+void CMainFrame::ExecuteRun(unsigned id) { runs->Execute(id); }
 
 void CMainFrame::ArrangeWindows(Arrangement arrangement) {
   switch (arrangement) {
