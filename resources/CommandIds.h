@@ -73,6 +73,7 @@ enum CommandId : unsigned {
   ID_GENERATE_XML = 32890,
   ID_FILE_EXPORT = 32891,
   ID_FILE_REVERT = 32892,
+  ID_FILE_COMPARE = 33020,
 
   // Frames and bars
   ID_MENU_BAR = 32797,

@@ -42,10 +42,13 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"codegen", {"resources", "drawing", "platform", "model", "persistence", "surface"}},
     {"checks",
      {"resources", "drawing", "platform", "model", "states", "connectors", "machine", "surface"}},
+    {"review",
+     {"resources", "drawing", "platform", "model", "states", "connectors", "persistence", "machine",
+      "surface"}},
     {"shell",
      {"resources", "drawing", "platform", "recovery", "model", "states", "connectors",
       "persistence", "machine", "generators", "simulation", "surface", "dialogs", "codegen",
-      "checks"}}};
+      "checks", "review"}}};
 
 /// The name of a path's first folder.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.find('/')); }

@@ -38,6 +38,8 @@ class Scenario : public FrameHost, public FrameActions {
   CommandState RunStateOf(unsigned /*id*/) const override { return {}; }
   void ExecuteRun(unsigned /*id*/) override {}
   void ShowAbout() override {}
+  void ShowComparison(CDocument& /*document*/, const std::string& /*file*/,
+                      std::unique_ptr<ChartComparison> /*comparison*/) override {}
   void Exit() override {}
 
  private:
