@@ -75,6 +75,7 @@ enum CommandId : unsigned {
   ID_FILE_REVERT = 32892,
   ID_FILE_IMPORT = 32896,
   ID_TIDY_UP = 32999,
+  ID_FILE_COMPARE = 33020,
 
   // Frames and bars
   ID_MENU_BAR = 32797,

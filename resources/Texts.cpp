@@ -154,6 +154,7 @@ constexpr std::array kTexts = {
     Text{IDS_READ_EXIT, "On exit: %1"},
     Text{IDS_READ_EFFECT, "Effect: %1"},
     Text{IDS_READ_CHART, "Chart %1"},
+    Text{IDS_CHARTS_SAME, "The chart does not differ from %1."},
 };
 
 class BuiltInEnglish : public TextSource {

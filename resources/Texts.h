@@ -131,6 +131,7 @@ enum TextId : unsigned {
   IDS_READ_EXIT = 33172,
   IDS_READ_EFFECT = 33173,
   IDS_READ_CHART = 33174,
+  IDS_CHARTS_SAME = 33180,
 };
 
 struct EnglishText {

@@ -22,7 +22,7 @@ printf '[ToolBars]\nBrowseDir=%s\n' "${program%/bin/*}/Examples/Lift" \
 mkdir -p "$images"
 # Its own folder would show in the dialog of a generator.
 mkdir "$work/bin"
-cp "$program" "${program%/*}"/{_sp.mo,*.dll,mrv2*.exe} "$work/bin"
+cp "$program" "${program%/*}"/{_sp.mo,*.dll,mrv2*.exe,morvane_script} "$work/bin"
 program="$work/bin/morvane"
 
 # open CHART: starts the program on a copy of a chart, in a window of a known place and size

@@ -6,7 +6,7 @@ set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 rooms=(checks codegen connectors dialogs drawing exchange generators layout machine model persistence
-  platform recovery resources shell simulation states surface)
+  platform recovery resources review shell simulation states surface)
 since=
 if [[ ${1:-} == --since ]]; then
   since=$2

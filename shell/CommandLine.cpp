@@ -12,6 +12,7 @@
 #include "platform/Files.h"
 #include "resources/Texts.h"
 #include "resources/Version.h"
+#include "shell/ReviewJobs.h"
 #include "shell/RunJobs.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
@@ -34,6 +35,10 @@ constexpr const char* kUsage =
     "                                     make a chart of SCXML and write it to OUT\n"
     "       morvane --check [--json] FILE...\n"
     "                                     say what is wrong with charts\n"
+    "       morvane --diff [--export OUT] OLD NEW\n"
+    "                                     say what differs between two charts, or draw it;\n"
+    "                                     ends with 0 for none, 1 for some, 2 for trouble\n"
+    "       morvane --describe FILE       print what a chart holds, a fact a line\n"
     "       morvane --simulate FILE [EVENT...]\n"
     "                                     run FILE, send it events, print the trace\n"
     "       morvane --replay TRACE FILE [--export OUT]\n"
@@ -104,6 +109,23 @@ CommandLine CommandLine::ParseCheck(std::span<const std::string> arguments) {
   return line;
 }
 
+CommandLine CommandLine::ParseDiff(std::span<const std::string> arguments) {
+  CommandLine line;
+  line.job = Job::WrongUse;
+  std::vector<std::string> rest(arguments.begin(), arguments.end());
+  const auto asked = std::ranges::find(rest, "--export");
+  if (asked != rest.end() && rest.end() - asked > 1) {
+    line.output = asked[1];
+    rest.erase(asked, asked + 2);
+    if (Picture::KindOf(line.output) == nullptr) return line;
+  }
+  std::erase(rest, "--diff");
+  if (rest.size() != 2 || std::ranges::any_of(rest, IsOption)) return line;
+  line.files = std::move(rest);
+  line.job = Job::Diff;
+  return line;
+}
+
 CommandLine::RunJob CommandLine::RunJobCalled(std::string_view option) {
   if (option == "--simulate") return RunJobs::Simulate;
   if (option == "--replay") return RunJobs::Replay;
@@ -122,6 +144,8 @@ CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
   if (first == "--generate") return ParseGenerate(std::span(arguments).subspan(1));
   if (first == "--import") return ParseImport(std::span(arguments).subspan(1));
   if (first == "--check") return ParseCheck(std::span(arguments).subspan(1));
+  const bool exportsDiff = first == "--export" && arguments.size() > 2 && arguments[2] == "--diff";
+  if (first == "--diff" || exportsDiff) return ParseDiff(arguments);
   CommandLine line;
   if (const RunJob job = RunJobCalled(first)) {
     line.job = Job::Run;
@@ -138,6 +162,9 @@ CommandLine CommandLine::Parse(const std::vector<std::string>& arguments) {
     line.job = first == "--convert" ? Job::Convert : Job::Export;
     line.output = arguments[1];
     line.file = arguments[2];
+  } else if (first == "--describe" && arguments.size() == 2) {
+    line.job = Job::Describe;
+    line.file = arguments[1];
   } else {
     line.job = Job::WrongUse;
   }
@@ -153,6 +180,8 @@ int CommandLine::Run(std::ostream& out, std::ostream& err) const {
     case Job::Check: return RunCheck(out);
     case Job::Generate: return RunGenerate(err);
     case Job::Import: return RunImport(err);
+    case Job::Diff: return RunDiff(files[0], files[1], output, out, err);
+    case Job::Describe: return RunDescribe(file, out, err) ? kSuccess : kFailure;
     case Job::Run: return RunChart(out, err);
     case Job::WrongUse: err << kUsage; return kWrongUse;
     case Job::None: break;

@@ -27,14 +27,27 @@ class CommandLine {
   /// The window opens beside those of a program that runs already.
   bool IsNewInstance() const { return newInstance; }
 
-  /// Does the job: success is silent, a failure says why on `err` and writes no output. Gives the
-  /// exit status.
+  /// Does the job: success prints nothing but what was asked for, a failure says why on `err` and
+  /// writes no output. Gives the exit status.
   int Run(std::ostream& out, std::ostream& err) const;
 
  private:
   using RunJob = int (*)(std::span<const std::string> arguments, std::ostream& out,
                          std::ostream& err);
-  enum class Job { None, Help, Version, Convert, Export, Generate, Import, Check, Run, WrongUse };
+  enum class Job {
+    None,
+    Help,
+    Version,
+    Convert,
+    Export,
+    Generate,
+    Import,
+    Check,
+    Diff,
+    Describe,
+    Run,
+    WrongUse
+  };
 
   /// What stands behind the option, or in place of one, when a window opens.
   static CommandLine ParseWindow(std::span<const std::string> arguments);
@@ -44,6 +57,8 @@ class CommandLine {
   static CommandLine ParseImport(std::span<const std::string> arguments);
   /// What stands behind "--check".
   static CommandLine ParseCheck(std::span<const std::string> arguments);
+  /// What stands behind "--diff", or behind "--export" in front of that.
+  static CommandLine ParseDiff(std::span<const std::string> arguments);
   /// The job that runs a chart and is called so; null for none.
   static RunJob RunJobCalled(std::string_view option);
   int RunCheck(std::ostream& out) const;
@@ -58,7 +73,7 @@ class CommandLine {
   TargetLanguage language = TargetLanguage::Cpp;
   std::string output;  ///< a file, or the folder of generated ones
   std::string file;
-  std::vector<std::string> files;  ///< to check
+  std::vector<std::string> files;  ///< to check or to compare
   bool asJson = false;
   /// A job that runs a chart, and what stands behind its option.
   RunJob runJob = nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@ namespace morvane {
 
 class DocumentManager;
 class CDocument;
+class ChartComparison;
 
 /// The main window as its commands know it.
 class FrameActions {
@@ -23,6 +25,9 @@ class FrameActions {
   virtual CDocument* ActiveDocument() const = 0;
   /// Closes the window of that chart, if the user agrees.
   virtual void CloseActive() = 0;
+  /// Opens a window on what differs between a file, the older version, and the chart of a document.
+  virtual void ShowComparison(CDocument& document, const std::string& file,
+                              std::unique_ptr<ChartComparison> comparison) = 0;
   /// A bar or a pane, which is named by the command that shows and hides it.
   virtual bool IsPartShown(unsigned id) const = 0;
   virtual void ShowPart(unsigned id, bool show) = 0;

@@ -1,9 +1,14 @@
 #include "shell/FrameCommands.h"
 
+#include <utility>
+
 #include "dialogs/CDefaultSettingDlg.h"
 #include "persistence/CDocument.h"
 #include "persistence/DocumentManager.h"
+#include "platform/Dialogs.h"
 #include "resources/CommandIds.h"
+#include "review/ChartComparison.h"
+#include "shell/ChartCompare.h"
 #include "shell/FrameActions.h"
 #include "shell/HelpCommands.h"
 #include "shell/ImportChart.h"
@@ -58,6 +63,15 @@ void SaveAs(FrameActions& frame, unsigned /*id*/) { frame.ActiveDocument()->DoFi
 
 void Revert(FrameActions& frame, unsigned /*id*/) { frame.ActiveDocument()->Revert(); }
 
+void Compare(FrameActions& frame, unsigned /*id*/) {
+  CDocument& document = *frame.ActiveDocument();
+  const auto path = AskOpenPath(frame.Manager().Template().filter);
+  if (!path) return;
+  if (auto comparison = CompareWithFile(document, *path)) {
+    frame.ShowComparison(document, *path, std::move(comparison));
+  }
+}
+
 void Close(FrameActions& frame, unsigned /*id*/) { frame.CloseActive(); }
 
 void CloseAll(FrameActions& frame, unsigned /*id*/) {
@@ -102,6 +116,10 @@ constexpr CommandRow<FrameActions> kRows[] = {
     {{ID_FILE_REVERT, "Rever&t", "", "Go back to the chart as it was saved last", "Revert"},
      IfRevertible,
      Revert},
+    {{ID_FILE_COMPARE, "Compare &with...", "", "Show what differs from another chart file",
+      "Compare"},
+     IfChart,
+     Compare},
     {{ID_FILE_CLOSE, "&Close", "", "Close the active chart", "Close"}, IfChart, Close},
     {{ID_CLOSE_ALL, "C&lose All", "", "Close all charts", "Close All"}, IfChart, CloseAll},
     {{ID_FILE_RECENT, "Recent File", "", "Open this chart", "", "", RecentFiles::kMaxEntries},

@@ -43,6 +43,7 @@ constexpr MenuEntry kChartFile[] = {
     {ID_FILE_SAVE},
     {ID_FILE_SAVE_AS},
     {ID_FILE_REVERT},
+    {ID_FILE_COMPARE},
     kSeparator,
     {ID_FILE_CLOSE},
     {ID_CLOSE_ALL},

@@ -106,7 +106,9 @@ void Replay::Follow(const Wanted* next) {
   } else {
     interpreter.Start();
   }
-  if (!parting && followed < wanted.size()) {
+  if (isBeyond) {
+    for (; followed < wanted.size(); ++followed) Add(wanted[followed].line);
+  } else if (!parting && followed < wanted.size()) {
     Part(followed, Format().Text(wanted[followed].line), {});
   }
   following = nullptr;
@@ -137,10 +139,12 @@ void Replay::Trace(std::string_view kind, std::string_view name) {
   }
 }
 
-/// It holds if the trace takes this transition next.
+/// It holds if the trace takes this transition next. As long as it doesn't tell, nothing behind can
+/// be compared.
 bool Replay::Holds(const MachineTransition& transition) {
   std::size_t at = followed;
   while (at < wanted.size() && wanted[at].line.kind == Kind::Exit) ++at;
+  if (at == wanted.size() && following == nullptr) isBeyond = true;
   const auto index = static_cast<int>(&transition - TheMachine().transitions.data());
   return at < wanted.size() && wanted[at].line == TraceLine{Kind::Take, index};
 }

@@ -59,7 +59,7 @@ class Replay : public Run, private Interpreter::Actor {
   std::string rest;            ///< a line that has not come to its end
   std::vector<Wanted> wanted;  ///< the lines of the step at hand, as the trace has them
   std::size_t followed = 0;    ///< so many of them the chart has done
-  bool isBeyond = false;       ///< the chart has done more than the trace tells, as yet
+  bool isBeyond = false;       ///< the trace doesn't tell, as yet, what the chart does next
   std::size_t textLine = 0;
   std::optional<Parting> parting;
   Interpreter::Position before;  ///< where the step at hand began

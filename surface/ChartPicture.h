@@ -1,60 +1,24 @@
 #pragma once
 
-#include <optional>
-#include <span>
-#include <string>
-#include <string_view>
-
-#include "drawing/Geometry.h"
+#include "surface/Picture.h"
 
 namespace morvane {
 
-class CDC;
 class LayoutMgr;
 
 /// A chart as a picture, painted as on paper: without grid, marks and anchors, six logical units to
 /// the model unit whatever zoom and scroll position the chart has on the screen. A whole chart is
 /// pictured from its origin on; a selection is cut out with a little room around it, and nothing
 /// else shows. The chart has to outlive the picture and stay as it is meanwhile.
-class ChartPicture {
+class ChartPicture : public Picture {
  public:
-  /// The longest side of an SVG or EMF file, logical units.
-  static constexpr std::int32_t kMaxSide = 1'000'000;
-
-  struct FileKind {
-    std::string_view extension;  ///< ".png"
-    std::string_view filter;     ///< its name in a file dialog, in English
-  };
-  /// What a picture can be written as, the first choice first.
-  static std::span<const FileKind> FileKinds();
-  /// The kind that the extension of a path names; null for any other extension.
-  static const FileKind* KindOf(std::string_view path);
-
   explicit ChartPicture(LayoutMgr& chart, bool selectionOnly = false);
 
-  /// Logical units.
-  SIZE Size() const { return size; }
-  /// Paints the picture with its top left corner at the origin that the context has.
-  void Paint(CDC& dc) const;
-
-  // The bytes of the picture in each form. A metafile and an SVG text can always be made.
-  std::string MakeEmf() const;
-  std::string MakeSvg() const;
-  /// Nothing if the picture is too large for a PNG, or for a page.
-  std::optional<std::string> MakePng() const;
-  std::optional<std::string> MakePdf() const;
-  /// The bytes of a file of that kind; nothing if the picture is too large for it.
-  std::optional<std::string> MakeFile(const FileKind& kind) const;
-
-  /// Writes a file of the kind that its extension names. Gives the reason of a failure, which
-  /// leaves whatever was there as it was; empty on success.
-  std::string Save(const std::string& path) const;
+  void Paint(CDC& dc) const override;
 
  private:
   LayoutMgr& chart;
   bool selectionOnly;
-  POINT origin;  ///< of the picture on the chart, logical units
-  SIZE size;
 };
 
 }  // namespace morvane

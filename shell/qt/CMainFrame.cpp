@@ -96,7 +96,7 @@ CMainFrame::CMainFrame(Factories factories) : area(new QMdiArea(this)) {
   runs = new RunDesk(
       *this, [this] { return ActiveChild(); }, this);
   // While a chart runs its pane needs all the height that there is.
-  tabifyDockWidget(chartBrowser, &runs->Pane());
+  runs->Pane().ShareWith(*chartBrowser);
   CreateKeys();
   connect(area, &QMdiArea::subWindowActivated, this, [this] { OnActivated(); });
   OnActivated();

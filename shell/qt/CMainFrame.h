@@ -70,6 +70,8 @@ class CMainFrame : public QMainWindow, public FrameHost, public FrameActions, pu
 
   CDocument* ActiveDocument() const override;
   void CloseActive() override;
+  void ShowComparison(CDocument& document, const std::string& file,
+                      std::unique_ptr<ChartComparison> comparison) override;
   bool IsPartShown(unsigned id) const override;
   void ShowPart(unsigned id, bool show) override;
   void FocusPane(int step) override;

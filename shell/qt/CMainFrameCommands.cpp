@@ -1,22 +1,29 @@
 #include <algorithm>
+#include <utility>
 
 #include <QApplication>
 #include <QMdiArea>
+#include <QPointer>
 #include <QStatusBar>
 #include <QStyle>
 #include <QTreeWidget>
 
+#include "drawing/qt/QtText.h"
+#include "model/ModelMgr.h"
 #include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
+#include "platform/Files.h"
 #include "platform/qt/QtTreeCtrl.h"
 #include "platform/qt/QtView.h"
 #include "resources/CommandIds.h"
+#include "review/ChartComparison.h"
 #include "shell/FrameCommands.h"
 #include "shell/qt/CChildFrame.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/CSplashDlg.h"
 #include "shell/qt/ChartBrowserPane.h"
 #include "shell/qt/CommandBar.h"
+#include "shell/qt/CompareWindow.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "shell/qt/ProblemsPane.h"
 #include "shell/qt/RunDesk.h"
@@ -63,6 +70,24 @@ const ModelProperties* CMainFrame::ActiveProperties() const {
 }
 
 void CMainFrame::CloseActive() { ActiveChild()->close(); }
+
+void CMainFrame::ShowComparison(CDocument& document, const std::string& file,
+                                std::unique_ptr<ChartComparison> comparison) {
+  CChildFrame* child = FrameOf(document);
+  if (child == nullptr) return;
+  const auto select = [this, child = QPointer(child)](std::int32_t id, const std::string& keyword) {
+    if (child.isNull() || !child->IsReady() || IsBusy()) return;
+    auto* chart = dynamic_cast<LayoutMgr*>(child->View());
+    Shape* shape = chart != nullptr ? chart->GetModel().Find(id) : nullptr;
+    if (shape == nullptr || shape->GetTypeName() != keyword) return;
+    area->setActiveSubWindow(child);
+    chart->Reveal({shape});
+  };
+  auto* window = new CompareWindow(std::move(comparison), select, this);
+  window->setWindowTitle(ToQString(FileNameOf(file) + " \u2192 " + document.GetTitle()));
+  connect(child, &QObject::destroyed, window, &QWidget::close);
+  window->show();
+}
 
 QWidget* CMainFrame::PartOf(unsigned id) const {
   switch (id) {

@@ -10,7 +10,7 @@
 #include "drawing/qt/QtText.h"
 #include "model/ModelMgr.h"
 #include "persistence/ModelFile.h"
-#include "platform/MessageBox.h"
+#include "platform/NoMessages.h"
 #include "platform/UseService.h"
 #include "resources/Texts.h"
 #include "surface/ChartPicture.h"
@@ -29,14 +29,6 @@ constexpr int kFineness = 3;
 constexpr int kEdge = 4;
 /// A part of the way from the background to the text that still reads as a frame.
 constexpr int kFramePart = 4;
-
-/// A picture says nothing.
-class NoMessages : public MessageBoxes {
- public:
-  MessageAnswer Show(const std::string&, unsigned flags) override {
-    return (flags & kButtonSetMask) == MB_OK ? MessageAnswer::Ok : MessageAnswer::Cancel;
-  }
-};
 
 QColor Blend(const QColor& a, const QColor& b, int part) {
   const auto mix = [part](int x, int y) { return x + (y - x) / part; };

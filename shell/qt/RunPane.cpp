@@ -108,6 +108,13 @@ QWidget* RunPane::MakeTracePage() {
   return lines;
 }
 
+void RunPane::ShareWith(QDockWidget& other) {
+  neighbour = &other;
+  if (auto* frame = qobject_cast<QMainWindow*>(parentWidget())) {
+    frame->tabifyDockWidget(neighbour, this);
+  }
+}
+
 void RunPane::Show(ChartRun* other) {
   const bool isNew = other != nullptr && other != run;
   run = other;
@@ -116,14 +123,34 @@ void RunPane::Show(ChartRun* other) {
   pages->setTabVisible(0, drives || run == nullptr);
   ShowPlace();
   ShowPage();
-  if (run == nullptr) return hide();
+  if (run == nullptr) return Leave();
   if (!isNew) return;
   pages->setCurrentIndex(drives ? 0 : 1);
+  Appear();
+}
+
+/// In front of what shares its place, and wide enough.
+void RunPane::Appear() {
+  auto* frame = qobject_cast<QMainWindow*>(parentWidget());
+  if (isHidden() && frame != nullptr) {
+    formerWidth = neighbour != nullptr && neighbour->isVisible() ? neighbour->width() : 0;
+  }
   show();
   raise();
-  if (auto* frame = qobject_cast<QMainWindow*>(parentWidget())) {
-    if (width() < kWidth) frame->resizeDocks({this}, {kWidth}, Qt::Horizontal);
-  }
+  if (frame != nullptr && width() < kWidth) frame->resizeDocks({this}, {kWidth}, Qt::Horizontal);
+}
+
+/// What shares its place is as wide again as it was.
+void RunPane::Leave() {
+  if (isHidden()) return;
+  hide();
+  if (formerWidth == 0) return;
+  // The layout has to hear of the hiding first.
+  QTimer::singleShot(0, this, [this] {
+    auto* frame = qobject_cast<QMainWindow*>(parentWidget());
+    if (frame == nullptr || neighbour == nullptr || isVisible()) return;
+    frame->resizeDocks({neighbour}, {formerWidth}, Qt::Horizontal);
+  });
 }
 
 /// Where the run is, in words.

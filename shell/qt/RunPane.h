@@ -3,6 +3,7 @@
 #include <functional>
 
 #include <QDockWidget>
+#include <QPointer>
 
 class QLabel;
 class QListView;
@@ -28,6 +29,8 @@ class RunPane : public QDockWidget {
   /// `ended`: the user has closed the pane.
   RunPane(CommandTarget& target, std::function<void()> ended, QWidget* parent);
 
+  /// Comes in front of another pane, which is afterwards as wide as it was before.
+  void ShareWith(QDockWidget& other);
   /// Shows a run as it is now; null for none, which hides the pane.
   void Show(ChartRun* other);
   /// Brings the tests forward and runs them.
@@ -39,11 +42,15 @@ class RunPane : public QDockWidget {
  private:
   QWidget* MakeEventsPage();
   QWidget* MakeTracePage();
+  void Appear();
+  void Leave();
   void ShowPlace();
   void ShowPage();
 
   std::function<void()> ended;
   ChartRun* run = nullptr;
+  QPointer<QDockWidget> neighbour;  ///< what shares its place
+  int formerWidth = 0;              ///< of that; 0 if it was hidden
   RunControls* controls;
   QTabWidget* pages;
   QLabel* place;

@@ -36,7 +36,7 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"machine",
      {"resources", "drawing", "platform", "model", "states", "connectors", "persistence"}},
     {"generators", {"resources", "drawing", "platform", "model", "machine"}},
-    {"simulation", {"resources", "platform", "machine"}},
+    {"simulation", {"resources", "drawing", "platform", "machine"}},
     {"surface",
      {"resources", "drawing", "layout", "platform", "model", "states", "connectors",
       "persistence"}},
@@ -47,10 +47,13 @@ const std::map<std::string, std::set<std::string>> kFloors = {
     {"exchange",
      {"resources", "drawing", "layout", "platform", "model", "states", "connectors", "persistence",
       "machine", "surface"}},
+    {"review",
+     {"resources", "drawing", "platform", "model", "states", "connectors", "persistence", "machine",
+      "surface"}},
     {"shell",
      {"resources", "drawing", "platform", "recovery", "model", "states", "connectors",
       "persistence", "machine", "generators", "simulation", "surface", "dialogs", "codegen",
-      "checks", "exchange"}}};
+      "checks", "exchange", "review"}}};
 
 /// The name of a path's first folder.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.find('/')); }

@@ -22,21 +22,26 @@ class CommandLineTest : public ::testing::Test {
 };
 
 TEST_F(CommandLineTest, WrongUseExitsWithTwo) {
-  const std::vector<std::string> cases[] = {{"a.mrv", "b.mrv"},
-                                            {"--convert", "x.mrv"},
-                                            {"--help", "me"},
-                                            {"-x"},
-                                            {"--check"},
-                                            {"--import"},
-                                            {"--import", chart},
-                                            {"--import", chart, "-x", "o.mrv"},
-                                            {"--check", chart, "--json"},
-                                            {"--generate", "c"},
-                                            {"--generate", "pascal", chart},
-                                            {"--generate", "c", chart, "-o", "."},
-                                            {"--generate", "c", "-o", chart},
-                                            {"--new-instance", "a", "b"},
-                                            {"--export", folder.Path("x.gif"), chart}};
+  const std::vector<std::string> cases[] = {
+      {"a.mrv", "b.mrv"},
+      {"--convert", "x.mrv"},
+      {"--help", "me"},
+      {"-x"},
+      {"--check"},
+      {"--check", chart, "--json"},
+      {"--import"},
+      {"--import", chart},
+      {"--import", chart, "-x", "o.mrv"},
+      {"--diff", chart},
+      {"--diff", chart, chart, chart},
+      {"--diff", "--export", folder.Path("x.gif"), chart, chart},
+      {"--describe", chart, chart},
+      {"--generate", "c"},
+      {"--generate", "pascal", chart},
+      {"--generate", "c", chart, "-o", "."},
+      {"--generate", "c", "-o", chart},
+      {"--new-instance", "a", "b"},
+      {"--export", folder.Path("x.gif"), chart}};
   for (const auto& arguments : cases) {
     EXPECT_EQ(Run(arguments), 2) << arguments[0];
     EXPECT_EQ(out.str(), "");
@@ -94,6 +99,36 @@ TEST_F(CommandLineTest, CheckSaysWhatIsWrongWithEachFile) {
   }
 ]
 )");
+}
+
+TEST_F(CommandLineTest, DiffAnswersLikeAProgramThatComparesFiles) {
+  const std::string other =
+      folder.Write("other.mrv", ModelFile::ToDisk(ChartText(StateRecord(1, {0, 0, 20, 20}))));
+  const std::string none = folder.Path("none.mrv");
+  EXPECT_EQ(Run({"--diff", chart, chart}), 0);
+  EXPECT_EQ(out.str() + err.str(), "");
+  EXPECT_EQ(Run({"--diff", chart, other}), 1);
+  EXPECT_NE(out.str().find("+ GenericState 1 \"State\"\n"), std::string::npos) << out.str();
+  EXPECT_EQ(Run({"--diff", "/dev/null", other}), 1) << "version control names a missing file so";
+  for (const auto& [old, now, complaint] :
+       {std::tuple(none, chart, none + ": No such file or directory\n"),
+        std::tuple(chart, folder.Write("bad.mrv", "hello"),
+                   folder.Path("bad.mrv") + ": Not a valid Morvane model file\n")}) {
+    EXPECT_EQ(Run({"--diff", old, now}), 2);
+    EXPECT_EQ(err.str(), complaint);
+    EXPECT_EQ(out.str(), "");
+  }
+  const std::string picture = folder.Path("d.svg");
+  EXPECT_EQ(Run({"--diff", "--export", picture, chart, other}), 1);
+  EXPECT_EQ(out.str() + err.str(), "");
+  const std::string svg = folder.Read(picture);
+  EXPECT_EQ(svg.rfind("<", 0), 0U);
+  EXPECT_EQ(Run({"--export", picture, "--diff", chart, other}), 1);
+  EXPECT_EQ(folder.Read(picture), svg);
+  EXPECT_EQ(Run({"--diff", "--export", folder.Path("no/d.svg"), chart, other}), 2);
+  EXPECT_EQ(Run({"--describe", chart}), 0);
+  EXPECT_EQ(out.str().rfind("Chart\n", 0), 0U);
+  EXPECT_EQ(Run({"--describe", none}), 1);
 }
 
 TEST_F(CommandLineTest, FailuresNameFileAndReasonAndWriteNothing) {

@@ -4,6 +4,7 @@
 #include "platform/BoxMenu.h"
 #include "platform/Wording.h"
 #include "resources/TextLibrary.h"
+#include "review/ChartDescription.h"
 #include "shell/AllCommands.h"
 #include "shell/Language.h"
 #include "shell/MenuTable.h"
@@ -151,6 +152,37 @@ class UseTexts {
   TextSource* former;
 };
 
+/// What the sources that compare charts say, and what they call the facts of a chart.
+std::vector<std::string> ReviewTexts() {
+  static const std::regex said("Translate\\(\\s*\"([^\"]+)\"\\)");
+  std::vector<std::string> texts = {"added",     "removed",      "changed", "moved or other look",
+                                    "unchanged", "former place", "Zoom In", "Whole Page"};
+  std::vector<fs::path> sources = {fs::path(MORVANE_SOURCE_DIR) / "shell/qt/CompareWindow.cpp"};
+  for (const auto& entry : fs::directory_iterator(MORVANE_SOURCE_DIR "/review")) {
+    sources.push_back(entry.path());
+  }
+  for (const fs::path& source : sources) {
+    std::string text;
+    ReadWholeFile(source.string(), text);
+    for (std::sregex_iterator found(text.begin(), text.end(), said), end; found != end; ++found) {
+      texts.push_back(found->str(1));
+    }
+  }
+  ChartDescription chart;
+  EXPECT_EQ(ChartDescription::Read(
+                ChartText(StateRecord(1, {0, 0, 9, 9}) + InitialRecord(2, {0, 0, 4, 4}) +
+                          TransitionRecord(3, 1, 1) + MesgRecord(4, 3, {0, 0, 9, 9}) +
+                          NoteRecord(5, {0, 0, 9, 9}, Block("")) + LineRecord(6, 5, 5, "1 1 1 1")),
+                chart),
+            "");
+  for (const Fact& fact : chart.properties) texts.emplace_back(fact.label);
+  for (const DescribedObject& object : chart.objects) {
+    for (const Fact& fact : object.facts) texts.emplace_back(fact.label);
+  }
+  EXPECT_GT(texts.size(), 60);
+  return texts;
+}
+
 class LanguageLibrary : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
@@ -175,6 +207,7 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
       ExpectTranslated(text);
     }
   }
+  for (const std::string& text : ReviewTexts()) ExpectTranslated(text);
   for (const auto& kind : ChartPicture::FileKinds()) ExpectTranslated(kind.filter);
   for (const std::string_view text : kPlatformTexts) ExpectTranslated(text);
   for (const std::string& label : PlatformLabels()) ExpectTranslated(label);

@@ -35,7 +35,11 @@ class Scenario : public FrameHost, public FrameActions {
   void ShowPart(unsigned /*id*/, bool /*show*/) override {}
   void FocusPane(int /*step*/) override {}
   void ArrangeWindows(Arrangement /*arrangement*/) override {}
+  CommandState RunStateOf(unsigned /*id*/) const override { return {}; }
+  void ExecuteRun(unsigned /*id*/) override {}
   void ShowAbout() override {}
+  void ShowComparison(CDocument& /*document*/, const std::string& /*file*/,
+                      std::unique_ptr<ChartComparison> /*comparison*/) override {}
   void Exit() override {}
 
  private:

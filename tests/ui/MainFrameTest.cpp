@@ -44,7 +44,7 @@ class MainFrameTest : public MainWindow<FakeDocument, FakeView> {
   }
   /// The entries of the menu "Window" for charts.
   std::vector<std::string> WindowList() {
-    QMenu& menu = *frame->menuBar()->actions()[5]->menu();
+    QMenu& menu = *frame->menuBar()->actions()[6]->menu();
     emit menu.aboutToShow();
     std::vector<std::string> entries;
     for (const QAction* action : menu.actions()) {

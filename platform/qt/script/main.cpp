@@ -16,6 +16,7 @@
 #include <QJSEngine>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QStringList>
 
 #include "platform/qt/ScriptLimits.h"
 
@@ -64,15 +65,16 @@ class Watch {
 QJsonObject Answer(QJSEngine& engine, const QString& program) {
   engine.setInterrupted(false);
   QJSValue value;
+  QStringList thrownAt;
   bool late = false;
   {
     const Watch watch(engine);
-    value = engine.evaluate(program);
+    value = engine.evaluate(program, QString(), 1, &thrownAt);
     late = watch.IsLate();
   }
   engine.setInterrupted(false);
   if (late) return {{"late", true}};
-  if (value.isError()) return {{"fault", value.toString()}};
+  if (value.isError() || !thrownAt.isEmpty()) return {{"fault", value.toString()}};
   const QString text = value.isUndefined() ? QString() : value.toString();
   if (text.size() > kScriptAnswerBytes) return {{"fault", "the answer is too long"}};
   return {{"value", text}};

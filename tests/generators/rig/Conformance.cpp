@@ -1,5 +1,7 @@
 // Compares the traces of made-up charts in all languages that they become:
-// morvane_conformance COUNT FOLDER [FIRST [SCXML_RUNNER]]
+// morvane_conformance COUNT FOLDER [FIRST [SCXML_RUNNER [DESIGNER]]]
+// With the designer also what it simulates, with the texts in its script engine, and whether it can
+// replay the trace.
 
 #include <algorithm>
 #include <cstdlib>
@@ -45,8 +47,8 @@ std::string WithData(std::string scxml) {
 
 class Rig {
  public:
-  Rig(fs::path folder, std::vector<RigLanguage> languages)
-      : folder(std::move(folder)), languages(std::move(languages)) {
+  Rig(fs::path folder, std::vector<RigLanguage> languages, std::string designer)
+      : folder(std::move(folder)), languages(std::move(languages)), designer(std::move(designer)) {
     fs::remove_all(this->folder);
     for (const RigLanguage& language : this->languages) {
       fs::create_directories(this->folder / language.folder);
@@ -145,6 +147,21 @@ class Rig {
     return traces;
   }
 
+  /// What of the designer's own runs is not as expected; empty for nothing.
+  std::string DesignerDifferences(const RigChart& chart) const {
+    if (designer.empty()) return {};
+    const std::string file = '\'' + (folder / (chart.name + ".mrv")).string() + '\'';
+    const fs::path simulated = folder / (chart.name + ".simulated.txt");
+    std::string command = '\'' + designer + "' --simulate " + file;
+    for (const std::string& event : chart.events) command += ' ' + event;
+    const bool ran = std::system((command + " >'" + simulated.string() + '\'').c_str()) == 0;
+    const bool same = ran && Read(simulated) == interpreted.at(chart.number);
+    const std::string replay = '\'' + designer + "' --replay '" + simulated.string() + "' " + file;
+    const bool follows = std::system(replay.c_str()) == 0;
+    if (same && follows) fs::remove(simulated);
+    return std::string(same ? "" : " simulated") + (follows ? "" : " replayed");
+  }
+
   std::size_t Differences(std::vector<std::map<std::string, std::string>>& traces) {
     std::size_t different = 0;
     for (const RigChart& chart : charts) {
@@ -156,6 +173,7 @@ class Rig {
         others += ' ' + languages[i].folder;
         Write(folder / (chart.name + '.' + languages[i].folder + ".txt"), traces[i][chart.number]);
       }
+      others += DesignerDifferences(chart);
       if (others.empty()) continue;
       Write(folder / (chart.name + ".interpreter.txt"), expected);
       std::cout << "Chart " << chart.number << ": not as the interpreter has it:" << others << '\n';
@@ -166,18 +184,20 @@ class Rig {
 
   fs::path folder;
   std::vector<RigLanguage> languages;
+  std::string designer;  ///< a program; empty for none
   std::vector<RigChart> charts;
   std::map<std::string, std::string> interpreted;  ///< traces by number
   std::size_t lines = 0;
 };
 
-int Compare(int count, const fs::path& folder, std::uint32_t first, const std::string& runner) {
+int Compare(int count, const fs::path& folder, std::uint32_t first, const std::string& runner,
+            const std::string& designer) {
   const std::vector<RigLanguage> languages = RigLanguages(runner);
   std::size_t different = 0;
   std::size_t lines = 0;
   constexpr int kBatch = 100;
   for (int begin = 0; begin < count; begin += kBatch) {
-    Rig rig(folder, languages);
+    Rig rig(folder, languages, designer);
     for (int i = begin; i < std::min(count, begin + kBatch); ++i) {
       if (!rig.Add(first + static_cast<std::uint32_t>(i))) ++different;
     }
@@ -185,8 +205,9 @@ int Compare(int count, const fs::path& folder, std::uint32_t first, const std::s
     lines += rig.Lines();
     if (different > 0) break;
   }
-  std::cout << count << " charts in " << languages.size() << " languages and interpreted, "
-            << kEvents << " events each, " << lines << " lines of trace: " << different
+  std::cout << count << " charts in " << languages.size() << " languages, interpreted"
+            << (designer.empty() ? "" : ", simulated and replayed") << ", " << kEvents
+            << " events each, " << lines << " lines of trace: " << different
             << " with a difference\n";
   return different == 0 ? 0 : 1;
 }
@@ -199,5 +220,5 @@ int main(int argc, char** argv) {
   if (argc < 3) return 2;
   const auto first = static_cast<std::uint32_t>(argc > 3 ? std::atol(argv[3]) : 1);
   return morvane::Compare(std::atoi(argv[1]), std::filesystem::absolute(argv[2]), first,
-                          argc > 4 ? argv[4] : "");
+                          argc > 4 ? argv[4] : "", argc > 5 ? argv[5] : "");
 }
