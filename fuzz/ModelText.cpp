@@ -74,7 +74,7 @@ void Handle(const std::string& text) {
   Require(TreeFault(chart, tree));
 }
 
-void Picture(const std::string& text) {
+void Draw(const std::string& text) {
   LayoutMgr chart;
   if (!Read(chart, text)) return;
   chart.PlaceWithoutWindow(LayoutMgr::Size::Normal);
@@ -90,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const AgreeingMessageBoxes boxes;
   const std::string text = ModelFile::FromDisk(TextOf(data, size));
   Handle(text);
-  Picture(text);
+  Draw(text);
   return 0;
 }
 

@@ -78,6 +78,22 @@ away
 area objects 0 72 620 330
 quit
 
+key_on_pane() { xdotool mousemove "$1" "$2" click 1 && settle; }
+
+open "$root/Examples/Lift/Lift.mrv"
+key F9
+settle 1
+key_on_pane 1090 257 # Call
+away
+whole run
+quit
+
+open "$root/Examples/Lift/FaultyLift.mrv"
+key_on_pane 300 700 # the problem
+away
+whole lift-problem
+quit
+
 open "$charts/Door1.mrv"
 press 57.8 16
 for x in 60 65 70 75 80 86 87.500 88; do point "$x" 16; done

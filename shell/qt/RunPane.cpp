@@ -31,6 +31,9 @@ namespace morvane {
 namespace {
 
 constexpr int kWidth = 280;
+/// At first, or in this proportion.
+constexpr int kEventsHeight = 300;
+constexpr int kVariablesHeight = 150;
 
 QString Text(const char* english) { return ToQString(Translate(english)); }
 
@@ -90,6 +93,7 @@ QWidget* RunPane::MakeEventsPage() {
   page->setChildrenCollapsible(false);
   page->setStretchFactor(0, 3);
   page->setStretchFactor(1, 2);
+  page->setSizes({kEventsHeight, kVariablesHeight});
   return page;
 }
 
