@@ -18,6 +18,8 @@ start_display() {
   read -r number <"$work/display"
   # The pictures show the program in English.
   export DISPLAY=":$number" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work" LC_ALL=C.UTF-8
+  # What one run leaves behind is offered by no other.
+  export XDG_DATA_HOME="$work/data" XDG_STATE_HOME="$work/state"
   unset WAYLAND_DISPLAY
   openbox >/dev/null 2>&1 &
   jobs+=($!)
