@@ -32,6 +32,7 @@ constexpr Mark kMarks[] = {
     {"open 50,000 objects, seconds", "Open/50000", nullptr, 3},
     {"an event in generated C, to a switch by hand", "GeneratedC", "ByHand", 1.5},
     {"an event in generated C++, to a switch by hand", "GeneratedCpp", "ByHand", 1.5},
+    {"check 10,000 objects, seconds", "Check/1923", nullptr, 0.05},
     {"generate 1,000 states, seconds", "Generate/1000", nullptr, 0.2},
     {"generate 10,000 states, to 1,000", "Generate/10000", "Generate/1000", 13.4},
 };

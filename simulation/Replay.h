@@ -45,6 +45,8 @@ class Replay : public Run, private Interpreter::Actor {
     std::size_t textLine = 0;
   };
 
+  /// Where chart and trace part.
+  bool IsNotable(std::size_t at) const override { return parting && parting->place == at; }
   bool Holds(const MachineTransition& transition) override;
   void Act(const MachineText& /*code*/) override {}
   void Trace(std::string_view kind, std::string_view name) override;

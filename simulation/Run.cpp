@@ -18,7 +18,7 @@ void Run::GoTo(std::size_t to) { place = std::min(to, history.Size()); }
 void Run::Continue() {
   while (place < history.Size()) {
     ++place;
-    if (StopsBehind(place - 1)) return;
+    if (StopsBehind(place - 1) || IsNotable(place)) return;
   }
 }
 

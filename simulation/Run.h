@@ -34,7 +34,7 @@ class Run {
   bool IsAtEnd() const { return place == history.Size(); }
   /// Goes to a place; beyond the end it is the end.
   void GoTo(std::size_t to);
-  /// Goes on until the next breakpoint, or to the end.
+  /// Goes on until the next breakpoint or whatever else is worth a stop, or to the end.
   void Continue();
   int Active() const { return history.ActiveAt(place); }
   int Taken() const { return history.TakenAt(place); }
@@ -49,6 +49,8 @@ class Run {
   void Add(const TraceLine& line) { history.Add(line); }
   void AddNote(const std::string& note);
   void CutTo(std::size_t lines);
+  /// A place that is worth a stop, besides breakpoints.
+  virtual bool IsNotable(std::size_t /*at*/) const { return false; }
 
  private:
   bool StopsBehind(std::size_t line) const;

@@ -98,7 +98,7 @@ bool LayoutMgr::EditSelection(unsigned flags) {
 void LayoutMgr::RefreshHover() {
   connections->HideHover();
   const POINT pointer = GetCursorPos();
-  const bool free = !tools->IsRunning() && !HasCapture();
+  const bool free = !tools->IsRunning() && !HasCapture() && watcher == nullptr;
   if (free && PtInRect(GetClientRect(), pointer)) connections->ShowHover(0, pointer);
 }
 

@@ -75,6 +75,17 @@ void Generate(benchmark::State& state) {
   }
 }
 
+/// What is wrong with a chart, as the designer finds it behind each change.
+void Check(benchmark::State& state) {
+  const std::string text = MachineChart(static_cast<int>(state.range(0)));
+  double objects = 0;
+  for (std::size_t at = text.find("\nBEGIN "); at != std::string::npos; ++objects) {
+    at = text.find("\nBEGIN ", at + 1);
+  }
+  for (auto _ : state) benchmark::DoNotOptimize(MachineBuilder::FromText(text).problems);
+  state.counters["objects"] = objects;
+}
+
 /// All three do the same, or the comparison means nothing.
 bool Agree() {
   PumpByHand hand{};
@@ -121,6 +132,7 @@ int main(int argc, char** argv) {
       ->Arg(1000)
       ->Arg(10000)
       ->Unit(benchmark::kMillisecond);
+  benchmark::RegisterBenchmark("Check", Check)->Arg(1923)->Unit(benchmark::kMillisecond);
   benchmark::Initialize(&argc, argv);
   Marks marks;
   benchmark::RunSpecifiedBenchmarks(&marks);

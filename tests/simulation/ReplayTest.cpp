@@ -66,6 +66,8 @@ TEST(ReplayTest, GoesOnWithTheTraceBehindThePartingAndShowsEachPlace) {
   EXPECT_EQ(Lines(replay), trace);
   ASSERT_TRUE(replay.Where());
   EXPECT_EQ(replay.Where()->place, 4U);
+  replay.Continue();
+  EXPECT_EQ(replay.Place(), 4U) << "the place is worth a stop";
   replay.GoTo(100);
   EXPECT_EQ(lamp.states[static_cast<std::size_t>(replay.Active())].name, "Dim");
   EXPECT_EQ(replay.History().ActiveStatesAt(replay.Place()).size(), 2U);
