@@ -52,9 +52,6 @@ std::string ChartRun::Build() {
     return WithName(Translate("The chart can't be run: %1"),
                     error != built.problems.end() ? error->message : std::string());
   }
-  run.reset();
-  simulation = nullptr;
-  replay = nullptr;
   machine = std::make_unique<Machine>(std::move(*built.machine));
   before = std::make_unique<Coverage>(*machine);
   chart.SetWatcher(this);
@@ -76,8 +73,13 @@ std::string ChartRun::Simulate() {
 }
 
 std::string ChartRun::BeginReplay() {
-  std::string reason = Build();
-  if (!reason.empty()) return reason;
+  if (run != nullptr) {
+    // The chart is as it was: what was reached so far counts with what comes.
+    KeepReached();
+  } else if (std::string reason = Build(); !reason.empty()) {
+    return reason;
+  }
+  simulation = nullptr;
   auto made = std::make_unique<Replay>(*machine);
   replay = made.get();
   run = std::move(made);

@@ -34,8 +34,9 @@ class ChartRun : private ChartWatcher {
   ChartRun(LayoutMgr& chart, Callbacks callbacks);
   ~ChartRun() override;
 
-  /// Begin. The reason if the chart is no machine as it stands, otherwise empty.
+  /// Begins. The reason if the chart is no machine as it stands, otherwise empty.
   std::string Simulate();
+  /// The same, or takes the place of what ran here so far.
   std::string BeginReplay();
   /// The next part of the trace that is replayed.
   void FeedTrace(std::string_view part);

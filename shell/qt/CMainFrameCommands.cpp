@@ -27,6 +27,7 @@
 #include "shell/qt/ObjectBrowserPane.h"
 #include "shell/qt/ProblemsPane.h"
 #include "shell/qt/RunDesk.h"
+#include "shell/qt/RunPane.h"
 #include "surface/LayoutMgr.h"
 
 namespace morvane {
@@ -110,7 +111,7 @@ void CMainFrame::ShowPart(unsigned id, bool show) {
 void CMainFrame::FocusPane(int step) {
   CChildFrame* child = ActiveChild();
   QList<QWidget*> panes{child->Window(), &child->ObjectBrowser().Window(), &problems->Window(),
-                        &chartBrowser->Window()};
+                        &chartBrowser->Window(), &runs->Pane().Window()};
   panes.removeIf([](const QWidget* pane) { return !pane->isVisible(); });
   if (panes.isEmpty()) return;
   const qsizetype present = panes.indexOf(QApplication::focusWidget());

@@ -112,15 +112,17 @@ ChartRun* RunDesk::Begin() {
 
 void RunDesk::End(CChildFrame* child) {
   if (child == nullptr || child->GetRun() == nullptr) return;
-  if (follower == child->GetRun()) {
-    tailTimer.stop();
-    tail.reset();
-    follower = nullptr;
-  }
+  if (follower == child->GetRun()) StopFollowing();
   std::shared_ptr<ChartRun> over = child->TakeRun();
   if (active() == child) pane->Show(nullptr);
   over->End();
   Discard(std::move(over));
+}
+
+void RunDesk::StopFollowing() {
+  tailTimer.stop();
+  tail.reset();
+  follower = nullptr;
 }
 
 void RunDesk::ShowReason(const std::string& reason) {
@@ -136,7 +138,8 @@ void RunDesk::Simulate() {
 }
 
 bool RunDesk::BeginReplay() {
-  ChartRun* run = Begin();
+  StopFollowing();
+  ChartRun* run = Active() != nullptr ? Active() : Begin();
   if (run == nullptr) return false;
   const std::string reason = run->BeginReplay();
   if (!reason.empty()) ShowReason(reason);

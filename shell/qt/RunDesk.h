@@ -44,6 +44,7 @@ class RunDesk : public QObject {
   void Replay();
   void ReplayPasted();
   void Follow();
+  void StopFollowing();
   void ReadMore();
   bool BeginReplay();
   void ShowReason(const std::string& reason);

@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QSignalBlocker>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -197,6 +198,8 @@ void RunPane::ShowPage() {
   }
   if (run == nullptr || front == coverage) coverage->Show(run);
 }
+
+QWidget& RunPane::Window() { return *pages->tabBar(); }
 
 void RunPane::ExecuteTests() {
   pages->setCurrentWidget(tests);

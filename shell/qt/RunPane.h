@@ -33,6 +33,8 @@ class RunPane : public QDockWidget {
   void ShareWith(QDockWidget& other);
   /// Shows a run as it is now; null for none, which hides the pane.
   void Show(ChartRun* other);
+  /// What takes the keys when the user comes to the pane.
+  QWidget& Window();
   /// Brings the tests forward and runs them.
   void ExecuteTests();
 

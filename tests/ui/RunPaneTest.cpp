@@ -205,6 +205,13 @@ TEST_F(RunPaneTest, ReplaysATraceOfTheClipboard) {
   EXPECT_EQ(lines.model()->rowCount(), 6);
   lines.setCurrentIndex(lines.model()->index(1, 0));
   EXPECT_EQ(Active().substr(0, 3), "Off");
+
+  // What several traces reach counts together.
+  clipboard.text =
+      "take 11\nenter Off\nevent go\nexit Off\ntake 12\nenter On\ntake 14\nenter Dim\n";
+  frame->RunCommand(ID_REPLAY_PASTED);
+  EXPECT_EQ(lines.model()->rowCount(), 8);
+  EXPECT_TRUE(Bring<CoverageView>().findChild<QLabel*>()->text().startsWith("States: 4/4 (100 %)"));
 }
 
 }  // namespace
