@@ -175,8 +175,9 @@ void RouteGrid::CollectLines(GridLines& lines, std::int32_t a, std::int32_t b,
   lines.push_back({AddSat(lines.back().at, kClearance)});
   lines.push_back({std::max(SubSat(lines.front().at, kClearance), least)});
   std::ranges::sort(lines);
-  const auto same = std::ranges::unique(lines, {}, &GridLine::at);
-  lines.erase(same.begin(), same.end());
+  // clang 14 can't read what the standard library's own ranges give here and below.
+  const auto isSame = [](const GridLine& a, const GridLine& b) { return a.at == b.at; };
+  lines.erase(std::unique(lines.begin(), lines.end(), isSame), lines.end());
 }
 
 void RouteGrid::PricePieces() {
@@ -359,11 +360,13 @@ std::vector<POINT> FindOrthogonalRoute(const RouteEnd& from, const RouteEnd& to,
   std::size_t unlimited = std::numeric_limits<std::size_t>::max();
   std::vector<POINT> route = RouteGrid(start, goal, arrive, obstacles).Search(leave, unlimited);
   for (std::size_t work = kMostWork; work > 0;) {
-    const auto met = std::ranges::stable_partition(
-        rest, [&](const Obstacle& obstacle) { return !RouteTouches(route, obstacle.rect); });
-    if (met.empty() || obstacles.size() + met.size() > kMostObstacles) break;
-    obstacles.insert(obstacles.end(), met.begin(), met.end());
-    rest.erase(met.begin(), met.end());
+    const auto met = std::stable_partition(rest.begin(), rest.end(), [&](const Obstacle& obstacle) {
+      return !RouteTouches(route, obstacle.rect);
+    });
+    const auto count = static_cast<std::size_t>(rest.end() - met);
+    if (count == 0 || obstacles.size() + count > kMostObstacles) break;
+    obstacles.insert(obstacles.end(), met, rest.end());
+    rest.erase(met, rest.end());
     std::vector<POINT> better = RouteGrid(start, goal, arrive, obstacles).Search(leave, work);
     if (!better.empty()) route = std::move(better);
   }

@@ -187,7 +187,7 @@ settle
 key F9
 settle 1
 for _ in Call AtSpeed Near Level Opened Timeout; do second_event; done
-page 1120 # Coverage
+page 1090 # Coverage
 away
 whole lift-coverage
 quit

@@ -72,7 +72,7 @@ try() { # LOOK SCALE
   for _ in Call AtSpeed Near Level Opened Timeout; do button 2; done
   look run
   button 10 # Blocked, which is ignored
-  click 1120 195
+  click 1090 195
   look coverage
   key F9
   # The view is where it was before the run.
@@ -87,8 +87,8 @@ try() { # LOOK SCALE
   key F9
   # Now it stands in front, too.
   for _ in Call AtSpeed Near Level Opened Timeout Blocked; do button 2; done
-  click 1183 195
-  click 1094 220 # Record...
+  click 1158 195
+  click 1054 220 # Record...
   xdotool type 'The door opens again'
   key Return
   sleep 0.5

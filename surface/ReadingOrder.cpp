@@ -69,7 +69,7 @@ void ReadingOrder::AddStates(const std::vector<Shape*>& states) {
   }
   // Each level begins where the machine begins.
   for (std::vector<std::size_t>& level : inside) {
-    std::ranges::stable_partition(level, [&states](std::size_t at) {
+    std::stable_partition(level.begin(), level.end(), [&states](std::size_t at) {
       return dynamic_cast<const InitialState*>(states[at]) != nullptr;
     });
   }

@@ -31,7 +31,7 @@ namespace morvane {
 
 namespace {
 
-constexpr int kWidth = 280;
+constexpr int kWidth = 320;
 /// At first, or in this proportion.
 constexpr int kEventsHeight = 300;
 constexpr int kVariablesHeight = 150;
