@@ -18,9 +18,6 @@ filter=${1:-"^$root/(main|($(IFS='|' && echo "${rooms[*]}"))/.*)\\.cpp\$"}
 cd "$root"
 cppcheck --enable=warning,performance,portability --library=qt --std=c++20 --error-exitcode=1 \
   --quiet -I . main.cpp "${rooms[@]}" bench tools
-# A folder of its own: clang can't read the compiler's precompiled headers.
-cmake --preset tidy
-cmake --build build/tidy --target morvane_{drawing,platform,codegen,shell}_qt_autogen
 if [[ -n $since ]]; then
   most=40
   mapfile -t touched < <(git diff --name-only --diff-filter=d "$since" -- main.cpp \
@@ -32,4 +29,7 @@ if [[ -n $since ]]; then
   fi
   filter="^$root/($(IFS='|' && echo "${touched[*]//./\\.}"))\$"
 fi
+# A folder of its own: clang can't read the compiler's precompiled headers.
+cmake --preset tidy
+cmake --build build/tidy --target morvane_{drawing,platform,codegen,shell}_qt_autogen
 run-clang-tidy -quiet -p build/tidy -j "$(nproc)" "$filter"
