@@ -68,9 +68,9 @@ void CChildFrame::FollowProblems(ProblemChecker& checker, std::function<void()> 
   problems = std::make_unique<ChartProblems>(*chart, checker, std::move(changed));
 }
 
-void CChildFrame::SetRun(std::unique_ptr<ChartRun> other) { run = std::move(other); }
+void CChildFrame::SetRun(std::shared_ptr<ChartRun> other) { run = std::move(other); }
 
-std::unique_ptr<ChartRun> CChildFrame::TakeRun() { return std::move(run); }
+std::shared_ptr<ChartRun> CChildFrame::TakeRun() { return std::exchange(run, nullptr); }
 
 void CChildFrame::Detach() {
   run.reset();

@@ -35,9 +35,9 @@ class CChildFrame : public QMdiSubWindow {
   /// Null where nothing is known.
   const ChartProblems* Problems() const { return problems.get(); }
   /// The run that the chart shows; null for none.
-  ChartRun* GetRun() const { return run.get(); }
-  void SetRun(std::unique_ptr<ChartRun> other);
-  std::unique_ptr<ChartRun> TakeRun();
+  const std::shared_ptr<ChartRun>& GetRun() const { return run; }
+  void SetRun(std::shared_ptr<ChartRun> other);
+  std::shared_ptr<ChartRun> TakeRun();
   ObjectBrowserPane& ObjectBrowser() { return *objectBrowser; }
   /// Shows the title of the document.
   void UpdateTitle();
@@ -61,7 +61,7 @@ class CChildFrame : public QMdiSubWindow {
   NoticeBar* notices;
   ObjectBrowserPane* objectBrowser;
   std::unique_ptr<ChartProblems> problems;
-  std::unique_ptr<ChartRun> run;
+  std::shared_ptr<ChartRun> run;  ///< shared with what waits for its end
   bool ready = false;
 };
 

@@ -53,7 +53,7 @@ RunDesk::~RunDesk() = default;
 
 ChartRun* RunDesk::Active() const {
   CChildFrame* child = active();
-  return child != nullptr ? child->GetRun() : nullptr;
+  return child != nullptr ? child->GetRun().get() : nullptr;
 }
 
 CommandState RunDesk::StateOf(unsigned id) const {
@@ -104,15 +104,15 @@ ChartRun* RunDesk::Begin() {
   child->SetRun(
       std::make_unique<ChartRun>(*chart, ChartRun::Callbacks{[this, child] {
                                                                if (active() == child)
-                                                                 pane->Show(child->GetRun());
+                                                                 pane->Show(child->GetRun().get());
                                                              },
                                                              [this, child] { End(child); }}));
-  return child->GetRun();
+  return child->GetRun().get();
 }
 
 void RunDesk::End(CChildFrame* child) {
   if (child == nullptr || child->GetRun() == nullptr) return;
-  if (follower == child->GetRun()) StopFollowing();
+  if (follower.lock() == child->GetRun()) StopFollowing();
   std::shared_ptr<ChartRun> over = child->TakeRun();
   if (active() == child) pane->Show(nullptr);
   over->End();
@@ -122,7 +122,7 @@ void RunDesk::End(CChildFrame* child) {
 void RunDesk::StopFollowing() {
   tailTimer.stop();
   tail.reset();
-  follower = nullptr;
+  follower.reset();
 }
 
 void RunDesk::ShowReason(const std::string& reason) {
@@ -187,19 +187,22 @@ void RunDesk::Follow() {
   }
   if (!BeginReplay()) return;
   tail = std::move(file);
-  follower = Active();
+  follower = active()->GetRun();
   tailTimer.start();
   ReadMore();
 }
 
 void RunDesk::ReadMore() {
-  if (tail == nullptr || follower == nullptr || ModalLoop::IsRunning()) return;
+  if (tail == nullptr || ModalLoop::IsRunning()) return;
+  // Its chart may have been closed.
+  const std::shared_ptr<ChartRun> shown = follower.lock();
+  if (shown == nullptr) return StopFollowing();
   std::string piece;
   const bool hasMore = tail->Read(piece, kPiece);
-  if (!hasMore && follower->Shown().History().Size() > 0) return;
-  follower->FeedTrace(piece);
-  follower->CatchUpTrace();
-  follower->GoTo(follower->Shown().History().Size());
+  if (!hasMore && shown->Shown().History().Size() > 0) return;
+  shown->FeedTrace(piece);
+  shown->CatchUpTrace();
+  shown->GoTo(shown->Shown().History().Size());
 }
 
 void RunDesk::RunTests() {

@@ -56,7 +56,7 @@ class RunDesk : public QObject {
   RunPane* pane;
   QTimer tailTimer;
   std::unique_ptr<TailFile> tail;  ///< what the run follows; null for nothing
-  ChartRun* follower = nullptr;
+  std::weak_ptr<ChartRun> follower;
 };
 
 }  // namespace morvane

@@ -122,6 +122,7 @@ void RunPane::ShareWith(QDockWidget& other) {
 
 void RunPane::Show(ChartRun* other) {
   const bool isNew = other != nullptr && other != run;
+  if (other != run) Forget();
   run = other;
   controls->Show(run);
   const bool drives = run != nullptr && run->AsSimulation() != nullptr;
@@ -156,6 +157,13 @@ void RunPane::Leave() {
     if (frame == nullptr || neighbour == nullptr || isVisible()) return;
     frame->resizeDocks({neighbour}, {formerWidth}, Qt::Horizontal);
   });
+}
+
+/// No page may keep what it knows of a run that may be gone.
+void RunPane::Forget() {
+  run = nullptr;
+  controls->Show(nullptr);
+  ShowPage();
 }
 
 /// Where the run is, in words.

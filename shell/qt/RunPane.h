@@ -46,6 +46,7 @@ class RunPane : public QDockWidget {
   QWidget* MakeTracePage();
   void Appear();
   void Leave();
+  void Forget();
   void ShowPlace();
   void ShowPage();
 

@@ -186,6 +186,11 @@ TEST_F(RunPaneTest, ShowsWhatWasReachedAndRunsTheTestsBesideTheChart) {
   ASSERT_EQ(tests.topLevelItemCount(), 2);
   EXPECT_EQ(tests.topLevelItem(0)->text(1), "passed");
   EXPECT_EQ(tests.topLevelItem(1)->text(1).left(10), "6: state \"");
+
+  Bring<CoverageView>();
+  frame->Manager().CloseDocument(*frame->ActiveDocument());
+  EXPECT_EQ(list.count(), 0) << "of a chart that is gone";
+  coverage.findChild<QCheckBox*>()->click();
 }
 
 TEST_F(RunPaneTest, ReplaysATraceOfTheClipboard) {
