@@ -365,8 +365,9 @@ std::vector<POINT> FindOrthogonalRoute(const RouteEnd& from, const RouteEnd& to,
     });
     const auto count = static_cast<std::size_t>(rest.end() - met);
     if (count == 0 || obstacles.size() + count > kMostObstacles) break;
-    obstacles.insert(obstacles.end(), met, rest.end());
+    const std::vector<Obstacle> inTheWay(met, rest.end());
     rest.erase(met, rest.end());
+    obstacles.insert(obstacles.end(), inTheWay.begin(), inTheWay.end());
     std::vector<POINT> better = RouteGrid(start, goal, arrive, obstacles).Search(leave, work);
     if (!better.empty()) route = std::move(better);
   }

@@ -174,12 +174,15 @@ Placement LevelLayout::Lay(const LevelGraph& graph) {
   for (std::vector<int>& members : MembersOf(groupOf)) {
     for (int i = 0; i < std::ssize(members); ++i) index[members[i]] = i;
     const int number = groupOf[members.front()];
-    groups.emplace_back(std::move(members)).Lay(graph, index, edges[number]);
+    Group group(std::move(members));
+    group.Lay(graph, index, edges[number]);
+    groups.push_back(std::move(group));
   }
+  if (groups.empty()) return {};
   // The first one, where the chart begins, stays in front; others of a height go into one row.
-  std::stable_sort(
-      groups.begin() + (groups.empty() ? 0 : 1), groups.end(),
-      [](const Group& a, const Group& b) { return a.placed.size.cy > b.placed.size.cy; });
+  std::stable_sort(groups.begin() + 1, groups.end(), [](const Group& a, const Group& b) {
+    return a.placed.size.cy > b.placed.size.cy;
+  });
   std::vector<SIZE> sizes;
   for (const Group& group : groups) sizes.push_back(group.placed.size);
   const std::vector<POINT> corners = GridLayout::Places(sizes, kGap);
