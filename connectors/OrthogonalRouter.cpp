@@ -4,6 +4,7 @@
 #include <compare>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 #include <limits>
 #include <tuple>
 #include <utility>
@@ -175,7 +176,7 @@ void RouteGrid::CollectLines(GridLines& lines, std::int32_t a, std::int32_t b,
   lines.push_back({AddSat(lines.back().at, kClearance)});
   lines.push_back({std::max(SubSat(lines.front().at, kClearance), least)});
   std::ranges::sort(lines);
-  // clang 14 can't read what the standard library's own ranges give here and below.
+  // clang 14 can't read what the standard library's own ranges give here.
   const auto isSame = [](const GridLine& a, const GridLine& b) { return a.at == b.at; };
   lines.erase(std::unique(lines.begin(), lines.end(), isSame), lines.end());
 }
@@ -360,14 +361,12 @@ std::vector<POINT> FindOrthogonalRoute(const RouteEnd& from, const RouteEnd& to,
   std::size_t unlimited = std::numeric_limits<std::size_t>::max();
   std::vector<POINT> route = RouteGrid(start, goal, arrive, obstacles).Search(leave, unlimited);
   for (std::size_t work = kMostWork; work > 0;) {
-    const auto met = std::stable_partition(rest.begin(), rest.end(), [&](const Obstacle& obstacle) {
-      return !RouteTouches(route, obstacle.rect);
-    });
-    const auto count = static_cast<std::size_t>(rest.end() - met);
-    if (count == 0 || obstacles.size() + count > kMostObstacles) break;
-    const std::vector<Obstacle> inTheWay(met, rest.end());
-    rest.erase(met, rest.end());
-    obstacles.insert(obstacles.end(), inTheWay.begin(), inTheWay.end());
+    const auto isMet = [&](const Obstacle& obstacle) { return RouteTouches(route, obstacle.rect); };
+    std::vector<Obstacle> met;
+    std::ranges::copy_if(rest, std::back_inserter(met), isMet);
+    if (met.empty() || obstacles.size() + met.size() > kMostObstacles) break;
+    std::erase_if(rest, isMet);
+    obstacles.insert(obstacles.end(), met.begin(), met.end());
     std::vector<POINT> better = RouteGrid(start, goal, arrive, obstacles).Search(leave, work);
     if (!better.empty()) route = std::move(better);
   }
