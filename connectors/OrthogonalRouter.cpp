@@ -167,7 +167,7 @@ void RouteGrid::CollectLines(GridLines& lines, std::int32_t a, std::int32_t b,
     for (const Obstacle& other : obstacles) {
       const Cost gap = Cost{other.rect.*low} - to;
       const bool ends = obstacle.IsOwn() && other.IsOwn();
-      if (gap < 2 || (gap >= 2 * kClearance && !ends)) continue;
+      if (gap < 2 || (gap >= Cost{2} * kClearance && !ends)) continue;
       if (!ends && !AreNeighbours(obstacle.rect, other.rect)) continue;
       lines.push_back({std::max(Middle(to, other.rect.*low), least), ends ? kBend - 1 : kBend});
     }

@@ -84,7 +84,7 @@ void ScxmlTransitions::AddOne(const ScxmlTransition& transition) {
     states.Remark(transition.line, "An internal transition leaves its state in a chart");
   }
   if (trigger.completes) Make(transition, target, {});
-  if (!trigger.events.empty()) Make(transition, target, std::move(trigger.events));
+  if (!trigger.events.empty()) Make(transition, target, trigger.events);
 }
 
 /// Without a target nothing is left and nothing entered. That is the same as going back to a state
@@ -153,7 +153,7 @@ void ScxmlTransitions::DropTaken(const ScxmlTransition& transition, Trigger& tri
 }
 
 void ScxmlTransitions::Make(const ScxmlTransition& transition, int target,
-                            std::vector<std::string> events) {
+                            const std::vector<std::string>& events) {
   ImportedTransition made;
   if (withTraceIds) made.wantedId = transition.traceId;
   made.source = states.PlaceOf(transition.source);

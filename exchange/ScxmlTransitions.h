@@ -30,7 +30,7 @@ class ScxmlTransitions {
   };
 
   void AddOne(const ScxmlTransition& transition);
-  void Make(const ScxmlTransition& transition, int target, std::vector<std::string> events);
+  void Make(const ScxmlTransition& transition, int target, const std::vector<std::string>& events);
   int TargetOf(const ScxmlTransition& transition);
   Trigger TriggerOf(const ScxmlTransition& transition);
   void DropTaken(const ScxmlTransition& transition, Trigger& trigger);

@@ -184,6 +184,7 @@ Placement LevelLayout::Lay(const LevelGraph& graph) {
     return a.placed.size.cy > b.placed.size.cy;
   });
   std::vector<SIZE> sizes;
+  sizes.reserve(groups.size());
   for (const Group& group : groups) sizes.push_back(group.placed.size);
   const std::vector<POINT> corners = GridLayout::Places(sizes, kGap);
   Placement whole;

@@ -58,13 +58,14 @@ Shape* ReadingOrder::HolderOf(const Shape* state) const {
 
 void ReadingOrder::AddStates(const std::vector<Shape*>& states) {
   std::vector<Enclosures::Box> boxes;
+  boxes.reserve(states.size());
   for (const Shape* state : states) {
     boxes.push_back({state->GetBounds(), dynamic_cast<const GenericState*>(state) != nullptr});
   }
   const std::vector<int> holderOf = Enclosures(std::move(boxes)).Holders();
   std::vector<std::vector<std::size_t>> inside(states.size() + 1);
   for (std::size_t i = 0; i < states.size(); ++i) {
-    inside[static_cast<std::size_t>(holderOf[i] + 1)].push_back(i);
+    inside[static_cast<std::size_t>(holderOf[i]) + 1].push_back(i);
     if (holderOf[i] >= 0) holders[states[i]] = states[static_cast<std::size_t>(holderOf[i])];
   }
   // Each level begins where the machine begins.

@@ -88,6 +88,7 @@ std::vector<bool> ChosenOf(const std::vector<Part>& parts, const ModelMgr& model
     for (const std::size_t at : way) answers[at] = answer;
   }
   std::vector<bool> chosen;
+  chosen.reserve(answers.size());
   for (const Answer answer : answers) chosen.push_back(answer == Answer::Yes);
   return chosen;
 }
