@@ -14,6 +14,7 @@ class CMetaFileDC : public CDC {
   /// Ends the recording and hands it over; the context is empty afterwards.
   Metafile Close();
 
+  bool PaintsLastPoint() const override { return true; }
   int GetDeviceCaps(DeviceCap cap) const override;
   RECT GetClipBox() const override;
   void Polyline(std::span<const POINT> points) override;
@@ -26,6 +27,7 @@ class CMetaFileDC : public CDC {
   void FillMask(POINT topLeft, const BitMask& mask) override;
   void TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) override;
   SIZE GetTextExtent(std::string_view utf8) const override;
+  double GetTextAdvance(std::string_view utf8) const override;
   TextMetrics GetTextMetrics() const override;
 
  private:

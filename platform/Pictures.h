@@ -11,6 +11,7 @@
 namespace morvane {
 
 class CDC;
+struct PictureInfo;
 
 /// Makes pictures with no window. The default service measures roughly and can make none.
 class Pictures {
@@ -23,8 +24,10 @@ class Pictures {
   /// A PNG of `size` pixels, white behind what `paint` draws at one pixel to the logical unit.
   /// Nothing if the picture doesn't fit into memory.
   virtual std::optional<std::string> MakePng(SIZE size, const Paint& paint) = 0;
-  /// A PDF of one page of `size` logical units, 96 to the inch. Nothing if no page is so large.
-  virtual std::optional<std::string> MakePdf(SIZE size, const Paint& paint) = 0;
+  /// A PDF of one page of `size` logical units, 96 to the inch, with what `info` tells of it.
+  /// Nothing if no page is so large.
+  virtual std::optional<std::string> MakePdf(SIZE size, const PictureInfo& info,
+                                             const Paint& paint) = 0;
   static Pictures& Default();
 };
 

@@ -86,7 +86,9 @@ class NoPictures : public Pictures {
  public:
   std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<NullDC>(); }
   std::optional<std::string> MakePng(SIZE, const Paint&) override { return std::nullopt; }
-  std::optional<std::string> MakePdf(SIZE, const Paint&) override { return std::nullopt; }
+  std::optional<std::string> MakePdf(SIZE, const PictureInfo&, const Paint&) override {
+    return std::nullopt;
+  }
 };
 
 }  // namespace

@@ -14,6 +14,7 @@ class ChartPicture : public Picture {
  public:
   explicit ChartPicture(LayoutMgr& chart, bool selectionOnly = false);
 
+  PictureInfo About() const override;
   void Paint(CDC& dc) const override;
 
  private:

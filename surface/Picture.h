@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "drawing/Geometry.h"
+#include "drawing/PictureInfo.h"
 
 namespace morvane {
 
@@ -32,6 +33,8 @@ class Picture {
 
   /// Logical units.
   SIZE Size() const { return size; }
+  /// What the picture is called, who made it and where is what.
+  virtual PictureInfo About() const { return {}; }
   /// Paints the picture with its top left corner at the origin that the context has.
   virtual void Paint(CDC& dc) const = 0;
 

@@ -159,6 +159,10 @@ SIZE QtDC::GetTextExtent(std::string_view utf8) const {
   return {Saturate(static_cast<std::int64_t>(width)), font.Metrics().height};
 }
 
+double QtDC::GetTextAdvance(std::string_view utf8) const {
+  return fonts.Get(GetFont()).Advance(utf8);
+}
+
 TextMetrics QtDC::GetTextMetrics() const { return fonts.Get(GetFont()).Metrics(); }
 
 void QtDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {

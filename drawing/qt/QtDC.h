@@ -38,6 +38,7 @@ class QtDC : public CDC {
   void SetPaper(SIZE area, int pixelsPerInch);
   QPainter& Painter() { return painter; }
 
+  bool PaintsLastPoint() const override { return page; }
   int GetDeviceCaps(DeviceCap cap) const override;
   RECT GetClipBox() const override;
   void Polyline(std::span<const POINT> points) override;
@@ -50,6 +51,7 @@ class QtDC : public CDC {
   void FillMask(POINT topLeft, const BitMask& mask) override;
   void TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) override;
   SIZE GetTextExtent(std::string_view utf8) const override;
+  double GetTextAdvance(std::string_view utf8) const override;
   TextMetrics GetTextMetrics() const override;
 
  private:

@@ -19,7 +19,8 @@ class SizedPictures : public Pictures {
   std::optional<std::string> MakePng(SIZE size, const Paint& paint) override {
     return Make(size, paint);
   }
-  std::optional<std::string> MakePdf(SIZE size, const Paint& paint) override {
+  std::optional<std::string> MakePdf(SIZE size, const PictureInfo& /*info*/,
+                                     const Paint& paint) override {
     return Make(size, paint);
   }
 
