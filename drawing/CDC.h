@@ -16,7 +16,8 @@ class Metafile;
 /// A drawing context: the one way onto a screen, a page, a picture file or a metafile. All points
 /// and rectangles are in logical units, which the mapping turns into device pixels. A rectangle,
 /// an ellipse or a fill leaves its right and bottom edge out, and where there are pixels a line
-/// leaves out its last point. Selecting a pen, brush, font, colour or mode gives back the former one.
+/// leaves out its last point. Selecting a pen, brush, font, colour or mode gives back the former
+/// one.
 class CDC {
  public:
   /// No more than this of one text is painted; what lies beyond can't be seen on any device.

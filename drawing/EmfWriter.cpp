@@ -63,6 +63,9 @@ constexpr std::uint32_t kClipped = 4;
 constexpr std::uint32_t kStockNullBrush = 0x80000005;
 constexpr std::uint32_t kStockNullPen = 0x80000008;
 
+/// Some programs take a thin black pen for none at all.
+constexpr COLORREF kNearlyBlack = 0x010101;
+
 constexpr std::size_t kFaceLetters = 32;
 constexpr std::size_t kFontTail = 228;  ///< what follows the face in the longer form of a font
 
@@ -149,7 +152,6 @@ void EmfWriter::SelectHandle(std::uint32_t handle) {
 }
 
 void EmfWriter::Select(const CPen& pen) {
-  // Not the system's black pen, which some programs don't paint with once the null pen was chosen.
   std::uint32_t handle = kStockNullPen;
   if (pen.style != PenStyle::Null) {
     const auto known =
@@ -161,7 +163,7 @@ void EmfWriter::Select(const CPen& pen) {
                  .Number(handle)
                  .Number(static_cast<std::uint32_t>(pen.style))
                  .Point({pen.width, 0})
-                 .Number(pen.colour));
+                 .Number(pen.colour == 0 ? kNearlyBlack : pen.colour));
     }
   }
   if (handle == selectedPen) return;
@@ -280,8 +282,7 @@ void EmfWriter::WriteRoundRect(const Metafile::Record& call) {
   const RECT held{r.left + heldX, r.top + heldY, r.right - heldX, r.bottom - heldY};
   Append(Record(RecordType::BeginPath));
   Append(Record(RecordType::MoveTo).Point({inner.left, r.top}));
-  WriteCorner({inner.right, r.top}, {held.right, r.top}, {r.right, held.top},
-              {r.right, inner.top});
+  WriteCorner({inner.right, r.top}, {held.right, r.top}, {r.right, held.top}, {r.right, inner.top});
   WriteCorner({r.right, inner.bottom}, {r.right, held.bottom}, {held.right, r.bottom},
               {inner.right, r.bottom});
   WriteCorner({inner.left, r.bottom}, {held.left, r.bottom}, {r.left, held.bottom},
@@ -348,6 +349,9 @@ void EmfWriter::WriteText(const Metafile::Record& call) {
   for (const std::int32_t advance : Advances(call.text, reference)) record.Number(advance);
   Append(record);
   if (cut) Append(Record(RecordType::RestoreDC).Number(std::int32_t{-1}));
+  // Some programs forget with a text what was selected for lines and areas.
+  selectedPen = 0;
+  selectedBrush = 0;
   Cover(box);
 }
 

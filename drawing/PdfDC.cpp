@@ -22,10 +22,10 @@ constexpr double kThousand = 1000;
 
 }  // namespace
 
-PdfDC::PdfDC(CDC& reference, SIZE size, PdfFonts& fonts)
-    : VectorDC(reference, size), fonts(fonts) {
+PdfDC::PdfDC(CDC& reference, SIZE size, PdfFonts& fonts) : VectorDC(reference, size), fonts(fonts) {
   // The page counts points upwards from its lower edge.
-  for (const double v : {kPointsPerUnit, 0.0, 0.0, -kPointsPerUnit, 0.0, size.cy * kPointsPerUnit}) {
+  for (const double v :
+       {kPointsPerUnit, 0.0, 0.0, -kPointsPerUnit, 0.0, size.cy * kPointsPerUnit}) {
     Number(v);
   }
   Operator("cm");

@@ -177,8 +177,8 @@ void SvgDC::Ellipse(const RECT& r) {
   const Box box = OutlineBox(r);
   FlushPath();
   body += "<ellipse cx=\"" + Hundredths(box.left + box.width / 2) + "\" cy=\"" +
-          Hundredths(box.top + box.height / 2) + "\" rx=\"" + Hundredths(box.width / 2) + "\" ry=\"" +
-          Hundredths(box.height / 2) + "\"" + PaintAttributes() + "/>\n";
+          Hundredths(box.top + box.height / 2) + "\" rx=\"" + Hundredths(box.width / 2) +
+          "\" ry=\"" + Hundredths(box.height / 2) + "\"" + PaintAttributes() + "/>\n";
 }
 
 void SvgDC::Arc(const RECT& r, POINT start, POINT end) {

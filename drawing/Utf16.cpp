@@ -12,7 +12,7 @@ constexpr std::uint32_t kFirstPair = 0x10000;
 /// Lines up to this length are measured as a whole, bytes, and longer ones by pieces.
 constexpr std::size_t kLongLine = 512;
 constexpr std::size_t kPiece = 32;
-}
+}  // namespace
 
 std::u16string ToUtf16(std::string_view utf8) {
   std::u16string units;

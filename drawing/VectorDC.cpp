@@ -35,7 +35,8 @@ std::int64_t VectorDC::PenWidth() const { return HasPen() ? std::max(GetPen().wi
 VectorDC::Box VectorDC::OutlineBox(const RECT& r) const {
   const RECT box = Placed(r);
   const auto pen = static_cast<double>(PenWidth());
-  return {box.left + pen / 2, box.top + pen / 2, std::max(static_cast<double>(Width(box)) - pen, 0.0),
+  return {box.left + pen / 2, box.top + pen / 2,
+          std::max(static_cast<double>(Width(box)) - pen, 0.0),
           std::max(static_cast<double>(Height(box)) - pen, 0.0)};
 }
 
@@ -61,10 +62,8 @@ VectorDC::Curve VectorDC::CurveOf(const RECT& logical, POINT start, POINT end) c
   // A thin curve meets lines in the middle of a pixel; a thick one runs inside its box.
   const double shift = IsPenThick() ? 0 : kHalf;
   const double inset = IsPenThick() ? static_cast<double>(PenWidth()) / 2 : 0;
-  return {{cx + shift, cy + shift},
-          {std::max(rx - inset, 0.0), std::max(ry - inset, 0.0)},
-          from,
-          to};
+  return {
+      {cx + shift, cy + shift}, {std::max(rx - inset, 0.0), std::max(ry - inset, 0.0)}, from, to};
 }
 
 void VectorDC::FillMask(POINT topLeft, const BitMask& mask) {

@@ -8,9 +8,9 @@
 namespace morvane {
 
 /// What contexts have in common that write strokes and areas instead of pixels, one unit to the
-/// logical unit. Of the mapping they take the viewport origin alone. A thin pen is one unit wide and
-/// runs through the middle of what would be its pixels, to its last point. Texts are measured by the
-/// reference context, which has to outlive this one.
+/// logical unit. Of the mapping they take the viewport origin alone. A thin pen is one unit wide
+/// and runs through the middle of what would be its pixels, to its last point. Texts are measured
+/// by the reference context, which has to outlive this one.
 class VectorDC : public CDC {
  public:
   VectorDC(CDC& reference, SIZE size) : size(size), reference(reference) {}

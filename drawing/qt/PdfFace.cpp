@@ -88,8 +88,7 @@ std::string PdfFace::Subset() const {
   for (std::size_t i = 0; i < letters.size(); ++i) {
     if (letters[i].used) hb_set_add(glyphs, static_cast<hb_codepoint_t>(i));
   }
-  hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_RETAIN_GIDS |
-                                             HB_SUBSET_FLAGS_NO_HINTING |
+  hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_RETAIN_GIDS | HB_SUBSET_FLAGS_NO_HINTING |
                                              HB_SUBSET_FLAGS_DESUBROUTINIZE);
   // A page needs no rules of how letters follow each other.
   hb_set_t* dropped = hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
@@ -129,8 +128,8 @@ std::string PdfFace::Widths() {
   std::string widths = "[";
   for (std::size_t i = 0; i < letters.size(); ++i) {
     if (!letters[i].used) continue;
-    widths += std::to_string(i) + " [" +
-              std::to_string(AdvanceOf(static_cast<std::uint16_t>(i))) + "]\n";
+    widths +=
+        std::to_string(i) + " [" + std::to_string(AdvanceOf(static_cast<std::uint16_t>(i))) + "]\n";
   }
   return widths + "]";
 }

@@ -81,9 +81,8 @@ void PdfFile::WriteInfo() {
 }
 
 void PdfFile::WriteStream(int number, const std::string& entries, const std::string& bytes) {
-  const QByteArray packed =
-      qCompress(reinterpret_cast<const uchar*>(bytes.data()), static_cast<qsizetype>(bytes.size()),
-                kFastCompression);
+  const QByteArray packed = qCompress(reinterpret_cast<const uchar*>(bytes.data()),
+                                      static_cast<qsizetype>(bytes.size()), kFastCompression);
   const std::string_view stream(packed.constData() + kLengthBytes,
                                 static_cast<std::size_t>(packed.size() - kLengthBytes));
   writer.Stream(number, "/Filter /FlateDecode" + entries, stream);

@@ -14,7 +14,6 @@ class QtPictures : public Pictures {
   static constexpr std::int32_t kMaxSide = 32767;
   static constexpr std::int64_t kMaxPixels = std::int64_t{1} << 28;
 
-
   std::unique_ptr<CDC> ReferenceDC() override;
   std::optional<std::string> MakePng(SIZE size, const Paint& paint) override;
   std::optional<std::string> MakePdf(SIZE size, const PictureInfo& info,

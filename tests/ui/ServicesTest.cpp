@@ -110,7 +110,8 @@ TEST(QtPicturesTest, TooLargeAPictureIsNotMade) {
   for (const SIZE size : {SIZE{32768, 1}, {30000, 30000}, {0, 10}}) {
     EXPECT_FALSE(pictures.MakePng(size, fail)) << size.cx;
   }
-  for (const SIZE size : {SIZE{19201, 10}, {10, -1}}) EXPECT_FALSE(pictures.MakePdf(size, {}, fail));
+  for (const SIZE size : {SIZE{19201, 10}, {10, -1}})
+    EXPECT_FALSE(pictures.MakePdf(size, {}, fail));
 }
 
 }  // namespace
