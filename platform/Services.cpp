@@ -85,7 +85,9 @@ class NoPopupMenus : public PopupMenus {
 class NoPictures : public Pictures {
  public:
   std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<NullDC>(); }
-  std::optional<std::string> MakePng(SIZE, const Paint&) override { return std::nullopt; }
+  std::optional<std::string> MakePng(SIZE, const PngForm&, const Paint&) override {
+    return std::nullopt;
+  }
   std::optional<std::string> MakePdf(SIZE, const PictureInfo&, const Paint&) override {
     return std::nullopt;
   }

@@ -13,6 +13,7 @@ packages=(
   libgraphviz-dev      # places the states of a chart
   libpugixml-dev       # reads XML
   libharfbuzz-dev pkgconf # cuts fonts down to the letters that a PDF needs
+  zlib1g-dev           # compresses pictures
   fonts-dejavu-core    # stands in for Verdana
   qt6-translations-l10n # the toolkit's own texts in the languages of the program
   poppler-utils        # shows the tests what a document's pages look like

@@ -61,7 +61,7 @@ std::string Picture::MakeSvg() const {
 }
 
 std::optional<std::string> Picture::MakePng() const {
-  return Service<Pictures>::Get().MakePng(size, [this](CDC& dc) { Paint(dc); });
+  return Service<Pictures>::Get().MakePng(size, {}, [this](CDC& dc) { Paint(dc); });
 }
 
 std::optional<std::string> Picture::MakePdf() const {
