@@ -1,6 +1,8 @@
 #include "drawing/qt/QtPdfFonts.h"
 
+#include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 #include <QTextLayout>
 
@@ -85,8 +87,11 @@ void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
   if (!textLine.isValid()) return;
   textLine.setLineWidth(unlimited);
   layout.endLayout();
+  QList<QGlyphRun> runs = layout.glyphRuns();
+  // They come in an order that changes from run to run of the program.
+  std::ranges::stable_sort(runs, {}, [](const QGlyphRun& r) { return r.positions().value(0).x(); });
   qsizetype shown = 0;
-  for (const QGlyphRun& glyphs : layout.glyphRuns()) {
+  for (const QGlyphRun& glyphs : std::as_const(runs)) {
     const QRawFont raw = glyphs.rawFont();
     const int number = FaceOf(raw);
     PdfFace& face = *faces[static_cast<std::size_t>(number)];
