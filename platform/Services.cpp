@@ -10,6 +10,7 @@
 #include "platform/Pictures.h"
 #include "platform/PopupMenus.h"
 #include "platform/Printing.h"
+#include "platform/ProgressBox.h"
 #include "platform/Profile.h"
 #include "platform/WaitCursor.h"
 
@@ -91,7 +92,23 @@ class NoPictures : public Pictures {
   std::optional<std::string> MakePdf(SIZE, const Paint&) override { return std::nullopt; }
 };
 
+class NoProgressBoxes : public ProgressBoxes {
+  class Box : public ProgressBox {
+    bool Show(double) override { return true; }
+  };
+
+ public:
+  std::unique_ptr<ProgressBox> Open(const std::string&) override {
+    return std::make_unique<Box>();
+  }
+};
+
 }  // namespace
+
+ProgressBoxes& ProgressBoxes::Default() {
+  static NoProgressBoxes service;
+  return service;
+}
 
 MessageBoxes& MessageBoxes::Default() {
   static ConsoleMessageBoxes service;
