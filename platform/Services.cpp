@@ -11,6 +11,7 @@
 #include "platform/PopupMenus.h"
 #include "platform/Printing.h"
 #include "platform/Profile.h"
+#include "platform/ProgressBox.h"
 #include "platform/WaitCursor.h"
 
 namespace morvane {
@@ -93,7 +94,21 @@ class NoPictures : public Pictures {
   }
 };
 
+class NoProgressBoxes : public ProgressBoxes {
+  class Box : public ProgressBox {
+    bool Show(double) override { return true; }
+  };
+
+ public:
+  std::unique_ptr<ProgressBox> Open(const std::string&) override { return std::make_unique<Box>(); }
+};
+
 }  // namespace
+
+ProgressBoxes& ProgressBoxes::Default() {
+  static NoProgressBoxes service;
+  return service;
+}
 
 MessageBoxes& MessageBoxes::Default() {
   static ConsoleMessageBoxes service;

@@ -24,6 +24,10 @@ constexpr int kMostRows = 512;
 constexpr int kSpareRows = 4;
 /// As wide as the toolkit can paint at once, with room to spare.
 constexpr int kMostColumns = 30000;
+/// Up to this scale the picture is painted so many times larger and made smaller again: the
+/// thinnest line that a context paints is a pixel wide, which would be too heavy.
+constexpr double kSmallScale = 0.5;
+constexpr int kFineness = 3;
 constexpr double kMaxPixelSide = 1 << 24;
 /// What a product is off by rounding makes no pixel more.
 constexpr double kTinyPart = 1e-6;
@@ -49,6 +53,14 @@ std::optional<SIZE> PixelsOf(SIZE size, double scale) {
               std::max(1, static_cast<std::int32_t>(height))};
 }
 
+/// Both have the same size.
+void CopyPixels(const QImage& image, QImage& to) {
+  const QImage from = image.convertToFormat(to.format());
+  for (int y = 0; y < to.height(); ++y) {
+    std::copy_n(from.constScanLine(y), qsizetype{to.width()} * kPixelBytes, to.scanLine(y));
+  }
+}
+
 }  // namespace
 
 std::unique_ptr<CDC> QtPictures::ReferenceDC() {
@@ -58,14 +70,27 @@ std::unique_ptr<CDC> QtPictures::ReferenceDC() {
 
 void QtPictures::PaintBand(PngEncoder::Pixels& band, SIZE pixels, int top, int rows,
                            const PngForm& form, const Paint& paint) {
-  band.assign(static_cast<std::size_t>(pixels.cx) * static_cast<std::size_t>(rows),
-              form.transparent ? 0 : kWhite);
-  for (int left = 0; left < pixels.cx; left += kMostColumns) {
+  const std::uint32_t ground = form.transparent ? 0 : kWhite;
+  band.assign(static_cast<std::size_t>(pixels.cx) * static_cast<std::size_t>(rows), ground);
+  const auto format = form.transparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+  const int fineness = form.scale > kSmallScale ? 1 : kFineness;
+  const int mostColumns = kMostColumns / fineness;
+  for (int left = 0; left < pixels.cx; left += mostColumns) {
     QImage part(reinterpret_cast<uchar*>(band.data() + left),
-                std::min(kMostColumns, pixels.cx - left), rows, qsizetype{pixels.cx} * kPixelBytes,
-                form.transparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-    QtDC dc(part, QPoint(left, top), form.scale, fonts);
-    paint(dc);
+                std::min(mostColumns, pixels.cx - left), rows, qsizetype{pixels.cx} * kPixelBytes,
+                format);
+    if (fineness == 1) {
+      QtDC dc(part, QPoint(left, top), form.scale, fonts);
+      paint(dc);
+      continue;
+    }
+    QImage fine(part.size() * fineness, format);
+    fine.fill(ground);
+    {
+      QtDC dc(fine, QPoint(left, top) * fineness, form.scale * fineness, fonts);
+      paint(dc);
+    }
+    CopyPixels(fine.scaled(part.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation), part);
   }
 }
 

@@ -107,8 +107,8 @@ TEST_F(QtProfileTest, TwoRunningCopiesKeepEachOthersRecentFiles) {
 TEST(QtPicturesTest, TooLargeAPictureIsNotMade) {
   QtPictures pictures;
   const auto fail = [](CDC&) { FAIL(); };
-  for (const SIZE size : {SIZE{32768, 1}, {30000, 30000}, {0, 10}}) {
-    EXPECT_FALSE(pictures.MakePng(size, fail)) << size.cx;
+  for (const SIZE size : {SIZE{(1 << 24) + 1, 1}, {70000, 70000}, {0, 10}}) {
+    EXPECT_FALSE(pictures.MakePng(size, {}, fail)) << size.cx;
   }
   for (const SIZE size : {SIZE{19201, 10}, {10, -1}})
     EXPECT_FALSE(pictures.MakePdf(size, {}, fail));
