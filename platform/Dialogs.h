@@ -23,11 +23,11 @@ class Dialogs {
   };
   struct ExportRequest {
     std::vector<FileFilter> kinds;
-    std::size_t kind = 0;        ///< the one of `kinds` to start from
+    std::size_t kind = 0;       ///< the one of `kinds` to start from
     std::string pixelExtension;  ///< of the kind that is made of pixels
-    std::string suggestion;      ///< a path
-    bool hasSelection = false;   ///< the user may choose to export the selection only
-    PictureOptions options;      ///< to start from
+    std::string suggestion;     ///< a path
+    bool hasSelection = false;  ///< the user may choose to export the selection only
+    PictureOptions options;     ///< to start from
   };
   struct ExportAnswer {
     std::string path;
