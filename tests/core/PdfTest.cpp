@@ -56,7 +56,7 @@ TEST(PdfDC, WritesStrokesToTheirEndsAndTextAsText) {
                            "1 0 0 RG\n[3 3 ] 0.5 d\n0.5 1.5 m\n9.5 1.5 l\nS\n",
                            "/F0 10 Tf\n1 0 0 -1 2 13 Tm\n[<006100620063>] TJ\n",
                            "0 0 12 40 re\nW n\n/Span <</ActualText <feff0061006200e9>>> BDC\n",
-                           "[<0061>-100 <0062>"}) {
+                           "[<0061>-100<0062>"}) {
     EXPECT_NE(content.find(part), std::string::npos) << part << " in " << content;
   }
 }
