@@ -67,11 +67,13 @@ ChartPicture::ChartPicture(LayoutMgr& chart, const PictureOptions& options)
 
 PictureInfo ChartPicture::About() const {
   const ModelProperties& properties = chart.GetProperties();
+  // What every new chart is called says nothing.
+  const ModelProperties untouched;
   PictureInfo info;
-  info.title = ToUtf8(properties.ModelName);
+  if (properties.ModelName != untouched.ModelName) info.title = ToUtf8(properties.ModelName);
   const CDocument* document = chart.GetDocument();
   if (info.title.empty() && document != nullptr) info.title = ToUtf8(document->GetTitle());
-  info.author = ToUtf8(properties.Author);
+  if (properties.Author != untouched.Author) info.author = ToUtf8(properties.Author);
   const auto order = std::make_shared<const ReadingOrder>(chart.GetModel());
   std::unordered_map<const Shape*, int> depths;
   for (const Shape* shape : order->Objects()) {

@@ -52,11 +52,11 @@ TEST(PdfDC, WritesStrokesToTheirEndsAndTextAsText) {
   fonts.needsText = true;
   dc.TextOut({2, 3}, "ab\xC3\xA9", &clip);
   const std::string content = dc.Close();
-  for (const char* part : {"0.75 0 0 -0.75 0 30 cm\n", "10.5 5.5 m\n20.5 10.5 l\n10.5 15.5 l\nS\n",
-                           "1 0 0 RG\n[3 3 ] 0.5 d\n0.5 1.5 m\n9.5 1.5 l\nS\n",
-                           "/F0 10 Tf\n1 0 0 -1 2 13 Tm\n[<006100620063>] TJ\n",
-                           "0 0 12 40 re\nW n\n/Span <</ActualText <feff0061006200e9>>> BDC\n",
-                           "[<0061>-100<0062>"}) {
+  for (const char* part :
+       {"0.75 0 0 -0.75 0 30 cm\n", "10.5 5.5 m\n20.5 10.5 l\n10.5 15.5 l\nS\n",
+        "1 0 0 RG\n[3 3 ] 0.5 d\n0.5 1.5 m\n9.5 1.5 l\nS\n",
+        "/F0 10 Tf\n1 0 0 -1 2 13 Tm\n[<006100620063>] TJ\n",
+        "0 0 12 40 re\nW n\n/Span <</ActualText <feff0061006200e9>>> BDC\n", "[<0061>-100<0062>"}) {
     EXPECT_NE(content.find(part), std::string::npos) << part << " in " << content;
   }
 }
