@@ -12,6 +12,7 @@
 #include "model/ObjectBrowser.h"
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelHeader.h"
+#include "persistence/CDocument.h"
 #include "platform/CPrintInfo.h"
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"
@@ -322,6 +323,12 @@ void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
   printMapping->SelectPage(dc, info.curPage);
   dc.SetTextColor(GetTextColor());
   model->DrawAll(&dc);
+  printMapping->DrawFoot(dc, info.curPage, GetTitle());
+}
+
+bool LayoutMgr::OnPreparePrinting(CPrintInfo& info) {
+  if (GetDocument() != nullptr) info.path = GetDocument()->GetPathName();
+  return DoPreparePrinting(info);
 }
 
 void LayoutMgr::OnFilePrintSetup() { printMapping->Edit(); }

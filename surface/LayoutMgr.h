@@ -136,6 +136,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnInitialUpdate() override;
   void OnDraw(CDC& dc) override;
   bool OnScrollBy(SIZE distance) override;
+  bool OnPreparePrinting(CPrintInfo& info) override;
   void OnBeginPrinting(CDC& dc, CPrintInfo& info) override;
   void OnPrint(CDC& dc, CPrintInfo& info) override;
   void OnFilePrintSetup() override;

@@ -46,6 +46,7 @@ bool QtPrintJob::Open() {
   const SIZE area = PageArea(printer);
   dc = std::make_unique<QtDC>(Device(), 1, area, fonts);
   dc->SetPaper(area, printer.resolution());
+  dc->SetGreys(printer.colorMode() == QPrinter::GrayScale);
   return dc->Painter().isActive();
 }
 
