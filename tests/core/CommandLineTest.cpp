@@ -224,12 +224,12 @@ TEST_F(CommandLineTest, PicturesShowTheWholeChartAtNormalSize) {
 }
 
 TEST_F(CommandLineTest, OptionsShapeAPicture) {
-  // The state is alone from (10, 12) to (27, 32), six logical units each.
+  // What is drawn is 39 model units wide and 26 high, six logical units each.
   const std::pair<std::vector<std::string>, const char*> cases[] = {
       {{"--scale", "2"}, "636x396 printed"},
       {{"--size=100"}, "100x63 printed"},
-      {{"--margin", "0"}, "258x138 printed"},
-      {{"--margin", "10", "--dpi", "192"}, "556x316 printed"},
+      {{"--margin", "0"}, "234x156 printed"},
+      {{"--margin", "10", "--dpi", "192"}, "508x352 printed"},
       {{"--state", "nobody"}, nullptr}};
   for (const auto& [options, size] : cases) {
     std::vector<std::string> arguments = {"--export", folder.Path("o.png"), chart};

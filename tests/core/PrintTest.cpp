@@ -111,7 +111,7 @@ TEST_F(Print, ToFitPutsTheCornerOnTheEdgeOfOnePage) {
 }
 
 TEST_F(Print, AtTheFootStandNameAndPageAndNothingElse) {
-  const auto chart = ChartTo({160, 460});  // two pages
+  const auto chart = ChartTo({160, 450});  // two pages
   setup.titles = true;
   PrintToFit(*chart);
   PrintToFit(*chart);
