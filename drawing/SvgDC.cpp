@@ -6,11 +6,14 @@
 #include <cstdio>
 
 #include "drawing/Decimal.h"
+#include "drawing/TextDirection.h"
 #include "drawing/XmlText.h"
 
 namespace morvane {
 
 namespace {
+
+const std::string kTurned = R"(<tspan direction="rtl" unicode-bidi="embed">)";
 
 std::string Number(std::int64_t v) { return std::to_string(v); }
 
@@ -253,7 +256,10 @@ void SvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Number(extent.cx) +
           "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"";
   if (cut) body += ClipAttribute(Placed(*clip));
-  body += ">" + XmlEscape(utf8) + "</text>\n";
+  // Embedded, so that the left edge stays the beginning for every viewer.
+  const bool turned = MayRunRightToLeft(utf8) && DirectionOf(utf8) == TextDirection::RightToLeft;
+  const std::string letters = XmlEscape(utf8);
+  body += ">" + (turned ? kTurned + letters + "</tspan>" : letters) + "</text>\n";
 }
 
 SIZE SvgDC::GetTextExtent(std::string_view utf8) const {

@@ -1,13 +1,33 @@
 #include "drawing/Utf16.h"
 
+#include <algorithm>
+
 #include "drawing/CDC.h"
+#include "drawing/TextBreaks.h"
 #include "drawing/TextCodec.h"
 
 namespace morvane {
 
 namespace {
+
 constexpr std::uint32_t kFirstPair = 0x10000;
+constexpr std::size_t kMeasuredAtOnce = 256;  // bytes
+
+void AppendAdvances(std::string_view utf8, const CDC& dc, std::vector<std::int32_t>& advances) {
+  std::int32_t before = 0;
+  for (std::size_t at = 0; at < utf8.size();) {
+    const auto [point, length] = DecodeUtf8(utf8, at);
+    if (length == 0) break;
+    at += length;
+    // A letter can make the one before it narrower, as it joins it.
+    const std::int32_t width = std::max(before, dc.GetTextExtent(utf8.substr(0, at)).cx);
+    advances.push_back(SubSat(width, before));
+    if (point >= kFirstPair) advances.push_back(0);
+    before = width;
+  }
 }
+
+}  // namespace
 
 std::u16string ToUtf16(std::string_view utf8) {
   std::u16string units;
@@ -27,15 +47,12 @@ std::u16string ToUtf16(std::string_view utf8) {
 
 std::vector<std::int32_t> Advances(std::string_view utf8, const CDC& dc) {
   std::vector<std::int32_t> advances;
-  std::int32_t before = 0;
-  for (std::size_t at = 0; at < utf8.size();) {
-    const auto [point, length] = DecodeUtf8(utf8, at);
-    if (length == 0) break;
-    at += length;
-    const std::int32_t width = dc.GetTextExtent(utf8.substr(0, at)).cx;
-    advances.push_back(SubSat(width, before));
-    if (point >= kFirstPair) advances.push_back(0);
-    before = width;
+  // Measured part by part, since each letter is measured with all that stands before it.
+  while (!utf8.empty()) {
+    const std::string_view prefix = LetterPrefix(utf8, kMeasuredAtOnce);
+    const std::string_view part = prefix.empty() ? utf8 : prefix;
+    AppendAdvances(part, dc, advances);
+    utf8.remove_prefix(part.size());
   }
   return advances;
 }

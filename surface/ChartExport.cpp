@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "drawing/TextCodec.h"
 #include "model/Collection.h"
 #include "persistence/CDocument.h"
 #include "platform/Clipboard.h"
@@ -84,7 +85,7 @@ void ExportPicture(LayoutMgr& chart) {
   if (reason.empty()) {
     Service<Profile>::Get().WriteString(kExportSection, kExportKind, ExtensionOf(answer->path));
   } else {
-    ShowMessage(answer->path + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
+    ShowMessage(ToUtf8(answer->path) + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "drawing/EmfWriter.h"
 #include "drawing/SvgDC.h"
+#include "drawing/qt/QtTextBreaks.h"
 #include "model/Defaults.h"
 #include "platform/qt/QtPictures.h"
 #include "tests/support/EmfReader.h"
@@ -116,10 +117,14 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
   GoldenPicture() : formerFace(Settings().FontName) {
     // The same face everywhere, whatever stands in for the default one.
     Settings().FontName = kFace;
+    TextBreaks::Use(&breaks);
     forms = MakeForms(pictures, GetParam());
     output.mkpath(".");
   }
-  ~GoldenPicture() override { Settings().FontName = formerFace; }
+  ~GoldenPicture() override {
+    Settings().FontName = formerFace;
+    TextBreaks::Use(nullptr);
+  }
 
   static Defaults& Settings() { return Defaults::Instance(); }
   static QString GoldenPath() {
@@ -155,6 +160,7 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
     return region;
   }
 
+  const QtTextBreaks breaks;
   QtPictures pictures;
   const UseService<Pictures> use{pictures};
   std::string formerFace;
@@ -208,7 +214,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Sample{"Socket", "Examples/Socket_C++/Socket.mrv"},
                     Sample{"Lift", "Examples/Lift/Lift.mrv"},
                     Sample{"CashMachine", "Examples/CashMachine/CashMachine.mrv"},
-                    Sample{"Features", "tests/golden/Features.mrv"}, Sample{"Pens", nullptr}),
+                    Sample{"Features", "tests/golden/Features.mrv"},
+                    Sample{"Scripts", "tests/golden/Scripts.mrv"}, Sample{"Pens", nullptr}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
