@@ -19,6 +19,8 @@ class LinePieces {
   /// Where the piece begins, behind blanks.
   std::size_t Begin() const { return begin; }
   std::size_t End() const { return end; }
+  /// The piece is one of a word with letters beyond the Latin script.
+  bool IsForeign() const { return isForeign; }
 
  private:
   void FindBreaks();

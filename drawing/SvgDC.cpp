@@ -13,7 +13,9 @@ namespace morvane {
 
 namespace {
 
-const std::string kTurned = R"(<tspan direction="rtl" unicode-bidi="embed">)";
+/// Marks around a part of a text that runs from right to left.
+const std::string kTurned = "\u202B";
+const std::string kTurnedEnd = "\u202C";
 
 std::string Number(std::int64_t v) { return std::to_string(v); }
 
@@ -256,10 +258,10 @@ void SvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Number(extent.cx) +
           "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"";
   if (cut) body += ClipAttribute(Placed(*clip));
-  // Embedded, so that the left edge stays the beginning for every viewer.
+  // The attribute for the direction would make the right edge the beginning, for some viewers only.
   const bool turned = MayRunRightToLeft(utf8) && DirectionOf(utf8) == TextDirection::RightToLeft;
   const std::string letters = XmlEscape(utf8);
-  body += ">" + (turned ? kTurned + letters + "</tspan>" : letters) + "</text>\n";
+  body += ">" + (turned ? kTurned + letters + kTurnedEnd : letters) + "</text>\n";
 }
 
 SIZE SvgDC::GetTextExtent(std::string_view utf8) const {

@@ -45,13 +45,20 @@ void TextLayout::BreakParagraph(std::string_view paragraph, std::size_t maxLines
   std::size_t lineStart = 0;
   std::size_t lineEnd = 0;
   std::int64_t lineWidth = 0;
+  bool isForeign = false;  // some of the line
   while (lines.size() < maxLines && pieces.Next()) {
     const std::size_t end = pieces.End();
     const std::int64_t added = MeasureBounded(paragraph.substr(lineEnd, end - lineEnd));
     const bool first = lineEnd == lineStart;
+    isForeign = isForeign || pieces.IsForeign();
+    if (!first && isForeign && lineWidth + added > width) {
+      // Each of many small pieces was rounded up.
+      lineWidth = MeasureBounded(paragraph.substr(lineStart, end - lineStart)) - added;
+    }
     if (!first && lineWidth + added > width) {
       lines.push_back(paragraph.substr(lineStart, lineEnd - lineStart));
       lineStart = pieces.Begin();
+      isForeign = pieces.IsForeign();
       lineWidth = MeasureBounded(paragraph.substr(lineStart, end - lineStart));
     } else {
       lineWidth += added;

@@ -13,17 +13,37 @@ namespace {
 constexpr std::uint32_t kFirstPair = 0x10000;
 constexpr std::size_t kMeasuredAtOnce = 256;  // bytes
 
+/// The letters of Arabic and of the scripts that are written like it join each other.
+constexpr std::uint32_t kFirstJoining = 0x620;
+constexpr std::uint32_t kLastJoining = 0x8FF;
+constexpr std::string_view kJoiner = "\u200D";
+
+bool Joins(std::string_view utf8, std::size_t at) {
+  if (at >= utf8.size()) return false;
+  const std::uint32_t point = DecodeUtf8(utf8, at).value;
+  return point >= kFirstJoining && point <= kLastJoining;
+}
+
+/// The width of a line up to a place, with the last letter in the form that it has there.
+std::int32_t WidthUpTo(std::string_view utf8, std::size_t at, const CDC& dc) {
+  const std::string_view prefix = utf8.substr(0, at);
+  if (!Joins(utf8, at)) return dc.GetTextExtent(prefix).cx;
+  return dc.GetTextExtent(std::string(prefix).append(kJoiner)).cx;
+}
+
+/// The first unit of a letter moves by all of its width.
 void AppendAdvances(std::string_view utf8, const CDC& dc, std::vector<std::int32_t>& advances) {
+  std::vector<std::size_t> ends = TextBreaks::Current().LetterBreaks(utf8);
+  ends.push_back(utf8.size());
   std::int32_t before = 0;
-  for (std::size_t at = 0; at < utf8.size();) {
-    const auto [point, length] = DecodeUtf8(utf8, at);
-    if (length == 0) break;
-    at += length;
-    // A letter can make the one before it narrower, as it joins it.
-    const std::int32_t width = std::max(before, dc.GetTextExtent(utf8.substr(0, at)).cx);
+  std::size_t begin = 0;
+  for (const std::size_t end : ends) {
+    const std::int32_t width = std::max(before, WidthUpTo(utf8, end, dc));
     advances.push_back(SubSat(width, before));
-    if (point >= kFirstPair) advances.push_back(0);
+    const std::size_t units = ToUtf16(utf8.substr(begin, end - begin)).size();
+    advances.resize(advances.size() + units - 1, 0);
     before = width;
+    begin = end;
   }
 }
 

@@ -50,7 +50,9 @@ void PaintLaidOut(QPainter& painter, QPointF baseline, const QFont& font, const 
   constexpr double unlimited = 1e6;
   QTextLayout layout(text, font);
   // A line that runs from right to left begins at the left edge of its letters, too.
-  layout.setTextOption(QTextOption(Qt::AlignLeft | Qt::AlignAbsolute));
+  QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+  option.setTextDirection(Qt::LayoutDirectionAuto);
+  layout.setTextOption(option);
   layout.beginLayout();
   QTextLine line = layout.createLine();
   if (!line.isValid()) return;

@@ -120,7 +120,8 @@ double QtFont::Advance(std::string_view utf8) const {
 
 std::string_view QtFont::TakePiece(std::string_view& utf8) {
   // Parts of a line that runs both ways do not stand one behind the other.
-  const bool turns = utf8.size() > kLongestPiece && MayRunRightToLeft(utf8);
+  const bool turns =
+      utf8.size() > kLongestPiece && MayRunRightToLeft(utf8.substr(0, kLongestTurningPiece));
   std::string_view piece = LetterPrefix(utf8, turns ? kLongestTurningPiece : kLongestPiece);
   if (piece.empty()) piece = utf8;
   utf8.remove_prefix(piece.size());

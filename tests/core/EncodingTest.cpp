@@ -2,6 +2,7 @@
 #include "drawing/TextCodec.h"
 #include "drawing/TextDirection.h"
 #include "drawing/TextLayout.h"
+#include "drawing/Utf16.h"
 #include "surface/ObjectNames.h"
 #include "surface/ReadingOrder.h"
 #include "tests/support/OpenCharts.h"
@@ -161,6 +162,31 @@ TEST(TextBreaks, LettersStayWhole) {
                {flags, 15, 8}, {"\u0915\u093F", 4, 3}, {std::string(9, 'a') + "e\u0301", 10, 9}};
   for (const auto& c : cases) {
     EXPECT_EQ(LetterPrefix(c.text, c.limit).size(), c.kept) << c.text;
+  }
+}
+
+/// Counts what is measured.
+class MeasuringDC : public NullDC {
+ public:
+  SIZE GetTextExtent(std::string_view utf8) const override {
+    measured += utf8.size();
+    return NullDC::GetTextExtent(utf8);
+  }
+  mutable std::size_t measured = 0;
+};
+
+TEST(TextBreaks, ALongWordTakesTimeByItsLength) {
+  std::string ideographs;
+  for (int i = 0; i < 100'000; ++i) ideographs += "\u6F22";
+  for (const std::string& word : {std::string(300'000, 'x'), ideographs}) {
+    MeasuringDC dc;
+    RECT note{0, 0, 200, 200};
+    dc.DrawText(word, note, DT_WORDBREAK);
+    dc.DrawText(word, note, DT_CENTER | DT_WORDBREAK);
+    EXPECT_LT(dc.measured, 100'000U) << "no more than shows";
+    dc.measured = 0;
+    EXPECT_EQ(Advances(word, dc).size(), ToUtf16(word).size());
+    EXPECT_LT(dc.measured, word.size() * 256);
   }
 }
 
