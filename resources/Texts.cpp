@@ -164,6 +164,7 @@ constexpr std::array kTexts = {
     Text{IDS_READ_EFFECT, "Effect: %1"},
     Text{IDS_READ_CHART, "Chart %1"},
     Text{IDS_CHARTS_SAME, "The chart does not differ from %1."},
+    Text{IDS_EXPORTING, "Exporting the chart..."},
 };
 
 class BuiltInEnglish : public TextSource {

@@ -135,6 +135,7 @@ enum TextId : unsigned {
   IDS_READ_EFFECT = 33173,
   IDS_READ_CHART = 33174,
   IDS_CHARTS_SAME = 33180,
+  IDS_EXPORTING = 33181,
 };
 
 struct EnglishText {
