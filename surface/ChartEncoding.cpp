@@ -45,8 +45,11 @@ TextEncoding ChartEncoding::Found() const {
   return std::ranges::any_of(texts, isUtf8) ? TextEncoding::Mixed : TextEncoding::Windows1252;
 }
 
-EncodingChange ChartEncoding::Unify() {
-  if (Found() != TextEncoding::Mixed) return EncodingChange::None;
+EncodingChange ChartEncoding::Unify(TextEncoding former) {
+  if (former == TextEncoding::Utf8) {
+    ConvertToUtf8();
+    return EncodingChange::None;
+  }
   std::vector<std::pair<std::string*, std::string>> changes;
   for (std::string* text : texts) {
     if (!IsValidUtf8(*text)) continue;
@@ -57,6 +60,7 @@ EncodingChange ChartEncoding::Unify() {
     }
     changes.emplace_back(text, std::move(*bytes));
   }
+  if (changes.empty()) return EncodingChange::None;
   for (auto& [text, bytes] : changes) *text = std::move(bytes);
   return EncodingChange::KeptWindows1252;
 }

@@ -17,9 +17,9 @@ class ChartEncoding {
   ChartEncoding(const ModelMgr& model, ModelProperties& properties);
 
   TextEncoding Found() const;
-  /// Puts all texts of a chart that has some in Windows-1252 into one encoding: that, if it has all
-  /// their letters, else UTF-8.
-  EncodingChange Unify();
+  /// Puts all texts into the encoding that the chart had, new ones and copies from other charts
+  /// included: Windows-1252 if it has all their letters, else UTF-8.
+  EncodingChange Unify(TextEncoding former);
   void ConvertToUtf8();
 
  private:

@@ -40,15 +40,19 @@ void ChartHistory::Keep() {
   }
 }
 
-/// A chart that was edited is stored in one encoding; one that was only read stays as it is.
+/// A chart that was edited is stored in the encoding that it had; one that was only read stays as
+/// it is.
 EncodingChange ChartHistory::Unify(std::string& text) {
   const SharedText snapshot = history.Current();
-  if (std::exchange(isAsRead, false) || snapshot == nullptr || IsValidUtf8(text) ||
+  if (std::exchange(isAsRead, false) || snapshot == nullptr ||
       BehindZoom(text) == BehindZoom(*snapshot)) {
     return EncodingChange::None;
   }
-  const EncodingChange change = view.UnifyEncoding();
-  if (change != EncodingChange::None) text = view.ModelText();
+  const bool wasUtf8 = IsValidUtf8(*snapshot);
+  if (wasUtf8 && IsValidUtf8(text)) return EncodingChange::None;
+  const EncodingChange change =
+      view.UnifyEncoding(wasUtf8 ? TextEncoding::Utf8 : TextEncoding::Windows1252);
+  text = view.ModelText();
   return change;
 }
 

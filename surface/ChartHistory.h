@@ -27,7 +27,7 @@ class ChartHistory {
   void Keep();
   /// What `Keep` finds next is no step of its own but goes on with the present one.
   void GoOnWithStep() { goesOn = true; }
-  /// What `Keep` finds next was read as a whole and keeps the bytes of its texts.
+  /// What `Keep` finds next was read or converted as a whole and keeps the bytes of its texts.
   void TakeAsRead() { isAsRead = true; }
   /// Tells the document of a change of the zoom, which is a part of the text and yet no step.
   void OnZoomChanged();

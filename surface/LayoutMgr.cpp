@@ -315,11 +315,14 @@ bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
 
 TextEncoding LayoutMgr::FoundEncoding() { return ChartEncoding(*model, properties).Found(); }
 
-EncodingChange LayoutMgr::UnifyEncoding() { return ChartEncoding(*model, properties).Unify(); }
+EncodingChange LayoutMgr::UnifyEncoding(TextEncoding former) {
+  return ChartEncoding(*model, properties).Unify(former);
+}
 
 void LayoutMgr::ConvertToUtf8() {
   FinishTyping();
   ChartEncoding(*model, properties).ConvertToUtf8();
+  history->TakeAsRead();
   TakeSnapshot();
 }
 

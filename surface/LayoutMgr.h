@@ -125,8 +125,8 @@ class LayoutMgr : public ChartView, public ChartText {
   bool ReplaceText(const std::string& text, std::string& reason) override;
   TextEncoding FoundEncoding() override;
   void ConvertToUtf8() override;
-  /// Puts the texts of an edited chart into one encoding.
-  EncodingChange UnifyEncoding();
+  /// Puts the texts of an edited chart into the one encoding that it had.
+  EncodingChange UnifyEncoding(TextEncoding former);
   SharedText SnapshotText() const override;
   std::string ModelText() const override;
   std::string EmptyText() const override { return LayoutMgr().ModelText(); }

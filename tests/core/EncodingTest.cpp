@@ -125,6 +125,13 @@ TEST_F(EncodingTest, TheBarConvertsOrIsKeptAway) {
   EXPECT_EQ(Bar(), 0U);
 }
 
+TEST_F(EncodingTest, ATextOfAnotherChartBecomesUtf8) {
+  Open(ModelFile::ToDisk(Named(kNew, "")));
+  Enter(kOld);
+  EXPECT_EQ(Entry(), kNew);
+  EXPECT_EQ(Bar(), 0U);
+}
+
 TEST_F(EncodingTest, AByteOrderMarkIsDropped) {
   const std::string text = Named(kNew, "");
   Open("\xEF\xBB\xBF" + ModelFile::ToDisk(text));
