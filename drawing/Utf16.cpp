@@ -31,19 +31,17 @@ std::int32_t WidthUpTo(std::string_view utf8, std::size_t at, const CDC& dc) {
   return dc.GetTextExtent(std::string(prefix).append(kJoiner)).cx;
 }
 
-/// The first unit of a letter moves by all of its width.
 void AppendAdvances(std::string_view utf8, const CDC& dc, std::vector<std::int32_t>& advances) {
-  std::vector<std::size_t> ends = TextBreaks::Current().LetterBreaks(utf8);
-  ends.push_back(utf8.size());
   std::int32_t before = 0;
-  std::size_t begin = 0;
-  for (const std::size_t end : ends) {
-    const std::int32_t width = std::max(before, WidthUpTo(utf8, end, dc));
+  for (std::size_t at = 0; at < utf8.size();) {
+    const auto [point, length] = DecodeUtf8(utf8, at);
+    if (length == 0) break;
+    at += length;
+    // A sign that goes into the letter before it can make that narrower.
+    const std::int32_t width = std::max(before, WidthUpTo(utf8, at, dc));
     advances.push_back(SubSat(width, before));
-    const std::size_t units = ToUtf16(utf8.substr(begin, end - begin)).size();
-    advances.resize(advances.size() + units - 1, 0);
+    if (point >= kFirstPair) advances.push_back(0);
     before = width;
-    begin = end;
   }
 }
 

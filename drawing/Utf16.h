@@ -12,7 +12,7 @@ class CDC;
 /// Valid UTF-8 as UTF-16.
 std::u16string ToUtf16(std::string_view utf8);
 /// How far each UTF-16 unit of a line moves the next one in the font of the context, logical units;
-/// all but the first unit of a letter move it by nothing.
+/// the second unit of a pair moves it by nothing.
 std::vector<std::int32_t> Advances(std::string_view utf8, const CDC& dc);
 
 }  // namespace morvane
