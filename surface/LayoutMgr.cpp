@@ -20,6 +20,7 @@
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 #include "surface/ChartCommands.h"
+#include "surface/ChartEncoding.h"
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
 #include "surface/ChartReading.h"
@@ -308,8 +309,22 @@ bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
   FinishTyping();
   if (watcher != nullptr) watcher->OnReplacing();
   if (!Restore(text, reason)) return false;
+  history->TakeAsRead();
   TakeSnapshot();
   return true;
+}
+
+TextEncoding LayoutMgr::FoundEncoding() { return ChartEncoding(*model, properties).Found(); }
+
+EncodingChange LayoutMgr::UnifyEncoding(TextEncoding former) {
+  return ChartEncoding(*model, properties).Unify(former);
+}
+
+void LayoutMgr::ConvertToUtf8() {
+  FinishTyping();
+  ChartEncoding(*model, properties).ConvertToUtf8();
+  history->TakeAsRead();
+  TakeSnapshot();
 }
 
 void LayoutMgr::OnBeginPrinting(CDC& dc, CPrintInfo& info) {

@@ -5,6 +5,7 @@
 
 #include <QPainterPath>
 #include <QTextLayout>
+#include <QTextOption>
 
 #include "drawing/qt/LineClip.h"
 #include "drawing/qt/PixelRuns.h"
@@ -43,6 +44,10 @@ QPointF StepBack(QPointF from, QPointF to, double half) {
 void PaintLaidOut(QPainter& painter, QPointF baseline, const QFont& font, const QString& text) {
   constexpr double unlimited = 1e6;
   QTextLayout layout(text, font);
+  // A line that runs from right to left begins at the left edge of its letters, too.
+  QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+  option.setTextDirection(Qt::LayoutDirectionAuto);
+  layout.setTextOption(option);
   layout.beginLayout();
   QTextLine line = layout.createLine();
   if (!line.isValid()) return;
