@@ -86,11 +86,6 @@ SIZE CMetaFileDC::GetTextExtent(std::string_view utf8) const {
   return reference.GetTextExtent(utf8);
 }
 
-double CMetaFileDC::GetTextAdvance(std::string_view utf8) const {
-  reference.SelectFont(GetFont());
-  return reference.GetTextAdvance(utf8);
-}
-
 TextMetrics CMetaFileDC::GetTextMetrics() const {
   reference.SelectFont(GetFont());
   return reference.GetTextMetrics();

@@ -27,7 +27,6 @@ class CMetaFileDC : public CDC {
   void FillMask(POINT topLeft, const BitMask& mask) override;
   void TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) override;
   SIZE GetTextExtent(std::string_view utf8) const override;
-  double GetTextAdvance(std::string_view utf8) const override;
   TextMetrics GetTextMetrics() const override;
 
  private:

@@ -86,11 +86,6 @@ SIZE VectorDC::GetTextExtent(std::string_view utf8) const {
   return reference.GetTextExtent(utf8);
 }
 
-double VectorDC::GetTextAdvance(std::string_view utf8) const {
-  reference.SelectFont(GetFont());
-  return reference.GetTextAdvance(utf8);
-}
-
 TextMetrics VectorDC::GetTextMetrics() const {
   reference.SelectFont(GetFont());
   return reference.GetTextMetrics();

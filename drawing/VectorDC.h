@@ -20,7 +20,6 @@ class VectorDC : public CDC {
   RECT GetClipBox() const override;
   void FillMask(POINT topLeft, const BitMask& mask) override;
   SIZE GetTextExtent(std::string_view utf8) const override;
-  double GetTextAdvance(std::string_view utf8) const override;
   TextMetrics GetTextMetrics() const override;
 
  protected:

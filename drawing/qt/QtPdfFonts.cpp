@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <QTextLayout>
+#include <QTextOption>
 
 #include "drawing/qt/PdfFace.h"
 #include "drawing/qt/QtText.h"
@@ -82,6 +83,10 @@ void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
   constexpr double unlimited = 1e6;
   const QString text = QtFont::Printable(utf8);
   QTextLayout layout(text, font.Font());
+  // As in the window: a line that runs from right to left begins at the left edge of its letters.
+  QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+  option.setTextDirection(Qt::LayoutDirectionAuto);
+  layout.setTextOption(option);
   layout.beginLayout();
   QTextLine textLine = layout.createLine();
   if (!textLine.isValid()) return;
