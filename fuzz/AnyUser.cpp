@@ -108,7 +108,7 @@ std::optional<Dialogs::ExportAnswer> AnyUser::AskExport(const ExportRequest& req
   const auto kind = static_cast<std::size_t>(source.Below(static_cast<int>(request.kinds.size())));
   ExportAnswer answer;
   answer.path = *path + request.kinds[kind].extension;
-  answer.selectionOnly = request.hasSelection && source.Flag();
+  answer.options.selectionOnly = request.hasSelection && source.Flag();
   return answer;
 }
 

@@ -8,6 +8,7 @@
 
 #include "drawing/Geometry.h"
 #include "platform/ModalLoop.h"
+#include "platform/PictureOptions.h"
 #include "platform/Service.h"
 
 namespace morvane {
@@ -23,12 +24,14 @@ class Dialogs {
   struct ExportRequest {
     std::vector<FileFilter> kinds;
     std::size_t kind = 0;       ///< the one of `kinds` to start from
+    std::string pixelExtension;  ///< of the kind that is made of pixels
     std::string suggestion;     ///< a path
     bool hasSelection = false;  ///< the user may choose to export the selection only
+    PictureOptions options;     ///< to start from
   };
   struct ExportAnswer {
     std::string path;
-    bool selectionOnly = false;
+    PictureOptions options;
   };
   struct FontChoice {
     std::string face;

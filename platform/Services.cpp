@@ -10,6 +10,7 @@
 #include "platform/Pictures.h"
 #include "platform/PopupMenus.h"
 #include "platform/Printing.h"
+#include "platform/ProgressBox.h"
 #include "platform/Profile.h"
 #include "platform/WaitCursor.h"
 
@@ -85,11 +86,29 @@ class NoPopupMenus : public PopupMenus {
 class NoPictures : public Pictures {
  public:
   std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<NullDC>(); }
-  std::optional<std::string> MakePng(SIZE, const Paint&) override { return std::nullopt; }
+  std::optional<std::string> MakePng(SIZE, const PngForm&, const Paint&) override {
+    return std::nullopt;
+  }
   std::optional<std::string> MakePdf(SIZE, const Paint&) override { return std::nullopt; }
 };
 
+class NoProgressBoxes : public ProgressBoxes {
+  class Box : public ProgressBox {
+    bool Show(double) override { return true; }
+  };
+
+ public:
+  std::unique_ptr<ProgressBox> Open(const std::string&) override {
+    return std::make_unique<Box>();
+  }
+};
+
 }  // namespace
+
+ProgressBoxes& ProgressBoxes::Default() {
+  static NoProgressBoxes service;
+  return service;
+}
 
 MessageBoxes& MessageBoxes::Default() {
   static ConsoleMessageBoxes service;

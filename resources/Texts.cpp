@@ -155,6 +155,7 @@ constexpr std::array kTexts = {
     Text{IDS_READ_EFFECT, "Effect: %1"},
     Text{IDS_READ_CHART, "Chart %1"},
     Text{IDS_CHARTS_SAME, "The chart does not differ from %1."},
+    Text{IDS_EXPORTING, "Exporting the chart..."},
     Text{IDS_PROBLEM_OF_OBJECT, "%1 %2"},
     Text{IDS_OBJECT_OF_NUMBER, "%1 %2"},
     Text{IDS_STATE_OF_NAME, "%1 %2 \"%3\""},

@@ -1,12 +1,11 @@
 #pragma once
 
 #include <iosfwd>
-#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "generators/TargetLanguage.h"
+#include "shell/Arguments.h"
+#include "surface/LayoutMgr.h"
 
 namespace morvane {
 
@@ -17,67 +16,34 @@ class CommandLine {
   static constexpr int kFailure = 1;
   static constexpr int kWrongUse = 2;
 
+  /// Does a job with what stands behind its name, and gives the exit status. If a value is none
+  /// that an option can have, the arguments complain.
+  using Handler = int (*)(Arguments& arguments, std::ostream& out, std::ostream& err);
+
   /// Reads the arguments behind the program's name.
-  static CommandLine Parse(const std::vector<std::string>& arguments);
+  static CommandLine Parse(const std::vector<std::string>& given);
 
   /// True for all that is done with no display and no window.
-  bool IsJob() const { return job != Job::None; }
+  bool IsJob() const { return job != nullptr; }
   /// The chart to open in a window; empty for a new one.
-  const std::string& File() const { return file; }
+  std::string File() const;
   /// The window opens beside those of a program that runs already.
-  bool IsNewInstance() const { return newInstance; }
+  bool IsNewInstance() const;
 
   /// Does the job: success prints nothing but what was asked for, a failure says why on `err` and
   /// writes no output. Gives the exit status.
   int Run(std::ostream& out, std::ostream& err) const;
 
- private:
-  using RunJob = int (*)(std::span<const std::string> arguments, std::ostream& out,
+  /// Reads a chart as the window would; the reason of a failure, empty on success.
+  static std::string LoadChart(const std::string& path, LayoutMgr& chart, LayoutMgr::Size size);
+  /// Writes a file, or to `out` for "-". Gives the exit status, after the reason of a failure on
+  /// `err`.
+  static int WriteOutput(const std::string& path, const std::string& bytes, std::ostream& out,
                          std::ostream& err);
-  enum class Job {
-    None,
-    Help,
-    Version,
-    Convert,
-    Export,
-    Generate,
-    Import,
-    Check,
-    Diff,
-    Describe,
-    Run,
-    WrongUse
-  };
 
-  /// What stands behind the option, or in place of one, when a window opens.
-  static CommandLine ParseWindow(std::span<const std::string> arguments);
-  /// What stands behind "--generate".
-  static CommandLine ParseGenerate(std::span<const std::string> arguments);
-  /// What stands behind "--import".
-  static CommandLine ParseImport(std::span<const std::string> arguments);
-  /// What stands behind "--check".
-  static CommandLine ParseCheck(std::span<const std::string> arguments);
-  /// What stands behind "--diff", or behind "--export" in front of that.
-  static CommandLine ParseDiff(std::span<const std::string> arguments);
-  /// The job that runs a chart and is called so; null for none.
-  static RunJob RunJobCalled(std::string_view option);
-  int RunCheck(std::ostream& out) const;
-  int RunChart(std::ostream& out, std::ostream& err) const;
-  int RunConvert(std::ostream& err) const;
-  int RunExport(std::ostream& err) const;
-  int RunImport(std::ostream& err) const;
-  int RunGenerate(std::ostream& err) const;
-
-  Job job = Job::None;
-  bool newInstance = false;
-  TargetLanguage language = TargetLanguage::Cpp;
-  std::string output;  ///< a file, or the folder of generated ones
-  std::string file;
-  std::vector<std::string> files;  ///< to check or to compare
-  bool asJson = false;
-  /// A job that runs a chart, and what stands behind its option.
-  RunJob runJob = nullptr;
-  std::vector<std::string> runArguments;
+ private:
+  Handler job = nullptr;
+  Arguments arguments;
 };
 
 }  // namespace morvane

@@ -1,16 +1,19 @@
 #include "shell/RunJobs.h"
 
 #include <algorithm>
-#include <charconv>
 #include <exception>
 #include <optional>
 #include <ostream>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "machine/MachineBuilder.h"
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
 #include "platform/TailFile.h"
 #include "resources/Texts.h"
+#include "shell/Arguments.h"
 #include "shell/CommandLine.h"
 #include "simulation/Coverage.h"
 #include "simulation/Replay.h"
@@ -24,15 +27,12 @@ namespace morvane {
 
 namespace {
 
-using Arguments = std::span<const std::string>;
 using Look = RunMarks::Look;
 
 constexpr int kSuccess = CommandLine::kSuccess;
 constexpr int kFailure = CommandLine::kFailure;
 constexpr int kWrongUse = CommandLine::kWrongUse;
 constexpr std::size_t kPiece = std::size_t{1} << 20;
-
-bool IsOption(const std::string& argument) { return argument.size() > 1 && argument[0] == '-'; }
 
 /// The machine of a chart; nothing, with what is wrong said, if it is none.
 std::optional<Machine> MachineOf(const std::string& path, std::ostream& err) {
@@ -84,15 +84,6 @@ int ExportRun(const std::string& path, const std::string& out, const Run& run, s
   }
 }
 
-std::optional<int> PercentOf(const std::string& text) {
-  int percent = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), percent);
-  constexpr int whole = 100;
-  const bool isSound =
-      error == std::errc() && end == text.data() + text.size() && percent >= 0 && percent <= whole;
-  return isSound ? std::optional(percent) : std::nullopt;
-}
-
 /// Runs the tests of one chart into the report; false, with the reason said, if that can't be done.
 bool RunTests(const std::string& path, TestReport& report, std::ostream& err) {
   const std::optional<Machine> machine = MachineOf(path, err);
@@ -114,23 +105,23 @@ bool RunTests(const std::string& path, TestReport& report, std::ostream& err) {
 
 }  // namespace
 
-int RunJobs::Simulate(Arguments arguments, std::ostream& out, std::ostream& err) {
-  if (arguments.empty() || IsOption(arguments[0])) return kWrongUse;
-  const std::optional<Machine> machine = MachineOf(arguments[0], err);
+int RunJobs::Simulate(Arguments& arguments, std::ostream& out, std::ostream& err) {
+  const std::vector<std::string>& words = arguments.Operands();
+  const std::optional<Machine> machine = MachineOf(words[0], err);
   if (!machine) return kFailure;
   int status = kSuccess;
   const auto ask = [&](const MachineTransition& transition, const std::string& reason) {
-    err << arguments[0] << ':' << transition.line << ": the guard of transition " << transition.id
+    err << words[0] << ':' << transition.line << ": the guard of transition " << transition.id
         << " is taken as false: " << reason << '\n';
     status = kFailure;
     return false;
   };
   Simulation simulation(*machine, Service<ScriptEngines>::Get().Start(), ask);
   simulation.Start();
-  for (const std::string& name : arguments.subspan(1)) {
+  for (const std::string& name : std::span(words).subspan(1)) {
     const std::optional<int> event = simulation.Format().FindEvent(name);
     if (!event) {
-      err << arguments[0] << ": the chart has no event \"" << name << "\"\n";
+      err << words[0] << ": the chart has no event \"" << name << "\"\n";
       return kFailure;
     }
     simulation.Send(*event);
@@ -141,38 +132,35 @@ int RunJobs::Simulate(Arguments arguments, std::ostream& out, std::ostream& err)
   return status;
 }
 
-int RunJobs::Replay(Arguments arguments, std::ostream& out, std::ostream& err) {
-  const bool paints = arguments.size() == 4 && arguments[2] == "--export";
-  if (arguments.size() != 2 && !paints) return kWrongUse;
-  if (paints && ChartPicture::KindOf(arguments[3]) == nullptr) {
-    err << arguments[3] << ": " << LoadText(IDS_PICTURE_KIND) << '\n';
+int RunJobs::Replay(Arguments& arguments, std::ostream& out, std::ostream& err) {
+  const std::string& trace = arguments.Operands()[0];
+  const std::string& file = arguments.Operands()[1];
+  const std::string picture = arguments.Value("--export");
+  if (!picture.empty() && ChartPicture::KindOf(picture) == nullptr) {
+    err << picture << ": " << LoadText(IDS_PICTURE_KIND) << '\n';
     return kWrongUse;
   }
-  const std::optional<Machine> machine = MachineOf(arguments[1], err);
+  const std::optional<Machine> machine = MachineOf(file, err);
   if (!machine) return kFailure;
   morvane::Replay replay(*machine);
-  if (!FeedTrace(arguments[0], replay, err)) return kFailure;
-  if (replay.Where()) out << arguments[0] << ": " << replay.PartingText() << '\n';
-  if (replay.History().Size() == 0) err << arguments[0] << ": this is no trace\n";
+  if (!FeedTrace(trace, replay, err)) return kFailure;
+  if (replay.Where()) out << trace << ": " << replay.PartingText() << '\n';
+  if (replay.History().Size() == 0) err << trace << ": this is no trace\n";
   const bool follows = !replay.Where() && replay.History().Size() > 0;
-  const int painted = paints ? ExportRun(arguments[1], arguments[3], replay, err) : kSuccess;
+  const int painted = picture.empty() ? kSuccess : ExportRun(file, picture, replay, err);
   return follows ? painted : kFailure;
 }
 
-int RunJobs::Coverage(Arguments arguments, std::ostream& out, std::ostream& err) {
-  int least = 0;
-  if (arguments.size() > 2 && arguments[0] == "--min") {
-    const std::optional<int> given = PercentOf(arguments[1]);
-    if (!given) return kWrongUse;
-    least = *given;
-    arguments = arguments.subspan(2);
-  }
-  if (arguments.size() < 2 || IsOption(arguments[0])) return kWrongUse;
-  const std::optional<Machine> machine = MachineOf(arguments[0], err);
+int RunJobs::Coverage(Arguments& arguments, std::ostream& out, std::ostream& err) {
+  constexpr double whole = 100;
+  const double least = arguments.Number(kLeast, 0, whole).value_or(0);
+  if (!arguments.Problem().empty()) return kWrongUse;
+  const std::vector<std::string>& words = arguments.Operands();
+  const std::optional<Machine> machine = MachineOf(words[0], err);
   if (!machine) return kFailure;
   morvane::Coverage coverage(*machine);
   bool isSound = true;
-  for (const std::string& path : arguments.subspan(1)) {
+  for (const std::string& path : std::span(words).subspan(1)) {
     morvane::Replay replay(*machine);
     if (!FeedTrace(path, replay, err)) return kFailure;
     if (replay.Where()) err << path << ": " << replay.PartingText() << '\n';
@@ -180,17 +168,16 @@ int RunJobs::Coverage(Arguments arguments, std::ostream& out, std::ostream& err)
     const std::size_t end = replay.Where() ? replay.Where()->place : replay.History().Size();
     coverage.Add(replay.History(), end);
   }
-  out << coverage.Report(arguments[0]);
+  out << coverage.Report(words[0]);
   return isSound && coverage.Whole().Percent() >= least ? kSuccess : kFailure;
 }
 
-int RunJobs::Test(Arguments arguments, std::ostream& out, std::ostream& err) {
-  const bool isJUnit = !arguments.empty() && arguments[0] == "--junit";
-  if (isJUnit) arguments = arguments.subspan(1);
-  if (arguments.empty() || std::ranges::any_of(arguments, IsOption)) return kWrongUse;
-  TestReport report(isJUnit ? TestReport::Form::JUnit : TestReport::Form::Tap);
+int RunJobs::Test(Arguments& arguments, std::ostream& out, std::ostream& err) {
+  TestReport report(arguments.Has(kJUnit) ? TestReport::Form::JUnit : TestReport::Form::Tap);
   bool isSound = true;
-  for (const std::string& path : arguments) isSound = RunTests(path, report, err) && isSound;
+  for (const std::string& path : arguments.Operands()) {
+    isSound = RunTests(path, report, err) && isSound;
+  }
   out << report.Text();
   return isSound && !report.HasFailed() ? kSuccess : kFailure;
 }

@@ -1,6 +1,7 @@
 #include "surface/ChartExport.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "model/Collection.h"
 #include "persistence/CDocument.h"
@@ -9,7 +10,7 @@
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Profile.h"
-#include "platform/WaitCursor.h"
+#include "platform/ProgressBox.h"
 #include "resources/Texts.h"
 #include "surface/ChartPicture.h"
 #include "surface/LayoutMgr.h"
@@ -28,12 +29,38 @@ constexpr const char* kPngFormat = "image/png";
 constexpr const char* kExportSection = "Export";
 constexpr const char* kExportKind = "Kind";
 
+constexpr const char* kScale = "Scale";  // per cent
+constexpr const char* kTransparent = "Transparent";
+constexpr const char* kMargin = "Margin";  // below 0 for a picture that is not cut out
+constexpr std::int32_t kWhole = 100;
+
 /// The place of that kind among all.
 std::size_t LastExportKind() {
   const std::string last = Service<Profile>::Get().GetString(kExportSection, kExportKind, "");
   const auto kinds = ChartPicture::FileKinds();
   const auto found = std::ranges::find(kinds, last, &ChartPicture::FileKind::extension);
   return found != kinds.end() ? static_cast<std::size_t>(found - kinds.begin()) : 0;
+}
+
+/// What was chosen last; what nobody can choose in the dialog is brought near to it.
+PictureOptions LastOptions() {
+  Profile& profile = Service<Profile>::Get();
+  PictureOptions options;
+  options.scale = std::clamp(1.0 * profile.GetInt(kExportSection, kScale, kWhole) / kWhole,
+                             PictureOptions::kLeastScale, PictureOptions::kMostScale);
+  options.transparent = profile.GetInt(kExportSection, kTransparent, 0) != 0;
+  const std::int32_t margin = profile.GetInt(kExportSection, kMargin, -1);
+  if (margin >= 0) options.margin = std::min(margin, PictureOptions::kMostMargin);
+  return options;
+}
+
+void Remember(const Dialogs::ExportAnswer& answer) {
+  const PictureOptions& options = answer.options;
+  Service<Profile>::Get().Write(
+      kExportSection, {{kExportKind, ExtensionOf(answer.path)},
+                       {kScale, std::to_string(std::lround(options.scale * kWhole))},
+                       {kTransparent, options.transparent ? "1" : "0"},
+                       {kMargin, std::to_string(options.margin.value_or(-1))}});
 }
 
 /// The chart's own path with another extension.
@@ -74,15 +101,24 @@ void ExportPicture(LayoutMgr& chart) {
   request.kind = LastExportKind();
   request.suggestion = ExportSuggestion(chart.GetDocument(), kinds[request.kind].extension);
   request.hasSelection = !chart.GetSelection().IsEmpty();
+  request.pixelExtension = ChartPicture::kPixelExtension;
+  request.options = LastOptions();
   const auto answer = AskExport(request);
   if (!answer) return;
+  ChartPicture picture(chart, answer->options);
+  bool isGivenUp = false;
   std::string reason;
   {
-    const WaitCursor wait;
-    reason = ChartPicture(chart, answer->selectionOnly).Save(answer->path);
+    const auto box = Service<ProgressBoxes>::Get().Open(LoadText(IDS_EXPORTING));
+    picture.SetProgress([&](double part) {
+      isGivenUp = !box->Show(part);
+      return !isGivenUp;
+    });
+    reason = picture.Save(answer->path);
   }
+  if (isGivenUp) return;
   if (reason.empty()) {
-    Service<Profile>::Get().WriteString(kExportSection, kExportKind, ExtensionOf(answer->path));
+    Remember(*answer);
   } else {
     ShowMessage(answer->path + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
   }

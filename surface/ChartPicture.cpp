@@ -15,11 +15,12 @@ namespace {
 /// The room on the far sides of a chart, and around a selection, model units.
 constexpr std::int32_t kMargin = 1;
 
-/// The box of the selected objects, model units; empty if there are none.
-RECT SelectionBox(const LayoutMgr& chart) {
+/// The box of the objects, or of the selected ones, model units; empty if there are none.
+RECT BoxOf(const LayoutMgr& chart, bool selectionOnly) {
   RECT box;
   for (const Shape* shape : chart.GetModel().Objects()) {
-    if (chart.GetSelection().Contains(shape)) box = UnionRect(box, shape->GetPaperBounds());
+    if (selectionOnly && !chart.GetSelection().Contains(shape)) continue;
+    box = UnionRect(box, shape->GetPaperBounds());
   }
   return box;
 }
@@ -37,19 +38,24 @@ std::int32_t LogicalDistance(const LayoutMgr& chart, std::int32_t from, std::int
 
 }  // namespace
 
-ChartPicture::ChartPicture(LayoutMgr& chart, bool selectionOnly)
-    : chart(chart), selectionOnly(selectionOnly) {
-  framed = selectionOnly;
+ChartPicture::ChartPicture(LayoutMgr& chart, const PictureOptions& options)
+    : chart(chart), selectionOnly(options.selectionOnly) {
+  SetForm(options);
+  const bool isCutOut = selectionOnly || options.margin;
+  framed = isCutOut;
   RECT area;
-  if (selectionOnly) area = InflateRect(SelectionBox(chart), kMargin);
-  if (!selectionOnly) {
+  if (isCutOut) {
+    area = BoxOf(chart, selectionOnly);
+    if (!options.margin) area = InflateRect(area, kMargin);
+  } else {
     chart.GetChartExtent(area.right, area.bottom);
     area.right = AddSat(area.right, kMargin);
     area.bottom = AddSat(area.bottom, kMargin);
   }
-  origin = chart.ToLogical(TopLeft(area));
-  size = {LogicalDistance(chart, area.left, area.right),
-          LogicalDistance(chart, area.top, area.bottom)};
+  const std::int32_t around = options.margin.value_or(0);
+  origin = chart.ToLogical(TopLeft(area)) - POINT{around, around};
+  size = {AddSat(LogicalDistance(chart, area.left, area.right), 2 * around),
+          AddSat(LogicalDistance(chart, area.top, area.bottom), 2 * around)};
 }
 
 void ChartPicture::Paint(CDC& dc) const {

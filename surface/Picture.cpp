@@ -17,7 +17,7 @@ namespace morvane {
 
 namespace {
 
-constexpr std::string_view kPng = ".png";
+constexpr std::string_view kPng = Picture::kPixelExtension;
 constexpr std::string_view kSvg = ".svg";
 constexpr std::string_view kPdf = ".pdf";
 constexpr std::string_view kEmf = ".emf";
@@ -61,7 +61,9 @@ std::string Picture::MakeSvg() const {
 }
 
 std::optional<std::string> Picture::MakePng() const {
-  return Service<Pictures>::Get().MakePng(size, [this](CDC& dc) { Paint(dc); });
+  return Service<Pictures>::Get().MakePng(
+      size, {form.scale, form.pixelsPerInch, form.transparent, progress},
+      [this](CDC& dc) { Paint(dc); });
 }
 
 std::optional<std::string> Picture::MakePdf() const {

@@ -4,8 +4,11 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "drawing/Geometry.h"
+#include "platform/PictureOptions.h"
+#include "platform/Pictures.h"
 
 namespace morvane {
 
@@ -16,6 +19,9 @@ class Picture {
  public:
   /// The longest side of an SVG or EMF file, logical units.
   static constexpr std::int32_t kMaxSide = 1'000'000;
+
+  /// Of the kind that is made of pixels.
+  static constexpr std::string_view kPixelExtension = ".png";
 
   struct FileKind {
     std::string_view extension;  ///< ".png"
@@ -32,13 +38,17 @@ class Picture {
 
   /// Logical units.
   SIZE Size() const { return size; }
+  /// How large and on what the picture is made from now on.
+  void SetForm(const PictureOptions& options) { form = options; }
+  /// Who is told how far a PNG is; see `Pictures::Progress`.
+  void SetProgress(Pictures::Progress told) { progress = std::move(told); }
   /// Paints the picture with its top left corner at the origin that the context has.
   virtual void Paint(CDC& dc) const = 0;
 
   // The bytes of the picture in each form. A metafile and an SVG text can always be made.
   std::string MakeEmf() const;
   std::string MakeSvg() const;
-  /// Nothing if the picture is too large for a PNG, or for a page.
+  /// Nothing if the picture is too large for a PNG, or for a page, or if a PNG was given up.
   std::optional<std::string> MakePng() const;
   std::optional<std::string> MakePdf() const;
   /// The bytes of a file of that kind; nothing if the picture is too large for it.
@@ -55,6 +65,10 @@ class Picture {
   SIZE size;
   /// A metafile is as large as the picture; else it ends where nothing more is drawn.
   bool framed = false;
+
+ private:
+  PictureOptions form;
+  Pictures::Progress progress;
 };
 
 }  // namespace morvane

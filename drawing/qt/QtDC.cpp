@@ -33,6 +33,19 @@ QtDC::QtDC(QImage& image, double scale, QtFontCache& fonts, const QRegion* clip)
   Begin(clip);
 }
 
+QtDC::QtDC(QImage& part, QPoint offset, double scale, QtFontCache& fonts)
+    : alias(part.bits(), part.width(), part.height(), part.bytesPerLine(), part.format()),
+      offset(offset),
+      fonts(fonts),
+      scale(scale),
+      size{static_cast<std::int32_t>(std::ceil((offset.x() + part.width()) / scale)),
+           static_cast<std::int32_t>(std::ceil((offset.y() + part.height()) / scale))},
+      clipBox(alias.rect().translated(offset)) {
+  painter.begin(&alias);
+  painter.translate(-offset);
+  Begin(nullptr);
+}
+
 QtDC::QtDC(QPaintDevice& device, double scale, SIZE size, QtFontCache& fonts)
     : fonts(fonts),
       scale(scale),
@@ -102,7 +115,9 @@ QRectF QtDC::ToPhysical(const RECT& r) const {
 
 bool QtDC::IsNear(const QRectF& box) const {
   const double limit = page ? kNearUnits : kNearPixels;
-  return box.left() > -limit && box.top() > -limit && box.right() < limit && box.bottom() < limit;
+  const QRectF onImage = box.translated(-offset);
+  return onImage.left() > -limit && onImage.top() > -limit && onImage.right() < limit &&
+         onImage.bottom() < limit;
 }
 
 QRect QtDC::Visible(const QRectF& box) const {

@@ -27,6 +27,8 @@ class QtDC : public CDC {
   /// pixels) if one is given. The picture has to outlive the context and must not be copied
   /// meanwhile; several contexts may paint on it in turn.
   QtDC(QImage& image, double scale, QtFontCache& fonts, const QRegion* clip = nullptr);
+  /// Paints the part of a larger picture that begins at `offset`, physical pixels, and fills `part`.
+  QtDC(QImage& part, QPoint offset, double scale, QtFontCache& fonts);
   /// Paints on a page of `size` device pixels with `scale` units of the painter to a device pixel,
   /// as strokes and letters, not as pixels.
   QtDC(QPaintDevice& page, double scale, SIZE size, QtFontCache& fonts);
@@ -78,7 +80,8 @@ class QtDC : public CDC {
   void PaintText(QPointF origin, double factor, std::string_view utf8);
   bool PaintRing(const QPainterPath& outer, const QPainterPath& inner);
 
-  QImage alias;  ///< the same pixels under a paint device of our own
+  QImage alias;   ///< the same pixels under a paint device of our own
+  QPoint offset;  ///< where on the whole picture they begin, physical pixels
   QPainter painter;
   QtFontCache& fonts;
   double scale;

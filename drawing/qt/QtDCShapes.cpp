@@ -352,7 +352,8 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
   if (factor == 1) {
     baseline += origin;
   } else {
-    painter.setTransform(QTransform(factor, 0, 0, factor, origin.x(), origin.y()));
+    const QPointF place = origin - offset;
+    painter.setTransform(QTransform(factor, 0, 0, factor, place.x(), place.y()));
   }
   if (glyphs != nullptr) {
     painter.drawGlyphRun(baseline, *glyphs);
@@ -366,7 +367,7 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
       baseline.rx() += font.Advance(piece);
     }
   }
-  if (factor != 1) painter.resetTransform();
+  if (factor != 1) painter.setTransform(QTransform::fromTranslate(-offset.x(), -offset.y()));
 }
 
 }  // namespace morvane

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QCheckBox>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -11,6 +10,7 @@
 #include "platform/Files.h"
 #include "platform/Wording.h"
 #include "platform/qt/DialogParent.h"
+#include "platform/qt/ExportOptionsBox.h"
 #include "platform/qt/QtFontDialog.h"
 
 namespace morvane {
@@ -28,11 +28,10 @@ std::optional<std::string> Run(QFileDialog& dialog) {
   return FromQPath(dialog.selectedFiles().constFirst());
 }
 
-/// A check box below all else that the dialog shows. Only the toolkit's own dialog has room for
-/// one.
-QCheckBox* AddCheckBox(QFileDialog& dialog, const QString& text) {
+/// Fields below all else that the dialog shows. Only the toolkit's own dialog has room for some.
+ExportOptionsBox* AddOptions(QFileDialog& dialog, const Dialogs::ExportRequest& request) {
   dialog.setOption(QFileDialog::DontUseNativeDialog);
-  auto* box = new QCheckBox(text, &dialog);
+  auto* box = new ExportOptionsBox(request.options, request.hasSelection, &dialog);
   auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
   if (grid != nullptr) {
     constexpr int wholeRow = -1;
@@ -75,8 +74,7 @@ std::optional<std::string> QtDialogs::RunSave(QFileDialog& dialog, const std::st
 
 std::optional<Dialogs::ExportAnswer> QtDialogs::AskExport(const ExportRequest& request) {
   QFileDialog dialog(DialogParent(), ToQString(Worded("Export")));
-  const QCheckBox* selectionOnly =
-      request.hasSelection ? AddCheckBox(dialog, ToQString(Worded("Selection &only"))) : nullptr;
+  ExportOptionsBox* options = AddOptions(dialog, request);
   QStringList filters;
   for (const FileFilter& kind : request.kinds) filters << ToQString(kind.text);
   dialog.setNameFilters(filters);
@@ -84,13 +82,15 @@ std::optional<Dialogs::ExportAnswer> QtDialogs::AskExport(const ExportRequest& r
   dialog.selectNameFilter(filters.value(start));
   const auto takeSuffix = [&](const QString& filter) {
     const qsizetype kind = std::max<qsizetype>(filters.indexOf(filter), 0);
-    dialog.setDefaultSuffix(ToQString(request.kinds[static_cast<std::size_t>(kind)].extension));
+    const std::string& extension = request.kinds[static_cast<std::size_t>(kind)].extension;
+    dialog.setDefaultSuffix(ToQString(extension));
+    options->ShowForPixels(extension == request.pixelExtension);
   };
   takeSuffix(filters.value(start));
   QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, takeSuffix);
   const auto path = RunSave(dialog, request.suggestion);
   if (!path) return std::nullopt;
-  return ExportAnswer{*path, selectionOnly != nullptr && selectionOnly->isChecked()};
+  return ExportAnswer{*path, options->Options()};
 }
 
 std::optional<COLORREF> QtDialogs::AskColour(COLORREF start) {

@@ -1,13 +1,13 @@
 #include "platform/qt/QtPictures.h"
 
 #include <algorithm>
-#include <span>
-#include <unordered_set>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
 
 #include <QBuffer>
-#include <QHash>
 #include <QHashSeed>
-#include <QImageWriter>
 #include <QPageSize>
 #include <QPdfWriter>
 
@@ -21,9 +21,24 @@ constexpr int kScreenInch = 96;
 constexpr double kPointsPerInch = 72;
 /// Units of a page to a logical unit: fine enough that nobody sees the rounding.
 constexpr int kPageScale = 20;
-constexpr int kDotsPerMetre = 3780;  // 96 to the inch
-constexpr std::size_t kPaletteSize = 256;
-constexpr int kFastCompression = 30;  // of 100
+constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+constexpr int kPixelBytes = 4;
+/// A band is small enough to stay near the processor, and not so small that objects are looked
+/// through too often.
+constexpr int kBandPixels = 1 << 21;
+constexpr int kMostRows = 512;
+/// Rows around a band that are painted with it: the toolkit smooths a line a little differently
+/// where its picture ends.
+constexpr int kSpareRows = 4;
+/// As wide as the toolkit can paint at once, with room to spare.
+constexpr int kMostColumns = 30000;
+/// Up to this scale the picture is painted so many times larger and made smaller again: the
+/// thinnest line that a context paints is a pixel wide, which would be too heavy.
+constexpr double kSmallScale = 0.5;
+constexpr int kFineness = 3;
+constexpr double kMaxPixelSide = 1 << 24;
+/// What a product is off by rounding makes no pixel more.
+constexpr double kTinyPart = 1e-6;
 
 /// A context on a picture of its own.
 class ReferenceContext : public QtDC {
@@ -35,55 +50,23 @@ class ReferenceContext : public QtDC {
   std::unique_ptr<QImage> image;
 };
 
-std::span<const QRgb> RowOf(const QImage& image, int y) {
-  return {reinterpret_cast<const QRgb*>(image.constScanLine(y)),
-          static_cast<std::size_t>(image.width())};
+/// The size of a picture in pixels; nothing if there is no such picture.
+std::optional<SIZE> PixelsOf(SIZE size, double scale) {
+  if (size.cx <= 0 || size.cy <= 0) return std::nullopt;
+  const double width = std::ceil(size.cx * scale - kTinyPart);
+  const double height = std::ceil(size.cy * scale - kTinyPart);
+  if (width > kMaxPixelSide || height > kMaxPixelSide) return std::nullopt;
+  if (width * height > static_cast<double>(QtPictures::kMaxPixels)) return std::nullopt;
+  return SIZE{std::max(1, static_cast<std::int32_t>(width)),
+              std::max(1, static_cast<std::int32_t>(height))};
 }
 
-/// Most rows of a chart are like the one above them, which is seen at a glance.
-bool IsLikeFormer(const QImage& image, int y) {
-  return y > 0 && std::ranges::equal(RowOf(image, y), RowOf(image, y - 1));
-}
-
-/// The colours of a picture in the order of their first pixel; empty if there are too many for a
-/// palette.
-QList<QRgb> PaletteOf(const QImage& image) {
-  QList<QRgb> colours;
-  std::unordered_set<QRgb> seen;
-  QRgb last = 0;
-  for (int y = 0; y < image.height(); ++y) {
-    if (IsLikeFormer(image, y)) continue;
-    for (const QRgb colour : RowOf(image, y)) {
-      if (colour == last) continue;
-      last = colour;
-      if (!seen.insert(colour).second) continue;
-      if (seen.size() > kPaletteSize) return {};
-      colours << colour;
-    }
+/// Both have the same size.
+void CopyPixels(const QImage& image, QImage& to) {
+  const QImage from = image.convertToFormat(to.format());
+  for (int y = 0; y < to.height(); ++y) {
+    std::copy_n(from.constScanLine(y), qsizetype{to.width()} * kPixelBytes, to.scanLine(y));
   }
-  return colours;
-}
-
-QImage ToPalette(const QImage& image, const QList<QRgb>& colours) {
-  QHash<QRgb, uchar> indices;
-  for (qsizetype i = 0; i < colours.size(); ++i) indices.insert(colours[i], static_cast<uchar>(i));
-  QImage result(image.size(), QImage::Format_Indexed8);
-  if (result.isNull()) return image;
-  result.setColorTable(colours);
-  QRgb last = colours.first();
-  uchar index = 0;
-  for (int y = 0; y < image.height(); ++y) {
-    uchar* to = result.scanLine(y);
-    if (IsLikeFormer(image, y)) {
-      std::copy_n(result.constScanLine(y - 1), image.width(), to);
-      continue;
-    }
-    for (const QRgb colour : RowOf(image, y)) {
-      if (colour != last) index = indices.value(last = colour);
-      *to++ = index;
-    }
-  }
-  return result;
 }
 
 /// Overwrites what stands between two marks with `filler`, keeping its length.
@@ -122,30 +105,46 @@ std::unique_ptr<CDC> QtPictures::ReferenceDC() {
   return std::make_unique<ReferenceContext>(std::move(image), fonts);
 }
 
-std::optional<std::string> QtPictures::MakePng(SIZE size, const Paint& paint) {
-  if (size.cx <= 0 || size.cy <= 0 || size.cx > kMaxSide || size.cy > kMaxSide) return std::nullopt;
-  if (std::int64_t{size.cx} * size.cy > kMaxPixels) return std::nullopt;
-  QImage image(size.cx, size.cy, QImage::Format_RGB32);
-  if (image.isNull()) return std::nullopt;
-  image.setDotsPerMeterX(kDotsPerMetre);
-  image.setDotsPerMeterY(kDotsPerMetre);
-  image.fill(Qt::white);
-  {
-    QtDC dc(image, 1, fonts);
-    paint(dc);
+void QtPictures::PaintBand(PngEncoder::Pixels& band, SIZE pixels, int top, int rows,
+                           const PngForm& form, const Paint& paint) {
+  const std::uint32_t ground = form.transparent ? 0 : kWhite;
+  band.assign(static_cast<std::size_t>(pixels.cx) * static_cast<std::size_t>(rows), ground);
+  const auto format = form.transparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+  const int fineness = form.scale > kSmallScale ? 1 : kFineness;
+  const int mostColumns = kMostColumns / fineness;
+  for (int left = 0; left < pixels.cx; left += mostColumns) {
+    QImage part(reinterpret_cast<uchar*>(band.data() + left),
+                std::min(mostColumns, pixels.cx - left), rows, qsizetype{pixels.cx} * kPixelBytes,
+                format);
+    if (fineness == 1) {
+      QtDC dc(part, QPoint(left, top), form.scale, fonts);
+      paint(dc);
+      continue;
+    }
+    QImage fine(part.size() * fineness, format);
+    fine.fill(ground);
+    {
+      QtDC dc(fine, QPoint(left, top) * fineness, form.scale * fineness, fonts);
+      paint(dc);
+    }
+    CopyPixels(fine.scaled(part.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation), part);
   }
-  const QList<QRgb> palette = PaletteOf(image);
-  if (!palette.isEmpty()) {
-    image = ToPalette(image, palette);
-    image.setDotsPerMeterX(kDotsPerMetre);
-    image.setDotsPerMeterY(kDotsPerMetre);
+}
+
+std::optional<std::string> QtPictures::MakePng(SIZE size, const PngForm& form, const Paint& paint) {
+  const auto pixels = PixelsOf(size, form.scale);
+  if (!pixels) return std::nullopt;
+  PngEncoder encoder({*pixels, form.transparent, form.pixelsPerInch});
+  const int bandRows = std::clamp(kBandPixels / pixels->cx, 1, kMostRows);
+  PngEncoder::Pixels band;
+  for (int top = 0; top < pixels->cy; top += bandRows) {
+    if (form.progress && !form.progress(1.0 * top / pixels->cy)) return std::nullopt;
+    const int rows = std::min(bandRows, pixels->cy - top);
+    const int above = std::min(kSpareRows, top);
+    PaintBand(band, *pixels, top - above, above + rows + kSpareRows, form, paint);
+    band = encoder.Add(std::move(band), above, rows);
   }
-  QBuffer buffer;
-  buffer.open(QIODevice::WriteOnly);
-  QImageWriter writer(&buffer, "png");
-  writer.setCompression(kFastCompression);
-  if (!writer.write(image)) return std::nullopt;
-  return buffer.data().toStdString();
+  return encoder.Finish();
 }
 
 std::optional<std::string> QtPictures::MakePdf(SIZE size, const Paint& paint) {

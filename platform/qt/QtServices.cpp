@@ -18,6 +18,7 @@ QtServices::QtServices(Use use) {
     Service<MessageBoxes>::Set(&messageBoxes);
     Service<PopupMenus>::Set(&popupMenus);
     Service<Printing>::Set(&printing);
+    Service<ProgressBoxes>::Set(&progressBoxes);
     Service<TextSearch>::Set(&textSearch);
     Service<UiThread>::Set(&uiThread);
     Service<ShellOpen>::Set(&shellOpen);
@@ -32,6 +33,7 @@ QtServices::~QtServices() {
   Service<ShellOpen>::Set(nullptr);
   Service<UiThread>::Set(nullptr);
   Service<TextSearch>::Set(nullptr);
+  Service<ProgressBoxes>::Set(nullptr);
   Service<Printing>::Set(nullptr);
   Service<PopupMenus>::Set(nullptr);
   Service<MessageBoxes>::Set(nullptr);

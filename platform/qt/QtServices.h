@@ -11,6 +11,7 @@
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtPopupMenus.h"
 #include "platform/qt/QtPrinting.h"
+#include "platform/qt/QtProgressBoxes.h"
 #include "platform/qt/QtScriptEngine.h"
 #include "platform/qt/QtShellOpen.h"
 #include "platform/qt/QtTextSearch.h"
@@ -42,6 +43,7 @@ class QtServices {
   QtPictures pictures;
   QtPopupMenus popupMenus;
   QtPrinting printing;
+  QtProgressBoxes progressBoxes;
   QtScriptEngines scriptEngines;
   QtTextSearch textSearch;
   QtUiThread uiThread;

@@ -38,7 +38,7 @@ QColor Blend(const QColor& a, const QColor& b, int part) {
 std::optional<QImage> Draw(LayoutMgr& chart, QSize size, double ratio) {
   const bool hasObjects = !chart.GetModel().Objects().empty();
   if (hasObjects) chart.GetModel().SelectAll();
-  const ChartPicture picture(chart, hasObjects);
+  const ChartPicture picture(chart, {.selectionOnly = hasObjects});
   const QSizeF whole(picture.Size().cx, picture.Size().cy);
   if (whole.isEmpty()) return std::nullopt;
   const double fit = std::min(size.width() / whole.width(), size.height() / whole.height());

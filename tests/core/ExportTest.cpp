@@ -35,7 +35,7 @@ TEST_F(ExportTest, FarAwayObjectsAreRefusedAndWriteNothing) {
     const auto chart = LoadChart(ChartText(StateRecord(1, c.state)));
     chart->GetModel().SelectAll();
     for (const bool selectionOnly : {false, true}) {
-      const ChartPicture picture(*chart, selectionOnly);
+      const ChartPicture picture(*chart, {.selectionOnly = selectionOnly});
       EmfReader(picture.MakeEmf()).CheckFrame();
       const bool fits = selectionOnly ? c.selectionFits : c.fits;
       const bool isSmall = picture.Size().cx <= pictures.limit;

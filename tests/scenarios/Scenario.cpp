@@ -309,7 +309,7 @@ void Scenario::Select(const std::string& ids) {
 
 /// What a picture of the selection shows.
 void Scenario::Paint(const std::string&) {
-  std::istringstream svg(ChartPicture(*chart, true).MakeSvg());
+  std::istringstream svg(ChartPicture(*chart, {.selectionOnly = true}).MakeSvg());
   for (std::string line; std::getline(svg, line);) user.Note(line);
 }
 

@@ -269,7 +269,7 @@ std::optional<Dialogs::ExportAnswer> ScenarioUser::AskExport(const ExportRequest
                             request.suggestion + (request.hasSelection ? " or a selection" : ""));
   if (!path) return std::nullopt;
   const std::size_t end = path->find(" selection");
-  return ExportAnswer{path->substr(0, end), end != std::string::npos};
+  return ExportAnswer{path->substr(0, end), {.selectionOnly = end != std::string::npos}};
 }
 
 OpenResult ScenarioUser::OpenFile(const std::string& path) {

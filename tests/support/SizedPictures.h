@@ -16,7 +16,7 @@ namespace morvane {
 class SizedPictures : public Pictures {
  public:
   std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<NullDC>(); }
-  std::optional<std::string> MakePng(SIZE size, const Paint& paint) override {
+  std::optional<std::string> MakePng(SIZE size, const PngForm&, const Paint& paint) override {
     return Make(size, paint);
   }
   std::optional<std::string> MakePdf(SIZE size, const Paint& paint) override {

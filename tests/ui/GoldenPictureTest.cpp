@@ -100,7 +100,7 @@ Forms MakeForms(Pictures& pictures, const Sample& sample) {
   forms.size = {500, 740};
   DrawPens(recording);
   forms.calls = recording.Close();
-  forms.png = pictures.MakePng(forms.size, DrawPens).value_or("");
+  forms.png = pictures.MakePng(forms.size, {}, DrawPens).value_or("");
   forms.pdf = pictures.MakePdf(forms.size, DrawPens).value_or("");
   SvgDC svg(*reference, forms.size);
   DrawPens(svg);
@@ -173,7 +173,7 @@ TEST_P(GoldenPicture, Png) {
 
 TEST_P(GoldenPicture, EmfReplayed) {
   const Metafile replayed = EmfReader(forms.emf).Replay();
-  const auto png = pictures.MakePng(forms.size, [&](CDC& dc) { dc.PlayMetaFile(replayed); });
+  const auto png = pictures.MakePng(forms.size, {}, [&](CDC& dc) { dc.PlayMetaFile(replayed); });
   ExpectGolden(Decode(png.value_or("")), "emf", kSameRenderer);
 }
 
