@@ -3,6 +3,7 @@
 #include "codegen/ChartPlaces.h"
 #include "codegen/PlacedMessage.h"
 #include "codegen/ToolInbox.h"
+#include "drawing/TextCodec.h"
 #include "platform/FieldExchange.h"
 #include "platform/Files.h"
 #include "platform/InstallFolder.h"
@@ -111,11 +112,13 @@ void CGenerateCppDlg::OpenFolder() const {
   switch (Service<ShellOpen>::Get().OpenFile(outputFolder)) {
     case OpenResult::Opened: break;
     case OpenResult::NotFound:
-      ShowMessage(WithName(LoadText(IDS_FOLDER_NOT_THERE), outputFolder), MB_ICONEXCLAMATION);
+      ShowMessage(WithName(LoadText(IDS_FOLDER_NOT_THERE), ToUtf8(outputFolder)),
+                  MB_ICONEXCLAMATION);
       break;
     case OpenResult::NoProgram:
     case OpenResult::Failed:
-      ShowMessage(WithName(LoadText(IDS_FOLDER_NOT_SHOWN), outputFolder), MB_ICONEXCLAMATION);
+      ShowMessage(WithName(LoadText(IDS_FOLDER_NOT_SHOWN), ToUtf8(outputFolder)),
+                  MB_ICONEXCLAMATION);
       break;
   }
 }

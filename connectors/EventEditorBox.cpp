@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "drawing/CDC.h"
+#include "drawing/TextCodec.h"
 #include "model/ChartView.h"
 #include "model/Editors.h"
 #include "model/ModelStream.h"
@@ -44,9 +45,9 @@ void EventEditorBox::Read(ModelStream& stream) {
 
 std::string EventEditorBox::ShownText() const {
   std::string text = LoadText(IDS_ON_EVENT) + "(";
-  text.append(event, 0, CDC::kMaxPaintedBytes) += ')';
-  if (!guard.empty()) (text += "\n[").append(guard, 0, CDC::kMaxPaintedBytes) += ']';
-  if (!effect.empty()) (text += "\n/").append(effect, 0, CDC::kMaxPaintedBytes);
+  text.append(ToUtf8(event, CDC::kMaxPaintedBytes)) += ')';
+  if (!guard.empty()) (text += "\n[").append(ToUtf8(guard, CDC::kMaxPaintedBytes)) += ']';
+  if (!effect.empty()) (text += "\n/").append(ToUtf8(effect, CDC::kMaxPaintedBytes));
   return text;
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "drawing/CDC.h"
+#include "drawing/TextCodec.h"
 #include "model/ChartView.h"
 #include "model/Editors.h"
 #include "platform/Service.h"
@@ -26,9 +27,7 @@ std::string WithoutMarks(std::string_view text) {
 
 }  // namespace
 
-std::string TextBox::ShownText() const {
-  return WithoutMarks(std::string_view(text).substr(0, CDC::kMaxPaintedBytes));
-}
+std::string TextBox::ShownText() const { return WithoutMarks(ToUtf8(text, CDC::kMaxPaintedBytes)); }
 
 void TextBox::Draw(CDC* dc, const RECT* rect) const {
   view->DrawChartText(*dc, ShownText(), *rect);

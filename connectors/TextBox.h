@@ -17,7 +17,7 @@ class TextBox : public TextHandler {
   void SetView(ChartView* chartView) { view = chartView; }
   const std::string& GetText() const { return text; }
   std::string& Text() { return text; }
-  /// What is painted of the text: all but the characters "<M>".
+  /// What is painted of the text: all but the characters "<M>", in UTF-8.
   std::string ShownText() const;
   /// Paints the text, without the characters "<M>", into a rectangle in logical units.
   void Draw(CDC* dc, const RECT* rect) const;

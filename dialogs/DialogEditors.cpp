@@ -120,11 +120,11 @@ bool DialogEditors::EditModelProperties(ModelProperties& properties) {
   return true;
 }
 
-bool DialogEditors::EditPaper(std::int32_t& printToFit) {
+bool DialogEditors::EditPaper(PaperChoice& choice) {
   PrinterSetup dialog;
-  dialog.printToFit = printToFit;
+  dialog.choice = choice;
   if (!dialog.DoModal()) return false;
-  printToFit = dialog.printToFit;
+  choice = dialog.choice;
   return true;
 }
 

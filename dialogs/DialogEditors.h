@@ -27,7 +27,7 @@ class DialogEditors : public Editors {
   bool ChooseTargets(const std::string& source, const std::vector<std::string>& names,
                      std::vector<int>& chosen) override;
   bool EditModelProperties(ModelProperties& properties) override;
-  bool EditPaper(std::int32_t& printToFit) override;
+  bool EditPaper(PaperChoice& choice) override;
   void FindAndReplace(const SearchedChart& chart) override;
 
  private:

@@ -1,5 +1,6 @@
 #include "dialogs/EditMesgDlg.h"
 
+#include "drawing/TextCodec.h"
 #include "platform/FieldExchange.h"
 #include "resources/Texts.h"
 
@@ -15,6 +16,6 @@ EditMesgDlg::EditMesgDlg() : Dialog("Editor") {
 
 void EditMesgDlg::ExchangeFields(FieldExchange& exchange) { exchange.Text(kTextId, text); }
 
-void EditMesgDlg::OnFilled() { SetCaption(title + " " + LoadText(IDS_EDITOR)); }
+void EditMesgDlg::OnFilled() { SetCaption(ToUtf8(title) + " " + LoadText(IDS_EDITOR)); }
 
 }  // namespace morvane

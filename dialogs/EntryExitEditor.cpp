@@ -1,5 +1,6 @@
 #include "dialogs/EntryExitEditor.h"
 
+#include "drawing/TextCodec.h"
 #include "platform/FieldExchange.h"
 #include "resources/Texts.h"
 
@@ -25,6 +26,8 @@ void EntryExitEditor::ExchangeFields(FieldExchange& exchange) {
   exchange.Text(kExitId, exit);
 }
 
-void EntryExitEditor::OnFilled() { SetCaption(title + " : " + LoadText(IDS_ENTRY_EXIT_EDITOR)); }
+void EntryExitEditor::OnFilled() {
+  SetCaption(ToUtf8(title) + " : " + LoadText(IDS_ENTRY_EXIT_EDITOR));
+}
 
 }  // namespace morvane

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <cstdint>
-
+#include "model/Editors.h"
 #include "platform/Dialog.h"
 
 namespace morvane {
@@ -10,11 +9,11 @@ namespace morvane {
 /// whether this dialog is cancelled or not.
 class PrinterSetup : public Dialog {
  public:
-  enum ControlId : int { kPrintToFitId = 100, kPrinterId };
+  enum ControlId : int { kPrintToFitId = 100, kPrinterId, kSheetTitlesId };
 
   PrinterSetup();
 
-  std::int32_t printToFit = 0;  ///< the whole chart on one page
+  PaperChoice choice;
 
  protected:
   void ExchangeFields(FieldExchange& exchange) override;

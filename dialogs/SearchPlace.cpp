@@ -5,6 +5,7 @@
 #include "connectors/Mesg.h"
 #include "connectors/Note.h"
 #include "connectors/Transition.h"
+#include "drawing/TextCodec.h"
 #include "model/Editors.h"
 #include "model/ModelMgr.h"
 #include "model/ModelProperties.h"
@@ -21,7 +22,7 @@ namespace morvane {
 namespace {
 
 std::string NameOf(const State* end) {
-  return end != nullptr ? end->GetName() : LoadText(IDS_UNDEFINED);
+  return end != nullptr ? ToUtf8(end->GetName()) : LoadText(IDS_UNDEFINED);
 }
 
 std::string RouteOf(const Transition* transition) {
@@ -30,7 +31,9 @@ std::string RouteOf(const Transition* transition) {
   return NameOf(source) + " -> " + NameOf(target);
 }
 
-std::string FirstLine(const std::string& text) {
+/// In UTF-8, since it is joined with other texts.
+std::string FirstLine(const std::string& stored) {
+  const std::string text = ToUtf8(stored);
   return text.substr(0, text.find_first_of("\r\n"));
 }
 

@@ -5,11 +5,24 @@
 #include <utility>
 #include <vector>
 
+#include "drawing/LineDirections.h"
 #include "drawing/Metafile.h"
+#include "drawing/TextBreaks.h"
 #include "drawing/TextCodec.h"
 #include "drawing/TextLayout.h"
 
 namespace morvane {
+
+namespace {
+
+/// What shows of a line around its middle, whole letters.
+std::string_view VisibleMiddle(std::string_view line, std::int64_t width) {
+  const std::size_t most = TextLayout::MostBytes(width);
+  if (line.size() <= most) return line;
+  return LetterPrefix(WithoutLetters(line, (line.size() - most) / 2), most);
+}
+
+}  // namespace
 
 CPen CDC::SelectPen(const CPen& newPen) { return std::exchange(pen, newPen); }
 CBrush CDC::SelectBrush(const CBrush& newBrush) { return std::exchange(brush, newBrush); }
@@ -65,27 +78,44 @@ std::int32_t CDC::DrawText(std::string_view text, RECT& r, unsigned flags) {
   constexpr std::size_t maxMeasuredLines = 4096;
   const std::size_t visible =
       static_cast<std::size_t>(std::max<std::int64_t>(Height(r), 0) / lineHeight) + 1;
-  const std::string utf8 = ToUtf8(text.substr(0, kMaxPaintedBytes));
+  const std::string utf8 = ToUtf8(text, kMaxPaintedBytes);
   const TextLayout layout([this](std::string_view piece) { return GetTextExtent(piece).cx; },
                           Width(r), (flags & DT_WORDBREAK) != 0);
   const std::vector<std::string_view> lines =
       layout.Break(utf8, measuring ? maxMeasuredLines : std::min(visible, maxMeasuredLines));
+  const std::int32_t bottom =
+      AddSat(r.top, Saturate(static_cast<std::int64_t>(lines.size()) * lineHeight));
+  if (!measuring) {
+    PaintLines(utf8, lines, r, flags);
+  } else {
+    std::int32_t widest = 0;
+    for (const std::string_view line : lines) widest = std::max(widest, GetTextExtent(line).cx);
+    r = {r.left, r.top, AddSat(r.left, widest), bottom};
+  }
+  return SubSat(bottom, r.top);
+}
 
+void CDC::PaintLines(std::string_view utf8, const std::vector<std::string_view>& lines,
+                     const RECT& r, unsigned flags) {
+  const std::int32_t lineHeight = std::max(GetTextMetrics().height, 1);
+  const bool centred = (flags & DT_CENTER) != 0;
+  const bool mayTurn = MayRunRightToLeft(utf8);
+  LineDirections directions(utf8);
   std::int32_t y = r.top;
-  std::int32_t widest = 0;
-  for (const std::string_view line : lines) {
-    const bool centred = (flags & DT_CENTER) != 0;
-    const std::int32_t width = measuring || centred ? GetTextExtent(line).cx : 0;
-    widest = std::max(widest, width);
-    if (!measuring && !line.empty()) {
-      const std::int64_t room = Width(r) - width;
-      TextOut({centred ? Saturate(r.left + room / 2) : r.left, y}, line, &r);
+  for (const std::string_view whole : lines) {
+    const std::string_view line = centred ? VisibleMiddle(whole, Width(r))
+                                          : LetterPrefix(whole, TextLayout::MostBytes(Width(r)));
+    const TextDirection direction = mayTurn ? directions.Of(whole) : TextDirection::LeftToRight;
+    const std::string directed = mayTurn ? InDirection(line, direction) : std::string();
+    const std::string_view shown = mayTurn ? directed : line;
+    std::int32_t x = r.left;
+    if (centred || direction == TextDirection::RightToLeft) {
+      const std::int64_t room = Width(r) - GetTextExtent(shown).cx;
+      x = Saturate(r.left + (centred ? room / 2 : room));
     }
+    if (!shown.empty()) TextOut({x, y}, shown, &r);
     y = AddSat(y, lineHeight);
   }
-  const std::int32_t height = SubSat(y, r.top);
-  if (measuring) r = {r.left, r.top, AddSat(r.left, widest), y};
-  return height;
 }
 
 void CDC::PlayMetaFile(const Metafile& metafile) {

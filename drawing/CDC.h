@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "drawing/DrawingTools.h"
 #include "drawing/Geometry.h"
@@ -85,8 +86,9 @@ class CDC {
   void DrawFocusRect(const RECT& r);
 
   /// Sets `text`, bytes as a chart holds them, into `r`: lines at its line breaks and, with
-  /// DT_WORDBREAK, at blanks, cut off at `r`. With DT_CALCRECT nothing is painted and `r` takes
-  /// the size of the text instead. Gives the height of the text.
+  /// DT_WORDBREAK, where its script lets a line end, cut off at `r`. A paragraph that runs from
+  /// right to left stands at the right edge, unless it is centred. With DT_CALCRECT nothing is
+  /// painted and `r` takes the size of the text instead. Gives the height of the text.
   std::int32_t DrawText(std::string_view text, RECT& r, unsigned flags);
 
   /// Plays a recording with this context's mapping and raster mode, and puts back what was
@@ -94,6 +96,10 @@ class CDC {
   void PlayMetaFile(const Metafile& metafile);
 
  private:
+  /// Paints lines of a text, views into it, from the top of `r` on.
+  void PaintLines(std::string_view utf8, const std::vector<std::string_view>& lines, const RECT& r,
+                  unsigned flags);
+
   CPen pen;
   CBrush brush;
   CFont font;

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "drawing/CDC.h"
+#include "drawing/TextDirection.h"
 #include "drawing/Utf16.h"
 
 namespace morvane {
@@ -49,6 +50,7 @@ constexpr std::uint32_t kWinding = 2;
 constexpr std::uint32_t kAlignTopLeft = 0;
 constexpr std::uint32_t kCompatible = 1;
 constexpr std::uint32_t kClipped = 4;
+constexpr std::uint32_t kTurned = 0x80;  ///< the text reads from right to left
 /// Handles of the system's own objects.
 constexpr std::uint32_t kStockNullBrush = 0x80000005;
 constexpr std::uint32_t kStockBlackPen = 0x80000007;
@@ -293,7 +295,10 @@ void EmfWriter::WriteText(const Metafile::Record& call) {
   constexpr std::uint32_t fieldsBehind = 4 + 4 + 16 + 4;  // offset, options, clip, offset
   const std::uint32_t textOffset = record.Length() + fieldsBehind;
   const auto textSize = static_cast<std::uint32_t>((text.size() * 2 + 3) / 4 * 4);
-  record.Number(textOffset).Number(call.clipped ? kClipped : 0U).Rect(call.rect);
+  const bool turned =
+      MayRunRightToLeft(call.text) && DirectionOf(call.text) == TextDirection::RightToLeft;
+  record.Number(textOffset).Number((call.clipped ? kClipped : 0U) | (turned ? kTurned : 0U));
+  record.Rect(call.rect);
   record.Number(textOffset + textSize).Text(text).Zeros(textSize - text.size() * 2);
   for (const std::int32_t advance : Advances(call.text, reference)) record.Number(advance);
   Append(record);

@@ -6,11 +6,16 @@
 #include <cstdio>
 
 #include "drawing/Decimal.h"
+#include "drawing/TextDirection.h"
 #include "drawing/XmlText.h"
 
 namespace morvane {
 
 namespace {
+
+/// Marks around a part of a text that runs from right to left.
+const std::string kTurned = "\u202B";
+const std::string kTurnedEnd = "\u202C";
 
 std::string Number(std::int64_t v) { return std::to_string(v); }
 
@@ -253,7 +258,10 @@ void SvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Number(extent.cx) +
           "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"";
   if (cut) body += ClipAttribute(Placed(*clip));
-  body += ">" + XmlEscape(utf8) + "</text>\n";
+  // The attribute for the direction would make the right edge the beginning, for some viewers only.
+  const bool turned = MayRunRightToLeft(utf8) && DirectionOf(utf8) == TextDirection::RightToLeft;
+  const std::string letters = XmlEscape(utf8);
+  body += ">" + (turned ? kTurned + letters + kTurnedEnd : letters) + "</text>\n";
 }
 
 SIZE SvgDC::GetTextExtent(std::string_view utf8) const {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
+#include <utility>
 
 namespace morvane {
 
@@ -15,6 +17,31 @@ constexpr std::array<std::uint16_t, 32> kWindows1252 = {
 
 bool IsContinuation(std::string_view bytes, std::size_t at) {
   return at < bytes.size() && (static_cast<unsigned char>(bytes[at]) & 0xC0) == 0x80;
+}
+
+/// Where the ASCII letters from a place on end. Most texts are nothing else, and whole charts are
+/// looked through after each change, so that it takes eight at a time.
+std::size_t AsciiEnd(std::string_view bytes, std::size_t at) {
+  constexpr std::uint64_t highBits = 0x8080808080808080;
+  std::uint64_t eight = 0;
+  for (; bytes.size() - at >= sizeof eight; at += sizeof eight) {
+    std::memcpy(&eight, bytes.data() + at, sizeof eight);
+    if ((eight & highBits) != 0) break;
+  }
+  while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80) ++at;
+  return at;
+}
+
+/// The text of Windows-1252 as UTF-8.
+std::string FromWindows1252(std::string_view bytes) {
+  std::string out;
+  out.reserve(bytes.size() + bytes.size() / 8);
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool special = byte >= 0x80 && byte < 0xA0;
+    AppendUtf8(out, special ? kWindows1252[byte - 0x80U] : byte);
+  }
+  return out;
 }
 
 }  // namespace
@@ -35,7 +62,7 @@ CodePoint DecodeUtf8(std::string_view bytes, std::size_t at) {
 }
 
 bool IsValidUtf8(std::string_view bytes) {
-  for (std::size_t at = 0; at < bytes.size();) {
+  for (std::size_t at = AsciiEnd(bytes, 0); at < bytes.size(); at = AsciiEnd(bytes, at)) {
     const std::size_t length = DecodeUtf8(bytes, at).length;
     if (length == 0) return false;
     at += length;
@@ -63,34 +90,36 @@ void AppendUtf8(std::string& out, std::uint32_t codePoint) {
 }
 
 std::string ToUtf8(std::string_view bytes) {
-  if (IsValidUtf8(bytes)) return std::string(bytes);
-  std::string out;
-  out.reserve(bytes.size() + bytes.size() / 8);
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool special = byte >= 0x80 && byte < 0xA0;
-    AppendUtf8(out, special ? kWindows1252[byte - 0x80U] : byte);
-  }
-  return out;
+  return IsValidUtf8(bytes) ? std::string(bytes) : FromWindows1252(bytes);
 }
 
-std::string EncodedLike(std::string_view former, std::string utf8) {
-  if (IsValidUtf8(former)) return utf8;
+std::string ToUtf8(std::string_view bytes, std::size_t limit) {
+  if (IsValidUtf8(bytes)) return std::string(Utf8Prefix(bytes, limit));
+  return FromWindows1252(bytes.substr(0, limit));
+}
+
+std::optional<std::string> ToWindows1252(std::string_view utf8) {
   std::string bytes;
   for (std::size_t at = 0; at < utf8.size();) {
     const CodePoint letter = DecodeUtf8(utf8, at);
     const auto* special = std::ranges::find(kWindows1252, letter.value);
     if (special != kWindows1252.end()) {
       bytes.push_back(static_cast<char>(0x80 + (special - kWindows1252.begin())));
-    } else if (letter.value < 0x100) {
+    } else if (letter.length > 0 && letter.value < 0x100) {
       bytes.push_back(static_cast<char>(letter.value));
     } else {
-      return utf8;
+      return std::nullopt;
     }
     at += letter.length;
   }
-  // What is left can happen to be UTF-8 of another text.
-  return ToUtf8(bytes) == utf8 ? bytes : utf8;
+  if (ToUtf8(bytes) != utf8) return std::nullopt;
+  return bytes;
+}
+
+std::string EncodedLike(std::string_view former, std::string utf8) {
+  if (IsValidUtf8(former)) return utf8;
+  std::optional<std::string> bytes = ToWindows1252(utf8);
+  return bytes ? std::move(*bytes) : std::move(utf8);
 }
 
 std::string_view Utf8Prefix(std::string_view utf8, std::size_t limit) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,12 @@ bool IsValidUtf8(std::string_view bytes);
 void AppendUtf8(std::string& out, std::uint32_t codePoint);
 /// The text as valid UTF-8.
 std::string ToUtf8(std::string_view bytes);
+/// The beginning of the text, of about `limit` bytes, as valid UTF-8. All of the text tells its
+/// encoding.
+std::string ToUtf8(std::string_view bytes, std::size_t limit);
+/// A text of valid UTF-8 in Windows-1252; nothing if that lacks one of its letters, or if what
+/// comes out would be read as UTF-8 of another text.
+std::optional<std::string> ToWindows1252(std::string_view utf8);
 /// A text of valid UTF-8 as bytes of the encoding of those that it comes in the place of, as long
 /// as that can hold it and is read back; else as UTF-8.
 std::string EncodedLike(std::string_view former, std::string utf8);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "drawing/LinePieces.h"
 #include "drawing/TextCodec.h"
 
 namespace morvane {
@@ -25,11 +26,13 @@ std::vector<std::string_view> TextLayout::Break(std::string_view utf8, std::size
   return lines;
 }
 
+std::size_t TextLayout::MostBytes(std::int64_t width) {
+  constexpr std::int64_t widest = 100'000;
+  return static_cast<std::size_t>(std::clamp<std::int64_t>(width, 0, widest)) * 4 + 64;
+}
+
 std::int32_t TextLayout::MeasureBounded(std::string_view piece) const {
-  // A piece of so many bytes is wider than any line, whatever the letters.
-  const std::size_t limit =
-      static_cast<std::size_t>(std::min<std::int64_t>(width, 100'000)) * 4 + 64;
-  return measure(Utf8Prefix(piece, limit));
+  return measure(Utf8Prefix(piece, MostBytes(width)));
 }
 
 void TextLayout::BreakParagraph(std::string_view paragraph, std::size_t maxLines,
@@ -38,28 +41,29 @@ void TextLayout::BreakParagraph(std::string_view paragraph, std::size_t maxLines
     lines.push_back(paragraph);
     return;
   }
-  constexpr std::string_view blanks = " \t";
+  LinePieces pieces(paragraph);
   std::size_t lineStart = 0;
   std::size_t lineEnd = 0;
   std::int64_t lineWidth = 0;
-  std::size_t position = 0;
-  while (lines.size() < maxLines) {
-    const std::size_t wordStart =
-        std::min(paragraph.find_first_not_of(blanks, position), paragraph.size());
-    const std::size_t wordEnd =
-        std::min(paragraph.find_first_of(blanks, wordStart), paragraph.size());
-    if (wordStart == wordEnd) break;
-    const std::int64_t added = MeasureBounded(paragraph.substr(lineEnd, wordEnd - lineEnd));
+  bool isForeign = false;  // some of the line
+  while (lines.size() < maxLines && pieces.Next()) {
+    const std::size_t end = pieces.End();
+    const std::int64_t added = MeasureBounded(paragraph.substr(lineEnd, end - lineEnd));
     const bool first = lineEnd == lineStart;
+    isForeign = isForeign || pieces.IsForeign();
+    if (!first && isForeign && lineWidth + added > width) {
+      // Each of many small pieces was rounded up.
+      lineWidth = MeasureBounded(paragraph.substr(lineStart, end - lineStart)) - added;
+    }
     if (!first && lineWidth + added > width) {
       lines.push_back(paragraph.substr(lineStart, lineEnd - lineStart));
-      lineStart = wordStart;
-      lineWidth = MeasureBounded(paragraph.substr(wordStart, wordEnd - wordStart));
+      lineStart = pieces.Begin();
+      isForeign = pieces.IsForeign();
+      lineWidth = MeasureBounded(paragraph.substr(lineStart, end - lineStart));
     } else {
       lineWidth += added;
     }
-    lineEnd = wordEnd;
-    position = wordEnd;
+    lineEnd = end;
   }
   if (lines.size() < maxLines) lines.push_back(paragraph.substr(lineStart, lineEnd - lineStart));
 }

@@ -17,9 +17,11 @@ class TextLayout {
   TextLayout(Measure measure, std::int64_t width, bool wordBreak);
 
   /// The lines of `utf8` as views into it, without their line breaks (CR LF, LF or CR) and, where a
-  /// line was broken at blanks, without those. At most `maxLines` of them. A word that is wider
-  /// than a line stays whole and is left to the clip.
+  /// line was broken at blanks, without those. At most `maxLines` of them. A piece that is wider
+  /// than a line and may not be parted stays whole and is left to the clip.
   std::vector<std::string_view> Break(std::string_view utf8, std::size_t maxLines) const;
+  /// A line of more bytes than that is wider than `width`, whatever its letters.
+  static std::size_t MostBytes(std::int64_t width);
 
  private:
   void BreakParagraph(std::string_view paragraph, std::size_t maxLines,

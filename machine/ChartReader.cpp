@@ -123,8 +123,8 @@ DrawnMessage Reading::MessageOf(const Mesg& shape, int line) const {
   const bool hasEvent = stream.fileVersion >= kFirstVersionWithEvent;
   DrawnMessage message;
   message.transitionId = shape.GetReadTransitionId();
-  message.event = {text.GetEvent(), line + (hasEvent ? kEventLine : 0)};
-  message.guard = {text.GetGuard(), line + (hasEvent ? kGuardLine : 0)};
+  message.event = {ToUtf8(text.GetEvent()), line + (hasEvent ? kEventLine : 0)};
+  message.guard = {ToUtf8(text.GetGuard()), line + (hasEvent ? kGuardLine : 0)};
   int next = line + (hasEvent ? kGuardLine + 1 : kEventLine);
   message.effect = TakeBlock(text.GetEffect(), next, "TEXTEND");
   return message;
@@ -132,7 +132,7 @@ DrawnMessage Reading::MessageOf(const Mesg& shape, int line) const {
 
 /// The text of a block whose length stands in the line `next`, which moves behind the block.
 MachineText Reading::TakeBlock(const std::string& text, int& next, const char* endTag) const {
-  MachineText block{ModelFile::FromDisk(text), next + kBlockHead};
+  MachineText block{ModelFile::FromDisk(ToUtf8(text)), next + kBlockHead};
   // An empty text is an empty line or none at all.
   const bool hasLines = !text.empty() || lines.Line(block.line) != endTag;
   const auto breaks = std::ranges::count(block.text, '\n');
@@ -145,6 +145,7 @@ void Reading::ReadProperties() {
   ModelProperties& read = chart.properties;
   Machine::PropertyLines& at = chart.propertyLines;
   read.Read(stream);
+  for (std::string* text : read.Texts()) *text = ToUtf8(*text);
   const auto take = [this, &next](std::string& text, const char* endTag, int linesBefore) {
     next += linesBefore;
     MachineText block = TakeBlock(text, next, endTag);

@@ -55,7 +55,7 @@ BuiltMachine FromLines(const std::string& text) {
 }  // namespace
 
 BuiltMachine MachineBuilder::FromText(const std::string& text) {
-  return FromLines(ModelFile::FromDisk(text));
+  return FromLines(ModelFile::FromDisk(ModelFile::WithoutMark(text)));
 }
 
 BuiltMachine MachineBuilder::FromFile(const std::string& path) {

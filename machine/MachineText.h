@@ -4,7 +4,8 @@
 
 namespace morvane {
 
-/// A piece of code that the user wrote into a chart, verbatim, with LF between its lines.
+/// A piece of code that the user wrote into a chart, verbatim, in UTF-8 and with LF between its
+/// lines.
 struct MachineText {
   std::string text;
   int line = 0;  ///< of the model file where it begins, counted from 1

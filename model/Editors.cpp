@@ -25,7 +25,7 @@ class NoEditors : public Editors {
     return false;
   }
   bool EditModelProperties(ModelProperties& /*properties*/) override { return false; }
-  bool EditPaper(std::int32_t& /*printToFit*/) override { return false; }
+  bool EditPaper(PaperChoice& /*choice*/) override { return false; }
   void FindAndReplace(const SearchedChart& /*chart*/) override {}
 };
 

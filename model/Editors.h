@@ -28,6 +28,12 @@ struct BoxFields {
   COLORREF borderColor = 0;
 };
 
+/// How a chart goes on paper.
+struct PaperChoice {
+  std::int32_t printToFit = 0;   ///< all of it on one page
+  std::int32_t sheetTitles = 0;  ///< the chart's name and the page number at the foot of each page
+};
+
 /// The dialogs in which the user edits a chart and its objects, which ask for them by this service.
 /// Each takes what is there, and changes it only when it gives true: the user took the dialog's
 /// values over. The default service has no dialogs and gives false.
@@ -51,8 +57,8 @@ class Editors {
 
   /// The texts that describe a model.
   virtual bool EditModelProperties(ModelProperties& properties) = 0;
-  /// Whether a chart goes on one page; the printer of the desktop can be set up meanwhile.
-  virtual bool EditPaper(std::int32_t& printToFit) = 0;
+  /// How a chart goes on paper; the printer of the desktop can be set up meanwhile.
+  virtual bool EditPaper(PaperChoice& choice) = 0;
   /// Lets the user find and replace texts in a chart, which must not change otherwise meanwhile.
   virtual void FindAndReplace(const SearchedChart& chart) = 0;
 

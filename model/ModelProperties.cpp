@@ -66,6 +66,13 @@ std::string ModelProperties::DefaultOf(std::string ModelProperties::*field) {
   return {};
 }
 
+std::vector<std::string*> ModelProperties::Texts() {
+  return {&ModelName,        &CppClassName,    &CppIncludeFile, &CppNamespace,
+          &CppIncludes,      &CppDeclarations, &Author,         &Description,
+          &CIncludes,        &CDeclarations,   &JavaClassName,  &JavaPackage,
+          &JavaDeclarations, &CSharpClassName, &CSharpPackage,  &CSharpDeclarations};
+}
+
 void ModelProperties::Write(ModelStream& stream) const {
   for (const Field& field : kFields) {
     const std::string& text = this->*field.text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace morvane {
 
@@ -17,6 +18,9 @@ class ModelProperties {
 
   /// What comes in the place of a text that the user has emptied; empty if it may be.
   static std::string DefaultOf(std::string ModelProperties::*field);
+
+  /// All of them, in the order in which they are written.
+  std::vector<std::string*> Texts();
 
   void Write(ModelStream& stream) const;
   /// Reads the fields that the version of the text has; the others keep what they hold. Throws a

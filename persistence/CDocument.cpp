@@ -1,5 +1,6 @@
 #include "persistence/CDocument.h"
 
+#include "drawing/TextCodec.h"
 #include "persistence/ChartText.h"
 #include "persistence/DocumentManager.h"
 #include "platform/CScrollView.h"
@@ -56,7 +57,8 @@ bool CDocument::DoFileSaveAs() {
 
 bool CDocument::SaveTo(const std::string& path) {
   if (manager != nullptr && manager->IsOpenInOther(*this, path)) {
-    ShowMessage(WithName(LoadText(IDS_OPEN_IN_OTHER_WINDOW), FileNameOf(path)), MB_ICONEXCLAMATION);
+    ShowMessage(WithName(LoadText(IDS_OPEN_IN_OTHER_WINDOW), ToUtf8(FileNameOf(path))),
+                MB_ICONEXCLAMATION);
     return false;
   }
   if (!MayOverwrite(path) || !OnSaveDocument(path)) return false;
@@ -68,7 +70,7 @@ bool CDocument::SaveTo(const std::string& path) {
 bool CDocument::SaveModified() {
   if (view != nullptr) view->FinishTyping();
   if (!IsModified()) return true;
-  switch (ShowMessage(WithName(LoadText(IDS_SAVE_CHANGES), title),
+  switch (ShowMessage(WithName(LoadText(IDS_SAVE_CHANGES), ToUtf8(title)),
                       MB_YESNOCANCEL | MB_ICONEXCLAMATION)) {
     case MessageAnswer::Yes: return DoFileSave();
     case MessageAnswer::No: return true;

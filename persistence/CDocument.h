@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "persistence/TextEncoding.h"
 #include "platform/SharedText.h"
 
 namespace morvane {
@@ -14,7 +15,7 @@ class CScrollView;
 /// Something that the user has to know of a document and can decide later: a bar in its window says
 /// it, with a button for each answer.
 struct DocumentNotice {
-  enum class Answer { Reload, KeepMine, Save, Dismiss };
+  enum class Answer { Reload, KeepMine, Save, Dismiss, Convert, KeepEncoding, CloseEncoding };
   struct Button {
     Answer answer;
     std::string text;
@@ -61,6 +62,8 @@ class CDocument {
   virtual bool CanRevert() const { return false; }
   /// Goes back to what the file holds, after a question where that takes changes away.
   virtual void Revert() {}
+  /// Texts of what the view shows were put into another encoding than the user entered them in.
+  virtual void OnEncodingChanged(EncodingChange /*change*/) {}
   /// What the view shows has another text now, or may have.
   virtual void OnTextChanged(const SharedText& /*text*/) {}
 

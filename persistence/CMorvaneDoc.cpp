@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "drawing/TextCodec.h"
 #include "persistence/ChartText.h"
 #include "persistence/ModelFile.h"
 #include "platform/CScrollView.h"
@@ -59,6 +60,7 @@ void CMorvaneDoc::OnTextChanged(const SharedText& text) {
   if (!shown) return;
   SetMarked(!IsSameText(text, savedText));
   KeepOrDrop(text);
+  LookAtEncoding(text);
 }
 
 void CMorvaneDoc::KeepOrDrop(const SharedText& text) {
@@ -162,7 +164,7 @@ bool CMorvaneDoc::Recover(RecoveryOffer& offer) {
 }
 
 void CMorvaneDoc::ReportError(const std::string& path, const std::string& reason) {
-  ShowMessage(path + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
+  ShowMessage(ToUtf8(path) + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
 }
 
 }  // namespace morvane

@@ -30,6 +30,7 @@ class CMorvaneDoc : public CDocument {
   bool OnSaveDocument(const std::string& path) override;
   void OnCloseDocument() override;
   void OnTextChanged(const SharedText& text) override;
+  void OnEncodingChanged(EncodingChange change) override;
 
   bool HasUnsavedMark() const override { return marked; }
   std::string StatusText() const override;
@@ -59,6 +60,8 @@ class CMorvaneDoc : public CDocument {
   /// What the store shall know: the file at `path`, which may be about to change.
   void Describe(const std::string& path, const FileStamp& stamp) const;
   void KeepOrDrop(const SharedText& text);
+  void LookAtEncoding(const SharedText& text);
+  void AddEncodingNotice(std::vector<DocumentNotice>& notices) const;
   std::string Write(const std::string& path, const SharedText& text);
   bool Reload();
 
@@ -69,7 +72,12 @@ class CMorvaneDoc : public CDocument {
   bool marked = false;
   bool emptyFile = false;  ///< the file was opened with nothing in it
   bool openElsewhere = false;
-  bool notKept = false;  ///< the store does not take the unsaved work
+  /// What the bar on the encoding of the texts has to say.
+  enum class EncodingBar { Open, Closed, Answered };
+  EncodingBar encodingBar = EncodingBar::Open;
+  bool hasOldTexts = false;  ///< some are in Windows-1252
+  bool becameUtf8 = false;   ///< all were converted for the sake of one
+  bool notKept = false;      ///< the store does not take the unsaved work
   DiskFile file;
   std::unique_ptr<FileWatch::Handle> watch;
 };

@@ -1,3 +1,6 @@
+#include <utility>
+
+#include "drawing/TextCodec.h"
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ChartText.h"
 #include "persistence/ModelFile.h"
@@ -61,8 +64,33 @@ std::vector<DocumentNotice> CMorvaneDoc::Notices() const {
   if (openElsewhere) {
     notices.push_back({LoadText(IDS_OPEN_ELSEWHERE), {{Answer::Dismiss, Translate("Close")}}});
   }
+  AddEncodingNotice(notices);
   if (notKept) notices.push_back({LoadText(IDS_NOT_KEPT), {{Answer::Save, Translate("Save")}}});
   return notices;
+}
+
+/// Undoing and redoing a conversion brings the bar and takes it away.
+void CMorvaneDoc::LookAtEncoding(const SharedText& text) {
+  const bool isOld = text != nullptr && !IsValidUtf8(*text);
+  if (isOld) becameUtf8 = false;
+  if (std::exchange(hasOldTexts, isOld) != isOld) ShowNotices();
+}
+
+void CMorvaneDoc::OnEncodingChanged(EncodingChange change) {
+  becameUtf8 = change == EncodingChange::MadeUtf8;
+  if (encodingBar == EncodingBar::Closed) encodingBar = EncodingBar::Open;
+  ShowNotices();
+}
+
+void CMorvaneDoc::AddEncodingNotice(std::vector<DocumentNotice>& notices) const {
+  const DocumentNotice::Button close{Answer::CloseEncoding, Translate("Close")};
+  if (becameUtf8) notices.push_back({LoadText(IDS_BECAME_UTF8), {close}});
+  if (!hasOldTexts || encodingBar != EncodingBar::Open) return;
+  const bool isMixed = Chart()->FoundEncoding() == TextEncoding::Mixed;
+  notices.push_back({LoadText(isMixed ? IDS_MIXED_ENCODING : IDS_OLD_ENCODING),
+                     {{Answer::Convert, Translate("Convert to UTF-8")},
+                      {Answer::KeepEncoding, Translate("Keep Windows-1252")},
+                      close}});
 }
 
 void CMorvaneDoc::OnNoticeAnswered(Answer answer) {
@@ -76,6 +104,12 @@ void CMorvaneDoc::OnNoticeAnswered(Answer answer) {
       OnTextChanged(Chart()->SnapshotText());
       break;
     case Answer::Dismiss: openElsewhere = false; break;
+    case Answer::Convert: Chart()->ConvertToUtf8(); break;
+    case Answer::KeepEncoding: encodingBar = EncodingBar::Answered; break;
+    case Answer::CloseEncoding:
+      if (!becameUtf8) encodingBar = EncodingBar::Closed;
+      becameUtf8 = false;
+      break;
   }
   ShowNotices();
 }
@@ -83,8 +117,8 @@ void CMorvaneDoc::OnNoticeAnswered(Answer answer) {
 bool CMorvaneDoc::MayOverwrite(const std::string& path) {
   if (path != GetPathName() || file.Look() != DiskFile::State::Changed) return true;
   ShowNotices();
-  return ShowMessage(WithName(LoadText(IDS_OVERWRITE_CHANGED), FileNameOf(path)), kConfirmFlags) ==
-         MessageAnswer::Yes;
+  return ShowMessage(WithName(LoadText(IDS_OVERWRITE_CHANGED), ToUtf8(FileNameOf(path))),
+                     kConfirmFlags) == MessageAnswer::Yes;
 }
 
 bool CMorvaneDoc::CanRevert() const {
@@ -93,7 +127,8 @@ bool CMorvaneDoc::CanRevert() const {
 }
 
 void CMorvaneDoc::Revert() {
-  const std::string question = WithName(LoadText(IDS_CONFIRM_REVERT), FileNameOf(GetPathName()));
+  const std::string question =
+      WithName(LoadText(IDS_CONFIRM_REVERT), ToUtf8(FileNameOf(GetPathName())));
   if (IsModified() && ShowMessage(question, kConfirmFlags) != MessageAnswer::Yes) return;
   const WaitCursor wait;
   if (Reload()) ShowNotices();

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "persistence/TextEncoding.h"
 #include "platform/SharedText.h"
 
 namespace morvane {
@@ -28,6 +29,10 @@ class ChartText {
   /// Shows another whole model text, as one step that can be undone. False, with nothing changed,
   /// when the text can't be read; `reason` then says why, for the user.
   virtual bool ReplaceText(const std::string& text, std::string& reason) = 0;
+  /// The encoding of the texts that the chart stores.
+  virtual TextEncoding FoundEncoding() = 0;
+  /// Stores all texts in UTF-8, as one step that can be undone.
+  virtual void ConvertToUtf8() = 0;
 
  private:
   CDocument* document = nullptr;

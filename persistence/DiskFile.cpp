@@ -33,7 +33,8 @@ DiskFile::State DiskFile::StateOf(const FileStamp& now) {
   if (!now.exists) return State::Gone;
   std::string bytes;
   if (!hash || !ReadWholeFile(path, bytes).Ok()) return State::Changed;
-  if (HashOf(ModelFile::FromDisk(std::move(bytes))) != *hash) return State::Changed;
+  if (HashOf(ModelFile::FromDisk(ModelFile::WithoutMark(std::move(bytes)))) != *hash)
+    return State::Changed;
   stamp = now;
   return State::Same;
 }

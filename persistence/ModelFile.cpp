@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <sstream>
+#include <string_view>
 
 #include "model/ModelStream.h"
 #include "persistence/ChartText.h"
@@ -15,7 +16,7 @@ std::string ModelFile::ReadText(const std::string& path, std::string& text) {
     std::string bytes;
     const FileResult read = ReadWholeFile(path, bytes);
     if (!read.Ok()) return read.ErrorText();
-    text = FromDisk(std::move(bytes));
+    text = FromDisk(WithoutMark(std::move(bytes)));
     return {};
   } catch (const std::exception&) {
     return LoadText(IDS_UNKNOWN_ERROR);
@@ -61,6 +62,12 @@ std::string ModelFile::FromDisk(std::string bytes) {
     if (!pair) bytes[kept++] = bytes[i];
   }
   bytes.resize(kept);
+  return bytes;
+}
+
+std::string ModelFile::WithoutMark(std::string bytes) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  if (bytes.starts_with(mark)) bytes.erase(0, mark.size());
   return bytes;
 }
 

@@ -25,6 +25,8 @@ class ModelFile {
 
   /// CR LF becomes LF; any other CR stays.
   static std::string FromDisk(std::string bytes);
+  /// The bytes of a file without the mark that says that they are UTF-8.
+  static std::string WithoutMark(std::string bytes);
   static std::string ToDisk(const std::string& text);
 };
 

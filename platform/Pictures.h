@@ -23,7 +23,7 @@ class Pictures {
     double scale = 1;           ///< pixels to the logical unit
     double pixelsPerInch = 96;  ///< how large other programs show or print the picture
     bool transparent = false;   ///< nothing is behind what is painted; white otherwise
-    Progress progress;
+    Progress progress = nullptr;
   };
 
   virtual ~Pictures() = default;

@@ -1,7 +1,5 @@
 #include "platform/ViewPages.h"
 
-#include <algorithm>
-
 #include "drawing/CDC.h"
 #include "platform/CScrollView.h"
 #include "platform/MessageBox.h"
@@ -38,13 +36,13 @@ std::string ViewPages::PrintOn(PrintJob& job) {
   std::string problem;
   const int count = Begin(job.DC(), problem);
   if (!problem.empty()) return problem;
-  const int first = std::max(info.fromPage, 1);
-  const int last = std::min(info.toPage, count);
-  for (int page = first; page <= last && job.StartPage(last - first + 1); ++page) {
+  const std::vector<int> sequence = info.Sequence(count);
+  for (const int page : sequence) {
+    if (!job.StartPage(static_cast<int>(sequence.size()))) break;
     Paint(job.DC(), page);
   }
   End(job.DC());
-  return first <= last ? job.End() : Worded(kNoSuchPages);
+  return sequence.empty() ? Worded(kNoSuchPages) : job.End();
 }
 
 std::string ViewPages::PrintAll() {

@@ -118,6 +118,15 @@ constexpr std::array kTexts = {
          "This will go back to the chart that the file %1 holds.\n\nDo you want to continue ?"},
     Text{IDS_NOT_KEPT,
          "Changes of this chart cannot be kept for a recovery: the disk may be full."},
+    Text{IDS_OLD_ENCODING,
+         "This chart has texts in Windows-1252. Texts that you enter are saved in that encoding, "
+         "too, until you convert the chart."},
+    Text{IDS_MIXED_ENCODING,
+         "This chart has texts in Windows-1252 and others in UTF-8. The next change puts all of "
+         "them into one encoding."},
+    Text{IDS_BECAME_UTF8,
+         "Windows-1252 lacks a letter that was entered, so that all texts of this chart were "
+         "converted to UTF-8. Undo takes that back."},
     Text{IDS_OBJECTS, "Objects: %1"},
     Text{IDS_TOOL_NOT_RUN, "Not started yet"},
     Text{IDS_TOOL_RUNS, "Running..."},

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "connectors/ChartFactory.h"
+#include "drawing/TextBreaks.h"
 #include "drawing/TextCodec.h"
 #include "machine/DrawnChart.h"
 #include "machine/Nesting.h"
@@ -192,14 +193,14 @@ void Describing::AddDetails() {
       const std::string text = valueOf(object, "text");
       object.detail = LineDiff::Readable(text.substr(0, text.find('\n')));
     }
-    object.detail.resize(Utf8Prefix(object.detail, kMaxDetail).size());
+    object.detail.resize(LetterPrefix(object.detail, kMaxDetail).size());
   }
 }
 
 void Describing::TakeProperties(const ModelProperties& read) {
   for (const PropertyRow& row : kProperties) {
     description.properties.push_back(
-        {Fact::Aspect::Text, row.label, ModelFile::FromDisk(read.*row.text), {}});
+        {Fact::Aspect::Text, row.label, ModelFile::FromDisk(ToUtf8(read.*row.text)), {}});
   }
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "connectors/ChainRecord.h"
+#include "drawing/TextCodec.h"
 #include "model/AnchorKey.h"
 #include "model/ModelStream.h"
 #include "persistence/ModelFile.h"
@@ -77,12 +78,12 @@ POINT FactReader::ReadPoint() {
   return p;
 }
 
-std::string FactReader::Line() { return morvane::ReadLine(in); }
+std::string FactReader::Line() { return ToUtf8(morvane::ReadLine(in)); }
 
 std::string FactReader::Block(const char* beginTag, const char* endTag) {
   std::string text;
   ReadTextBlock(in, text, beginTag, endTag);
-  return ModelFile::FromDisk(std::move(text));
+  return ModelFile::FromDisk(ToUtf8(text));
 }
 
 Fact FactReader::Reference(const char* label, std::int64_t id) const {

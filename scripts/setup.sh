@@ -14,6 +14,7 @@ packages=(
   libpugixml-dev       # reads XML
   zlib1g-dev           # compresses pictures
   fonts-dejavu-core    # stands in for Verdana
+  fonts-noto-core fonts-droid-fallback # letters of all scripts, for the tests
   qt6-translations-l10n # the toolkit's own texts in the languages of the program
   poppler-utils        # shows the tests what a document's pages look like
   libgtest-dev libbenchmark-dev

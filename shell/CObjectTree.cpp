@@ -10,6 +10,7 @@
 #include "connectors/Mesg.h"
 #include "connectors/Note.h"
 #include "connectors/Transition.h"
+#include "drawing/TextCodec.h"
 #include "model/Collection.h"
 #include "model/Enclosures.h"
 #include "model/ModelMgr.h"
@@ -59,7 +60,7 @@ NodeImage ImageOf(const Transition& transition) {
 
 /// The first line of a note that says something.
 std::string TextOf(Note& note) {
-  const std::string& text = note.GetText().GetText();
+  const std::string text = ToUtf8(note.GetText().GetText());
   const std::size_t start = text.find_first_not_of(" \t\r\n");
   if (start == std::string::npos) return LoadText(IDS_NOTE);
   return text.substr(start, text.find_first_of("\r\n", start) - start);
@@ -76,7 +77,7 @@ TreeItem* NextInWalk(TreeItem* item, const TreeItem* root) {
 }
 
 std::string TextOf(const Mesg& mesg) {
-  return "on" + mesg.GetText().GetEvent() + " [" + mesg.GetText().GetGuard() + "]";
+  return "on" + ToUtf8(mesg.GetText().GetEvent()) + " [" + ToUtf8(mesg.GetText().GetGuard()) + "]";
 }
 
 std::vector<std::pair<Shape*, RECT>> Outlines(const std::vector<Shape*>& states) {

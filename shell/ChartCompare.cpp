@@ -1,5 +1,6 @@
 #include "shell/ChartCompare.h"
 
+#include "drawing/TextCodec.h"
 #include "persistence/CDocument.h"
 #include "platform/CScrollView.h"
 #include "platform/Files.h"
@@ -38,7 +39,7 @@ std::unique_ptr<ChartComparison> CompareWithFile(const CDocument& document,
     return nullptr;
   }
   if (!comparison->Diff().IsSame()) return comparison;
-  ShowMessage(WithName(LoadText(IDS_CHARTS_SAME), FileNameOf(file)));
+  ShowMessage(WithName(LoadText(IDS_CHARTS_SAME), ToUtf8(FileNameOf(file))));
   return nullptr;
 }
 

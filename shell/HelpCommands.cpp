@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "drawing/TextCodec.h"
 #include "platform/Files.h"
 #include "platform/InstallFolder.h"
 #include "platform/MessageBox.h"
@@ -19,7 +20,7 @@ void OpenDocument(const char* name) {
   const std::string path = FindPath(GetInstallFolder() + name);
   switch (Service<ShellOpen>::Get().OpenFile(path)) {
     case OpenResult::NotFound: ShowMessage(LoadText(IDS_HELP_NOT_FOUND)); break;
-    case OpenResult::NoProgram: ShowMessage(LoadText(IDS_HELP_NO_VIEWER) + path); break;
+    case OpenResult::NoProgram: ShowMessage(LoadText(IDS_HELP_NO_VIEWER) + ToUtf8(path)); break;
     case OpenResult::Opened:
     case OpenResult::Failed: break;
   }

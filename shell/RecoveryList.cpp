@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "drawing/TextCodec.h"
 #include "persistence/ModelFile.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -73,7 +74,7 @@ void RecoveryList::SaveAs(int id) {
   if (!path) return;
   const std::string reason = ModelFile::Save(*path, offer.text);
   if (!reason.empty()) {
-    ShowMessage(*path + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
+    ShowMessage(ToUtf8(*path) + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
     return;
   }
   if (offer.entry != nullptr) offer.entry->Drop();
@@ -82,7 +83,7 @@ void RecoveryList::SaveAs(int id) {
 
 void RecoveryList::Discard(int id) {
   if (!Has(id)) return;
-  const std::string question = WithName(LoadText(IDS_CONFIRM_DISCARD), Find(id).Name());
+  const std::string question = WithName(LoadText(IDS_CONFIRM_DISCARD), ToUtf8(Find(id).Name()));
   if (ShowMessage(question, kConfirmFlags) != MessageAnswer::Yes) return;
   if (Find(id).offer.entry != nullptr) Find(id).offer.entry->Drop();
   Remove(id);

@@ -1,6 +1,7 @@
 #include "states/EntryExitTextBox.h"
 
 #include "drawing/CDC.h"
+#include "drawing/TextCodec.h"
 #include "model/ChartView.h"
 #include "model/Editors.h"
 #include "platform/Service.h"
@@ -15,9 +16,9 @@ void EntryExitTextBox::SetTexts(const std::string& entryText, const std::string&
 
 std::string EntryExitTextBox::ShownText() const {
   std::string text = "[" + LoadText(IDS_ENTRY) + "]\n";
-  if (!entry.empty()) text.append(entry, 0, CDC::kMaxPaintedBytes) += '\n';
+  if (!entry.empty()) text.append(ToUtf8(entry, CDC::kMaxPaintedBytes)) += '\n';
   text += "[" + LoadText(IDS_EXIT) + "]\n";
-  if (!exit.empty()) text.append(exit, 0, CDC::kMaxPaintedBytes);
+  if (!exit.empty()) text.append(ToUtf8(exit, CDC::kMaxPaintedBytes));
   return text;
 }
 

@@ -20,7 +20,7 @@ class EntryExitTextBox : public TextHandler {
   const std::string& GetEntry() const { return entry; }
   const std::string& GetExit() const { return exit; }
 
-  /// Both texts under their headings, as they are painted.
+  /// Both texts under their headings, as they are painted, in UTF-8.
   std::string ShownText() const;
   /// Paints both texts under their headings into a rectangle in logical units.
   void Draw(CDC* dc, const RECT& rect) const;

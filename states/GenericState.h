@@ -37,8 +37,6 @@ class GenericState : public StartableState, public EndableState {
   std::vector<Shape*> Contents() const;
   bool KeepsHistory() const { return history != 0; }
   void SetKeepsHistory(bool keeps) { history = keeps ? 1 : 0; }
-  /// The name, for who changes it from outside and then calls `OnRenamed`.
-  std::string& NameText() { return name; }
   /// The name was changed: shows it wherever it stands. A state has always one.
   void OnRenamed();
   /// Runs the editor of name and look; true if the user took them over.

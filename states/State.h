@@ -21,6 +21,8 @@ class State : public ConnectableRectShape {
   /// The border as it is painted, logical units. It stands a little inside the rectangle.
   virtual RECT GetPaintedBorder() const = 0;
   const std::string& GetName() const { return name; }
+  /// The name, for who changes it from outside.
+  std::string& NameText() { return name; }
 
  protected:
   Layer GetClassLayer() const override { return LAYER_STATE; }

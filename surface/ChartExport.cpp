@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "drawing/TextCodec.h"
 #include "model/Collection.h"
 #include "persistence/CDocument.h"
 #include "platform/Clipboard.h"
@@ -120,7 +121,7 @@ void ExportPicture(LayoutMgr& chart) {
   if (reason.empty()) {
     Remember(*answer);
   } else {
-    ShowMessage(answer->path + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
+    ShowMessage(ToUtf8(answer->path) + "\n\n" + LoadText(IDS_COMMAND_FAILED) + reason, MB_ICONHAND);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "drawing/TextCodec.h"
 #include "persistence/CDocument.h"
 #include "platform/MessageBox.h"
 #include "surface/LayoutMgr.h"
@@ -25,13 +26,34 @@ std::string_view BehindZoom(std::string_view text) {
 void ChartHistory::Keep() {
   // A click behind a zoom is no step either, and what can be redone stays.
   KeepZoom();
+  std::string text = view.ModelText();
+  const EncodingChange change = Unify(text);
   if (std::exchange(goesOn, false) && history.CanUndo() && !history.CanRedo()) {
-    history.Amend(view.ModelText());
+    history.Amend(std::move(text));
   } else {
-    history.Push(view.ModelText());
+    history.Push(std::move(text));
   }
   snapshotZoom = view.GetStoredZoom();
   Tell(history.Current());
+  if (change != EncodingChange::None && view.GetDocument() != nullptr) {
+    view.GetDocument()->OnEncodingChanged(change);
+  }
+}
+
+/// A chart that was edited is stored in the encoding that it had; one that was only read stays as
+/// it is.
+EncodingChange ChartHistory::Unify(std::string& text) {
+  const SharedText snapshot = history.Current();
+  if (std::exchange(isAsRead, false) || snapshot == nullptr ||
+      BehindZoom(text) == BehindZoom(*snapshot)) {
+    return EncodingChange::None;
+  }
+  const bool wasUtf8 = IsValidUtf8(*snapshot);
+  if (wasUtf8 && IsValidUtf8(text)) return EncodingChange::None;
+  const EncodingChange change =
+      view.UnifyEncoding(wasUtf8 ? TextEncoding::Utf8 : TextEncoding::Windows1252);
+  text = view.ModelText();
+  return change;
 }
 
 void ChartHistory::OnZoomChanged() { Tell(std::make_shared<const std::string>(view.ModelText())); }

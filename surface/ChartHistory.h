@@ -4,6 +4,7 @@
 #include <string>
 
 #include "model/ChartView.h"
+#include "persistence/TextEncoding.h"
 #include "persistence/UndoHistory.h"
 #include "platform/SharedText.h"
 
@@ -26,6 +27,8 @@ class ChartHistory {
   void Keep();
   /// What `Keep` finds next is no step of its own but goes on with the present one.
   void GoOnWithStep() { goesOn = true; }
+  /// What `Keep` finds next was read or converted as a whole and keeps the bytes of its texts.
+  void TakeAsRead() { isAsRead = true; }
   /// Tells the document of a change of the zoom, which is a part of the text and yet no step.
   void OnZoomChanged();
   void Undo();
@@ -33,12 +36,14 @@ class ChartHistory {
 
  private:
   void KeepZoom();
+  EncodingChange Unify(std::string& text);
   void StepTo(const SharedText& snapshot, void (UndoHistory::*step)());
   void Tell(const SharedText& text);
 
   LayoutMgr& view;
   UndoHistory history;
   bool goesOn = false;
+  bool isAsRead = false;
   std::int16_t snapshotZoom = ChartView::kNormalZoom;  ///< of the present snapshot
 };
 

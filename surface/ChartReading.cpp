@@ -1,6 +1,7 @@
 #include "surface/ChartReading.h"
 
 #include "connectors/Line.h"
+#include "drawing/TextCodec.h"
 #include "model/ModelMgr.h"
 #include "resources/Texts.h"
 #include "surface/KeyboardWalk.h"
@@ -44,7 +45,9 @@ const ReadingOrder& ChartReading::Order() {
   return *order;
 }
 
-std::string ChartReading::Name() { return WithName(LoadText(IDS_READ_CHART), view.GetTitle()); }
+std::string ChartReading::Name() {
+  return WithName(LoadText(IDS_READ_CHART), ToUtf8(view.GetTitle()));
+}
 
 bool ChartReading::Has(Key key) { return view.GetModel().Find(key) != nullptr; }
 

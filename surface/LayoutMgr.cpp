@@ -12,6 +12,7 @@
 #include "model/ObjectBrowser.h"
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/ModelHeader.h"
+#include "persistence/CDocument.h"
 #include "platform/CPrintInfo.h"
 #include "platform/MessageBox.h"
 #include "platform/ModalLoop.h"
@@ -19,6 +20,7 @@
 #include "resources/CommandIds.h"
 #include "resources/Texts.h"
 #include "surface/ChartCommands.h"
+#include "surface/ChartEncoding.h"
 #include "surface/ChartHistory.h"
 #include "surface/ChartLook.h"
 #include "surface/ChartReading.h"
@@ -307,8 +309,22 @@ bool LayoutMgr::ReplaceText(const std::string& text, std::string& reason) {
   FinishTyping();
   if (watcher != nullptr) watcher->OnReplacing();
   if (!Restore(text, reason)) return false;
+  history->TakeAsRead();
   TakeSnapshot();
   return true;
+}
+
+TextEncoding LayoutMgr::FoundEncoding() { return ChartEncoding(*model, properties).Found(); }
+
+EncodingChange LayoutMgr::UnifyEncoding(TextEncoding former) {
+  return ChartEncoding(*model, properties).Unify(former);
+}
+
+void LayoutMgr::ConvertToUtf8() {
+  FinishTyping();
+  ChartEncoding(*model, properties).ConvertToUtf8();
+  history->TakeAsRead();
+  TakeSnapshot();
 }
 
 void LayoutMgr::OnBeginPrinting(CDC& dc, CPrintInfo& info) {
@@ -322,6 +338,12 @@ void LayoutMgr::OnPrint(CDC& dc, CPrintInfo& info) {
   printMapping->SelectPage(dc, info.curPage);
   dc.SetTextColor(GetTextColor());
   model->DrawAll(&dc);
+  printMapping->DrawFoot(dc, info.curPage, GetTitle());
+}
+
+bool LayoutMgr::OnPreparePrinting(CPrintInfo& info) {
+  if (GetDocument() != nullptr) info.path = GetDocument()->GetPathName();
+  return DoPreparePrinting(info);
 }
 
 void LayoutMgr::OnFilePrintSetup() { printMapping->Edit(); }

@@ -123,6 +123,10 @@ class LayoutMgr : public ChartView, public ChartText {
   /// False with the reason, and nothing changed, if the text can't be read.
   bool Restore(const std::string& text, std::string& reason);
   bool ReplaceText(const std::string& text, std::string& reason) override;
+  TextEncoding FoundEncoding() override;
+  void ConvertToUtf8() override;
+  /// Puts the texts of an edited chart into the one encoding that it had.
+  EncodingChange UnifyEncoding(TextEncoding former);
   SharedText SnapshotText() const override;
   std::string ModelText() const override;
   std::string EmptyText() const override { return LayoutMgr().ModelText(); }
@@ -136,6 +140,7 @@ class LayoutMgr : public ChartView, public ChartText {
   void OnInitialUpdate() override;
   void OnDraw(CDC& dc) override;
   bool OnScrollBy(SIZE distance) override;
+  bool OnPreparePrinting(CPrintInfo& info) override;
   void OnBeginPrinting(CDC& dc, CPrintInfo& info) override;
   void OnPrint(CDC& dc, CPrintInfo& info) override;
   void OnFilePrintSetup() override;

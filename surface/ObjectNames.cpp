@@ -1,6 +1,5 @@
 #include "surface/ObjectNames.h"
 
-#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <string_view>
@@ -9,6 +8,8 @@
 #include "connectors/Mesg.h"
 #include "connectors/Note.h"
 #include "connectors/Transition.h"
+#include "drawing/TextBreaks.h"
+#include "drawing/TextCodec.h"
 #include "resources/Texts.h"
 #include "states/FinalState.h"
 #include "states/GenericState.h"
@@ -28,15 +29,14 @@ std::string Fill(unsigned textId, std::string_view first, std::string_view secon
   return Filled(LoadText(textId), parts);
 }
 
-/// The first line that says something, or its beginning.
-std::string_view FirstLine(std::string_view text) {
+/// The first line that says something, or its beginning, in UTF-8.
+std::string FirstLine(const std::string& stored) {
+  const std::string text = ToUtf8(stored);
   const std::size_t start = text.find_first_not_of(" \t\r\n");
-  if (start == std::string_view::npos) return {};
-  const std::string_view line = text.substr(start, text.find_first_of("\r\n", start) - start);
-  std::size_t end = std::min(line.size(), kLongestPart);
-  // Not within a letter of several bytes.
-  while (end > 0 && end < line.size() && (line[end] & 0xC0) == 0x80) --end;
-  return line.substr(0, end);
+  if (start == std::string::npos) return {};
+  const std::string_view line =
+      std::string_view(text).substr(start, text.find_first_of("\r\n", start) - start);
+  return std::string(LetterPrefix(line, kLongestPart));
 }
 
 std::string JoinLines(std::initializer_list<std::string> texts) {
@@ -50,13 +50,13 @@ std::string JoinLines(std::initializer_list<std::string> texts) {
 }
 
 std::string Labelled(unsigned textId, const std::string& text) {
-  return FirstLine(text).empty() ? std::string() : WithName(LoadText(textId), text);
+  return FirstLine(text).empty() ? std::string() : WithName(LoadText(textId), ToUtf8(text));
 }
 
 /// The event and the guard: "coin [amount > 0]".
 std::string TriggerOf(const Mesg& mesg) {
   const EventEditorBox& text = mesg.GetText();
-  std::string trigger(FirstLine(text.GetEvent()));
+  std::string trigger = FirstLine(text.GetEvent());
   if (!text.GetGuard().empty()) {
     if (!trigger.empty()) trigger += ' ';
     trigger.append("[").append(FirstLine(text.GetGuard())) += ']';
@@ -68,7 +68,7 @@ std::string EndName(const State* state) {
   if (state == nullptr) return LoadText(IDS_FREE_END);
   if (dynamic_cast<const InitialState*>(state) != nullptr) return LoadText(IDS_READ_INITIAL);
   if (dynamic_cast<const FinalState*>(state) != nullptr) return LoadText(IDS_READ_FINAL);
-  return std::string(FirstLine(state->GetName()));
+  return FirstLine(state->GetName());
 }
 
 std::string NameOf(const Transition& transition) {

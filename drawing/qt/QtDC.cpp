@@ -100,6 +100,14 @@ RECT QtDC::GetClipBox() const {
                                          up(clipBox.right() + 1), up(clipBox.bottom() + 1)});
 }
 
+QColor QtDC::Ink(COLORREF c) const {
+  const QRgb colour = qRgb(static_cast<int>(GetRValue(c)), static_cast<int>(GetGValue(c)),
+                           static_cast<int>(GetBValue(c)));
+  if (!greys) return QColor::fromRgb(colour);
+  const int grey = qGray(colour);
+  return QColor(grey, grey, grey);
+}
+
 double QtDC::ToPhysical(std::int32_t device) const { return std::floor(device * scale + 0.5); }
 
 QPointF QtDC::ToPhysical(POINT p) const {
@@ -141,8 +149,7 @@ void QtDC::SetMode(bool smooth) {
 
 void QtDC::FillRect(const RECT& r, const CBrush& with) {
   if (with.hollow) return;
-  FillBox(ToPhysical(r),
-          QColor(GetRValue(with.colour), GetGValue(with.colour), GetBValue(with.colour)));
+  FillBox(ToPhysical(r), Ink(with.colour));
 }
 
 void QtDC::FillBox(const QRectF& box, QColor colour) {
@@ -155,8 +162,7 @@ void QtDC::FillBox(const QRectF& box, QColor colour) {
 void QtDC::FillMask(POINT topLeft, const BitMask& mask) {
   if (GetBrush().hollow) return;
   const POINT origin = LPtoDP(topLeft);
-  const COLORREF c = GetBrush().colour;
-  const QColor colour(GetRValue(c), GetGValue(c), GetBValue(c));
+  const QColor colour = Ink(GetBrush().colour);
   for (int y = 0; y < std::min(mask.height, BitMask::kMaxRows); ++y) {
     for (int x = 0; x < std::min(mask.width, 8); ++x) {
       if (!mask.IsSet(x, y)) continue;

@@ -38,6 +38,8 @@ class QtDC : public CDC {
   /// The device is, or stands for, paper of `area` device pixels that nobody can see one by one: a
   /// thin pen is as thick as on the screen, and so are its dashes.
   void SetPaper(SIZE area, int pixelsPerInch);
+  /// Colours become greys of the same lightness.
+  void SetGreys(bool wanted) { greys = wanted; }
   QPainter& Painter() { return painter; }
 
   int GetDeviceCaps(DeviceCap cap) const override;
@@ -62,6 +64,7 @@ class QtDC : public CDC {
   double PenWidth() const;
   std::vector<int> DashLengths() const;
   QPen StrokePen() const;
+  QColor Ink(COLORREF colour) const;
 
   QPointF ToPhysical(POINT p) const;
   QRectF ToPhysical(const RECT& r) const;
@@ -87,6 +90,7 @@ class QtDC : public CDC {
   double scale;
   SIZE size;  ///< device pixels
   bool page = false;
+  bool greys = false;
   int logPixels = 96;
   double dot = 1;    ///< a pixel of the screen for pens, physical pixels
   int hairline = 1;  ///< thickness of a thin pen, physical pixels

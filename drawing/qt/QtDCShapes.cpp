@@ -5,6 +5,7 @@
 
 #include <QPainterPath>
 #include <QTextLayout>
+#include <QTextOption>
 
 #include "drawing/qt/LineClip.h"
 #include "drawing/qt/PixelRuns.h"
@@ -21,11 +22,6 @@ namespace {
 /// Room around the visible part in which the ends of cut lines lie.
 constexpr double kFarMargin = 64;
 constexpr double kWidestPen = 2000;
-
-QColor ToColour(COLORREF c) {
-  return {static_cast<int>(GetRValue(c)), static_cast<int>(GetGValue(c)),
-          static_cast<int>(GetBValue(c))};
-}
 
 bool IsUpright(const QPolygonF& points, bool closed) {
   const qsizetype count = points.size() - (closed ? 0 : 1);
@@ -48,6 +44,10 @@ QPointF StepBack(QPointF from, QPointF to, double half) {
 void PaintLaidOut(QPainter& painter, QPointF baseline, const QFont& font, const QString& text) {
   constexpr double unlimited = 1e6;
   QTextLayout layout(text, font);
+  // A line that runs from right to left begins at the left edge of its letters, too.
+  QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+  option.setTextDirection(Qt::LayoutDirectionAuto);
+  layout.setTextOption(option);
   layout.beginLayout();
   QTextLine line = layout.createLine();
   if (!line.isValid()) return;
@@ -79,7 +79,7 @@ QPen QtDC::StrokePen() const {
   const CPen& wanted = GetPen();
   if (wanted.style == PenStyle::Null) return QPen(Qt::NoPen);
   const bool thin = IsPenThin();
-  QPen pen(QBrush(ToColour(wanted.colour)), PenWidth(), Qt::SolidLine,
+  QPen pen(QBrush(Ink(wanted.colour)), PenWidth(), Qt::SolidLine,
            thin ? Qt::FlatCap : Qt::RoundCap, thin ? Qt::MiterJoin : Qt::RoundJoin);
   const std::vector<int> dashes = DashLengths();
   if (!dashes.empty()) {
@@ -113,7 +113,7 @@ void QtDC::StrokeLines(QPolygonF points, bool closed) {
     PixelRuns runs(clipBox, hairline, dashes);
     const qsizetype count = points.size() - (closed ? 0 : 1);
     for (qsizetype i = 0; i < count; ++i) runs.AddLine(points[i], points[(i + 1) % points.size()]);
-    PaintRuns(runs, ToColour(GetPen().colour));
+    PaintRuns(runs, Ink(GetPen().colour));
     return;
   }
   const QRectF box = points.boundingRect();
@@ -152,7 +152,7 @@ void QtDC::StrokeDashes(const QLineF& line, double from, double to, double befor
   const QPointF direction = (line.p2() - line.p1()) / line.length();
   const QPointF aside = QPointF(-direction.y(), direction.x()) * (PenWidth() / 2);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(ToColour(GetPen().colour));
+  painter.setBrush(Ink(GetPen().colour));
   double at = std::floor((before + from) / total) * total - before;
   while (at < to) {
     for (std::size_t i = 0; i < lengths.size(); ++i) {
@@ -205,7 +205,7 @@ void QtDC::Polygon(std::span<const POINT> points) {
     }
     SetMode(!Inverts() && !IsUpright(physical, true));
     painter.setPen(Qt::NoPen);
-    painter.setBrush(ToColour(GetBrush().colour));
+    painter.setBrush(Ink(GetBrush().colour));
     painter.drawPolygon(area, Qt::WindingFill);
   }
   if (GetPen().style != PenStyle::Null) StrokeLines(std::move(physical), true);
@@ -218,11 +218,11 @@ void QtDC::Rectangle(const RECT& r) {
   const double width = hasPen ? PenWidth() : 0;
   if (Visible(box).isEmpty()) return;
   if (hasPen && (box.width() <= 2 * width || box.height() <= 2 * width)) {
-    FillBox(box, ToColour(GetPen().colour));
+    FillBox(box, Ink(GetPen().colour));
     return;
   }
   if (!GetBrush().hollow) {
-    FillBox(box.adjusted(width, width, -width, -width), ToColour(GetBrush().colour));
+    FillBox(box.adjusted(width, width, -width, -width), Ink(GetBrush().colour));
   }
   if (!hasPen) return;
   const std::vector<int> dashes = DashLengths();
@@ -234,7 +234,7 @@ void QtDC::Rectangle(const RECT& r) {
   runs.AddLine(topRight, bottomRight);
   runs.AddLine(bottomRight, bottomLeft);
   runs.AddLine(bottomLeft, box.topLeft());
-  PaintRuns(runs, ToColour(GetPen().colour));
+  PaintRuns(runs, Ink(GetPen().colour));
 }
 
 void QtDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
@@ -291,7 +291,7 @@ bool QtDC::PaintRing(const QPainterPath& outer, const QPainterPath& inner) {
   if (hole.width() < 1 || hole.height() < 1) return false;
   SetMode(true);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(ToColour(GetPen().colour));
+  painter.setBrush(Ink(GetPen().colour));
   if (GetBrush().hollow) {
     QPainterPath ring = outer;
     ring.addPath(inner);
@@ -299,7 +299,7 @@ bool QtDC::PaintRing(const QPainterPath& outer, const QPainterPath& inner) {
     return true;
   }
   painter.drawPath(outer);
-  painter.setBrush(ToColour(GetBrush().colour));
+  painter.setBrush(Ink(GetBrush().colour));
   painter.drawPath(inner);
   return true;
 }
@@ -315,7 +315,7 @@ void QtDC::PaintPath(const QPainterPath& path, bool filled, Qt::PenCapStyle cap)
   // The pixels in which an open curve ends are covered whole, so that it meets the lines there.
   if (pen.style() == Qt::SolidLine && !Inverts()) pen.setCapStyle(cap);
   painter.setPen(pen);
-  painter.setBrush(filled && !GetBrush().hollow ? QBrush(ToColour(GetBrush().colour))
+  painter.setBrush(filled && !GetBrush().hollow ? QBrush(Ink(GetBrush().colour))
                                                 : QBrush(Qt::NoBrush));
   painter.drawPath(path);
 }
@@ -325,7 +325,7 @@ void QtDC::PaintFarPath(const QPainterPath& path, bool filled) {
   for (const QPolygonF& part : path.toSubpathPolygons()) {
     if (filled && !GetBrush().hollow) {
       painter.setPen(Qt::NoPen);
-      painter.setBrush(ToColour(GetBrush().colour));
+      painter.setBrush(Ink(GetBrush().colour));
       painter.drawPolygon(ClipPolygon(part, around), Qt::WindingFill);
     }
     if (GetPen().style != PenStyle::Null && part.size() > 1) StrokeFarLines(part, false);
@@ -334,7 +334,7 @@ void QtDC::PaintFarPath(const QPainterPath& path, bool filled) {
 
 void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
   const QtFont& font = fonts.Get(GetFont());
-  const QColor colour = ToColour(GetTextColor());
+  const QColor colour = Ink(GetTextColor());
   if (Inverts()) {
     // Letters as areas: each pixel is turned over once.
     QPainterPath path;

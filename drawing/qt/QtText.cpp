@@ -7,7 +7,9 @@
 #include <QFile>
 #include <QStringList>
 
+#include "drawing/TextBreaks.h"
 #include "drawing/TextCodec.h"
+#include "drawing/TextDirection.h"
 
 namespace morvane {
 
@@ -17,6 +19,7 @@ constexpr int kMaxPixelSize = 4000;
 constexpr double kSmallestSpacing = 1.0 / 64;
 constexpr const char* kStandInFace = "DejaVu Sans";
 constexpr std::size_t kLongestPiece = 1024;
+constexpr std::size_t kLongestTurningPiece = 8192;
 /// Texts up to this length are worth remembering.
 constexpr std::size_t kRememberedLength = 256;
 
@@ -116,7 +119,10 @@ double QtFont::Advance(std::string_view utf8) const {
 }
 
 std::string_view QtFont::TakePiece(std::string_view& utf8) {
-  std::string_view piece = Utf8Prefix(utf8, kLongestPiece);
+  // Parts of a line that runs both ways do not stand one behind the other.
+  const bool turns =
+      utf8.size() > kLongestPiece && MayRunRightToLeft(utf8.substr(0, kLongestTurningPiece));
+  std::string_view piece = LetterPrefix(utf8, turns ? kLongestTurningPiece : kLongestPiece);
   if (piece.empty()) piece = utf8;
   utf8.remove_prefix(piece.size());
   return piece;

@@ -1,5 +1,6 @@
 #include "platform/qt/BoxText.h"
 
+#include "drawing/TextBreaks.h"
 #include "drawing/TextCodec.h"
 
 namespace morvane {
@@ -21,7 +22,7 @@ BoxText::BoxText(std::string_view bytes) {
     if (line.size() <= kMaxLineBytes) {
       utf8 += line;
     } else {
-      utf8.append(Utf8Prefix(line, kShownBytes)).append(kEllipsis);
+      utf8.append(LetterPrefix(line, kShownBytes)).append(kEllipsis);
       whole = false;
     }
     if (end == std::string_view::npos) break;

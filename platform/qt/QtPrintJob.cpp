@@ -4,6 +4,7 @@
 #include <QPrinter>
 #include <QProgressDialog>
 
+#include "drawing/TextCodec.h"
 #include "drawing/qt/QtDC.h"
 #include "drawing/qt/QtText.h"
 #include "platform/Files.h"
@@ -46,6 +47,7 @@ bool QtPrintJob::Open() {
   const SIZE area = PageArea(printer);
   dc = std::make_unique<QtDC>(Device(), 1, area, fonts);
   dc->SetPaper(area, printer.resolution());
+  dc->SetGreys(printer.colorMode() == QPrinter::GrayScale);
   return dc->Painter().isActive();
 }
 
@@ -95,7 +97,7 @@ std::string QtPrintJob::WriteFile() {
   const QByteArray& bytes = file.data();
   const FileResult written =
       ReplaceWholeFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  return written.Ok() ? std::string() : path + "\n\n" + written.ErrorText();
+  return written.Ok() ? std::string() : ToUtf8(path) + "\n\n" + written.ErrorText();
 }
 
 }  // namespace morvane

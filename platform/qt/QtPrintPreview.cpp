@@ -91,6 +91,7 @@ void QtPrintPreview::PaintPages(QPrinter* device) {
   const SIZE area = QtPrintJob::PageArea(*device);
   QtDC dc(*device, 1, area, fonts);
   dc.SetPaper(area, device->resolution());
+  dc.SetGreys(device->colorMode() == QPrinter::GrayScale);
   std::string reason;
   const int count = pages.Begin(dc, reason);
   problem = ToQString(reason);

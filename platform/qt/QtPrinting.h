@@ -10,10 +10,8 @@ namespace morvane {
 /// The desktop's printers by Qt, and documents in PDF files.
 class QtPrinting : public Printing {
  public:
-  /// Pixels to the inch of the paper. At (1200 / 254)^2 pixels to the millimetre, 567 to the inch,
-  /// the number of pages that a chart counts is just what it takes; a little below it there is room
-  /// for whole millimetres, so that no part of a chart is left out.
-  static constexpr int kResolution = 560;
+  /// Pixels to the inch of the paper.
+  static constexpr int kResolution = 600;
 
   QtPrinting();
   ~QtPrinting() override;
@@ -23,8 +21,8 @@ class QtPrinting : public Printing {
   std::unique_ptr<PrintJob> StartJob(const std::string& title) override;
   void ShowPreview(PrintedPages& pages) override;
 
-  /// The printer as it is set up now. It is made when it is first asked for: to look for one is
-  /// slow.
+  /// The printer as it is set up now. It is made when it is first asked for, as it was set up last:
+  /// to look for one is slow.
   QPrinter& Printer();
 
  private:

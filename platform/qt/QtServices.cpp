@@ -5,6 +5,7 @@
 namespace morvane {
 
 QtServices::QtServices(Use use) {
+  TextBreaks::Use(&textBreaks);
   Service<Pictures>::Set(&pictures);
   Service<ScriptEngines>::Set(&scriptEngines);
   if (use == Use::Job) {
@@ -43,6 +44,7 @@ QtServices::~QtServices() {
   Service<Clipboard>::Set(nullptr);
   Service<ScriptEngines>::Set(nullptr);
   Service<Pictures>::Set(nullptr);
+  TextBreaks::Use(nullptr);
 }
 
 }  // namespace morvane

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "drawing/qt/QtTextBreaks.h"
 #include "platform/Profile.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogHost.h"
@@ -40,6 +41,7 @@ class QtServices {
   QtDialogs dialogs;
   QtFileWatch fileWatch;
   QtMessageBoxes messageBoxes;
+  QtTextBreaks textBreaks;
   QtPictures pictures;
   QtPopupMenus popupMenus;
   QtPrinting printing;

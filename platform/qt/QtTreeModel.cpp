@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "drawing/TextBreaks.h"
 #include "drawing/TextCodec.h"
 #include "drawing/qt/QtText.h"
 #include "platform/CTreeCtrl.h"
@@ -12,6 +13,7 @@ namespace {
 
 /// No pane is so wide that it shows more of a text.
 constexpr std::size_t kShownBytes = 1000;
+constexpr std::size_t kReadBytes = 2 * kShownBytes;
 
 }  // namespace
 
@@ -64,8 +66,8 @@ QVariant QtTreeModel::data(const QModelIndex& index, int role) const {
   if (!open || !index.isValid()) return {};
   const TreeItem* item = ItemOf(index);
   if (role == Qt::DisplayRole) {
-    const std::string text = ToUtf8(std::string_view(item->Text()).substr(0, kShownBytes));
-    return QtFont::Printable(text);
+    const std::string text = ToUtf8(item->Text(), kReadBytes);
+    return QtFont::Printable(LetterPrefix(text, kShownBytes));
   }
   if (role != Qt::DecorationRole) return {};
   return icons.value(tree.Selected() == item ? item->SelectedImage() : item->Image());

@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <QTreeWidget>
 
+#include "drawing/TextBreaks.h"
 #include "drawing/TextCodec.h"
 #include "drawing/qt/QtText.h"
 
@@ -17,12 +18,13 @@ namespace {
 
 /// No more of a text fits into a row.
 constexpr std::size_t kMaxShownBytes = 512;
+constexpr std::size_t kReadBytes = 2 * kMaxShownBytes;
 constexpr int kShownRows = 8;
 constexpr int kShownLetters = 56;
 
 QString CellText(const std::string& text) {
-  const std::string utf8 = ToUtf8(std::string_view(text).substr(0, kMaxShownBytes));
-  return QtFont::Printable(utf8);
+  const std::string utf8 = ToUtf8(text, kReadBytes);
+  return QtFont::Printable(LetterPrefix(utf8, kMaxShownBytes));
 }
 
 /// A selection looks the same whether the list has the keyboard or not.

@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 
+#include "drawing/TextCodec.h"
 #include "platform/Clipboard.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
@@ -151,7 +152,7 @@ void RunDesk::Replay() {
   if (!path) return;
   TailFile file(*path);
   if (!file.IsOpen()) {
-    ShowMessage(*path + ": " + file.Reason());
+    ShowMessage(ToUtf8(*path) + ": " + file.Reason());
     return;
   }
   if (!BeginReplay()) return;
@@ -182,7 +183,7 @@ void RunDesk::Follow() {
   if (!path) return;
   auto file = std::make_unique<TailFile>(*path);
   if (!file->IsOpen()) {
-    ShowMessage(*path + ": " + file->Reason());
+    ShowMessage(ToUtf8(*path) + ": " + file->Reason());
     return;
   }
   if (!BeginReplay()) return;

@@ -1,3 +1,5 @@
+#include <fstream>
+
 #include "shell/CommandLine.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/SizedPictures.h"
@@ -21,33 +23,58 @@ class CommandLineTest : public ::testing::Test {
   std::ostringstream err;
 };
 
-TEST_F(CommandLineTest, WrongUseExitsWithTwo) {
-  const std::vector<std::string> cases[] = {
-      {"a.mrv", "b.mrv"},
-      {"--convert", "x.mrv"},
-      {"--help", "me"},
-      {"-x"},
-      {"--check"},
-      {"--check", chart, "--json"},
-      {"--import"},
-      {"--import", chart},
-      {"--import", chart, "-x", "o.mrv"},
-      {"--diff", chart},
-      {"--diff", chart, chart, chart},
-      {"--diff", "--export", folder.Path("x.gif"), chart, chart},
-      {"--describe", chart, chart},
-      {"--generate", "c"},
-      {"--generate", "pascal", chart},
-      {"--generate", "c", chart, "-o", "."},
-      {"--generate", "c", "-o", chart},
-      {"--new-instance", "a", "b"},
-      {"--export", folder.Path("x.gif"), chart}};
-  for (const auto& arguments : cases) {
-    EXPECT_EQ(Run(arguments), 2) << arguments[0];
+TEST_F(CommandLineTest, WrongUseSaysWhatIsWrong) {
+  const std::string gif = folder.Path("x.gif");
+  const std::string png = folder.Path("x.png");
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"a.mrv", "b.mrv"}, "too many arguments, from 'b.mrv' on"},
+      {{"--convert", "x.mrv"}, "--convert: needs OUT FILE"},
+      {{"--help", "me"}, "--help: too many arguments, from 'me' on"},
+      {{"-x"}, "unknown option '-x'"},
+      {{"--check"}, "--check: needs FILE..."},
+      {{"--check", chart, "-json"}, "--check: unknown option '-json'"},
+      {{"--check", "--json=1", chart}, "--check: option '--json' takes no value"},
+      {{"--import"}, "--import: needs FILE"},
+      {{"--import", chart}, "--import: needs -o OUT"},
+      {{"--import", chart, "-o"}, "--import: option '-o' needs a name"},
+      {{"--diff", chart}, "--diff: needs OLD NEW"},
+      {{"--diff", chart, chart, chart}, "--diff: too many arguments"},
+      {{"--diff", "--export", gif, chart, chart}, "Pictures end in .png, .svg, .pdf or .emf"},
+      {{"--describe", chart, chart}, "--describe: too many arguments"},
+      {{"--generate", "c"}, "--generate: needs LANGUAGE FILE"},
+      {{"--generate", "pascal", chart}, "'pascal' is not cpp, c, cs, java or xml"},
+      {{"--generate", "c", "-o", chart}, "--generate: needs LANGUAGE FILE"},
+      {{"--new-instance", "a", "b"}, "too many arguments, from 'b' on"},
+      {{"--coverage", "--min", "x", chart, chart}, "--min: 'x' is not a number from 0 to 100"},
+      {{"--export", "--scale", "9", png, chart}, "--scale: '9' is not a number from 0.1 to 8"},
+      {{"--export", "--scale", "nan", png, chart}, "--scale: 'nan' is not a number"},
+      {{"--export", "--scale=1", "--scale=2", png, chart}, "option '--scale' is given twice"},
+      {{"--export", "--kind", "gif", png, chart}, "--kind: 'gif' is not png, svg, pdf or emf"},
+      {{"--export", gif, chart}, "Pictures end in .png, .svg, .pdf or .emf"}};
+  for (const auto& [arguments, problem] : cases) {
+    EXPECT_EQ(Run(arguments), 2) << problem;
     EXPECT_EQ(out.str(), "");
-    EXPECT_NE(err.str(), "");
+    EXPECT_NE(err.str().find(problem), std::string::npos) << err.str();
   }
-  EXPECT_FALSE(std::filesystem::exists(folder.Path("x.gif")));
+  EXPECT_FALSE(std::filesystem::exists(gif) || std::filesystem::exists(png));
+}
+
+TEST_F(CommandLineTest, WordsBehindTwoHyphensAreNoOptions) {
+  EXPECT_EQ(CommandLine::Parse({"--", "-x.mrv"}).File(), "-x.mrv");
+  EXPECT_EQ(CommandLine::Parse({"--new-instance", "--", "--help"}).File(), "--help");
+  EXPECT_TRUE(CommandLine::Parse({"a.mrv", "--new-instance"}).IsNewInstance());
+  EXPECT_FALSE(CommandLine::Parse({"a.mrv"}).IsJob());
+}
+
+TEST_F(CommandLineTest, OutputThatNobodyTakesIsAFailure) {
+  EXPECT_EQ(Run({"--convert", "-", chart}), 0);
+  EXPECT_EQ(out.str(), ModelFile::ToDisk(SmallChart()));
+  EXPECT_EQ(Run({"--export", "--kind=svg", "-", chart}), 0);
+  EXPECT_EQ(out.str().rfind("<?xml", 0), 0U);
+  std::ofstream full("/dev/full");
+  std::ostringstream said;
+  EXPECT_EQ(CommandLine::Parse({"--version"}).Run(full, said), 1);
+  EXPECT_EQ(said.str(), "standard output: No space left on device\n");
 }
 
 TEST_F(CommandLineTest, ConvertWritesThePresentVersion) {
@@ -194,6 +221,24 @@ TEST_F(CommandLineTest, PicturesShowTheWholeChartAtNormalSize) {
   EXPECT_NE(svg.find("width=\"318\" height=\"198\""), std::string::npos);
   EXPECT_NE(svg.find(">lines</text>"), std::string::npos);
   EXPECT_EQ(folder.Read("again.svg"), svg);
+}
+
+TEST_F(CommandLineTest, OptionsShapeAPicture) {
+  // What is drawn is 39 model units wide and 26 high, six logical units each.
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"--scale", "2"}, "636x396 printed"},
+      {{"--size=100"}, "100x63 printed"},
+      {{"--margin", "0"}, "234x156 printed"},
+      {{"--margin", "10", "--dpi", "192"}, "508x352 printed"},
+      {{"--state", "nobody"}, nullptr}};
+  for (const auto& [options, size] : cases) {
+    std::vector<std::string> arguments = {"--export", folder.Path("o.png"), chart};
+    arguments.insert(arguments.begin() + 1, options.begin(), options.end());
+    EXPECT_EQ(Run(arguments), size != nullptr ? 0 : 1) << err.str();
+    if (size == nullptr) continue;
+    EXPECT_EQ(folder.Read("o.png"), size) << options[0];
+  }
+  EXPECT_EQ(err.str(), chart + ": there is no state 'nobody'\n");
 }
 
 }  // namespace

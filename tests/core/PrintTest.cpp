@@ -1,5 +1,6 @@
 #include "dialogs/DialogEditors.h"
 #include "dialogs/PrinterSetup.h"
+#include "platform/Profile.h"
 #include "platform/ViewPages.h"
 #include "surface/PrintMapping.h"
 #include "surface/ViewGeometry.h"
@@ -23,11 +24,13 @@ class PrintSetup : public DialogHost {
     NestedLoop::Run();
     bool& fits = dialog.Control(PrinterSetup::kPrintToFitId).checked;
     fits = !fits;
+    dialog.Control(PrinterSetup::kSheetTitlesId).checked = titles;
     dialog.Click(PrinterSetup::kPrinterId);
     EXPECT_TRUE(dialog.IsOpen());
     dialog.Click(button);
   }
   int button = IDOK;
+  bool titles = false;
 
  private:
   const DialogEditors editors;
@@ -43,6 +46,8 @@ class Print : public testing::Test {
   }
   SIZE FirstExtent(LayoutMgr& chart) { return Printed(chart).at(0).mapping.WindowExt(); }
 
+  MemoryProfile profile;
+  const UseService<Profile> useProfile{profile};
   ScriptedPrinting printing;
   PrintSetup setup;
   ScriptedMessageBoxes boxes;
@@ -53,13 +58,16 @@ TEST_F(Print, TheExtentDividesIntoPages) {
     POINT corner;
     SIZE millimetres, pixels, pages;
   } cases[] = {{{300, 100}, {210, 297}, {4960, 7016}, {2, 1}},
-               // The limit lies between the two: 174 * 6 and 175 * 6 pixels to 210 millimetres.
-               {{174, 20}, {210, 297}, {4960, 7016}, {1, 1}},
-               {{175, 20}, {210, 297}, {4960, 7016}, {2, 1}},
-               {{1500, 1500}, {210, 297}, {4960, 7016}, {9, 7}},
+               // A page of 210 millimetres shows 992 logical units, six to the model unit.
+               {{165, 20}, {210, 297}, {4960, 7016}, {1, 1}},
+               {{166, 20}, {210, 297}, {4960, 7016}, {2, 1}},
+               // Not a sheet more than it takes.
+               {{160, 20}, {203, 297}, {4795, 7016}, {2, 1}},
+               {{160, 20}, {204, 297}, {4819, 7016}, {1, 1}},
+               {{1500, 1500}, {210, 297}, {4960, 7016}, {10, 7}},
                {{1500, 20}, {297, 210}, {7016, 4960}, {7, 1}},
-               {{300, 100}, {210, 297}, {2480, 3508}, {4, 1}},
-               {{300, 100}, {1, 1}, {1, 1}, {7201, 2401}}};
+               {{300, 100}, {210, 297}, {2480, 3508}, {2, 1}},
+               {{300, 100}, {1, 1}, {1, 1}, {450, 150}}};
   for (const auto& c : cases) {
     printing.millimetres = c.millimetres;
     printing.pixels = c.pixels;
@@ -74,7 +82,7 @@ TEST_F(Print, TheExtentDividesIntoPages) {
   }
 }
 
-TEST_F(Print, TheSetupIsOfTheViewAndNotOfTheChart) {
+TEST_F(Print, TheSetupIsKeptAndIsNotOfTheChart) {
   const auto chart = LoadChart(SmallChart());
   chart->TakeSnapshot();
   for (const bool ok : {false, true}) {
@@ -83,6 +91,7 @@ TEST_F(Print, TheSetupIsOfTheViewAndNotOfTheChart) {
     EXPECT_EQ(chart->GetPrintMapping().IsToFit(), ok);
   }
   EXPECT_EQ(printing.setups, 2);
+  EXPECT_TRUE(LoadChart(SmallChart())->GetPrintMapping().IsToFit());
   chart->TakeSnapshot();
   EXPECT_FALSE(chart->OnUpdateCommand(ID_EDIT_UNDO).enabled);
 }
@@ -94,13 +103,52 @@ TEST_F(Print, ToFitPutsTheCornerOnTheEdgeOfOnePage) {
   const POINT corner = Printed(*chart)[0].mapping.ToDevice(POINT{3000, 1200});
   EXPECT_EQ(corner.x, 4960);
   EXPECT_LT(corner.y, 7016);
-  const auto tall = ChartTo({200, 1500});
-  PrintToFit(*tall);
+  const auto tall = ChartTo({200, 1500});  // still to fit
   EXPECT_NEAR(Printed(*tall).at(0).mapping.ToDevice(POINT{1200, 9000}).y, 7016, 4);
   // Without an extent there is nothing to fit.
   const auto empty = LoadChart(ChartText(""));
-  PrintToFit(*empty);
   EXPECT_EQ(FirstExtent(*empty).cx, 992);
+}
+
+TEST_F(Print, AtTheFootStandNameAndPageAndNothingElse) {
+  const auto chart = ChartTo({160, 450});  // two pages
+  setup.titles = true;
+  PrintToFit(*chart);
+  PrintToFit(*chart);
+  const auto pages = Printed(*chart);
+  ASSERT_EQ(pages.size(), 2U);
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    const auto& records = pages[i].drawn.records;
+    ASSERT_GT(records.size(), 3U);
+    const Metafile::Record& strip = records[records.size() - 3];
+    EXPECT_EQ(strip.kind, Metafile::Kind::FillRect);
+    EXPECT_EQ(strip.brush, CBrush::Solid(RGB(255, 255, 255)));
+    EXPECT_EQ(Height(strip.rect), 24);
+    EXPECT_EQ(records.back().text, "Page " + std::to_string(i + 1) + " of 2");
+    // The next page goes on where the strip begins.
+    EXPECT_NEAR(pages[i].mapping.ViewportOrg().y, -(7016 - 120) * static_cast<int>(i), 1);
+  }
+}
+
+TEST_F(Print, CopiesFollowEachOtherAsChosen) {
+  const struct {
+    int copies;
+    bool collate, reverse;
+    std::vector<int> pages;
+  } cases[] = {{1, true, false, {2, 3}},
+               {2, true, false, {2, 3, 2, 3}},
+               {2, false, false, {2, 2, 3, 3}},
+               {2, true, true, {3, 2, 3, 2}},
+               {3, false, true, {3, 3, 3, 2, 2, 2}}};
+  for (const auto& c : cases) {
+    CPrintInfo info;
+    info.fromPage = 2;
+    info.copies = c.copies;
+    info.collate = c.collate;
+    info.reverse = c.reverse;
+    EXPECT_EQ(info.Sequence(3), c.pages);
+    EXPECT_TRUE(info.Sequence(1).empty());
+  }
 }
 
 TEST_F(Print, NeitherZoomNorPositionNorSelectionChangesThePaper) {
@@ -123,11 +171,11 @@ TEST_F(Print, NeitherZoomNorPositionNorSelectionChangesThePaper) {
 }
 
 TEST_F(Print, WhatTheUserChoosesIsPrinted) {
-  const auto chart = ChartTo({1500, 20});  // nine pages
+  const auto chart = ChartTo({1500, 20});  // ten pages
   const struct {
     int from, to, cancelAt;
     std::size_t pages;
-  } cases[] = {{1, CPrintInfo::kAllPages, 0, 9}, {3, 5, 0, 3}, {8, 100, 0, 2}, {1, 9, 4, 3}};
+  } cases[] = {{1, CPrintInfo::kAllPages, 0, 10}, {3, 5, 0, 3}, {9, 100, 0, 2}, {1, 9, 4, 3}};
   for (const auto& c : cases) {
     printing.fromPage = c.from;
     printing.toPage = c.to;
@@ -135,7 +183,7 @@ TEST_F(Print, WhatTheUserChoosesIsPrinted) {
     EXPECT_EQ(Printed(*chart).size(), c.pages) << c.from;
     EXPECT_EQ(printing.documents.back().pages[0].mapping.ViewportOrg().x, -4960 * (c.from - 1));
   }
-  printing.fromPage = 10;
+  printing.fromPage = 11;
   boxes.Expect("The chart does not have these pages");
   EXPECT_TRUE(Printed(*chart).empty());
 

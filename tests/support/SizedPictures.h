@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <string>
 
@@ -16,8 +17,10 @@ namespace morvane {
 class SizedPictures : public Pictures {
  public:
   std::unique_ptr<CDC> ReferenceDC() override { return std::make_unique<NullDC>(); }
-  std::optional<std::string> MakePng(SIZE size, const PngForm&, const Paint& paint) override {
-    return Make(size, paint);
+  std::optional<std::string> MakePng(SIZE size, const PngForm& form, const Paint& paint) override {
+    return Make({static_cast<int>(std::ceil(size.cx * form.scale)),
+                 static_cast<int>(std::ceil(size.cy * form.scale))},
+                paint);
   }
   std::optional<std::string> MakePdf(SIZE size, const Paint& paint) override {
     return Make(size, paint);

@@ -1,3 +1,6 @@
+#include <QCheckBox>
+#include <QSpinBox>
+
 #include "drawing/qt/QtText.h"
 #include "platform/qt/QtDialogs.h"
 #include "tests/ui/WindowTest.h"
@@ -10,6 +13,7 @@ class ExportDialogTest : public testing::Test {
  protected:
   ExportDialogTest() {
     request.kinds = {{"PNG (*.png)", ".png"}, {"SVG (*.svg)", ".svg"}, {"PDF (*.pdf)", ".pdf"}};
+    request.pixelExtension = ".png";
     request.suggestion = folder.Path("Lift.v2.png");
   }
   /// The answer of the real dialog, with `act` carried out in it.
@@ -17,6 +21,14 @@ class ExportDialogTest : public testing::Test {
     QtDialogs dialogs;
     InNextWindow<QFileDialog>(act);
     return dialogs.AskExport(request);
+  }
+  template <class Field>
+  static Field& FieldCalled(QFileDialog& dialog, const char* text) {
+    for (Field* field : dialog.findChildren<Field*>()) {
+      if (field->text() == text) return *field;
+    }
+    ADD_FAILURE() << text;
+    return *new Field(&dialog);
   }
   static void Accept(QFileDialog& dialog) {
     SendKey(*dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
@@ -40,7 +52,8 @@ TEST_F(ExportDialogTest, TheNameDecidesAndElseTheChosenKind) {
     const auto answer = Ask([&](QFileDialog& dialog) {
       EXPECT_EQ(dialog.selectedNameFilter(), ToQString(request.kinds[c.kind].text));
       EXPECT_EQ(dialog.nameFilters().size(), 3);
-      EXPECT_EQ(dialog.findChild<QCheckBox*>(), nullptr) << "nothing is selected";
+      EXPECT_TRUE(FieldCalled<QCheckBox>(dialog, "Selection &only").isHidden());
+      EXPECT_EQ(FieldCalled<QCheckBox>(dialog, "&Transparent").isEnabled(), c.kind == 0);
       auto* kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
       for (int i = 0; i < c.steps; ++i) SendKey(*kinds, Qt::Key_Down);
       if (c.typed != nullptr) dialog.findChild<QLineEdit*>("fileNameEdit")->setText(c.typed);
@@ -48,7 +61,9 @@ TEST_F(ExportDialogTest, TheNameDecidesAndElseTheChosenKind) {
     });
     ASSERT_TRUE(answer) << c.file;
     EXPECT_EQ(answer->path, folder.Path(c.file));
-    EXPECT_FALSE(answer->selectionOnly);
+    EXPECT_FALSE(answer->options.selectionOnly);
+    EXPECT_EQ(answer->options.scale, 1);
+    EXPECT_FALSE(answer->options.margin);
   }
 }
 
@@ -56,17 +71,36 @@ TEST_F(ExportDialogTest, OffersTheSelectionWhereThereIsOne) {
   request.hasSelection = true;
   for (const bool only : {true, false}) {
     const auto answer = Ask([&](QFileDialog& dialog) {
-      auto* box = dialog.findChild<QCheckBox*>();
-      ASSERT_NE(box, nullptr);
-      EXPECT_TRUE(box->isVisible());
-      EXPECT_FALSE(box->isChecked());
-      if (only) box->click();
+      auto& box = FieldCalled<QCheckBox>(dialog, "Selection &only");
+      EXPECT_TRUE(box.isVisible());
+      EXPECT_FALSE(box.isChecked());
+      if (only) box.click();
       Accept(dialog);
     });
     ASSERT_TRUE(answer);
-    EXPECT_EQ(answer->selectionOnly, only);
+    EXPECT_EQ(answer->options.selectionOnly, only);
   }
   EXPECT_FALSE(Ask([](QFileDialog& dialog) { SendKey(dialog, Qt::Key_Escape); }));
+}
+
+TEST_F(ExportDialogTest, ScaleMarginAndGroundAreAsked) {
+  request.options = {.scale = 0.5, .transparent = true};
+  const auto answer = Ask([&](QFileDialog& dialog) {
+    const auto numbers = dialog.findChildren<QSpinBox*>();
+    ASSERT_EQ(numbers.size(), 2);
+    EXPECT_EQ(numbers[0]->value(), 50);
+    EXPECT_FALSE(numbers[1]->isEnabled());
+    numbers[0]->setValue(250);
+    FieldCalled<QCheckBox>(dialog, "&Crop to drawing").click();
+    EXPECT_TRUE(numbers[1]->isEnabled());
+    numbers[1]->setValue(7);
+    FieldCalled<QCheckBox>(dialog, "&Transparent").click();
+    Accept(dialog);
+  });
+  ASSERT_TRUE(answer);
+  EXPECT_EQ(answer->options.scale, 2.5);
+  EXPECT_FALSE(answer->options.transparent);
+  EXPECT_EQ(answer->options.margin, 7);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include "drawing/EmfWriter.h"
 #include "drawing/SvgDC.h"
+#include "drawing/TextCodec.h"
+#include "drawing/qt/QtTextBreaks.h"
 #include "model/Defaults.h"
 #include "platform/qt/QtPictures.h"
 #include "tests/support/EmfReader.h"
@@ -25,6 +27,8 @@ constexpr int kPageRenderer = 26;
 constexpr int kSvgRenderer = 40;
 
 constexpr const char* kFace = "DejaVu Sans";
+constexpr std::uint32_t kFirstIdeograph = 0x2E80;
+constexpr const char* kOtherFaces = ", DejaVu Sans, sans-serif";
 
 /// One picture in all its forms.
 struct Forms {
@@ -116,10 +120,14 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
   GoldenPicture() : formerFace(Settings().FontName) {
     // The same face everywhere, whatever stands in for the default one.
     Settings().FontName = kFace;
+    TextBreaks::Use(&breaks);
     forms = MakeForms(pictures, GetParam());
     output.mkpath(".");
   }
-  ~GoldenPicture() override { Settings().FontName = formerFace; }
+  ~GoldenPicture() override {
+    Settings().FontName = formerFace;
+    TextBreaks::Use(nullptr);
+  }
 
   static Defaults& Settings() { return Defaults::Instance(); }
   static QString GoldenPath() {
@@ -139,8 +147,10 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
                   << ", " << difference.where.y() << "): compare " << stem.toStdString()
                   << "-got.png with " << stem.toStdString() << "-wanted.png";
   }
-  /// Where texts are that are cut off.
-  QRegion CutTexts() {
+  /// Where texts are that the renderer of SVG paints in its own way: cut off, which it doesn't
+  /// know, or thickened, as bold ideographs of a face that has no bold ones are, which it doesn't
+  /// do.
+  QRegion TextsOfItsOwn() {
     QRegion region;
     const auto reference = pictures.ReferenceDC();
     for (const Metafile::Record& call : forms.calls.records) {
@@ -150,11 +160,14 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
       const QRect box(call.points[0].x, call.points[0].y, extent.cx, extent.cy);
       const QRect clip(QPoint(call.rect.left, call.rect.top),
                        QPoint(call.rect.right - 1, call.rect.bottom - 1));
-      if (!clip.contains(box)) region += box;
+      const bool bold = reference->GetFont().weight >= CFont::kBoldWeight;
+      const bool thickened = bold && DecodeUtf8(call.text, 0).value >= kFirstIdeograph;
+      if (thickened || !clip.contains(box)) region += box;
     }
     return region;
   }
 
+  const QtTextBreaks breaks;
   QtPictures pictures;
   const UseService<Pictures> use{pictures};
   std::string formerFace;
@@ -178,15 +191,16 @@ TEST_P(GoldenPicture, EmfReplayed) {
 }
 
 TEST_P(GoldenPicture, SvgRendered) {
-  QSvgRenderer renderer(QByteArray::fromStdString(forms.svg));
+  // That renderer takes a list of faces for one name, which it lacks.
+  const QByteArray svg = QByteArray::fromStdString(forms.svg).replace(kOtherFaces, "");
+  QSvgRenderer renderer(svg);
   ASSERT_TRUE(renderer.isValid());
   QImage image(forms.size.cx, forms.size.cy, QImage::Format_RGB32);
   {
     QPainter painter(&image);
     renderer.render(&painter);
   }
-  // That renderer knows no clip paths.
-  ExpectGolden(image, "svg", kSvgRenderer, CutTexts());
+  ExpectGolden(image, "svg", kSvgRenderer, TextsOfItsOwn());
 }
 
 TEST_P(GoldenPicture, PdfRendered) {
@@ -208,7 +222,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Sample{"Socket", "Examples/Socket_C++/Socket.mrv"},
                     Sample{"Lift", "Examples/Lift/Lift.mrv"},
                     Sample{"CashMachine", "Examples/CashMachine/CashMachine.mrv"},
-                    Sample{"Features", "tests/golden/Features.mrv"}, Sample{"Pens", nullptr}),
+                    Sample{"Features", "tests/golden/Features.mrv"},
+                    Sample{"Scripts", "tests/golden/Scripts.mrv"}, Sample{"Pens", nullptr}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

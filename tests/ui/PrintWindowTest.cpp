@@ -1,5 +1,8 @@
 #include <QtPrintSupport>
 
+#include "platform/CPrintInfo.h"
+#include "platform/Profile.h"
+#include "platform/qt/PrinterSettings.h"
 #include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtPrinting.h"
 #include "tests/ui/Canvas.h"
@@ -99,6 +102,53 @@ TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
   });
   EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_PREVIEW));
   EXPECT_TRUE(wasOpen);
+}
+
+TEST_F(PrintWindow, AFileGetsCopiesInOrderAndInGreyAndLiesBesideTheChart) {
+  const auto chart = LoadChart(ChartText(StateRecord(1, {20, 20, 250, 100})));
+  CPrintInfo info;
+  info.path = folder.Path("Lift.mrv");
+  InNextWindow<QPrintDialog>([&](QPrintDialog& dialog) {
+    auto* field = dialog.findChild<QLineEdit*>("filename");
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(field->text().toStdString(), folder.Path("Lift.pdf"));
+    dialog.reject();
+  });
+  printing.AskPrinter(info, "Lift");
+
+  QPrinter& printer = printing.Printer();
+  printer.setCopyCount(2);
+  printer.setCollateCopies(false);
+  printer.setPageOrder(QPrinter::LastPageFirst);
+  printer.setColorMode(QPrinter::GrayScale);
+  chart->OnCommand(ID_FILE_PRINT_DIRECT);
+  const std::vector<QImage> pages = Pages();
+  ASSERT_EQ(pages.size(), 4U);
+  EXPECT_EQ(pages[0], pages[1]);
+  EXPECT_EQ(pages[2], pages[3]);
+  EXPECT_GT(InkOf(pages[2]).width(), InkOf(pages[0]).width()) << "the last page comes first";
+  for (const QImage& page : pages) EXPECT_TRUE(page.allGray());
+}
+
+TEST_F(PrintWindow, ThePrinterIsSetUpAsLastTime) {
+  MemoryProfile profile;
+  const UseService<Profile> useProfile(profile);
+  QPrinter& printer = printing.Printer();
+  printer.setPageSize(QPageSize(QPageSize::A5));
+  printer.setPageOrientation(QPageLayout::Landscape);
+  printer.setPageMargins({12, 13, 14, 15}, QPageLayout::Millimeter);
+  PrinterSettings::Store(printer);
+  for (const char* damage : {"", "rubbish", "-7", "99999999"}) {
+    if (*damage != 0) profile.WriteString("Print", "MarginTop", damage);
+    QtPrinting next;
+    const QPageLayout layout = next.Printer().pageLayout();
+    EXPECT_EQ(next.Printer().outputFormat(), QPrinter::PdfFormat);
+    EXPECT_EQ(layout.pageSize().id(), QPageSize::A5);
+    EXPECT_EQ(layout.orientation(), QPageLayout::Landscape);
+    const QMarginsF margins = layout.margins(QPageLayout::Millimeter);
+    EXPECT_TRUE(*damage != 0 || std::abs(margins.top() - 13) < 0.1) << margins.top();
+    EXPECT_LT(margins.top(), 148);
+  }
 }
 
 TEST_F(PrintWindow, WhatCannotBePrintedIsSaidAndCancelPrintsNothing) {
