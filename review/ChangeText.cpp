@@ -37,7 +37,8 @@ std::string MoveText(const ObjectChange& change) {
   const bool all = change.heldAlong == change.held;
   const std::string format = all ? Translate("%1, with all that stands in it (%2)")
                                  : Translate("%1, with %2 of what stands in it");
-  return Filled(format, std::array{text, all ? along : along + " / " + std::to_string(change.held)});
+  return Filled(format,
+                std::array{text, all ? along : along + " / " + std::to_string(change.held)});
 }
 
 std::string PlaceText(const ObjectChange& change) {
