@@ -16,8 +16,9 @@ class Metafile;
 
 /// A drawing context: the one way onto a screen, a page, a picture file or a metafile. All points
 /// and rectangles are in logical units, which the mapping turns into device pixels. A rectangle,
-/// an ellipse or a fill leaves its right and bottom edge out, and a line leaves out its last
-/// point. Selecting a pen, brush, font, colour or mode gives back the former one.
+/// an ellipse or a fill leaves its right and bottom edge out, and where there are pixels a line
+/// leaves out its last point. Selecting a pen, brush, font, colour or mode gives back the former
+/// one.
 class CDC {
  public:
   /// No more than this of one text is painted; what lies beyond can't be seen on any device.
@@ -51,6 +52,13 @@ class CDC {
   const Mapping& GetMapping() const { return mapping; }
   /// Takes another mapping and gives back the former one; a fresh one is that of device pixels.
   Mapping SetMapping(const Mapping& other);
+
+  /// What is drawn from here to `EndObject` belongs to the object of a chart with that id. Such
+  /// pairs don't stand in each other.
+  virtual void BeginObject(std::int32_t /*id*/) {}
+  virtual void EndObject() {}
+  /// True where lines are strokes, which end in their last point and not before it.
+  virtual bool PaintsLastPoint() const { return false; }
 
   virtual int GetDeviceCaps(DeviceCap cap) const = 0;
   /// A rectangle outside which nothing shows, in logical units.

@@ -14,6 +14,7 @@ class CMetaFileDC : public CDC {
   /// Ends the recording and hands it over; the context is empty afterwards.
   Metafile Close();
 
+  bool PaintsLastPoint() const override { return true; }
   int GetDeviceCaps(DeviceCap cap) const override;
   RECT GetClipBox() const override;
   void Polyline(std::span<const POINT> points) override;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
 
 #include "drawing/CDC.h"
@@ -14,20 +15,29 @@ enum class EmfWriter::RecordType : std::uint32_t {
   Header = 1,
   Polygon = 3,
   Polyline = 4,
+  PolyBezierTo = 5,
   EndOfFile = 14,
   SetMapMode = 17,
   SetBkMode = 18,
   SetPolyFillMode = 19,
   SetTextAlign = 22,
   SetTextColor = 24,
+  MoveTo = 27,
+  IntersectClipRect = 30,
+  SaveDC = 33,
+  RestoreDC = 34,
   SelectObject = 37,
   CreatePen = 38,
   CreateBrush = 39,
   DeleteObject = 40,
   Ellipse = 42,
   Rectangle = 43,
-  RoundRect = 44,
   Arc = 45,
+  LineTo = 54,
+  BeginPath = 59,
+  EndPath = 60,
+  CloseFigure = 61,
+  StrokeAndFillPath = 63,
   CreateFont = 82,
   ExtTextOut = 84
 };
@@ -53,8 +63,10 @@ constexpr std::uint32_t kClipped = 4;
 constexpr std::uint32_t kTurned = 0x80;  ///< the text reads from right to left
 /// Handles of the system's own objects.
 constexpr std::uint32_t kStockNullBrush = 0x80000005;
-constexpr std::uint32_t kStockBlackPen = 0x80000007;
 constexpr std::uint32_t kStockNullPen = 0x80000008;
+
+/// Some programs take a thin black pen for none at all.
+constexpr COLORREF kNearlyBlack = 0x010101;
 
 constexpr std::size_t kFaceLetters = 32;
 constexpr std::size_t kFontTail = 228;  ///< what follows the face in the longer form of a font
@@ -142,8 +154,8 @@ void EmfWriter::SelectHandle(std::uint32_t handle) {
 }
 
 void EmfWriter::Select(const CPen& pen) {
-  std::uint32_t handle = pen.style == PenStyle::Null ? kStockNullPen : kStockBlackPen;
-  if (pen.style != PenStyle::Null && pen != CPen{}) {
+  std::uint32_t handle = kStockNullPen;
+  if (pen.style != PenStyle::Null) {
     const auto known =
         std::ranges::find_if(pens, [&](const auto& made) { return made.first == pen; });
     handle = known != pens.end() ? known->second : handles++;
@@ -153,7 +165,7 @@ void EmfWriter::Select(const CPen& pen) {
                  .Number(handle)
                  .Number(static_cast<std::uint32_t>(pen.style))
                  .Point({pen.width, 0})
-                 .Number(pen.colour));
+                 .Number(pen.colour == 0 ? kNearlyBlack : pen.colour));
     }
   }
   if (handle == selectedPen) return;
@@ -232,9 +244,7 @@ void EmfWriter::WriteCall(const Metafile::Record& call) {
     case Kind::Polygon: WritePoints(RecordType::Polygon, call.points); return;
     case Kind::Rectangle: Append(Record(RecordType::Rectangle).Outline(call.rect, call.pen)); break;
     case Kind::Ellipse: Append(Record(RecordType::Ellipse).Outline(call.rect, call.pen)); break;
-    case Kind::RoundRect:
-      Append(Record(RecordType::RoundRect).Outline(call.rect, call.pen).Size(call.corner));
-      break;
+    case Kind::RoundRect: WriteRoundRect(call); break;
     case Kind::Arc:
       Append(
           Record(RecordType::Arc).Inclusive(call.rect).Point(call.points[0]).Point(call.points[1]));
@@ -256,6 +266,41 @@ void EmfWriter::WritePoints(RecordType type, const std::vector<POINT>& points) {
   for (const POINT p : points) record.Point(p);
   Append(record);
   Cover({box.left, box.top, AddSat(box.right, 1), AddSat(box.bottom, 1)});
+}
+
+/// As a path: some programs take the axes of the corners for their radii.
+void EmfWriter::WriteRoundRect(const Metafile::Record& call) {
+  constexpr double circle = 0.5522847498307936;
+  const std::int32_t less = call.pen.style == PenStyle::Null ? 0 : 1;
+  const RECT r{call.rect.left, call.rect.top, SubSat(call.rect.right, less),
+               SubSat(call.rect.bottom, less)};
+  if (IsRectEmpty(r)) return;
+  const auto across = Saturate(std::min<std::int64_t>(std::max(call.corner.cx, 0), Width(r)) / 2);
+  const auto down = Saturate(std::min<std::int64_t>(std::max(call.corner.cy, 0), Height(r)) / 2);
+  const auto heldX = static_cast<std::int32_t>(std::lround(across * (1 - circle)));
+  const auto heldY = static_cast<std::int32_t>(std::lround(down * (1 - circle)));
+  // What lies between the corners, and where the lines that lead to their curves are steered to.
+  const RECT inner{r.left + across, r.top + down, r.right - across, r.bottom - down};
+  const RECT held{r.left + heldX, r.top + heldY, r.right - heldX, r.bottom - heldY};
+  Append(Record(RecordType::BeginPath));
+  Append(Record(RecordType::MoveTo).Point({inner.left, r.top}));
+  WriteCorner({inner.right, r.top}, {held.right, r.top}, {r.right, held.top}, {r.right, inner.top});
+  WriteCorner({r.right, inner.bottom}, {r.right, held.bottom}, {held.right, r.bottom},
+              {inner.right, r.bottom});
+  WriteCorner({inner.left, r.bottom}, {held.left, r.bottom}, {r.left, held.bottom},
+              {r.left, inner.bottom});
+  WriteCorner({r.left, inner.top}, {r.left, held.top}, {held.left, r.top}, {inner.left, r.top});
+  Append(Record(RecordType::CloseFigure));
+  Append(Record(RecordType::EndPath));
+  Append(Record(RecordType::StrokeAndFillPath).Rect(r));
+}
+
+/// A line to `start` and a curve from there to `end`.
+void EmfWriter::WriteCorner(POINT start, POINT out, POINT in, POINT end) {
+  constexpr std::uint32_t count = 3;
+  const RECT box = NormalizeRect({start.x, start.y, end.x, end.y});
+  Append(Record(RecordType::LineTo).Point(start));
+  Append(Record(RecordType::PolyBezierTo).Rect(box).Number(count).Point(out).Point(in).Point(end));
 }
 
 void EmfWriter::WriteFill(const RECT& r, const CBrush& brush) {
@@ -286,7 +331,13 @@ void EmfWriter::WriteText(const Metafile::Record& call) {
   const SIZE extent = reference.GetTextExtent(call.text);
   const POINT place = call.points[0];
   RECT box{place.x, place.y, AddSat(place.x, extent.cx), AddSat(place.y, extent.cy)};
+  const bool cut = call.clipped && IntersectRect(box, call.rect) != box;
   if (call.clipped) box = IntersectRect(box, call.rect);
+  if (cut) {
+    // For programs that don't heed a text's own clip.
+    Append(Record(RecordType::SaveDC));
+    Append(Record(RecordType::IntersectClipRect).Rect(call.rect));
+  }
 
   Record record(RecordType::ExtTextOut);
   const auto scale = static_cast<float>(kHundredthsPerPixel);
@@ -302,6 +353,10 @@ void EmfWriter::WriteText(const Metafile::Record& call) {
   record.Number(textOffset + textSize).Text(text).Zeros(textSize - text.size() * 2);
   for (const std::int32_t advance : Advances(call.text, reference)) record.Number(advance);
   Append(record);
+  if (cut) Append(Record(RecordType::RestoreDC).Number(std::int32_t{-1}));
+  // Some programs forget with a text what was selected for lines and areas.
+  selectedPen = 0;
+  selectedBrush = 0;
   Cover(box);
 }
 

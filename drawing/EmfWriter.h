@@ -31,6 +31,8 @@ class EmfWriter {
   void WriteSetUp();
   void WriteCall(const Metafile::Record& call);
   void WritePoints(RecordType type, const std::vector<POINT>& points);
+  void WriteRoundRect(const Metafile::Record& call);
+  void WriteCorner(POINT start, POINT out, POINT in, POINT end);
   void WriteFill(const RECT& r, const CBrush& brush);
   void WriteMask(const Metafile::Record& call);
   void WriteText(const Metafile::Record& call);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <numbers>
 
 #include "drawing/Decimal.h"
 #include "drawing/TextDirection.h"
@@ -22,7 +23,12 @@ std::string Number(std::int64_t v) { return std::to_string(v); }
 /// A line one pixel wide runs through the middle of its pixels.
 std::string Half(std::int64_t v) { return std::to_string(v) + ".5"; }
 
-std::string Hundredths(double v) { return Decimal(v, 2); }
+std::string Hundredths(double v) {
+  std::string text = Decimal(v, 2);
+  while (text.back() == '0') text.pop_back();
+  if (text.back() == '.') text.pop_back();
+  return text;
+}
 
 /// Negative whole numbers need care: half a pixel right of -3 is -2.5.
 std::string CentreOf(std::int32_t v) {
@@ -43,19 +49,39 @@ std::string BoxAttributes(const RECT& r) {
          "\" height=\"" + Number(Height(r)) + "\"";
 }
 
-/// The dashes of a pen; empty if it draws without gaps.
-std::string DashesOf(const CPen& pen) {
-  std::string lengths;
-  if (pen.width > 1) return lengths;
-  for (const int length : DashPatternOf(pen.style)) {
-    lengths += (lengths.empty() ? "" : ",") + Number(length);
-  }
-  return lengths;
-}
-
 }  // namespace
 
-SvgDC::SvgDC(CDC& reference, SIZE size) : reference(reference), size(size) {}
+SvgDC::SvgDC(CDC& reference, SIZE size, PictureInfo info)
+    : VectorDC(reference, size), info(std::move(info)) {}
+
+/// The title, the author and the program, as readers of pictures look for them.
+std::string SvgDC::Metadata() const {
+  std::string text;
+  if (!info.title.empty()) text += "<title>" + XmlEscape(info.title) + "</title>\n";
+  text +=
+      "<metadata>\n<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\" "
+      "xmlns:dc=\"http://purl.org/dc/elements/1.1/\" xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\">\n"
+      "<rdf:Description rdf:about=\"\">\n";
+  if (!info.title.empty()) text += "<dc:title>" + XmlEscape(info.title) + "</dc:title>\n";
+  if (!info.author.empty()) text += "<dc:creator>" + XmlEscape(info.author) + "</dc:creator>\n";
+  text += std::string("<xmp:CreatorTool>") + PictureInfo::kCreator + "</xmp:CreatorTool>\n";
+  return text + "</rdf:Description>\n</rdf:RDF>\n</metadata>\n";
+}
+
+void SvgDC::BeginObject(std::int32_t id) {
+  FlushPath();
+  body += "<g";
+  // Of two objects with one id, which a chart may hold, the second one goes without.
+  if (ids.insert(id).second) body += " id=\"object" + Number(id) + "\"";
+  body += ">\n";
+  const std::string name = info.nameOf ? info.nameOf(id) : std::string();
+  if (!name.empty()) body += "<title>" + XmlEscape(name) + "</title>\n";
+}
+
+void SvgDC::EndObject() {
+  FlushPath();
+  body += "</g>\n";
+}
 
 std::string SvgDC::Close() {
   FlushPath();
@@ -64,6 +90,7 @@ std::string SvgDC::Close() {
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
   text += "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" + height +
           "\" viewBox=\"0 0 " + width + " " + height + "\">\n";
+  text += Metadata();
   if (!definitions.empty()) text += "<defs>\n" + definitions + "</defs>\n";
   text += "<rect width=\"" + width + "\" height=\"" + height + "\" fill=\"#ffffff\"/>\n";
   text += body + "</svg>\n";
@@ -72,33 +99,15 @@ std::string SvgDC::Close() {
   return text;
 }
 
-int SvgDC::GetDeviceCaps(DeviceCap cap) const { return reference.GetDeviceCaps(cap); }
-
-RECT SvgDC::GetClipBox() const { return RECT{0, 0, size.cx, size.cy} - GetViewportOrg(); }
-
-std::int64_t SvgDC::PenWidth() const {
-  return GetPen().style == PenStyle::Null ? 0 : std::max(GetPen().width, 1);
-}
-
 std::string SvgDC::PixelCentre(POINT p) const {
   const POINT placed = p + GetViewportOrg();
   return CentreOf(placed.x) + "," + CentreOf(placed.y);
 }
 
-/// The outline of a shape runs inside its box: its line's middle is half a pen in.
-std::string SvgDC::OutlineBox(const RECT& r) const {
-  const RECT box = Placed(r);
-  if (GetPen().style == PenStyle::Null) return BoxAttributes(box);
-  const std::int64_t pen = PenWidth();
-  if (pen > 1) {
-    const double half = static_cast<double>(pen) / 2;
-    return "x=\"" + Hundredths(box.left + half) + "\" y=\"" + Hundredths(box.top + half) +
-           "\" width=\"" + Number(std::max<std::int64_t>(Width(box) - pen, 0)) + "\" height=\"" +
-           Number(std::max<std::int64_t>(Height(box) - pen, 0)) + "\"";
-  }
-  return "x=\"" + CentreOf(box.left) + "\" y=\"" + CentreOf(box.top) + "\" width=\"" +
-         Number(std::max<std::int64_t>(Width(box) - 1, 0)) + "\" height=\"" +
-         Number(std::max<std::int64_t>(Height(box) - 1, 0)) + "\"";
+std::string SvgDC::OutlineAttributes(const RECT& r) const {
+  const Box box = OutlineBox(r);
+  return "x=\"" + Hundredths(box.left) + "\" y=\"" + Hundredths(box.top) + "\" width=\"" +
+         Hundredths(box.width) + "\" height=\"" + Hundredths(box.height) + "\"";
 }
 
 std::string SvgDC::StrokeAttributes() const {
@@ -107,15 +116,16 @@ std::string SvgDC::StrokeAttributes() const {
   std::string text = " stroke=\"" + ColourText(pen.colour) + "\"";
   if (pen.width > 1) text += " stroke-width=\"" + Number(pen.width) + "\"";
   // A line begins in the middle of its first pixel, and its dashes half a pixel before.
-  const std::string dashes = DashesOf(pen);
+  std::string dashes;
+  for (const int length : Dashes()) dashes += (dashes.empty() ? "" : ",") + Number(length);
   if (!dashes.empty()) text += " stroke-dasharray=\"" + dashes + "\" stroke-dashoffset=\"0.5\"";
   return text;
 }
 
 /// Thick lines have round ends and corners.
 std::string SvgDC::LineAttributes() const {
-  const bool thick = GetPen().style != PenStyle::Null && GetPen().width > 1;
-  return StrokeAttributes() + (thick ? " stroke-linecap=\"round\" stroke-linejoin=\"round\"" : "");
+  return StrokeAttributes() +
+         (IsPenThick() ? " stroke-linecap=\"round\" stroke-linejoin=\"round\"" : "");
 }
 
 std::string SvgDC::FillAttribute() const {
@@ -142,7 +152,7 @@ void SvgDC::Polyline(std::span<const POINT> points) {
     pathPen = GetPen();
   }
   // Each call begins its dashes anew.
-  if (!goesOn || !DashesOf(GetPen()).empty()) path += "M" + PixelCentre(points.front());
+  if (!goesOn || !Dashes().empty()) path += "M" + PixelCentre(points.front());
   for (const POINT p : points.subspan(1)) path += "L" + PixelCentre(p);
   pathEnd = points.back();
 }
@@ -158,76 +168,43 @@ void SvgDC::Polygon(std::span<const POINT> points) {
 
 void SvgDC::Rectangle(const RECT& r) {
   FlushPath();
-  body += "<rect " + OutlineBox(r) + PaintAttributes() + "/>\n";
+  body += "<rect " + OutlineAttributes(r) + PaintAttributes() + "/>\n";
 }
 
 void SvgDC::RoundRect(const RECT& r, SIZE cornerEllipse) {
-  // The box's corners are those of a thick outline's outer edge.
-  const double inset = PenWidth() > 1 ? static_cast<double>(PenWidth()) / 2 : 0;
-  const auto radius = [inset](std::int32_t axis) {
-    return Hundredths(std::max(axis / 2.0 - inset, 0.0));
-  };
+  const Spot radii = CornerRadii(cornerEllipse);
   FlushPath();
-  body += "<rect " + OutlineBox(r) + " rx=\"" + radius(cornerEllipse.cx) + "\" ry=\"" +
-          radius(cornerEllipse.cy) + "\"" + PaintAttributes() + "/>\n";
+  body += "<rect " + OutlineAttributes(r) + " rx=\"" + Hundredths(radii.x) + "\" ry=\"" +
+          Hundredths(radii.y) + "\"" + PaintAttributes() + "/>\n";
 }
 
-void SvgDC::Ellipse(const RECT& logical) {
-  const RECT r = Placed(logical);
-  const std::int64_t pen = PenWidth();
+void SvgDC::Ellipse(const RECT& r) {
+  const Box box = OutlineBox(r);
   FlushPath();
-  body += "<ellipse cx=\"" + Hundredths((static_cast<double>(r.left) + r.right) / 2) + "\" cy=\"" +
-          Hundredths((static_cast<double>(r.top) + r.bottom) / 2) + "\" rx=\"" +
-          Hundredths(static_cast<double>(std::max<std::int64_t>(Width(r) - pen, 0)) / 2) +
-          "\" ry=\"" +
-          Hundredths(static_cast<double>(std::max<std::int64_t>(Height(r) - pen, 0)) / 2) + "\"" +
-          PaintAttributes() + "/>\n";
+  body += "<ellipse cx=\"" + Hundredths(box.left + box.width / 2) + "\" cy=\"" +
+          Hundredths(box.top + box.height / 2) + "\" rx=\"" + Hundredths(box.width / 2) +
+          "\" ry=\"" + Hundredths(box.height / 2) + "\"" + PaintAttributes() + "/>\n";
 }
 
-void SvgDC::Arc(const RECT& logical, POINT start, POINT end) {
-  const RECT r = Placed(logical);
-  start = start + GetViewportOrg();
-  end = end + GetViewportOrg();
-  const double rx = static_cast<double>(Width(r)) / 2;
-  const double ry = static_cast<double>(Height(r)) / 2;
-  if (rx <= 0 || ry <= 0) return;
-  const double cx = r.left + rx;
-  const double cy = r.top + ry;
-  // Angles grow counter-clockwise, as seen on the screen, where y points down.
-  const double from = std::atan2((cy - start.y) / ry, (start.x - cx) / rx);
-  double to = std::atan2((cy - end.y) / ry, (end.x - cx) / rx);
-  constexpr double fullTurn = 6.283185307179586;
-  if (to <= from) to += fullTurn;
-  const bool large = to - from > fullTurn / 2;
-  // A thin curve meets lines in the middle of a pixel; a thick one runs inside its box.
-  const bool thick = PenWidth() > 1;
-  const double shift = thick ? 0 : 0.5;
-  const double inset = thick ? static_cast<double>(PenWidth()) / 2 : 0;
-  const double ringX = std::max(rx - inset, 0.0);
-  const double ringY = std::max(ry - inset, 0.0);
-  const auto point = [&](double angle) {
-    return Hundredths(cx + ringX * std::cos(angle) + shift) + "," +
-           Hundredths(cy - ringY * std::sin(angle) + shift);
+void SvgDC::Arc(const RECT& r, POINT start, POINT end) {
+  const Curve curve = CurveOf(r, start, end);
+  if (IsRectEmpty(r)) return;
+  const auto point = [&curve](double angle) {
+    const Spot spot = curve.At(angle);
+    return Hundredths(spot.x) + "," + Hundredths(spot.y);
   };
+  const bool large = curve.to - curve.from > std::numbers::pi;
   FlushPath();
-  body += "<path d=\"M" + point(from) + "A" + Hundredths(ringX) + "," + Hundredths(ringY) + " 0 " +
-          (large ? "1" : "0") + " 0 " + point(to) + "\" fill=\"none\"" + StrokeAttributes() +
-          (thick ? " stroke-linecap=\"square\"" : "") + "/>\n";
+  body += "<path d=\"M" + point(curve.from) + "A" + Hundredths(curve.radii.x) + "," +
+          Hundredths(curve.radii.y) + " 0 " + (large ? "1" : "0") + " 0 " + point(curve.to) +
+          "\" fill=\"none\"" + StrokeAttributes() +
+          (IsPenThick() ? " stroke-linecap=\"square\"" : "") + "/>\n";
 }
 
 void SvgDC::FillRect(const RECT& r, const CBrush& with) {
   if (with.hollow || IsRectEmpty(r)) return;
   FlushPath();
   body += "<rect " + BoxAttributes(Placed(r)) + " fill=\"" + ColourText(with.colour) + "\"/>\n";
-}
-
-void SvgDC::FillMask(POINT topLeft, const BitMask& mask) {
-  for (int y = 0; y < mask.height; ++y) {
-    for (int x = 0; x < mask.width; ++x) {
-      const POINT p = topLeft + POINT{x, y};
-      if (mask.IsSet(x, y)) FillRect({p.x, p.y, AddSat(p.x, 1), AddSat(p.y, 1)}, GetBrush());
-    }
-  }
 }
 
 std::string SvgDC::ClipAttribute(const RECT& clip) {
@@ -245,9 +222,8 @@ void SvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   FlushPath();
   const CFont& font = GetFont();
   const SIZE extent = GetTextExtent(utf8);
-  const RECT box{topLeft.x, topLeft.y, AddSat(topLeft.x, extent.cx), AddSat(topLeft.y, extent.cy)};
-  const bool cut = clip != nullptr && IntersectRect(*clip, box) != box;
-  if (cut && IsRectEmpty(IntersectRect(*clip, box))) return;
+  bool cut = false;
+  if (IsHidden(topLeft, extent, clip, cut)) return;
 
   const POINT place = topLeft + GetViewportOrg();
   body += "<text x=\"" + Number(place.x) + "\" y=\"" +
@@ -262,16 +238,6 @@ void SvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   const bool turned = MayRunRightToLeft(utf8) && DirectionOf(utf8) == TextDirection::RightToLeft;
   const std::string letters = XmlEscape(utf8);
   body += ">" + (turned ? kTurned + letters + kTurnedEnd : letters) + "</text>\n";
-}
-
-SIZE SvgDC::GetTextExtent(std::string_view utf8) const {
-  reference.SelectFont(GetFont());
-  return reference.GetTextExtent(utf8);
-}
-
-TextMetrics SvgDC::GetTextMetrics() const {
-  reference.SelectFont(GetFont());
-  return reference.GetTextMetrics();
 }
 
 }  // namespace morvane

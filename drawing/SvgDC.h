@@ -1,50 +1,48 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <unordered_set>
 
-#include "drawing/CDC.h"
+#include "drawing/PictureInfo.h"
+#include "drawing/VectorDC.h"
 
 namespace morvane {
 
-/// A context that writes a picture as SVG, one user unit to the logical unit, with text as text. Of
-/// the mapping it takes the viewport origin alone. The same calls give the same bytes. Texts are
-/// measured by the reference context, which has to outlive this one.
-class SvgDC : public CDC {
+/// A context that writes a picture as SVG, one user unit to the logical unit, with text as text and
+/// a group for each object. The same calls give the same bytes.
+class SvgDC : public VectorDC {
  public:
-  SvgDC(CDC& reference, SIZE size);
+  /// `info` tells title and author, and the names of the objects.
+  SvgDC(CDC& reference, SIZE size, PictureInfo info = {});
 
   /// Ends the picture and hands its text over.
   std::string Close();
 
-  int GetDeviceCaps(DeviceCap cap) const override;
-  RECT GetClipBox() const override;
+  void BeginObject(std::int32_t id) override;
+  void EndObject() override;
   void Polyline(std::span<const POINT> points) override;
   void Polygon(std::span<const POINT> points) override;
   void Rectangle(const RECT& r) override;
   void RoundRect(const RECT& r, SIZE cornerEllipse) override;
-  void Ellipse(const RECT& logical) override;
-  void Arc(const RECT& logical, POINT start, POINT end) override;
+  void Ellipse(const RECT& r) override;
+  void Arc(const RECT& r, POINT start, POINT end) override;
   void FillRect(const RECT& r, const CBrush& with) override;
-  void FillMask(POINT topLeft, const BitMask& mask) override;
   void TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) override;
-  SIZE GetTextExtent(std::string_view utf8) const override;
-  TextMetrics GetTextMetrics() const override;
 
  private:
   void FlushPath();
-  RECT Placed(const RECT& r) const { return r + GetViewportOrg(); }
-  /// User units; a thin pen is one wide.
-  std::int64_t PenWidth() const;
+  std::string Metadata() const;
   std::string PixelCentre(POINT p) const;
-  std::string OutlineBox(const RECT& r) const;
+  std::string OutlineAttributes(const RECT& r) const;
   std::string PaintAttributes() const;
   std::string StrokeAttributes() const;
   std::string LineAttributes() const;
   std::string FillAttribute() const;
   std::string ClipAttribute(const RECT& clip);
 
-  CDC& reference;
-  SIZE size;
+  PictureInfo info;
+  std::unordered_set<std::int32_t> ids;  ///< of the objects so far
   std::string body;
   std::string definitions;
   std::string path;  ///< connected lines that still grow

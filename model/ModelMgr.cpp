@@ -174,7 +174,11 @@ std::vector<Shape*> ModelMgr::ShapesOn(const CDC& dc, bool selectedOnly) const {
 }
 
 void ModelMgr::DrawAll(CDC* dc, bool selectedOnly) const {
-  for (Shape* shape : ShapesOn(*dc, selectedOnly)) shape->Draw(dc);
+  for (Shape* shape : ShapesOn(*dc, selectedOnly)) {
+    dc->BeginObject(shape->GetId());
+    shape->Draw(dc);
+    dc->EndObject();
+  }
 }
 
 void ModelMgr::DrawOnScreen(CDC& dc) const {

@@ -11,6 +11,7 @@
 namespace morvane {
 
 class CDC;
+struct PictureInfo;
 
 /// Makes pictures with no window. The default service measures roughly and can make none.
 class Pictures {
@@ -33,8 +34,10 @@ class Pictures {
   /// call of `paint` each. Nothing if no picture is so large, or if it was given up.
   virtual std::optional<std::string> MakePng(SIZE size, const PngForm& form,
                                              const Paint& paint) = 0;
-  /// A PDF of one page of `size` logical units, 96 to the inch. Nothing if no page is so large.
-  virtual std::optional<std::string> MakePdf(SIZE size, const Paint& paint) = 0;
+  /// A PDF of one page of `size` logical units, 96 to the inch, with what `info` tells of it.
+  /// Nothing if no page is so large.
+  virtual std::optional<std::string> MakePdf(SIZE size, const PictureInfo& info,
+                                             const Paint& paint) = 0;
   static Pictures& Default();
 };
 

@@ -10,8 +10,8 @@
 #include "platform/Pictures.h"
 #include "platform/PopupMenus.h"
 #include "platform/Printing.h"
-#include "platform/ProgressBox.h"
 #include "platform/Profile.h"
+#include "platform/ProgressBox.h"
 #include "platform/WaitCursor.h"
 
 namespace morvane {
@@ -89,7 +89,9 @@ class NoPictures : public Pictures {
   std::optional<std::string> MakePng(SIZE, const PngForm&, const Paint&) override {
     return std::nullopt;
   }
-  std::optional<std::string> MakePdf(SIZE, const Paint&) override { return std::nullopt; }
+  std::optional<std::string> MakePdf(SIZE, const PictureInfo&, const Paint&) override {
+    return std::nullopt;
+  }
 };
 
 class NoProgressBoxes : public ProgressBoxes {
@@ -98,9 +100,7 @@ class NoProgressBoxes : public ProgressBoxes {
   };
 
  public:
-  std::unique_ptr<ProgressBox> Open(const std::string&) override {
-    return std::make_unique<Box>();
-  }
+  std::unique_ptr<ProgressBox> Open(const std::string&) override { return std::make_unique<Box>(); }
 };
 
 }  // namespace

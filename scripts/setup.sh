@@ -12,6 +12,7 @@ packages=(
   libqscintilla2-qt6-dev # the boxes of code
   libgraphviz-dev      # places the states of a chart
   libpugixml-dev       # reads XML
+  libharfbuzz-dev pkgconf # cuts fonts down to the letters that a PDF needs
   zlib1g-dev           # compresses pictures
   fonts-dejavu-core    # stands in for Verdana
   fonts-noto-core fonts-droid-fallback # letters of all scripts, for the tests

@@ -109,7 +109,8 @@ void GenericState::DrawSeparator(CDC* dc, const RECT& body, std::int32_t y) cons
   const std::int32_t inset =
       RoundHalfAway(radius - std::sqrt(std::max(radius * radius - upwards * upwards, 0.0)));
   dc->MoveTo({AddSat(body.left, inset), y});
-  dc->LineTo({SubSat(body.right, inset), y});
+  const std::int32_t last = dc->PaintsLastPoint() ? 1 : 0;
+  dc->LineTo({SubSat(SubSat(body.right, inset), last), y});
 }
 
 /// The mark is as large as its letter wants it, or as the state leaves room for it.

@@ -1,11 +1,18 @@
 #include "surface/ChartPicture.h"
 
 #include <limits>
+#include <memory>
+#include <unordered_map>
 
 #include "drawing/CDC.h"
+#include "drawing/TextCodec.h"
 #include "model/Collection.h"
 #include "model/ModelMgr.h"
+#include "persistence/CDocument.h"
+#include "states/GenericState.h"
 #include "surface/LayoutMgr.h"
+#include "surface/ObjectNames.h"
+#include "surface/ReadingOrder.h"
 #include "surface/RunMarks.h"
 
 namespace morvane {
@@ -56,6 +63,33 @@ ChartPicture::ChartPicture(LayoutMgr& chart, const PictureOptions& options)
   origin = chart.ToLogical(TopLeft(area)) - POINT{around, around};
   size = {AddSat(LogicalDistance(chart, area.left, area.right), 2 * around),
           AddSat(LogicalDistance(chart, area.top, area.bottom), 2 * around)};
+}
+
+PictureInfo ChartPicture::About() const {
+  const ModelProperties& properties = chart.GetProperties();
+  // What every new chart is called says nothing.
+  const ModelProperties untouched;
+  PictureInfo info;
+  if (properties.ModelName != untouched.ModelName) info.title = ToUtf8(properties.ModelName);
+  const CDocument* document = chart.GetDocument();
+  if (info.title.empty() && document != nullptr) info.title = ToUtf8(document->GetTitle());
+  if (properties.Author != untouched.Author) info.author = ToUtf8(properties.Author);
+  const auto order = std::make_shared<const ReadingOrder>(chart.GetModel());
+  std::unordered_map<const Shape*, int> depths;
+  for (const Shape* shape : order->Objects()) {
+    const auto* state = dynamic_cast<const GenericState*>(shape);
+    if (state == nullptr || (selectionOnly && !chart.GetSelection().Contains(shape))) continue;
+    const auto holder = depths.find(order->HolderOf(shape));
+    const int depth = holder != depths.end() ? holder->second + 1 : 0;
+    depths[shape] = depth;
+    const POINT corner = chart.ToLogical(TopLeft(shape->GetBounds())) - origin;
+    info.outline.push_back({ToUtf8(state->GetName()), corner, depth});
+  }
+  info.nameOf = [order, &model = chart.GetModel()](std::int32_t id) {
+    const Shape* shape = model.Find(id);
+    return shape != nullptr ? ToUtf8(NameOfObject(*shape, *order)) : std::string();
+  };
+  return info;
 }
 
 void ChartPicture::Paint(CDC& dc) const {

@@ -15,6 +15,7 @@ class ChartPicture : public Picture {
  public:
   explicit ChartPicture(LayoutMgr& chart, const PictureOptions& options = {});
 
+  PictureInfo About() const override;
   void Paint(CDC& dc) const override;
 
  private:

@@ -55,7 +55,7 @@ std::string Picture::MakeEmf() const {
 
 std::string Picture::MakeSvg() const {
   const std::unique_ptr<CDC> reference = Service<Pictures>::Get().ReferenceDC();
-  SvgDC dc(*reference, size);
+  SvgDC dc(*reference, size, About());
   Paint(dc);
   return dc.Close();
 }
@@ -67,7 +67,7 @@ std::optional<std::string> Picture::MakePng() const {
 }
 
 std::optional<std::string> Picture::MakePdf() const {
-  return Service<Pictures>::Get().MakePdf(size, [this](CDC& dc) { Paint(dc); });
+  return Service<Pictures>::Get().MakePdf(size, About(), [this](CDC& dc) { Paint(dc); });
 }
 
 std::optional<std::string> Picture::MakeFile(const FileKind& kind) const {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "drawing/Geometry.h"
+#include "drawing/PictureInfo.h"
 #include "platform/PictureOptions.h"
 #include "platform/Pictures.h"
 
@@ -38,6 +39,8 @@ class Picture {
 
   /// Logical units.
   SIZE Size() const { return size; }
+  /// What the picture is called, who made it and where is what.
+  virtual PictureInfo About() const { return {}; }
   /// How large and on what the picture is made from now on.
   void SetForm(const PictureOptions& options) { form = options; }
   /// Who is told how far a PNG is; see `Pictures::Progress`.

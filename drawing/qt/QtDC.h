@@ -27,7 +27,8 @@ class QtDC : public CDC {
   /// pixels) if one is given. The picture has to outlive the context and must not be copied
   /// meanwhile; several contexts may paint on it in turn.
   QtDC(QImage& image, double scale, QtFontCache& fonts, const QRegion* clip = nullptr);
-  /// Paints the part of a larger picture that begins at `offset`, physical pixels, and fills `part`.
+  /// Paints the part of a larger picture that begins at `offset`, physical pixels, and fills
+  /// `part`.
   QtDC(QImage& part, QPoint offset, double scale, QtFontCache& fonts);
   /// Paints on a page of `size` device pixels with `scale` units of the painter to a device pixel,
   /// as strokes and letters, not as pixels.
@@ -42,6 +43,7 @@ class QtDC : public CDC {
   void SetGreys(bool wanted) { greys = wanted; }
   QPainter& Painter() { return painter; }
 
+  bool PaintsLastPoint() const override { return page; }
   int GetDeviceCaps(DeviceCap cap) const override;
   RECT GetClipBox() const override;
   void Polyline(std::span<const POINT> points) override;

@@ -121,7 +121,7 @@ void QtDC::StrokeLines(QPolygonF points, bool closed) {
   if (Visible(box.adjusted(-width, -width, width + 1, width + 1)).isEmpty()) return;
   const double half = hairline / 2.0;
   points.translate(half, half);
-  if (!closed && IsPenThin()) {
+  if (!page && !closed && IsPenThin()) {
     const qsizetype last = points.size() - 1;
     const QPointF start = StepBack(points[0], points[1], half);
     const QPointF end = StepBack(points[last - 1], points[last], half);

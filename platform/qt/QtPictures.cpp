@@ -6,21 +6,13 @@
 #include <cstdint>
 #include <utility>
 
-#include <QBuffer>
-#include <QHashSeed>
-#include <QPageSize>
-#include <QPdfWriter>
-
 #include "drawing/qt/QtDC.h"
+#include "platform/qt/PdfFile.h"
 
 namespace morvane {
 
 namespace {
 
-constexpr int kScreenInch = 96;
-constexpr double kPointsPerInch = 72;
-/// Units of a page to a logical unit: fine enough that nobody sees the rounding.
-constexpr int kPageScale = 20;
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 constexpr int kPixelBytes = 4;
 /// A band is small enough to stay near the processor, and not so small that objects are looked
@@ -69,36 +61,7 @@ void CopyPixels(const QImage& image, QImage& to) {
   }
 }
 
-/// Overwrites what stands between two marks with `filler`, keeping its length.
-void Blank(QByteArray& bytes, QByteArrayView begin, QByteArrayView end, char filler) {
-  for (qsizetype at = bytes.indexOf(begin); at >= 0; at = bytes.indexOf(begin, at + 1)) {
-    const qsizetype first = at + begin.size();
-    const qsizetype stop = bytes.indexOf(end, first);
-    if (stop < 0) return;
-    for (qsizetype i = first; i < stop; ++i) {
-      if (QChar::fromLatin1(bytes.at(i)).isLetterOrNumber()) bytes[i] = filler;
-    }
-  }
-}
-
-/// Takes the time and the random mark out of a document.
-void MakeReproducible(QByteArray& pdf) {
-  const qsizetype date = pdf.lastIndexOf("/CreationDate (D:");
-  const QByteArray fixedDate = "/CreationDate (D:20000101000000";
-  if (date >= 0) pdf.replace(date, fixedDate.size(), fixedDate);
-  const qsizetype trailer = pdf.lastIndexOf("trailer");
-  if (trailer < 0) return;
-  QByteArray tail = pdf.mid(trailer);
-  Blank(tail, "/ID [ <", "]", '0');
-  pdf.replace(trailer, tail.size(), tail);
-}
-
 }  // namespace
-
-QtPictures::QtPictures() {
-  // The order in which a document's parts are written follows hash tables.
-  QHashSeed::setDeterministicGlobalSeed();
-}
 
 std::unique_ptr<CDC> QtPictures::ReferenceDC() {
   auto image = std::make_unique<QImage>(1, 1, QImage::Format_RGB32);
@@ -147,25 +110,9 @@ std::optional<std::string> QtPictures::MakePng(SIZE size, const PngForm& form, c
   return encoder.Finish();
 }
 
-std::optional<std::string> QtPictures::MakePdf(SIZE size, const Paint& paint) {
-  const double pointsPerUnit = kPointsPerInch / kScreenInch;
-  const QSizeF points(size.cx * pointsPerUnit, size.cy * pointsPerUnit);
-  if (size.cx <= 0 || size.cy <= 0) return std::nullopt;
-  if (points.width() > kMaxPoints || points.height() > kMaxPoints) return std::nullopt;
-  QBuffer buffer;
-  buffer.open(QIODevice::WriteOnly);
-  {
-    QPdfWriter writer(&buffer);
-    writer.setCreator("Morvane");
-    writer.setResolution(kScreenInch * kPageScale);
-    writer.setPageSize(QPageSize(points, QPageSize::Point, "Chart", QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF());
-    QtDC dc(writer, kPageScale, size, fonts);
-    paint(dc);
-  }
-  QByteArray pdf = buffer.data();
-  MakeReproducible(pdf);
-  return pdf.toStdString();
+std::optional<std::string> QtPictures::MakePdf(SIZE size, const PictureInfo& info,
+                                               const Paint& paint) {
+  return PdfFile::Make(size, info, paint, *ReferenceDC(), fonts);
 }
 
 }  // namespace morvane

@@ -14,13 +14,11 @@ class QtPictures : public Pictures {
  public:
   /// Of a picture of pixels. No program shows more, and it takes a quarter of a minute to paint.
   static constexpr std::int64_t kMaxPixels = std::int64_t{1} << 32;
-  static constexpr double kMaxPoints = 14400;
-
-  QtPictures();
 
   std::unique_ptr<CDC> ReferenceDC() override;
   std::optional<std::string> MakePng(SIZE size, const PngForm& form, const Paint& paint) override;
-  std::optional<std::string> MakePdf(SIZE size, const Paint& paint) override;
+  std::optional<std::string> MakePdf(SIZE size, const PictureInfo& info,
+                                     const Paint& paint) override;
 
  private:
   /// Paints `rows` of a picture of `pixels`, from `top` on.

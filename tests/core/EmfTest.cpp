@@ -1,3 +1,7 @@
+#include "drawing/CMetaFileDC.h"
+#include "drawing/EmfWriter.h"
+#include "drawing/NullDC.h"
+#include "drawing/Utf16.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/EmfReader.h"
 #include "tests/support/FakeClipboard.h"
@@ -32,6 +36,50 @@ TEST(CopyAsMetafile, PutsThePictureInSeveralFormatsOrSaysWhatFails) {
     boxes.Expect("Error accessing clipboard");
     chart->OnCommand(ID_COPY_METAFILE);
     EXPECT_EQ(boxes.LastFlags(), flags);
+  }
+}
+
+TEST(EmfWriter, WritesWhatOtherProgramsShow) {
+  NullDC reference;
+  CMetaFileDC dc(reference);
+  const RECT box{10, 20, 70, 60};
+  dc.TextOut({12, 22}, "long text", &box);
+  dc.RoundRect(box, {30, 30});
+  dc.TextOut({60, 22}, "cut off", &box);
+  dc.RoundRect(box, {30, 30});
+  const EmfReader reader(EmfWriter::Encode(dc.Close(), reference, "Program"));
+  reader.CheckFrame();
+  // A curve of its own for each corner, from a radius of half the ellipse.
+  EXPECT_EQ(reader.CountOf(EmfReader::kPolyBezierTo), 8U);
+  const Metafile replayed = reader.Replay();
+  ASSERT_EQ(replayed.records.size(), 4U);
+  EXPECT_EQ(replayed.records[1].rect, box);
+  EXPECT_EQ(replayed.records[1].corner, (SIZE{30, 30}));
+  EXPECT_NE(replayed.records[1].pen.colour, 0U) << "a black one is painted by nobody";
+  // Pen and brush are selected again behind a text, and one text is clipped from outside.
+  EXPECT_EQ(reader.CountOf(EmfReader::kSelectObject), 5U);
+  EXPECT_EQ(reader.CountOf(EmfReader::kSaveDC), 1U);
+  EXPECT_EQ(reader.CountOf(EmfReader::kRestoreDC), 1U);
+}
+
+/// Counts the bytes that it measures.
+class CountingDC : public NullDC {
+ public:
+  SIZE GetTextExtent(std::string_view utf8) const override {
+    measured += utf8.size();
+    return NullDC::GetTextExtent(utf8);
+  }
+  mutable std::size_t measured = 0;
+};
+
+TEST(Advances, CostNoMoreThanTheLengthOfALineWants) {
+  CountingDC dc;
+  dc.SelectFont({"Face", -10, CFont::kNormalWeight});
+  for (const std::size_t length : {100U, 300'000U}) {
+    dc.measured = 0;
+    const std::vector<std::int32_t> advances = Advances(std::string(length, 'x'), dc);
+    EXPECT_EQ(advances, std::vector<std::int32_t>(length, 5));
+    EXPECT_LT(dc.measured, length * 256);
   }
 }
 

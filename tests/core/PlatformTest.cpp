@@ -60,6 +60,30 @@ TEST(SvgDC, WritesTextAsTextAndJoinsLines) {
   }
 }
 
+TEST(SvgDC, NamesThePictureAndItsObjects) {
+  NullDC reference;
+  PictureInfo info;
+  info.title = "Lift & Co";
+  info.nameOf = [](std::int32_t id) { return "Object <" + std::to_string(id) + ">"; };
+  SvgDC dc(reference, {60, 40}, info);
+  for (const int id : {7, -3, 7}) {
+    dc.BeginObject(id);
+    dc.MoveTo({1, 2});
+    dc.LineTo({10, 2});
+    dc.EndObject();
+  }
+  const std::string svg = dc.Close();
+  std::size_t at = 0;
+  for (const char* part :
+       {"viewBox=\"0 0 60 40\"", "<title>Lift &amp; Co</title>", "<dc:title>Lift &amp; Co<",
+        "<xmp:CreatorTool>Morvane<", "<g id=\"object7\">\n<title>Object &lt;7&gt;</title>\n<path",
+        "</g>\n<g id=\"object-3\">\n", "</g>\n<g>\n<title>", "</g>\n</svg>"}) {
+    at = svg.find(part, at);
+    ASSERT_NE(at, std::string::npos) << part << " in " << svg;
+  }
+  EXPECT_EQ(svg.find("dc:creator"), std::string::npos) << "nobody is known";
+}
+
 }  // namespace
 
 }  // namespace morvane

@@ -41,9 +41,12 @@ class Player {
         break;
       case EmfReader::kEllipse: AddShape(Kind::Ellipse, at); break;
       case EmfReader::kRectangle: AddShape(Kind::Rectangle, at); break;
-      case EmfReader::kRoundRect: {
-        const POINT corner = reader.PointAtOffset(at + 24);
-        AddShape(Kind::RoundRect, at).corner = {corner.x, corner.y};
+      case EmfReader::kMoveTo: pathStart = reader.PointAtOffset(at + 8); break;
+      case EmfReader::kStrokeAndFillPath: {
+        // The paths are rectangles with round corners, which begin behind the first one.
+        const RECT box = reader.RectAtOffset(at + 8);
+        const std::int32_t across = 2 * (pathStart.x - box.left);
+        AddShape(Kind::RoundRect, at).corner = {across, across};
         break;
       }
       case EmfReader::kArc:
@@ -117,6 +120,7 @@ class Player {
   const EmfReader& reader;
   Metafile played;
   Metafile::Record state;
+  POINT pathStart;
   std::map<std::uint32_t, CPen> pens;
   std::map<std::uint32_t, CBrush> brushes;
   std::map<std::uint32_t, int> fonts;

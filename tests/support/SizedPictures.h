@@ -22,7 +22,8 @@ class SizedPictures : public Pictures {
                  static_cast<int>(std::ceil(size.cy * form.scale))},
                 paint);
   }
-  std::optional<std::string> MakePdf(SIZE size, const Paint& paint) override {
+  std::optional<std::string> MakePdf(SIZE size, const PictureInfo& /*info*/,
+                                     const Paint& paint) override {
     return Make(size, paint);
   }
 

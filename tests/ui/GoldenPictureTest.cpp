@@ -105,7 +105,7 @@ Forms MakeForms(Pictures& pictures, const Sample& sample) {
   DrawPens(recording);
   forms.calls = recording.Close();
   forms.png = pictures.MakePng(forms.size, {}, DrawPens).value_or("");
-  forms.pdf = pictures.MakePdf(forms.size, DrawPens).value_or("");
+  forms.pdf = pictures.MakePdf(forms.size, {}, DrawPens).value_or("");
   SvgDC svg(*reference, forms.size);
   DrawPens(svg);
   forms.svg = svg.Close();

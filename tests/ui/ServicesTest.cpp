@@ -114,7 +114,9 @@ TEST(QtPicturesTest, TooLargeAPictureIsNotMade) {
     EXPECT_FALSE(pictures.MakePng(size, {}, fail)) << size.cx;
   }
   EXPECT_FALSE(pictures.MakePng({20'000, 20'000}, {.scale = 8}, fail));
-  for (const SIZE size : {SIZE{19201, 10}, {10, -1}}) EXPECT_FALSE(pictures.MakePdf(size, fail));
+  for (const SIZE size : {SIZE{19201, 10}, {10, -1}}) {
+    EXPECT_FALSE(pictures.MakePdf(size, {}, fail));
+  }
 }
 
 /// Slanted and curved, so that a seam would show.

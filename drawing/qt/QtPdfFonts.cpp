@@ -1,0 +1,123 @@
+#include "drawing/qt/QtPdfFonts.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+#include <QTextLayout>
+#include <QTextOption>
+
+#include "drawing/qt/PdfFace.h"
+#include "drawing/qt/QtText.h"
+
+namespace morvane {
+
+namespace {
+
+/// What each of a font's letters stands for, as far as the text tells.
+std::unordered_map<quint32, char32_t> CharactersOf(const QRawFont& font, const QString& text) {
+  std::unordered_map<quint32, char32_t> characters;
+  for (const char32_t c : text.toUcs4()) {
+    const QList<quint32> glyphs = font.glyphIndexesForString(QString::fromUcs4(&c, 1));
+    if (glyphs.size() == 1 && glyphs.first() != 0) characters.emplace(glyphs.first(), c);
+  }
+  return characters;
+}
+
+}  // namespace
+
+QtPdfFonts::QtPdfFonts(QtFontCache& fonts) : fonts(fonts) {}
+
+QtPdfFonts::~QtPdfFonts() = default;
+
+int QtPdfFonts::FaceOf(const QRawFont& font) {
+  const QString key =
+      font.familyName() + u'/' + font.styleName() + u'/' + QString::number(font.weight());
+  const auto [found, isNew] = faceOf.try_emplace(key, static_cast<int>(faces.size()));
+  if (isNew) faces.push_back(std::make_unique<PdfFace>(font));
+  return found->second;
+}
+
+int QtPdfFonts::AdvanceOf(int face, std::uint16_t glyph) {
+  return faces[static_cast<std::size_t>(face)]->AdvanceOf(glyph);
+}
+
+const PdfFonts::Line& QtPdfFonts::Shape(const CFont& wanted, std::string_view utf8) {
+  const QtFont& font = fonts.Get(wanted);
+  line.runs.clear();
+  line.needsText = false;
+  if (AddAscii(font, utf8)) return line;
+  double x = 0;
+  while (!utf8.empty()) {
+    const std::string_view piece = QtFont::TakePiece(utf8);
+    AddPiece(font, piece, x);
+    x += font.Advance(piece);
+  }
+  return line;
+}
+
+bool QtPdfFonts::AddAscii(const QtFont& font, std::string_view utf8) {
+  const QGlyphRun* glyphs = font.Glyphs(utf8);
+  if (glyphs == nullptr) return false;
+  const QRawFont raw = glyphs->rawFont();
+  const int number = FaceOf(raw);
+  PdfFace& face = *faces[static_cast<std::size_t>(number)];
+  if (face.Kind() == PdfFace::Outlines::None) return false;
+  const QList<quint32> ids = glyphs->glyphIndexes();
+  const QList<QPointF> places = glyphs->positions();
+  Run& run = line.runs.emplace_back();
+  run.face = number;
+  run.size = raw.pixelSize();
+  run.glyphs.reserve(utf8.size());
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    const auto id = static_cast<std::uint16_t>(ids[static_cast<qsizetype>(i)]);
+    const auto code = static_cast<unsigned char>(utf8[i]);
+    // Control characters take the place of a blank.
+    if (!face.Use(id, code < ' ' ? U' ' : char32_t{code})) line.needsText = true;
+    run.glyphs.push_back({id, places[static_cast<qsizetype>(i)].x(), 0});
+  }
+  return true;
+}
+
+void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
+  constexpr double unlimited = 1e6;
+  const QString text = QtFont::Printable(utf8);
+  QTextLayout layout(text, font.Font());
+  // As in the window: a line that runs from right to left begins at the left edge of its letters.
+  QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+  option.setTextDirection(Qt::LayoutDirectionAuto);
+  layout.setTextOption(option);
+  layout.beginLayout();
+  QTextLine textLine = layout.createLine();
+  if (!textLine.isValid()) return;
+  textLine.setLineWidth(unlimited);
+  layout.endLayout();
+  QList<QGlyphRun> runs = layout.glyphRuns();
+  // They come in an order that changes from run to run of the program.
+  std::ranges::stable_sort(runs, {}, [](const QGlyphRun& r) { return r.positions().value(0).x(); });
+  qsizetype shown = 0;
+  for (const QGlyphRun& glyphs : std::as_const(runs)) {
+    const QRawFont raw = glyphs.rawFont();
+    const int number = FaceOf(raw);
+    PdfFace& face = *faces[static_cast<std::size_t>(number)];
+    shown += glyphs.glyphIndexes().size();
+    line.needsText = line.needsText || glyphs.isRightToLeft();
+    if (face.Kind() == PdfFace::Outlines::None) continue;
+    const auto characters = CharactersOf(raw, text);
+    Run& run = line.runs.emplace_back();
+    run.face = number;
+    run.size = raw.pixelSize();
+    const QList<quint32> ids = glyphs.glyphIndexes();
+    const QList<QPointF> places = glyphs.positions();
+    for (qsizetype i = 0; i < ids.size(); ++i) {
+      const auto id = static_cast<std::uint16_t>(ids[i]);
+      const auto known = characters.find(ids[i]);
+      if (known == characters.end()) face.Use(id);
+      if (known == characters.end() || !face.Use(id, known->second)) line.needsText = true;
+      run.glyphs.push_back({id, x + places[i].x(), places[i].y() - textLine.ascent()});
+    }
+  }
+  if (shown != static_cast<qsizetype>(text.toUcs4().size())) line.needsText = true;
+}
+
+}  // namespace morvane
