@@ -45,6 +45,10 @@ void CDC::LineTo(POINT p) {
   current = p;
 }
 
+std::vector<TextRun> CDC::GetTextRuns(std::string_view utf8) const {
+  return {{utf8, DirectionOf(utf8), 0, static_cast<double>(GetTextExtent(utf8).cx)}};
+}
+
 void CDC::FrameRect(const RECT& r, const CBrush& with) {
   FillRect({r.left, r.top, r.right, AddSat(r.top, 1)}, with);
   FillRect({r.left, SubSat(r.bottom, 1), r.right, r.bottom}, with);

@@ -9,6 +9,7 @@
 #include "drawing/DrawingTools.h"
 #include "drawing/Geometry.h"
 #include "drawing/Mapping.h"
+#include "drawing/TextRun.h"
 
 namespace morvane {
 
@@ -85,6 +86,9 @@ class CDC {
   virtual void TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) = 0;
   /// The width and height of one line of valid UTF-8 in the present font.
   virtual SIZE GetTextExtent(std::string_view utf8) const = 0;
+  /// The parts of one line of valid UTF-8 in the present font that each run in one direction, in
+  /// the order of the text; views into it. A line from left to right alone is one part.
+  virtual std::vector<TextRun> GetTextRuns(std::string_view utf8) const;
   virtual TextMetrics GetTextMetrics() const = 0;
 
   void FillSolidRect(const RECT& r, COLORREF colour) { FillRect(r, CBrush::Solid(colour)); }

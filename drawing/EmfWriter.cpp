@@ -4,9 +4,9 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 
 #include "drawing/CDC.h"
-#include "drawing/TextDirection.h"
 #include "drawing/Utf16.h"
 
 namespace morvane {
@@ -71,6 +71,10 @@ constexpr COLORREF kNearlyBlack = 0x010101;
 constexpr std::size_t kFaceLetters = 32;
 constexpr std::size_t kFontTail = 228;  ///< what follows the face in the longer form of a font
 
+RECT BoxOf(POINT place, SIZE extent) {
+  return {place.x, place.y, AddSat(place.x, extent.cx), AddSat(place.y, extent.cy)};
+}
+
 }  // namespace
 
 /// The bytes of one record while it grows.
@@ -125,8 +129,7 @@ class EmfWriter::Record {
 };
 
 std::string EmfWriter::Encode(const Metafile& metafile, CDC& reference,
-                              std::string_view description, const RECT* frame,
-                              double scale) {
+                              std::string_view description, const RECT* frame, double scale) {
   EmfWriter writer(metafile, reference);
   writer.scale = scale;
   writer.WriteSetUp();
@@ -325,21 +328,42 @@ void EmfWriter::WriteMask(const Metafile::Record& call) {
 }
 
 void EmfWriter::WriteText(const Metafile::Record& call) {
-  const std::u16string text = ToUtf16(call.text);
-  if (text.empty()) return;
+  if (call.text.empty()) return;
   SelectFont(call.font);
   SelectColour(call.textColor);
   reference.SelectFont(metafile.fonts[static_cast<std::size_t>(call.font)]);
-  const SIZE extent = reference.GetTextExtent(call.text);
-  const POINT place = call.points[0];
-  RECT box{place.x, place.y, AddSat(place.x, extent.cx), AddSat(place.y, extent.cy)};
+  const RECT box = BoxOf(call.points[0], reference.GetTextExtent(call.text));
   const bool cut = call.clipped && IntersectRect(box, call.rect) != box;
-  if (call.clipped) box = IntersectRect(box, call.rect);
   if (cut) {
     // For programs that don't heed a text's own clip.
     Append(Record(RecordType::SaveDC));
     Append(Record(RecordType::IntersectClipRect).Rect(call.rect));
   }
+  // Other programs put the parts of a line that runs both ways in orders of their own.
+  bool isFirst = true;
+  for (const TextRun& run : reference.GetTextRuns(call.text)) {
+    // Some programs join texts that stand side by side, and order them anew, if nothing parts them.
+    if (!isFirst) Append(Record(RecordType::MoveTo).Point(call.points[0]));
+    WriteRun(call, run);
+    isFirst = false;
+  }
+  if (cut) Append(Record(RecordType::RestoreDC).Number(std::int32_t{-1}));
+  // Some programs forget with a text what was selected for lines and areas.
+  selectedPen = 0;
+  selectedBrush = 0;
+  Cover(call.clipped ? IntersectRect(box, call.rect) : box);
+}
+
+void EmfWriter::WriteRun(const Metafile::Record& call, const TextRun& run) {
+  const POINT place = call.points[0] + POINT{static_cast<std::int32_t>(std::lround(run.left)), 0};
+  RECT box = BoxOf(place, reference.GetTextExtent(run.text));
+  if (call.clipped) box = IntersectRect(box, call.rect);
+  const std::u16string before = ToUtf16(run.MarkBefore());
+  const std::u16string behind = ToUtf16(run.MarkBehind());
+  const std::u16string text = before + ToUtf16(run.text) + behind;
+  std::vector<std::int32_t> advances(before.size(), 0);
+  std::ranges::copy(Advances(run.text, reference), std::back_inserter(advances));
+  advances.resize(text.size(), 0);
 
   Record record(RecordType::ExtTextOut);
   const auto scale = static_cast<float>(kHundredthsPerPixel);
@@ -348,18 +372,12 @@ void EmfWriter::WriteText(const Metafile::Record& call) {
   constexpr std::uint32_t fieldsBehind = 4 + 4 + 16 + 4;  // offset, options, clip, offset
   const std::uint32_t textOffset = record.Length() + fieldsBehind;
   const auto textSize = static_cast<std::uint32_t>((text.size() * 2 + 3) / 4 * 4);
-  const bool turned =
-      MayRunRightToLeft(call.text) && DirectionOf(call.text) == TextDirection::RightToLeft;
+  const bool turned = run.direction == TextDirection::RightToLeft;
   record.Number(textOffset).Number((call.clipped ? kClipped : 0U) | (turned ? kTurned : 0U));
   record.Rect(call.rect);
   record.Number(textOffset + textSize).Text(text).Zeros(textSize - text.size() * 2);
-  for (const std::int32_t advance : Advances(call.text, reference)) record.Number(advance);
+  for (const std::int32_t advance : advances) record.Number(advance);
   Append(record);
-  if (cut) Append(Record(RecordType::RestoreDC).Number(std::int32_t{-1}));
-  // Some programs forget with a text what was selected for lines and areas.
-  selectedPen = 0;
-  selectedBrush = 0;
-  Cover(box);
 }
 
 void EmfWriter::WriteEnd() {

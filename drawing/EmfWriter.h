@@ -11,6 +11,7 @@
 namespace morvane {
 
 class CDC;
+struct TextRun;
 
 /// Encodes a recording as an enhanced metafile: one unit of the picture to the logical unit, 96 to
 /// the inch. Every call becomes a record of its own, and text stays text.
@@ -36,6 +37,7 @@ class EmfWriter {
   void WriteFill(const RECT& r, const CBrush& brush);
   void WriteMask(const Metafile::Record& call);
   void WriteText(const Metafile::Record& call);
+  void WriteRun(const Metafile::Record& call, const TextRun& run);
   void WriteEnd();
   std::string Header(std::string_view description) const;
 

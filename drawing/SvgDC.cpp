@@ -7,16 +7,15 @@
 #include <numbers>
 
 #include "drawing/Decimal.h"
-#include "drawing/TextDirection.h"
 #include "drawing/XmlText.h"
 
 namespace morvane {
 
 namespace {
 
-/// Marks around a part of a text that runs from right to left.
-const std::string kTurned = "\u202B";
-const std::string kTurnedEnd = "\u202C";
+/// Marks around a text that runs from right to left; without them some viewers show nothing of it.
+constexpr std::string_view kTurned = "\u202B";
+constexpr std::string_view kTurnedEnd = "\u202C";
 
 std::string Number(std::int64_t v) { return std::to_string(v); }
 
@@ -88,9 +87,9 @@ std::string SvgDC::Close() {
   const std::string width = Number(size.cx);
   const std::string height = Number(size.cy);
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-  text += "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" +
-          Decimal(size.cx * info.scale, 2) + "\" height=\"" + Decimal(size.cy * info.scale, 2) +
-          "\" viewBox=\"0 0 " + width + " " + height + "\">\n";
+  text += "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + Decimal(size.cx * info.scale, 2) +
+          "\" height=\"" + Decimal(size.cy * info.scale, 2) + "\" viewBox=\"0 0 " + width + " " +
+          height + "\">\n";
   text += Metadata();
   if (!definitions.empty()) text += "<defs>\n" + definitions + "</defs>\n";
   if (!info.transparent) {
@@ -229,18 +228,24 @@ void SvgDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   if (IsHidden(topLeft, extent, clip, cut)) return;
 
   const POINT place = topLeft + GetViewportOrg();
-  body += "<text x=\"" + Number(place.x) + "\" y=\"" +
-          Number(AddSat(place.y, GetTextMetrics().ascent)) + "\" font-family=\"" +
-          XmlEscape(font.face) + ", DejaVu Sans, sans-serif\" font-size=\"" +
-          Number(std::abs(std::int64_t{font.height})) + "\"";
-  if (font.weight >= CFont::kBoldWeight) body += " font-weight=\"bold\"";
-  body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Number(extent.cx) +
-          "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"";
-  if (cut) body += ClipAttribute(Placed(*clip));
-  // The attribute for the direction would make the right edge the beginning, for some viewers only.
-  const bool turned = MayRunRightToLeft(utf8) && DirectionOf(utf8) == TextDirection::RightToLeft;
-  const std::string letters = XmlEscape(utf8);
-  body += ">" + (turned ? kTurned + letters + kTurnedEnd : letters) + "</text>\n";
+  const std::string clipped = cut ? ClipAttribute(Placed(*clip)) : std::string();
+  // Other programs put the parts of a line that runs both ways in orders of their own.
+  for (const TextRun& run : GetTextRuns(utf8)) {
+    body += "<text x=\"" + Hundredths(place.x + run.left) + "\" y=\"" +
+            Number(AddSat(place.y, GetTextMetrics().ascent)) + "\" font-family=\"" +
+            XmlEscape(font.face) + ", DejaVu Sans, sans-serif\" font-size=\"" +
+            Number(std::abs(std::int64_t{font.height})) + "\"";
+    if (font.weight >= CFont::kBoldWeight) body += " font-weight=\"bold\"";
+    body += " fill=\"" + ColourText(GetTextColor()) + "\" textLength=\"" + Hundredths(run.width) +
+            "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\"" + clipped + ">";
+    // The attribute for the direction would make the right edge the beginning, for some viewers
+    // only.
+    const bool turned = run.direction == TextDirection::RightToLeft;
+    if (turned) body += kTurned;
+    body += XmlEscape(run.text);
+    if (turned) body.append(run.MarkBehind()) += kTurnedEnd;
+    body += "</text>\n";
+  }
 }
 
 }  // namespace morvane

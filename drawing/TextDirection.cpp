@@ -42,6 +42,10 @@ constexpr auto kNeutral = std::to_array<Range>(
      {0x30FB, 0x30FB},   {0xFE00, 0xFE6F},   {0xFF01, 0xFF20},  {0xFF3B, 0xFF40}, {0xFF5B, 0xFF65},
      {0x1F000, 0x1F0FF}, {0x1F300, 0x1FAFF}, {0xE0001, 0xE01EF}});
 
+/// Signs that show nothing and tell the direction of others.
+constexpr auto kMarks = std::to_array<Range>(
+    {{0x061C, 0x061C}, {kLeftToRightMark, kRightToLeftMark}, {0x202A, 0x202E}, {0x2066, 0x2069}});
+
 bool IsIn(const auto& ranges, std::uint32_t point) {
   const auto behind = std::ranges::upper_bound(ranges, point, {}, &Range::first);
   return behind != ranges.begin() && point <= std::prev(behind)->last;
@@ -68,6 +72,12 @@ bool MayRunRightToLeft(std::string_view utf8) {
   return std::ranges::any_of(utf8,
                              [](char c) { return static_cast<unsigned char>(c) >= kFirstLead; });
 }
+
+bool RunsRightToLeft(std::uint32_t codePoint) {
+  return IsIn(kRightToLeft, codePoint) && !IsIn(kNeutral, codePoint);
+}
+
+bool IsDirectionMark(std::uint32_t codePoint) { return IsIn(kMarks, codePoint); }
 
 std::string InDirection(std::string_view line, TextDirection paragraph) {
   std::string directed;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,10 @@ enum class TextDirection { LeftToRight, RightToLeft };
 TextDirection DirectionOf(std::string_view utf8);
 /// Whether a text may have letters that run from right to left; a quick answer, on the safe side.
 bool MayRunRightToLeft(std::string_view utf8);
+/// Whether a letter runs from right to left by itself.
+bool RunsRightToLeft(std::uint32_t codePoint);
+/// Whether a sign shows nothing and tells the direction of others.
+bool IsDirectionMark(std::uint32_t codePoint);
 /// A line of a paragraph that runs in a direction, with a mark in front that shows nothing where
 /// the line alone would run in the other.
 std::string InDirection(std::string_view line, TextDirection paragraph);

@@ -86,6 +86,11 @@ SIZE VectorDC::GetTextExtent(std::string_view utf8) const {
   return reference.GetTextExtent(utf8);
 }
 
+std::vector<TextRun> VectorDC::GetTextRuns(std::string_view utf8) const {
+  reference.SelectFont(GetFont());
+  return reference.GetTextRuns(utf8);
+}
+
 TextMetrics VectorDC::GetTextMetrics() const {
   reference.SelectFont(GetFont());
   return reference.GetTextMetrics();

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
+#include <vector>
 
 #include "drawing/CDC.h"
 
@@ -20,6 +22,7 @@ class VectorDC : public CDC {
   RECT GetClipBox() const override;
   void FillMask(POINT topLeft, const BitMask& mask) override;
   SIZE GetTextExtent(std::string_view utf8) const override;
+  std::vector<TextRun> GetTextRuns(std::string_view utf8) const override;
   TextMetrics GetTextMetrics() const override;
 
  protected:

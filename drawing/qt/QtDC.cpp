@@ -6,6 +6,7 @@
 #include <QPaintDevice>
 
 #include "drawing/qt/QtText.h"
+#include "drawing/qt/QtTextRuns.h"
 
 namespace morvane {
 
@@ -178,6 +179,15 @@ SIZE QtDC::GetTextExtent(std::string_view utf8) const {
   const QtFont& font = fonts.Get(GetFont());
   const double width = std::ceil(font.Advance(utf8) - 1e-6);
   return {Saturate(static_cast<std::int64_t>(width)), font.Metrics().height};
+}
+
+std::vector<TextRun> QtDC::GetTextRuns(std::string_view utf8) const {
+  if (MayRunRightToLeft(utf8)) {
+    std::vector<TextRun> runs = QtTextRuns::Of(fonts.Get(GetFont()), utf8);
+    const bool isPlain = runs.size() == 1 && runs[0].direction == TextDirection::LeftToRight;
+    if (!runs.empty() && !isPlain) return runs;
+  }
+  return CDC::GetTextRuns(utf8);
 }
 
 TextMetrics QtDC::GetTextMetrics() const { return fonts.Get(GetFont()).Metrics(); }

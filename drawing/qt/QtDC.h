@@ -56,6 +56,7 @@ class QtDC : public CDC {
   void FillMask(POINT topLeft, const BitMask& mask) override;
   void TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) override;
   SIZE GetTextExtent(std::string_view utf8) const override;
+  std::vector<TextRun> GetTextRuns(std::string_view utf8) const override;
   TextMetrics GetTextMetrics() const override;
 
  private:

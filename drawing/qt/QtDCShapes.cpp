@@ -4,9 +4,8 @@
 #include <numeric>
 
 #include <QPainterPath>
-#include <QTextLayout>
-#include <QTextOption>
 
+#include "drawing/qt/LaidOutLine.h"
 #include "drawing/qt/LineClip.h"
 #include "drawing/qt/PixelRuns.h"
 #include "drawing/qt/QtDC.h"
@@ -39,23 +38,6 @@ QPointF StepBack(QPointF from, QPointF to, double half) {
   return length > 0 ? d * (-half / length) : QPointF();
 }
 
-/// Paints a line of text as it is laid out for a screen. A page of a finer resolution would set the
-/// letters further apart.
-void PaintLaidOut(QPainter& painter, QPointF baseline, const QFont& font, const QString& text) {
-  constexpr double unlimited = 1e6;
-  QTextLayout layout(text, font);
-  // A line that runs from right to left begins at the left edge of its letters, too.
-  QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-  option.setTextDirection(Qt::LayoutDirectionAuto);
-  layout.setTextOption(option);
-  layout.beginLayout();
-  QTextLine line = layout.createLine();
-  if (!line.isValid()) return;
-  line.setLineWidth(unlimited);
-  layout.endLayout();
-  line.draw(&painter, baseline - QPointF(0, line.ascent()));
-}
-
 }  // namespace
 
 bool QtDC::IsPenThin() const { return GetPen().width <= 1 || PenWidth() <= hairline; }
@@ -79,8 +61,8 @@ QPen QtDC::StrokePen() const {
   const CPen& wanted = GetPen();
   if (wanted.style == PenStyle::Null) return QPen(Qt::NoPen);
   const bool thin = IsPenThin();
-  QPen pen(QBrush(Ink(wanted.colour)), PenWidth(), Qt::SolidLine,
-           thin ? Qt::FlatCap : Qt::RoundCap, thin ? Qt::MiterJoin : Qt::RoundJoin);
+  QPen pen(QBrush(Ink(wanted.colour)), PenWidth(), Qt::SolidLine, thin ? Qt::FlatCap : Qt::RoundCap,
+           thin ? Qt::MiterJoin : Qt::RoundJoin);
   const std::vector<int> dashes = DashLengths();
   if (!dashes.empty()) {
     QList<qreal> pattern;
@@ -358,7 +340,9 @@ void QtDC::PaintText(QPointF origin, double factor, std::string_view utf8) {
   if (glyphs != nullptr) {
     painter.drawGlyphRun(baseline, *glyphs);
   } else if (page) {
-    PaintLaidOut(painter, baseline, font.Font(), QtFont::Printable(utf8));
+    // As it is laid out for a screen: a page of a finer resolution would set the letters further
+    // apart.
+    LaidOutLine(QtFont::Printable(utf8), font.Font()).Paint(painter, baseline);
   } else {
     painter.setFont(font.Font());
     while (!utf8.empty()) {

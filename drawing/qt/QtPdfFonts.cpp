@@ -4,9 +4,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include <QTextLayout>
-#include <QTextOption>
-
+#include "drawing/qt/LaidOutLine.h"
 #include "drawing/qt/PdfFace.h"
 #include "drawing/qt/QtText.h"
 
@@ -80,19 +78,9 @@ bool QtPdfFonts::AddAscii(const QtFont& font, std::string_view utf8) {
 }
 
 void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
-  constexpr double unlimited = 1e6;
   const QString text = QtFont::Printable(utf8);
-  QTextLayout layout(text, font.Font());
-  // As in the window: a line that runs from right to left begins at the left edge of its letters.
-  QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-  option.setTextDirection(Qt::LayoutDirectionAuto);
-  layout.setTextOption(option);
-  layout.beginLayout();
-  QTextLine textLine = layout.createLine();
-  if (!textLine.isValid()) return;
-  textLine.setLineWidth(unlimited);
-  layout.endLayout();
-  QList<QGlyphRun> runs = layout.glyphRuns();
+  const LaidOutLine laidOut(text, font.Font());
+  QList<QGlyphRun> runs = laidOut.Glyphs();
   // They come in an order that changes from run to run of the program.
   std::ranges::stable_sort(runs, {}, [](const QGlyphRun& r) { return r.positions().value(0).x(); });
   qsizetype shown = 0;
@@ -114,7 +102,7 @@ void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
       const auto known = characters.find(ids[i]);
       if (known == characters.end()) face.Use(id);
       if (known == characters.end() || !face.Use(id, known->second)) line.needsText = true;
-      run.glyphs.push_back({id, x + places[i].x(), places[i].y() - textLine.ascent()});
+      run.glyphs.push_back({id, x + places[i].x(), places[i].y() - laidOut.Ascent()});
     }
   }
   if (shown != static_cast<qsizetype>(text.toUcs4().size())) line.needsText = true;

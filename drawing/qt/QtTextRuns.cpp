@@ -1,0 +1,93 @@
+#include "drawing/qt/QtTextRuns.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "drawing/TextCodec.h"
+#include "drawing/qt/QtText.h"
+
+namespace morvane {
+
+namespace {
+
+/// What is nearer than this to the end of a run follows it, logical units: less than any letter is
+/// wide.
+constexpr double kNear = 0.5;
+
+/// Where letters of one kind follow each other, all of them run in one direction. Signs without a
+/// direction, and such as tell it, count one by one: it hangs on what each of them is paired with.
+bool GoesOn(std::uint32_t before, std::uint32_t point) {
+  const QChar::Direction kind = QChar::direction(point);
+  return kind == QChar::direction(before) && kind != QChar::DirON && !IsDirectionMark(before) &&
+         !IsDirectionMark(point);
+}
+
+}  // namespace
+
+std::vector<TextRun> QtTextRuns::Of(const QtFont& font, std::string_view utf8) {
+  std::vector<TextRun> all;
+  double left = 0;
+  while (!utf8.empty()) {
+    QtTextRuns piece(font, QtFont::TakePiece(utf8));
+    piece.Find();
+    piece.Place(left);
+    std::ranges::move(piece.runs, std::back_inserter(all));
+  }
+  return all;
+}
+
+void QtTextRuns::Find() {
+  const LaidOutLine line(QtFont::Printable(piece), font.Font());
+  std::size_t begin = 0;  // of letters of one kind
+  int first = 0;
+  std::uint32_t point = 0;  // that the last letter begins with
+  int at = 0;
+  for (std::size_t byte = 0; byte < piece.size();) {
+    const auto [next, length] = DecodeUtf8(piece, byte);
+    if (line.BeginsLetter(at)) {
+      if (byte > begin && !GoesOn(point, next)) {
+        Add(piece.substr(begin, byte - begin), line.PlaceOf(first));
+        begin = byte;
+        first = at;
+      }
+      point = next;
+    }
+    byte += length;
+    at += QChar::requiresSurrogates(next) ? 2 : 1;
+  }
+  Add(piece.substr(begin), line.PlaceOf(first));
+}
+
+void QtTextRuns::Add(std::string_view part, const std::optional<LaidOutLine::Place>& place) {
+  if (!place || IsDirectionMark(DecodeUtf8(part, 0).value)) return;
+  const double width = font.Advance(part);
+  const TextDirection direction =
+      place->turned ? TextDirection::RightToLeft : TextDirection::LeftToRight;
+  // Where a mark parts them, or numbers of two kinds meet, even letters that run from left to right
+  // and follow each other may stand apart.
+  const bool goesOn =
+      !runs.empty() && runs.back().direction == direction &&
+      (place->turned || std::abs(runs.back().left + runs.back().width - place->x) < kNear);
+  if (!goesOn) {
+    runs.push_back({part, direction, place->x, width});
+    return;
+  }
+  TextRun& run = runs.back();
+  run.width += width;
+  const auto size = static_cast<std::size_t>(part.data() + part.size() - run.text.data());
+  run.text = piece.substr(static_cast<std::size_t>(run.text.data() - piece.data()), size);
+}
+
+/// The letters tell the order of the runs from left to right; they may stand beside their places.
+void QtTextRuns::Place(double& left) {
+  std::vector<TextRun*> order;
+  for (TextRun& run : runs) order.push_back(&run);
+  std::ranges::sort(order, {}, &TextRun::left);
+  for (TextRun* run : order) {
+    run->left = left;
+    left += run->width;
+  }
+}
+
+}  // namespace morvane
