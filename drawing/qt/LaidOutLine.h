@@ -30,6 +30,8 @@ class LaidOutLine {
   /// With the baseline's start at a point.
   void Paint(QPainter& painter, QPointF baseline) const;
   QList<QGlyphRun> Glyphs() const { return layout.glyphRuns(); }
+  /// Those of some letters.
+  QList<QGlyphRun> Glyphs(int at, int count) const { return layout.glyphRuns(at, count); }
   /// From the top of the line to its baseline.
   double Ascent() const { return line.isValid() ? line.ascent() : 0; }
 

@@ -40,8 +40,8 @@ hb_blob_t* ReadTable(hb_face_t* /*face*/, hb_tag_t tag, void* context) {
                         HB_MEMORY_MODE_DUPLICATE, nullptr, nullptr);
 }
 
-std::u16string UnitsOf(char32_t character) {
-  return QString::fromUcs4(&character, 1).toStdU16String();
+std::u16string UnitsOf(const std::u32string& characters) {
+  return QString::fromStdU32String(characters).toStdU16String();
 }
 
 }  // namespace
@@ -57,11 +57,11 @@ PdfFace::Letter& PdfFace::At(std::uint16_t glyph) {
   return letters[glyph];
 }
 
-bool PdfFace::Use(std::uint16_t glyph, char32_t character) {
+bool PdfFace::Use(std::uint16_t glyph, std::u32string_view characters) {
   Letter& letter = At(glyph);
   letter.used = true;
-  if (letter.character == 0) letter.character = character;
-  return letter.character == character;
+  if (letter.characters.empty()) letter.characters = characters;
+  return letter.characters == characters;
 }
 
 void PdfFace::Use(std::uint16_t glyph) { At(glyph).used = true; }
@@ -138,11 +138,11 @@ std::string PdfFace::ToUnicode() const {
   constexpr std::size_t mostInBlock = 100;
   std::vector<std::string> lines;
   for (std::size_t i = 0; i < letters.size(); ++i) {
-    if (letters[i].character == 0) continue;
+    if (letters[i].characters.empty()) continue;
     std::string text = "<";
     AppendHex(text, static_cast<std::uint16_t>(i));
     text += "> <";
-    for (const char16_t unit : UnitsOf(letters[i].character)) AppendHex(text, unit);
+    for (const char16_t unit : UnitsOf(letters[i].characters)) AppendHex(text, unit);
     lines.push_back(text + ">\n");
   }
   std::string map =

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <QRawFont>
@@ -18,8 +19,9 @@ class PdfFace {
 
   /// Without outlines, as for letters that are small pictures, a face can't be used.
   Outlines Kind() const { return kind; }
-  /// Notes that a letter stands for a character. False if it stands for another one already.
-  bool Use(std::uint16_t glyph, char32_t character);
+  /// Notes that a letter stands for a character, or for several. False if it stands for others
+  /// already.
+  bool Use(std::uint16_t glyph, std::u32string_view characters);
   /// Notes a letter that is no character's own.
   void Use(std::uint16_t glyph);
   /// Thousandths of an em.
@@ -42,8 +44,8 @@ class PdfFace {
  private:
   struct Letter {
     bool used = false;
-    char32_t character = 0;  ///< 0 for none
-    int advance = -1;        ///< not known yet
+    std::u32string characters;
+    int advance = -1;  ///< not known yet
   };
 
   Letter& At(std::uint16_t glyph);

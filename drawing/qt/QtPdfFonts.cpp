@@ -6,18 +6,24 @@
 
 #include "drawing/qt/LaidOutLine.h"
 #include "drawing/qt/PdfFace.h"
+#include "drawing/qt/PdfLetterTexts.h"
 #include "drawing/qt/QtText.h"
 
 namespace morvane {
 
 namespace {
 
+using Characters = std::unordered_map<quint32, char32_t>;
+
 /// What each of a font's letters stands for, as far as the text tells.
-std::unordered_map<quint32, char32_t> CharactersOf(const QRawFont& font, const QString& text) {
-  std::unordered_map<quint32, char32_t> characters;
+Characters CharactersOf(const QRawFont& font, const QString& text) {
+  Characters characters;
   for (const char32_t c : text.toUcs4()) {
-    const QList<quint32> glyphs = font.glyphIndexesForString(QString::fromUcs4(&c, 1));
-    if (glyphs.size() == 1 && glyphs.first() != 0) characters.emplace(glyphs.first(), c);
+    // A bracket that runs from right to left shows the letter of the other one.
+    for (const char32_t shown : {c, QChar::mirroredChar(c)}) {
+      const QList<quint32> glyphs = font.glyphIndexesForString(QString::fromUcs4(&shown, 1));
+      if (glyphs.size() == 1 && glyphs.first() != 0) characters.emplace(glyphs.first(), shown);
+    }
   }
   return characters;
 }
@@ -71,7 +77,8 @@ bool QtPdfFonts::AddAscii(const QtFont& font, std::string_view utf8) {
     const auto id = static_cast<std::uint16_t>(ids[static_cast<qsizetype>(i)]);
     const auto code = static_cast<unsigned char>(utf8[i]);
     // Control characters take the place of a blank.
-    if (!face.Use(id, code < ' ' ? U' ' : char32_t{code})) line.needsText = true;
+    const char32_t character = code < ' ' ? U' ' : char32_t{code};
+    if (!face.Use(id, {&character, 1})) line.needsText = true;
     run.glyphs.push_back({id, places[static_cast<qsizetype>(i)].x(), 0});
   }
   return true;
@@ -83,14 +90,19 @@ void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
   QList<QGlyphRun> runs = laidOut.Glyphs();
   // They come in an order that changes from run to run of the program.
   std::ranges::stable_sort(runs, {}, [](const QGlyphRun& r) { return r.positions().value(0).x(); });
+  const bool turns =
+      std::ranges::any_of(runs, [](const QGlyphRun& run) { return run.isRightToLeft(); });
+  const PdfLetterTexts texts = turns ? PdfLetterTexts(laidOut, text) : PdfLetterTexts();
   qsizetype shown = 0;
   for (const QGlyphRun& glyphs : std::as_const(runs)) {
     const QRawFont raw = glyphs.rawFont();
     const int number = FaceOf(raw);
     PdfFace& face = *faces[static_cast<std::size_t>(number)];
     shown += glyphs.glyphIndexes().size();
-    line.needsText = line.needsText || glyphs.isRightToLeft();
-    if (face.Kind() == PdfFace::Outlines::None) continue;
+    if (face.Kind() == PdfFace::Outlines::None) {
+      line.needsText = line.needsText || turns;
+      continue;
+    }
     const auto characters = CharactersOf(raw, text);
     Run& run = line.runs.emplace_back();
     run.face = number;
@@ -100,12 +112,15 @@ void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
     for (qsizetype i = 0; i < ids.size(); ++i) {
       const auto id = static_cast<std::uint16_t>(ids[i]);
       const auto known = characters.find(ids[i]);
-      if (known == characters.end()) face.Use(id);
-      if (known == characters.end() || !face.Use(id, known->second)) line.needsText = true;
+      const std::u32string stands = known != characters.end() ? std::u32string(1, known->second)
+                                                              : texts.Of(ids[i], places[i].x());
+      if (stands.empty()) face.Use(id);
+      if (stands.empty() || !face.Use(id, stands)) line.needsText = true;
       run.glyphs.push_back({id, x + places[i].x(), places[i].y() - laidOut.Ascent()});
     }
   }
-  if (shown != static_cast<qsizetype>(text.toUcs4().size())) line.needsText = true;
+  // Readers turn the letters of such a line round by themselves, and would turn a text round, too.
+  if (!turns && shown != static_cast<qsizetype>(text.toUcs4().size())) line.needsText = true;
 }
 
 }  // namespace morvane
