@@ -6,6 +6,7 @@
 
 #include <QtGlobal>
 
+class QGlyphRun;
 class QString;
 
 namespace morvane {
@@ -25,6 +26,8 @@ class PdfLetterTexts {
 
  private:
   using Key = std::pair<quint32, long>;
+
+  void Add(const QGlyphRun& letter, std::u32string characters);
   static Key KeyOf(quint32 glyph, double x);
 
   std::map<Key, std::u32string> texts;

@@ -184,8 +184,9 @@ SIZE QtDC::GetTextExtent(std::string_view utf8) const {
 std::vector<TextRun> QtDC::GetTextRuns(std::string_view utf8) const {
   if (MayRunRightToLeft(utf8)) {
     std::vector<TextRun> runs = QtTextRuns::Of(fonts.Get(GetFont()), utf8);
-    const bool isPlain = runs.size() == 1 && runs[0].direction == TextDirection::LeftToRight;
-    if (!runs.empty() && !isPlain) return runs;
+    const bool turns = std::ranges::any_of(
+        runs, [](const TextRun& run) { return run.direction == TextDirection::RightToLeft; });
+    if (turns) return runs;
   }
   return CDC::GetTextRuns(utf8);
 }

@@ -1,8 +1,8 @@
 #include "drawing/qt/QtTextRuns.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
+#include <utility>
 
 #include "drawing/TextCodec.h"
 #include "drawing/qt/QtText.h"
@@ -10,10 +10,6 @@
 namespace morvane {
 
 namespace {
-
-/// What is nearer than this to the end of a run follows it, logical units: less than any letter is
-/// wide.
-constexpr double kNear = 0.5;
 
 /// Where letters of one kind follow each other, all of them run in one direction. Signs without a
 /// direction, and such as tell it, count one by one: it hangs on what each of them is paired with.
@@ -64,30 +60,45 @@ void QtTextRuns::Add(std::string_view part, const std::optional<LaidOutLine::Pla
   const double width = font.Advance(part);
   const TextDirection direction =
       place->turned ? TextDirection::RightToLeft : TextDirection::LeftToRight;
-  // Where a mark parts them, or numbers of two kinds meet, even letters that run from left to right
-  // and follow each other may stand apart.
-  const bool goesOn =
-      !runs.empty() && runs.back().direction == direction &&
-      (place->turned || std::abs(runs.back().left + runs.back().width - place->x) < kNear);
-  if (!goesOn) {
+  if (!place->turned || runs.empty() || runs.back().direction != direction) {
     runs.push_back({part, direction, place->x, width});
     return;
   }
-  TextRun& run = runs.back();
+  Join(runs.back(), part, width);
+}
+
+void QtTextRuns::Join(TextRun& run, std::string_view part, double width) const {
   run.width += width;
   const auto size = static_cast<std::size_t>(part.data() + part.size() - run.text.data());
   run.text = piece.substr(static_cast<std::size_t>(run.text.data() - piece.data()), size);
 }
 
-/// The letters tell the order of the runs from left to right; they may stand beside their places.
+/// The letters tell the order of the parts from left to right; they may stand beside their places.
+/// What follows each other from left to right becomes one run unless another stands between, as
+/// where numbers of two kinds meet.
 void QtTextRuns::Place(double& left) {
   std::vector<TextRun*> order;
   for (TextRun& run : runs) order.push_back(&run);
-  std::ranges::sort(order, {}, &TextRun::left);
-  for (TextRun* run : order) {
-    run->left = left;
-    left += run->width;
+  std::ranges::stable_sort(order, {}, &TextRun::left);
+  std::vector<std::size_t> ranks(runs.size());
+  for (std::size_t rank = 0; rank < order.size(); ++rank) {
+    TextRun& run = *order[rank];
+    ranks[static_cast<std::size_t>(&run - runs.data())] = rank;
+    run.left = left;
+    left += run.width;
   }
+  std::vector<TextRun> joined;
+  for (std::size_t i = 0; i < runs.size(); ++i) {
+    const bool goesOn = i > 0 && ranks[i] == ranks[i - 1] + 1 &&
+                        runs[i].direction == TextDirection::LeftToRight &&
+                        joined.back().direction == TextDirection::LeftToRight;
+    if (goesOn) {
+      Join(joined.back(), runs[i].text, runs[i].width);
+    } else {
+      joined.push_back(runs[i]);
+    }
+  }
+  runs = std::move(joined);
 }
 
 }  // namespace morvane

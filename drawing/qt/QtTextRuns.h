@@ -22,11 +22,12 @@ class QtTextRuns {
 
   void Find();
   void Add(std::string_view part, const std::optional<LaidOutLine::Place>& place);
+  void Join(TextRun& run, std::string_view part, double width) const;
   void Place(double& left);
 
   const QtFont& font;
   std::string_view piece;
-  std::vector<TextRun> runs;  ///< with a place of their first letter each, until they are placed
+  std::vector<TextRun> runs;  ///< each with where its first letter stands, until it is placed
 };
 
 }  // namespace morvane

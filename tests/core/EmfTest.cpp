@@ -1,6 +1,7 @@
 #include "drawing/CMetaFileDC.h"
 #include "drawing/EmfWriter.h"
 #include "drawing/NullDC.h"
+#include "drawing/SvgDC.h"
 #include "drawing/Utf16.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/EmfReader.h"
@@ -60,6 +61,40 @@ TEST(EmfWriter, WritesWhatOtherProgramsShow) {
   EXPECT_EQ(reader.CountOf(EmfReader::kSelectObject), 5U);
   EXPECT_EQ(reader.CountOf(EmfReader::kSaveDC), 1U);
   EXPECT_EQ(reader.CountOf(EmfReader::kRestoreDC), 1U);
+}
+
+/// Finds a part from right to left, that ends in a sign without a direction, behind one from left
+/// to right that it stands in front of.
+class TurningDC : public NullDC {
+ public:
+  std::vector<TextRun> GetTextRuns(std::string_view utf8) const override {
+    return {{utf8.substr(0, 2), TextDirection::LeftToRight, 24.6, 10},
+            {utf8.substr(2), TextDirection::RightToLeft, 0, 24.6}};
+  }
+};
+
+TEST(TextRuns, StandByThemselvesInPicturesForOtherPrograms) {
+  TurningDC reference;
+  CMetaFileDC dc(reference);
+  const std::string line = "ab\u05D0\u05D1!";
+  dc.TextOut({12, 22}, line, nullptr);
+  const EmfReader reader(EmfWriter::Encode(dc.Close(), reference, "Program"));
+  reader.CheckFrame();
+  EXPECT_EQ(reader.CountOf(EmfReader::kMoveTo), 1U) << "else one program joins them";
+  const std::vector<Metafile::Record> texts = reader.Replay().records;
+  ASSERT_EQ(texts.size(), 2U);
+  EXPECT_EQ(texts[0].text, "ab");
+  EXPECT_EQ(texts[0].points[0], (POINT{37, 22}));
+  EXPECT_EQ(texts[1].text, "\u05D0\u05D1!\u200F") << "the sign stays at the left";
+  EXPECT_EQ(texts[1].points[0], (POINT{12, 22}));
+
+  SvgDC svg(reference, {60, 40});
+  svg.TextOut({12, 22}, line, nullptr);
+  const std::string picture = svg.Close();
+  for (const std::string_view part : {"<text x=\"36.6\"", ">ab</text>\n<text x=\"12\"",
+                                      "preserve\">\u202B\u05D0\u05D1!\u200F\u202C</text>"}) {
+    EXPECT_NE(picture.find(part), std::string::npos) << part << " in " << picture;
+  }
 }
 
 /// Counts the bytes that it measures.

@@ -12,6 +12,9 @@ namespace morvane {
 
 namespace {
 
+/// Letters of Hebrew, and of Arabic in three forms.
+constexpr std::string_view kTurned = "\u05E9\u05DC\u05D5\u05DD \u0628\u064A\u062A";
+
 /// The number of the object in the file that has the title.
 std::string NumberOf(const std::string& pdf, const std::string& title) {
   std::smatch found;
@@ -29,6 +32,7 @@ TEST(PdfFile, LeadsToItsPlacesAndCanBeSearched) {
     dc.TextOut({4, 4}, "Go(x); Gr\xC3\xBC\xC3\x9F\x65 \xCE\xB1\xCE\xB2", nullptr);
     dc.SelectFont({"DejaVu Sans", -11, CFont::kBoldWeight});
     dc.TextOut({4, 24}, "Bold", nullptr);
+    dc.TextOut({4, 44}, kTurned, nullptr);
   };
   QtPictures pictures;
   const std::string pdf = pictures.MakePdf({200, 100}, info, paint).value_or("");
@@ -58,6 +62,7 @@ TEST(PdfFile, LeadsToItsPlacesAndCanBeSearched) {
   EXPECT_NE(text.find("Go(x); Gr\xC3\xBC\xC3\x9F\x65 \xCE\xB1\xCE\xB2\n"), std::string::npos)
       << text;
   EXPECT_NE(text.find("Bold\n"), std::string::npos) << text;
+  EXPECT_NE(text.find(kTurned), std::string::npos) << text;
 }
 
 }  // namespace

@@ -92,4 +92,41 @@ TEST(QtDCTest, ALongLineEndsWhereItIsMeasured) {
   EXPECT_LT(canvas.Painted().left(), 8) << "the letters before the blanks";
 }
 
+TEST(QtDCTest, ALineIsPartedWhereItTurns) {
+  const struct {
+    std::string line;
+    std::vector<std::string_view> text;     // in the order of the text
+    std::vector<std::string_view> painted;  // from left to right
+  } cases[] = {{"plain \u00E9", {"plain \u00E9"}, {"plain \u00E9"}},
+               {"t: \u05D0\u05D1 10 \u05D2.",
+                {"t: ", "\u05D0\u05D1 ", "10", " \u05D2", "."},
+                {"t: ", " \u05D2", "10", "\u05D0\u05D1 ", "."}},
+               {"\u0644\u0627 (coin) \u062B\u0645.",
+                {"\u0644\u0627 (", "coin", ") \u062B\u0645."},
+                {") \u062B\u0645.", "coin", "\u0644\u0627 ("}},
+               // Numbers of Arabic behind Latin letters belong to what follows.
+               {"ab \u0661\u0662 \u05D0\u05D1",
+                {"ab ", "\u0661\u0662", " \u05D0\u05D1"},
+                {"ab ", " \u05D0\u05D1", "\u0661\u0662"}},
+               {"\u200Fab \u05D0\u05B8", {"ab", " \u05D0\u05B8"}, {" \u05D0\u05B8", "ab"}}};
+  Canvas canvas;
+  const auto dc = canvas.DC();
+  for (const auto& c : cases) {
+    std::vector<TextRun> runs = dc->GetTextRuns(c.line);
+    std::vector<std::string_view> texts;
+    for (const TextRun& run : runs) texts.push_back(run.text);
+    EXPECT_EQ(texts, c.text);
+    std::ranges::sort(runs, {}, &TextRun::left);
+    texts.clear();
+    double left = 0;
+    for (const TextRun& run : runs) {
+      texts.push_back(run.text);
+      EXPECT_NEAR(run.left, left, 0.1) << c.line;
+      left += run.width;
+    }
+    EXPECT_EQ(texts, c.painted);
+    EXPECT_NEAR(left, dc->GetTextExtent(c.line).cx, 1) << c.line;
+  }
+}
+
 }  // namespace morvane
