@@ -9,6 +9,7 @@
 #include "codegen/ToolInbox.h"
 #include "platform/Process.h"
 #include "platform/UiThread.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -21,7 +22,6 @@ constexpr auto kPause = 100ms;
 /// So often the watcher looks whether it was stopped; of the end of the tool it hears at once.
 constexpr auto kWatchTurn = 50ms;
 constexpr std::size_t kChunkSize = 4096;
-constexpr const char* kCannotStart = "Unable to start ";
 
 /// A thread for which the wait can have a limit.
 class Worker {
@@ -132,7 +132,7 @@ bool CRedirect::StartThreads() {
 }
 
 void CRedirect::ReportFailure(const std::string& commandLine) {
-  OnToolOutput(kCannotStart + commandLine + "\n");
+  OnToolOutput(Said("Unable to start %1", {commandLine}) + "\n");
 }
 
 std::optional<ProcessEnd> CRedirect::ToolEnd() const {

@@ -27,9 +27,18 @@ CEventEditor::CEventEditor(Syntax syntax) : Dialog("Edit Event") {
 }
 
 void CEventEditor::ExchangeFields(FieldExchange& exchange) {
-  exchange.Text(kEventId, event);
+  ExchangeEvent(exchange);
   exchange.Text(kGuardId, guard);
   exchange.Text(kEffectId, effect);
+}
+
+/// The user sees an event that nobody has named yet in the own language; charts and generators know
+/// it by one word.
+void CEventEditor::ExchangeEvent(FieldExchange& exchange) {
+  const std::string shown = Translate(kNoName);
+  if (event == kNoName) event = shown;
+  exchange.Text(kEventId, event);
+  if (event == shown) event = kNoName;
 }
 
 bool CEventEditor::OnOk() {

@@ -20,13 +20,19 @@ class CEventEditor : public Dialog {
 
   explicit CEventEditor(Syntax syntax = Syntax::Cpp);
 
-  std::string event = "-Edit-";
+  /// What stands for an event without a name, in charts too.
+  static constexpr const char* kNoName = "-Edit-";
+
+  std::string event = kNoName;
   std::string guard;
   std::string effect;
 
  protected:
   void ExchangeFields(FieldExchange& exchange) override;
   bool OnOk() override;
+
+ private:
+  void ExchangeEvent(FieldExchange& exchange);
 };
 
 }  // namespace morvane

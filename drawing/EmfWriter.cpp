@@ -125,8 +125,10 @@ class EmfWriter::Record {
 };
 
 std::string EmfWriter::Encode(const Metafile& metafile, CDC& reference,
-                              std::string_view description, const RECT* frame) {
+                              std::string_view description, const RECT* frame,
+                              double scale) {
   EmfWriter writer(metafile, reference);
+  writer.scale = scale;
   writer.WriteSetUp();
   for (const Metafile::Record& call : metafile.records) writer.WriteCall(call);
   writer.WriteEnd();
@@ -374,8 +376,8 @@ std::string EmfWriter::Header(std::string_view description) const {
   // Two texts, each with its NUL, and one more at the end.
   std::u16string about = ToUtf16(description);
   about.append(2, u'\0');
-  const auto hundredths = [](std::int32_t v) {
-    return Saturate(static_cast<std::int64_t>(v * kHundredthsPerPixel));
+  const auto hundredths = [this](std::int32_t v) {
+    return Saturate(static_cast<std::int64_t>(v * kHundredthsPerPixel * scale));
   };
   const RECT frame{hundredths(bounds.left), hundredths(bounds.top), hundredths(bounds.right),
                    hundredths(bounds.bottom)};

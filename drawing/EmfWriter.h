@@ -18,9 +18,9 @@ class EmfWriter {
  public:
   /// `reference` measures the texts as the recording did; `description` is two ASCII texts, the
   /// program and the picture, with a NUL between them. The picture is `frame`, logical units, or
-  /// without one the box of all that is drawn.
+  /// without one the box of all that is drawn; other programs show it `scale` times as large.
   static std::string Encode(const Metafile& metafile, CDC& reference, std::string_view description,
-                            const RECT* frame = nullptr);
+                            const RECT* frame = nullptr, double scale = 1);
 
  private:
   enum class RecordType : std::uint32_t;
@@ -49,6 +49,7 @@ class EmfWriter {
 
   const Metafile& metafile;
   CDC& reference;
+  double scale = 1;
   std::string body;
   std::uint32_t records = 1;  ///< with the header
   std::uint32_t handles = 1;  ///< with the metafile itself, which is handle 0

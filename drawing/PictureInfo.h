@@ -9,7 +9,8 @@
 
 namespace morvane {
 
-/// What a picture tells of itself besides what it shows; all texts are valid UTF-8.
+/// What a picture tells of itself besides what it shows, and how large it shows that. All texts are
+/// valid UTF-8.
 struct PictureInfo {
   /// The program, as the pictures name it that can.
   static constexpr const char* kCreator = "Morvane";
@@ -24,6 +25,9 @@ struct PictureInfo {
 
   std::string title;
   std::string author;
+  double scale = 1;          ///< so many times as large as the logical units say
+  bool transparent = false;  ///< nothing is behind what is drawn; white otherwise, where there is a
+                             ///< ground at all
   std::vector<Place> outline;
   /// What an object is called; may be null.
   std::function<std::string(std::int32_t id)> nameOf;

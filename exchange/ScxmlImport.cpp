@@ -39,7 +39,7 @@ ImportResult ImportScxml(std::string_view bytes, const std::string& fileName) {
   ImportResult result;
   try {
     ImportedChart chart = Understood(ScxmlReader::Read(bytes));
-    if (chart.states.empty()) throw std::string("There are no states");
+    if (chart.states.empty()) throw Said("There are no states");
     if (chart.name.empty()) chart.name = StemOf(fileName);
     LayoutMgr view;
     view.PlaceWithoutWindow(LayoutMgr::Size::Normal);
@@ -64,7 +64,7 @@ ImportResult ImportScxmlFile(const std::string& path) {
 std::string RemarkLines(const std::string& path, const ImportRemarks& remarks) {
   std::string lines;
   for (const ImportRemark& remark : remarks) {
-    lines += path + ':' + std::to_string(remark.line) + ": warning: " + remark.text + '\n';
+    lines += Said("%1:%2: warning: %3", {path, std::to_string(remark.line), remark.text}) + '\n';
   }
   return lines;
 }

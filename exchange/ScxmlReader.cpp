@@ -4,6 +4,8 @@
 #include <sstream>
 #include <utility>
 
+#include "resources/Texts.h"
+
 namespace morvane {
 
 namespace {
@@ -50,12 +52,14 @@ ScxmlDocument ScxmlReader::Read(std::string_view bytes) { return ScxmlReader(byt
 ScxmlDocument ScxmlReader::Run() {
   const pugi::xml_node root = source.Root();
   if (LocalName(root.name()) != "scxml") {
-    throw "line " + std::to_string(source.LineOf(root)) + ": This is no SCXML: the element <" +
-        root.name() + "> stands where <scxml> should";
+    throw Said(
+        "line %1: %2",
+        {std::to_string(source.LineOf(root)),
+         Said("This is no SCXML: the element <%1> stands where <scxml> should", {root.name()})});
   }
   if (source.OuterTypeLine() != 0) {
     document.remarks.push_back(
-        {source.OuterTypeLine(), "The document type that stands elsewhere is not read", {}});
+        {source.OuterTypeLine(), Said("The document type that stands elsewhere is not read"), {}});
   }
   TakeNamespaces();
   document.name = OnOneLine(root.attribute("name").value());
@@ -69,7 +73,7 @@ ScxmlDocument ScxmlReader::Run() {
   if (foreign > 0) {
     document.remarks.push_back(
         {firstForeignLine,
-         "Elements of other namespaces are passed over: " + std::to_string(foreign),
+         Said("Elements of other namespaces are passed over: %1", {std::to_string(foreign)}),
          {}});
   }
   std::ranges::stable_sort(document.remarks, {}, &ImportRemark::line);
@@ -116,7 +120,7 @@ void ScxmlReader::TakeElement(const pugi::xml_node& element, int state) {
     AddState(element, state, Kind::State);
   } else if (name == "parallel") {
     Remark(element,
-           "Regions that run side by side: the first one begins, the others stand beside it",
+           Said("Regions that run side by side: the first one begins, the others stand beside it"),
            false);
     AddState(element, state, Kind::Parallel);
   } else if (name == "final") {
@@ -132,7 +136,7 @@ void ScxmlReader::TakeElement(const pugi::xml_node& element, int state) {
   } else if (name == "onexit" && !isRoot) {
     TakeText(element, state, &ScxmlState::exit);
   } else {
-    Remark(element, "<" + name + "> has no counterpart in a chart");
+    Remark(element, Said("<%1> has no counterpart in a chart", {name}));
   }
 }
 
@@ -178,7 +182,7 @@ void ScxmlReader::TakeBeginning(const pugi::xml_node& element, int state) {
     if (LocalName(child.name()) == "transition" && !document.states[state].beginning) {
       document.states[state].beginning = TransitionOf(child, state);
     } else {
-      Remark(child, "A beginning has one transition and nothing else");
+      Remark(child, Said("A beginning has one transition and nothing else"));
     }
   }
 }
@@ -192,7 +196,7 @@ void ScxmlReader::TakeText(const pugi::xml_node& element, int state,
   if (!whole.empty() && !actions.Text().empty()) whole += '\n';
   whole += actions.Text();
   const bool isLost = document.states[state].kind == Kind::Final && !actions.Text().empty();
-  if (isLost) Remark(element, "A final state of a chart has no texts");
+  if (isLost) Remark(element, Said("A final state of a chart has no texts"));
 }
 
 void ScxmlReader::NoteSent(const ScxmlActions& actions) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "machine/Identifier.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -58,9 +59,9 @@ void ScxmlStates::NameStates() {
     if (state.id.empty()) continue;
     const auto [first, isNew] = byId.emplace(state.id, i);
     if (isNew) continue;
-    Remark(state.line, "The id \"" + state.id + "\" is given a second time, first in line " +
-                           std::to_string(document.states[first->second].line) +
-                           ", which is what transitions lead to");
+    Remark(state.line, Said("The id \"%1\" is given a second time, first in line %2, which is what "
+                            "transitions lead to",
+                            {state.id, std::to_string(document.states[first->second].line)}));
   }
 }
 
@@ -127,11 +128,11 @@ bool ScxmlStates::IsInside(int state, int outer) const {
 int ScxmlStates::Wanted(const std::vector<std::string>& ids, int line, int level) {
   if (ids.empty()) return kNone;
   if (ids.size() > 1) {
-    Remark(line, "Of several states to begin with, \"" + ids.front() + "\" is taken");
+    Remark(line, Said("Of several states to begin with, \"%1\" is taken", {ids.front()}));
   }
   const int found = Find(ids.front());
   if (found != kNone && IsInside(found, level)) return found;
-  Remark(line, "\"" + ids.front() + "\", to begin with, is no state here");
+  Remark(line, Said("\"%1\", to begin with, is no state here", {ids.front()}));
   return kNone;
 }
 
@@ -182,16 +183,17 @@ void ScxmlStates::TakeHistory(int history, const std::vector<bool>& entered,
   const ScxmlState& state = document.states[history];
   const int holder = state.parent;
   if (!recalled[history] || !IsComposite(holder) || places[holder] == kNone) return;
-  if (state.isDeep) Remark(state.line, "A deep history is taken for one of direct children");
+  if (state.isDeep) Remark(state.line, Said("A deep history is taken for one of direct children"));
   Beginning& own = beginnings[holder];
   const bool leadsThere = own.target == history;
   ImportedState& made = chart.states[places[holder]];
   if (made.history) {
-    Remark(state.line, "A second history of one state is taken for the first one");
+    Remark(state.line, Said("A second history of one state is taken for the first one"));
     return;
   }
   if (!leadsThere && entered[holder]) {
-    Remark(state.line, "A history of a chart counts whenever its state is entered at the border");
+    Remark(state.line,
+           Said("A history of a chart counts whenever its state is entered at the border"));
   }
   made.history = true;
   Beginning first;
@@ -208,11 +210,11 @@ void ScxmlStates::TakeHistory(int history, const std::vector<bool>& entered,
 int ScxmlStates::TargetOf(const ScxmlTransition& transition) {
   const std::string& id = transition.targets.front();
   if (transition.targets.size() > 1) {
-    Remark(transition.line, "Of several targets, \"" + id + "\" is taken");
+    Remark(transition.line, Said("Of several targets, \"%1\" is taken", {id}));
   }
   const int found = Find(id);
   if (found == kNone) {
-    Remark(transition.line, "There is no state \"" + id + "\" for a transition to end at");
+    Remark(transition.line, Said("There is no state \"%1\" for a transition to end at", {id}));
     return kNone;
   }
   const bool isHistory = document.states[found].kind == Kind::History;

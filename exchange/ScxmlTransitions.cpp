@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "exchange/ScxmlStates.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -73,7 +74,7 @@ void ScxmlTransitions::Refuse(const ScxmlTransition& transition, const std::stri
 void ScxmlTransitions::AddOne(const ScxmlTransition& transition) {
   const ScxmlState& source = document.states[transition.source];
   if (source.kind == Kind::Final) {
-    return Refuse(transition, "A final state of a chart has no transitions");
+    return Refuse(transition, Said("A final state of a chart has no transitions"));
   }
   Trigger trigger = TriggerOf(transition);
   DropTaken(transition, trigger);
@@ -81,7 +82,7 @@ void ScxmlTransitions::AddOne(const ScxmlTransition& transition) {
   const int target = TargetOf(transition);
   if (target == kNone) return;
   if (transition.isInternal && states.IsComposite(transition.source)) {
-    states.Remark(transition.line, "An internal transition leaves its state in a chart");
+    states.Remark(transition.line, Said("An internal transition leaves its state in a chart"));
   }
   if (trigger.completes) Make(transition, target, {});
   if (!trigger.events.empty()) Make(transition, target, trigger.events);
@@ -99,7 +100,7 @@ int ScxmlTransitions::TargetOf(const ScxmlTransition& transition) {
   const ScxmlState& source = document.states[transition.source];
   const bool isQuiet = source.entry.empty() && source.exit.empty() && source.children.empty();
   if (isQuiet && !transition.events.empty()) return states.PlaceOf(transition.source);
-  Refuse(transition, "A transition of a chart has a target");
+  Refuse(transition, Said("A transition of a chart has a target"));
   return kNone;
 }
 
@@ -109,7 +110,8 @@ ScxmlTransitions::Trigger ScxmlTransitions::TriggerOf(const ScxmlTransition& tra
   Trigger trigger;
   if (transition.events.empty()) {
     if (isComposite) {
-      Refuse(transition, "A composite of a chart has no transitions that are tried at any time");
+      Refuse(transition,
+             Said("A composite of a chart has no transitions that are tried at any time"));
     }
     trigger.completes = !isComposite;
     return trigger;
@@ -118,14 +120,16 @@ ScxmlTransitions::Trigger ScxmlTransitions::TriggerOf(const ScxmlTransition& tra
     if (isComposite && descriptor == "done.state." + source.id) {
       trigger.completes = true;
     } else if (EventNames::IsDone(descriptor)) {
-      Refuse(transition, "Only the state itself can tell that it is complete: " + descriptor);
+      Refuse(transition,
+             Said("Only the state itself can tell that it is complete: %1", {descriptor}));
     } else {
       const std::vector<std::string> matching = names.Matching(descriptor);
       const bool isAny = EventNames::IsAny(descriptor);
       if (isAny) {
         const bool isTooMuch = matching.size() > kMostOfAny || matching.empty();
-        Refuse(transition, isTooMuch ? "There is no transition for any event in a chart"
-                                     : "Any event is taken for those that the document names");
+        Refuse(transition, isTooMuch
+                               ? Said("There is no transition for any event in a chart")
+                               : Said("Any event is taken for those that the document names"));
         if (isTooMuch) continue;
       }
       trigger.events.insert(trigger.events.end(), matching.begin(), matching.end());
@@ -146,7 +150,7 @@ void ScxmlTransitions::DropTaken(const ScxmlTransition& transition, Trigger& tri
   }
   trigger.events = std::move(events);
   const bool isLeft = trigger.completes || !trigger.events.empty();
-  if (wanted && !isLeft) Refuse(transition, "Earlier transitions leave nothing for this one");
+  if (wanted && !isLeft) Refuse(transition, Said("Earlier transitions leave nothing for this one"));
   if (!transition.cond.empty()) return;
   before.insert(trigger.events.begin(), trigger.events.end());
   if (trigger.completes) before.insert("");

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "drawing/TextCodec.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -59,20 +60,20 @@ std::string Decoded(std::string_view bytes) {
 }
 
 [[noreturn]] void Fail(int line, const std::string& what) {
-  throw "line " + std::to_string(line) + ": " + what;
+  throw Said("line %1: %2", {std::to_string(line), what});
 }
 
 std::string ReasonOf(const pugi::xml_parse_result& result) {
   switch (result.status) {
     case pugi::status_end_element_mismatch:
-      return "The end of an element does not match its beginning";
-    case pugi::status_no_document_element: return "There is no element";
-    case pugi::status_bad_doctype: return "The document type cannot be read";
-    case pugi::status_bad_attribute: return "An attribute cannot be read";
-    case pugi::status_bad_comment: return "A comment does not end";
-    case pugi::status_bad_cdata: return "A CDATA section does not end";
-    case pugi::status_out_of_memory: return "There is not enough memory";
-    default: return "This is no well-formed XML";
+      return Said("The end of an element does not match its beginning");
+    case pugi::status_no_document_element: return Said("There is no element");
+    case pugi::status_bad_doctype: return Said("The document type cannot be read");
+    case pugi::status_bad_attribute: return Said("An attribute cannot be read");
+    case pugi::status_bad_comment: return Said("A comment does not end");
+    case pugi::status_bad_cdata: return Said("A CDATA section does not end");
+    case pugi::status_out_of_memory: return Said("There is not enough memory");
+    default: return Said("This is no well-formed XML");
   }
 }
 
@@ -100,8 +101,7 @@ XmlSource::XmlSource(std::string_view bytes) : text(Decoded(bytes)) {
   for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1)) {
     breaks.push_back(at);
   }
-  if (text.find_first_not_of(" \t\r\n") == std::string::npos)
-    throw std::string("The file is empty");
+  if (text.find_first_not_of(" \t\r\n") == std::string::npos) throw Said("The file is empty");
   const pugi::xml_parse_result result =
       document.load_buffer(text.data(), text.size(), kFlags, pugi::encoding_utf8);
   if (!result)
@@ -128,7 +128,7 @@ void XmlSource::CheckDocumentType() {
     const std::size_t start = text.find("<!DOCTYPE");
     const std::size_t entity = type.find("<!ENTITY");
     if (entity != std::string_view::npos) {
-      Fail(LineAt(text.find("<!ENTITY", start)), "Entities of the file's own are not read");
+      Fail(LineAt(text.find("<!ENTITY", start)), Said("Entities of the file's own are not read"));
     }
     const std::string_view head = type.substr(0, type.find('['));
     const bool isOuter = head.find("SYSTEM") != std::string_view::npos ||
@@ -155,7 +155,7 @@ void XmlSource::CheckEntities() const {
     const std::string_view name = all.substr(at + 1, end - at - 1);
     if (name.empty() || end >= all.size() || all[end] != ';') continue;
     if (std::ranges::find(known, name) != known.end()) continue;
-    Fail(LineAt(at), "The entity \"" + std::string(name) + "\" is not known");
+    Fail(LineAt(at), Said("The entity \"%1\" is not known", {std::string(name)}));
   }
 }
 

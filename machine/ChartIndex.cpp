@@ -5,6 +5,7 @@
 
 #include "machine/DrawnChart.h"
 #include "machine/ProblemList.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -20,7 +21,7 @@ ChartIndex::ChartIndex(const DrawnChart& chart, ProblemList& problems) {
   std::ranges::sort(all, {}, &DrawnObject::line);
   for (const DrawnObject* object : all) {
     const auto [first, isNew] = objects.emplace(object->id, object);
-    if (!isNew) problems.Error(*object, "has the same id as " + first->second->Name());
+    if (!isNew) problems.Error(*object, Said("has the same id as %1", {first->second->Name()}));
   }
 }
 

@@ -21,7 +21,7 @@ struct DrawnObject {
   int line = 0;       ///< of the model file where its record begins
   std::string title;  ///< of a state, in UTF-8
 
-  /// How problems name it: GenericState 105 "Listen".
+  /// How problems name it, in the language of the user: GenericState 105 "Listen".
   std::string Name() const;
 };
 

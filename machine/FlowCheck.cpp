@@ -6,6 +6,7 @@
 #include "machine/DrawnChart.h"
 #include "machine/ProblemList.h"
 #include "machine/Structure.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -75,8 +76,8 @@ void WarnOfLateEvents(const Structure& structure, const MachineState& state,
   for (const int at : state.outgoing) {
     if (transitions[at].events.empty()) continue;
     problems.Warning(*structure.drawnTransitions[at],
-                     "is never taken, since " + structure.drawnTransitions[*always]->Name() +
-                         " always leaves the state at once");
+                     Said("is never taken, since %1 always leaves the state at once",
+                          {structure.drawnTransitions[*always]->Name()}));
   }
 }
 
@@ -89,9 +90,10 @@ void WarnOfCompletion(const Structure& structure, const MachineState& state,
   if (ends) return;
   for (const int at : state.outgoing) {
     if (!machine.transitions[at].events.empty()) continue;
-    problems.Warning(*structure.drawnTransitions[at], "is never taken, since it has no event and " +
-                                                          drawn.Name() +
-                                                          " no FinalState directly inside");
+    problems.Warning(
+        *structure.drawnTransitions[at],
+        Said("is never taken, since it has no event and %1 no FinalState directly inside",
+             {drawn.Name()}));
   }
 }
 
@@ -105,7 +107,7 @@ void FlowCheck::Warn(const Structure& structure, ProblemList& problems) {
     const DrawnState& drawn = *structure.drawnStates[i];
     if (!reach.IsEntered(i)) {
       const bool parentIs = state.parent < 0 || reach.IsEntered(state.parent);
-      if (parentIs) problems.Warning(drawn, "is never entered");
+      if (parentIs) problems.Warning(drawn, Said("is never entered"));
     } else if (state.kind == MachineState::Kind::Simple) {
       WarnOfLateEvents(structure, state, problems);
     } else if (state.kind == MachineState::Kind::Composite) {

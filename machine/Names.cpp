@@ -11,6 +11,7 @@
 #include "machine/Identifier.h"
 #include "machine/ProblemList.h"
 #include "machine/Structure.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -79,7 +80,7 @@ class StateNames {
     std::string name = Identifier::Clean(state.title, 'S');
     if (name.empty()) name = "State" + std::to_string(NumberOf(state.id));
     state.name = Free(name, state);
-    problems.Warning(*structure.drawnStates[at], "is named " + state.name + " in code");
+    problems.Warning(*structure.drawnStates[at], Said("is named %1 in code", {state.name}));
     if (Identifier::IsSound(state.title)) problems.SetRemedy(Problem::Remedy::MakeNameUnique);
   }
 
@@ -116,7 +117,7 @@ void GiveEventNames(Structure& structure, ProblemList& problems) {
     constexpr int second = 2;
     event.name = names.Take(name) ? name : names.TakeNext(name, second);
     problems.Warning(message,
-                     "has the event \"" + event.written + "\", named " + event.name + " in code",
+                     Said("has the event \"%1\", named %2 in code", {event.written, event.name}),
                      message.event.line);
   }
 }

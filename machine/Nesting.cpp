@@ -7,6 +7,7 @@
 
 #include "machine/DrawnChart.h"
 #include "machine/ProblemList.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -35,7 +36,7 @@ std::vector<int> Nesting::SweepOrder() {
   std::vector<int> order;
   for (int at = 0; at < std::ssize(states); ++at) {
     if (IsRectEmpty(RectOf(at))) {
-      problems.Error(states[at], "has no size");
+      problems.Error(states[at], Said("has no size"));
     } else {
       order.push_back(at);
     }
@@ -112,10 +113,11 @@ void Nesting::Report(int at, int other) {
   if (isReported[at] || isReported[other]) return;
   isReported[at] = isReported[other] = true;
   const std::string name = states[other].Name();
-  if (IsMark(at)) return problems.Error(states[at], "stands on the border of " + name);
+  if (IsMark(at)) return problems.Error(states[at], Said("stands on the border of %1", {name}));
   const auto [first, second] = std::minmax(at, other);
-  problems.Error(states[first], (RectOf(at) == RectOf(other) ? "lies exactly on " : "overlaps ") +
-                                    states[second].Name());
+  problems.Error(states[first], RectOf(at) == RectOf(other)
+                                    ? Said("lies exactly on %1", {states[second].Name()})
+                                    : Said("overlaps %1", {states[second].Name()}));
 }
 
 }  // namespace morvane

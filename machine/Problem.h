@@ -16,9 +16,12 @@ struct Problem {
   Severity severity = Severity::Error;
   std::int32_t id = 0;  ///< of the object; 0 if it is none of one object
   int line = 0;         ///< of the model file, counted from 1; 0 if unknown
-  std::string message;  ///< begins with the object: GenericState 105 "Listen" overlaps ...
+  /// In the language of the user; begins with the object: GenericState 105 "Listen" overlaps ...
+  std::string message;
   /// How the message names the object; empty if it is none of one object.
   std::string object{};
+  /// What the message says of the object; empty if it is none of one object.
+  std::string complaint{};
   Remedy remedy = Remedy::None;
 
   friend bool operator==(const Problem&, const Problem&) = default;

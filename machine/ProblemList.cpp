@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "machine/DrawnChart.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -36,9 +37,10 @@ void ProblemList::Error(std::string message) {
 void ProblemList::Add(Problem::Severity severity, const DrawnObject& object,
                       const std::string& what, int line) {
   std::string name = OneLine(object.Name());
-  std::string message = name + ' ' + OneLine(what);
-  problems.push_back(
-      {severity, object.id, line > 0 ? line : object.line, std::move(message), std::move(name)});
+  std::string complaint = OneLine(what);
+  std::string message = Said(IDS_PROBLEM_OF_OBJECT, {name, complaint});
+  problems.push_back({severity, object.id, line > 0 ? line : object.line, std::move(message),
+                      std::move(name), std::move(complaint)});
 }
 
 std::vector<Problem> ProblemList::Sorted() const {

@@ -13,7 +13,8 @@ struct DrawnObject;
 /// Gathers what is wrong with a chart.
 class ProblemList {
  public:
-  /// `what` follows the name of the object; the place is its record, or another line.
+  /// `what` is said of the object, in the language of the user; the place is its record, or another
+  /// line.
   void Error(const DrawnObject& object, const std::string& what, int line = 0);
   void Warning(const DrawnObject& object, const std::string& what, int line = 0);
   /// An error of no object.

@@ -6,6 +6,7 @@
 
 #include "machine/DrawnChart.h"
 #include "machine/ProblemList.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -102,9 +103,10 @@ void StateTree::TakeMarks(ProblemList& problems) {
     const int level = LevelOf(drawn);
     const DrawnState*& mark = marks[Slot(level)];
     if (mark != nullptr) {
-      const std::string where =
-          level == MachineState::kChart ? "the chart" : structure.drawnStates[level]->Name();
-      problems.Error(drawn, "is a second one in " + where + " beside " + mark->Name());
+      problems.Error(drawn, level == MachineState::kChart
+                                ? Said("is a second one in the chart beside %1", {mark->Name()})
+                                : Said("is a second one in %1 beside %2",
+                                       {structure.drawnStates[level]->Name(), mark->Name()}));
     } else {
       mark = &drawn;
     }

@@ -9,6 +9,7 @@
 #include "machine/StateTree.h"
 #include "machine/TextCheck.h"
 #include "machine/TransitionBuilder.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -42,11 +43,13 @@ void CheckRivals(const Structure& structure, const MachineState& state, const Dr
     for (const int event : events) {
       const auto [first, isNew] = firsts.emplace(event, at);
       if (isNew || first->second == at) continue;
-      const std::string when =
-          event == kNoEvent ? "no event" : "the event \"" + machine.events[event].written + '"';
-      problems.Error(*structure.drawnTransitions[at],
-                     "leaves " + drawn.Name() + " on " + when + " without a guard, like " +
-                         structure.drawnTransitions[first->second]->Name());
+      const std::string rival = structure.drawnTransitions[first->second]->Name();
+      problems.Error(
+          *structure.drawnTransitions[at],
+          event == kNoEvent
+              ? Said("leaves %1 on no event without a guard, like %2", {drawn.Name(), rival})
+              : Said("leaves %1 on the event \"%2\" without a guard, like %3",
+                     {drawn.Name(), machine.events[event].written, rival}));
       break;
     }
   }
@@ -64,15 +67,17 @@ class Landings {
     }
   }
 
-  /// Empty if it can't.
-  std::string Reason(int at) const {
+  /// What is wrong with one that doesn't know where to go on; empty if nothing leads to its border.
+  std::string Complaint(int at) const {
     const MachineState& state = structure.machine.states[at];
     if (firstInto[at] != kNone) {
-      return structure.drawnTransitions[firstInto[at]]->Name() + " ends at it";
+      return Said("has no InitialState inside, but %1 ends at it",
+                  {structure.drawnTransitions[firstInto[at]]->Name()});
     }
-    if (state.history) return "it keeps a history";
+    if (state.history) return Said("has no InitialState inside, but it keeps a history");
     if (state.parent == kChart || !structure.machine.states[state.parent].history) return {};
-    return "the history of " + structure.drawnStates[state.parent]->Name() + " leads to it";
+    return Said("has no InitialState inside, but the history of %1 leads to it",
+                {structure.drawnStates[state.parent]->Name()});
   }
 
  private:
@@ -82,16 +87,16 @@ class Landings {
 
 void CheckInitials(const Structure& structure, const StateTree& tree, ProblemList& problems) {
   if (tree.MarkIn(kChart) == nullptr) {
-    problems.Error("The chart has no InitialState");
+    problems.Error(Said("The chart has no InitialState"));
     problems.SetRemedy(Problem::Remedy::AddInitialState);
   }
   const Landings landings(structure);
   for (int i = 0; i < std::ssize(structure.machine.states); ++i) {
     const bool isComposite = structure.machine.states[i].kind == MachineState::Kind::Composite;
     if (!isComposite || tree.MarkIn(i) != nullptr) continue;
-    const std::string reason = landings.Reason(i);
-    if (reason.empty()) continue;
-    problems.Error(*structure.drawnStates[i], "has no InitialState inside, but " + reason);
+    const std::string complaint = landings.Complaint(i);
+    if (complaint.empty()) continue;
+    problems.Error(*structure.drawnStates[i], complaint);
     problems.SetRemedy(Problem::Remedy::AddInitialState);
   }
 }
@@ -103,8 +108,8 @@ Structure StructureBuilder::Build(const DrawnChart& chart, const ChartIndex& ind
   Structure structure;
   const StateTree tree(chart, parents, structure, problems);
   for (const DrawnState& drawn : chart.states) {
-    CheckText(drawn, drawn.entry, "entry text", problems);
-    CheckText(drawn, drawn.exit, "exit text", problems);
+    CheckText(drawn, drawn.entry, Translate("entry text"), problems);
+    CheckText(drawn, drawn.exit, Translate("exit text"), problems);
   }
   TransitionBuilder(chart, index, tree, structure, problems).Build();
   Machine& machine = structure.machine;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "resources/Texts.h"
+
 namespace morvane {
 
 namespace {
@@ -17,7 +19,9 @@ bool IsWordPart(char c) {
   return IsDigit(c) || c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-std::string Bracket(char bracket) { return {'a', ' ', '"', bracket, '"'}; }
+std::string Bracket(char bracket) { return Said("a \"%1\"", {std::string(1, bracket)}); }
+
+std::string Quote() { return Translate("a quote"); }
 
 /// What stands in front of a raw string.
 bool IsRawPrefix(std::string_view word) {
@@ -33,7 +37,7 @@ class Scan {
  private:
   bool Sees(std::string_view text) const { return code.substr(at).starts_with(text); }
   bool Step();
-  bool SkipTo(std::string_view end, std::size_t from, const char* what);
+  bool SkipTo(std::string_view end, std::size_t from, const std::string& what);
   bool SkipQuote();
   bool SkipPlainQuote(bool mayBreak);
   bool SkipDoubledQuote();
@@ -71,7 +75,7 @@ bool Scan::Step() {
   if (Sees("//")) {
     at = std::min(code.find('\n', at), code.size());
   } else if (Sees("/*")) {
-    holds = SkipTo("*/", at + 2, "a comment");
+    holds = SkipTo("*/", at + 2, Translate("a comment"));
   } else if (c == '"') {
     holds = SkipQuote();
   } else if (c == '\'' || c == '`') {
@@ -85,7 +89,7 @@ bool Scan::Step() {
   return holds;
 }
 
-bool Scan::SkipTo(std::string_view end, std::size_t from, const char* what) {
+bool Scan::SkipTo(std::string_view end, std::size_t from, const std::string& what) {
   const std::size_t found = code.find(end, std::min(from, code.size()));
   if (found == kNowhere) return Fault(at, what, true);
   at = found + end.size();
@@ -97,15 +101,15 @@ bool Scan::SkipQuote() {
   const std::string_view word = code.substr(wordStart, at - wordStart);
   if (IsRawPrefix(word)) {
     const std::size_t bracket = code.find('(', at);
-    if (bracket == kNowhere) return Fault(at, "a quote", true);
+    if (bracket == kNowhere) return Fault(at, Quote(), true);
     const std::string end = ')' + std::string(code.substr(at + 1, bracket - at - 1)) + '"';
-    return SkipTo(end, bracket + 1, "a quote");
+    return SkipTo(end, bracket + 1, Quote());
   }
   const std::string_view before = code.substr(0, at);
   if (before.ends_with('@') || before.ends_with("@$")) return SkipDoubledQuote();
   constexpr std::string_view three = "\"\"\"";
   if (Sees(three) && code.find(three, at + three.size()) != kNowhere) {
-    return SkipTo(three, at + three.size(), "a quote");
+    return SkipTo(three, at + three.size(), Quote());
   }
   return SkipPlainQuote(false);
 }
@@ -121,7 +125,7 @@ bool Scan::SkipPlainQuote(bool mayBreak) {
     if (code[i] == '\n' && !mayBreak) break;
     if (code[i] == '\\') ++i;
   }
-  return Fault(at, "a quote", true);
+  return Fault(at, Quote(), true);
 }
 
 /// A string in which two quotes stand for one.
@@ -135,7 +139,7 @@ bool Scan::SkipDoubledQuote() {
     at = i + 1;
     return true;
   }
-  return Fault(at, "a quote", true);
+  return Fault(at, Quote(), true);
 }
 
 bool Scan::Close(char bracket) {

@@ -8,7 +8,7 @@ namespace morvane {
 
 /// What keeps a piece of code from standing by itself.
 struct TextFault {
-  std::string what;     ///< a "(", a quote, a comment
+  std::string what;     ///< a "(", a quote, a comment, in the language of the user
   bool isOpen = false;  ///< it is never closed; otherwise it closes nothing
   int line = 0;         ///< within the text, counted from 0
 };

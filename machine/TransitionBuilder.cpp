@@ -10,14 +10,13 @@
 #include "machine/ProblemList.h"
 #include "machine/StateTree.h"
 #include "machine/TextCheck.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
 namespace {
 
 using Kind = DrawnObject::Kind;
-
-std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 
 }  // namespace
 
@@ -36,7 +35,7 @@ void TransitionBuilder::Build() {
   }
   for (const DrawnState& mark : chart.states) {
     if (mark.kind != Kind::InitialMark || fromMark.contains(mark.id)) continue;
-    if (tree.MarkIn(tree.LevelOf(mark)) == &mark) problems.Error(mark, "has no transition");
+    if (tree.MarkIn(tree.LevelOf(mark)) == &mark) problems.Error(mark, Said("has no transition"));
   }
 }
 
@@ -44,14 +43,14 @@ void TransitionBuilder::TakeMessages() {
   for (const DrawnMessage& message : chart.messages) {
     const DrawnObject* named = index.Find(message.transitionId);
     if (named == nullptr || named->kind != Kind::Transition) {
-      problems.Warning(message, "belongs to no transition");
+      problems.Warning(message, Said("belongs to no transition"));
       problems.SetRemedy(Problem::Remedy::DeleteMessage);
       continue;
     }
     const auto [first, isNew] = messages.emplace(named->id, &message);
     if (isNew) continue;
-    problems.Error(message,
-                   "is a second message of " + named->Name() + " beside " + first->second->Name());
+    problems.Error(message, Said("is a second message of %1 beside %2",
+                                 {named->Name(), first->second->Name()}));
   }
 }
 
@@ -62,13 +61,13 @@ bool TransitionBuilder::CheckEnds(const DrawnTransition& drawn) {
   if (source != nullptr && source->kind == Kind::InitialMark) {
     const auto [first, isNew] = fromMark.emplace(source->id, &drawn);
     if (!isNew) {
-      problems.Error(drawn,
-                     "is a second one from " + source->Name() + " beside " + first->second->Name());
+      problems.Error(drawn, Said("is a second one from %1 beside %2",
+                                 {source->Name(), first->second->Name()}));
       return false;
     }
   }
   if (source == nullptr && target == nullptr) {
-    problems.Error(drawn, "begins and ends at no state");
+    problems.Error(drawn, Said("begins and ends at no state"));
     problems.SetRemedy(Problem::Remedy::AttachEnds);
     return false;
   }
@@ -77,13 +76,13 @@ bool TransitionBuilder::CheckEnds(const DrawnTransition& drawn) {
   const bool ends =
       target != nullptr && (target->kind == Kind::State || target->kind == Kind::FinalMark);
   if (!begins) {
-    problems.Error(drawn,
-                   source == nullptr ? "begins at no state" : "can't begin at " + source->Name());
+    problems.Error(drawn, source == nullptr ? Said("begins at no state")
+                                            : Said("can't begin at %1", {source->Name()}));
     if (source == nullptr) problems.SetRemedy(Problem::Remedy::AttachEnds);
   }
   if (!ends) {
-    problems.Error(drawn,
-                   target == nullptr ? "ends at no state" : "can't end at " + target->Name());
+    problems.Error(drawn, target == nullptr ? Said("ends at no state")
+                                            : Said("can't end at %1", {target->Name()}));
     if (target == nullptr) problems.SetRemedy(Problem::Remedy::AttachEnds);
   }
   return begins && ends;
@@ -113,8 +112,8 @@ void TransitionBuilder::Add(const DrawnTransition& drawn) {
 void TransitionBuilder::AddInitial(const DrawnTransition& drawn, const DrawnState& mark,
                                    MachineTransition made) {
   if (!tree.Holds(made.source, made.target)) {
-    problems.Error(drawn, "begins at " + mark.Name() + " and has to end inside " +
-                              structure.drawnStates[made.source]->Name());
+    problems.Error(drawn, Said("begins at %1 and has to end inside %2",
+                               {mark.Name(), structure.drawnStates[made.source]->Name()}));
     return;
   }
   FindPath(made);
@@ -138,20 +137,21 @@ bool TransitionBuilder::TakeTexts(const DrawnMessage& message, const DrawnState*
   } else {
     isSound = TakeEvents(message, made);
     made.guard = message.guard;
-    CheckText(message, message.guard, "guard", problems);
+    CheckText(message, message.guard, Translate("guard"), problems);
   }
   made.effect = message.effect;
-  CheckText(message, message.effect, "effect", problems);
+  CheckText(message, message.effect, Translate("effect"), problems);
   return isSound;
 }
 
 void TransitionBuilder::RefuseTrigger(const DrawnMessage& message, const DrawnState& mark) {
-  const std::string where = " on a transition from " + mark.Name();
   if (!EventList::Parse(message.event.text).names.empty()) {
-    problems.Error(message, "can't have an event" + where, message.event.line);
+    problems.Error(message, Said("can't have an event on a transition from %1", {mark.Name()}),
+                   message.event.line);
   }
   if (!message.guard.IsEmpty()) {
-    problems.Error(message, "can't have a guard" + where, message.guard.line);
+    problems.Error(message, Said("can't have a guard on a transition from %1", {mark.Name()}),
+                   message.guard.line);
   }
 }
 
@@ -159,16 +159,16 @@ bool TransitionBuilder::TakeEvents(const DrawnMessage& message, MachineTransitio
   const EventList list = EventList::Parse(message.event.text);
   const int line = message.event.line;
   if (list.isUntouched) {
-    problems.Error(message, "still has \"-Edit-\" for its event", line);
+    problems.Error(message, Said("still has \"-Edit-\" for its event"), line);
     return false;
   }
   if (std::ranges::find(list.names, std::string()) != list.names.end()) {
-    problems.Error(message, "has a comma too many between its events", line);
+    problems.Error(message, Said("has a comma too many between its events"), line);
     return false;
   }
   const auto bad = std::ranges::find_if_not(list.names, Identifier::IsAlmostSound);
   if (bad != list.names.end()) {
-    problems.Error(message, "has the event " + Quoted(*bad) + ", which is no identifier", line);
+    problems.Error(message, Said("has the event \"%1\", which is no identifier", {*bad}), line);
     return false;
   }
   for (const std::string& name : list.names) {
@@ -176,7 +176,7 @@ bool TransitionBuilder::TakeEvents(const DrawnMessage& message, MachineTransitio
     if (std::ranges::find(made.events, event) == made.events.end()) {
       made.events.push_back(event);
     } else {
-      problems.Warning(message, "has the event " + Quoted(name) + " twice", line);
+      problems.Warning(message, Said("has the event \"%1\" twice", {name}), line);
     }
   }
   return true;

@@ -27,6 +27,11 @@ grep -qa 'application/x-morvane' "$root/share/mime/magic" || fail "no magic for 
 type=$(sed -n 's/^MimeType=\(.*\);$/\1/p' "$root/share/applications/morvane.desktop")
 [[ -f $root/share/mime/$type.xml ]] || fail "the desktop entry names an unknown type: $type"
 
+# File managers start this for a small picture of a chart, whose file has a name of their own.
+thumbnailer="$root/share/thumbnailers/morvane.thumbnailer"
+grep -qx "MimeType=$type;" "$thumbnailer" || fail "the thumbnailer is for another type"
+grep -q '^Exec=morvane .*%s.* %o %i$' "$thumbnailer" || fail "the thumbnailer lacks its fields"
+
 for kind in apps/morvane mimetypes/application-x-morvane; do
   for size in 16 22 24 32 48 64 128 256; do
     icon="$root/share/icons/hicolor/${size}x$size/$kind.png"
@@ -49,7 +54,7 @@ zcat "$root/share/doc/morvane/changelog.gz" | sed -n 1p | grep -F "($number)" >/
 zcat "$root/share/man/man1/morvane.1.gz" | sed -n 1p | grep -F "\"$version\"" >/dev/null ||
   fail "$version, but the manual page is of another one"
 [[ ! -e $XDG_CONFIG_HOME/Halvern ]] || fail "a job has changed the profile"
-for file in bin/_sp.mo bin/lang{fra,ger,esp}.dll Docs/Morvane-{UserGuide,Tutorial}.pdf \
+for file in bin/_sp.mo bin/lang{fra,ger,esp,jpn}.dll Docs/Morvane-{UserGuide,Tutorial}.pdf \
   Examples/Socket_C++/{Socket.mrv,main.cpp} Examples/README.md; do
   [[ -s $root/lib/morvane/$file ]] || fail "not installed: $file"
 done

@@ -38,6 +38,8 @@ void ModelHeader::Read(ModelStream& stream) {
   if (magic != kMagic) throw LoadText(IDS_INVALID_MODEL);
   const auto version = static_cast<float>(minor * 0.1 + major);
   if (major > kMajor || (major == kMajor && minor > kMinor)) throw VersionText(version);
+  // No chart has ever had one. Taken for an old one it would lose what old charts didn't have.
+  if (version < 0) throw LoadText(IDS_CORRUPT_FILE);
   stream.supportedVersion = ModelStream::kSupportedVersion;
   stream.fileVersion = version;
 }

@@ -20,11 +20,11 @@ class Dialogs {
   struct FileFilter {
     std::string text;       ///< "Morvane Files (*.mrv)"
     std::string extension;  ///< ".mrv", given to a name that is typed without one
+    bool hasGround = false;  ///< a picture that may be transparent instead
   };
   struct ExportRequest {
     std::vector<FileFilter> kinds;
     std::size_t kind = 0;       ///< the one of `kinds` to start from
-    std::string pixelExtension;  ///< of the kind that is made of pixels
     std::string suggestion;     ///< a path
     bool hasSelection = false;  ///< the user may choose to export the selection only
     PictureOptions options;     ///< to start from

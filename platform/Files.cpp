@@ -11,6 +11,7 @@
 
 #include "platform/PathSearch.h"
 #include "platform/PosixFile.h"
+#include "platform/SystemError.h"
 #include "platform/WholeFile.h"
 
 namespace morvane {
@@ -40,7 +41,7 @@ std::vector<std::string> NamesIn(const std::string& folder) {
 
 }  // namespace
 
-std::string FileResult::ErrorText() const { return std::strerror(error); }
+std::string FileResult::ErrorText() const { return SystemErrorText(error); }
 
 FileResult ReadWholeFile(const std::string& path, std::string& bytes) {
   bytes.clear();

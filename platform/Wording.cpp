@@ -4,7 +4,9 @@ namespace morvane {
 
 namespace {
 Translator translate = nullptr;
-}
+/// The length of "(&F)"
+constexpr std::size_t kAddedMnemonic = 4;
+}  // namespace
 
 void SetTranslator(Translator translator) { translate = translator; }
 
@@ -15,6 +17,12 @@ std::string Worded(std::string_view english) {
 std::string PlainLabel(std::string_view label) {
   std::string plain;
   for (std::size_t i = 0; i < label.size(); ++i) {
+    // Where no letter of the label is one of the keyboard's, the mnemonic stands behind it.
+    if (label.substr(i).starts_with("(&") && i + kAddedMnemonic <= label.size() &&
+        label[i + kAddedMnemonic - 1] == ')') {
+      i += kAddedMnemonic - 1;
+      continue;
+    }
     if (label[i] == '&' && i + 1 < label.size()) ++i;
     plain += label[i];
   }

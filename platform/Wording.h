@@ -18,7 +18,8 @@ void SetTranslator(Translator translator);
 /// A text of the platform, a label or one of those below, in the language of the user.
 std::string Worded(std::string_view english);
 
-/// A label without the mark of its mnemonic; "&&" stands for "&".
+/// A label without the mark of its mnemonic, nor a mnemonic that was added behind it in brackets;
+/// "&&" stands for "&".
 std::string PlainLabel(std::string_view label);
 /// The same without the colon at its end, for who listens.
 std::string SpokenLabel(std::string_view label);

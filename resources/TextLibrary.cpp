@@ -37,15 +37,23 @@ std::string Unescape(std::string_view text) {
   return plain;
 }
 
-/// The places of a text that the program fills, such as "%1" or "%2.1f", in their order.
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// The places of a text that the program fills. Those that are told apart by their numbers, such as
+/// "%1", may stand in any order; those with a format, such as "%2.1f", stand as they are filled.
 std::vector<std::string_view> Places(std::string_view text) {
   std::vector<std::string_view> places;
-  for (std::size_t at = text.find('%'); at != std::string_view::npos; at = text.find('%', at)) {
-    const std::size_t end = std::min(text.find_first_not_of("0123456789.", at + 1), text.size());
-    const bool isFormat = end < text.size() && text[end] != ' ' && text[end] != '?';
-    places.push_back(text.substr(at, end - at + (isFormat ? 1 : 0)));
-    at = end;
+  bool isOrdered = false;
+  for (std::size_t at = text.find('%'); at != std::string_view::npos; at = text.find('%', at + 1)) {
+    if (at + 1 == text.size() || !IsDigit(text[at + 1])) continue;
+    constexpr std::size_t numberLength = 2;
+    constexpr std::size_t formatLength = 5;
+    const bool isFormat = at + formatLength <= text.size() && text[at + numberLength] == '.' &&
+                          IsDigit(text[at + numberLength + 1]);
+    isOrdered = isOrdered || isFormat;
+    places.push_back(text.substr(at, isFormat ? formatLength : numberLength));
   }
+  if (!isOrdered) std::ranges::sort(places);
   return places;
 }
 
@@ -54,13 +62,16 @@ bool HasLineBreak(std::string_view text) { return text.find('\n') != std::string
 /// False for a text whose places differ from those of the English one: filling it would go wrong.
 /// An empty text says nothing, nor does what stands behind a NUL, and one line may become a name,
 /// which has to stay one.
+bool CanStandFor(std::string_view english, std::string_view text) {
+  const bool isText = !text.empty() && text.find('\0') == std::string_view::npos;
+  return isText && (HasLineBreak(english) || !HasLineBreak(text)) &&
+         Places(english) == Places(text);
+}
+
 bool CanStandFor(unsigned id, std::string_view text) {
   const auto english = EnglishTexts();
   const auto found = std::ranges::find(english, id, &EnglishText::id);
-  if (found == english.end()) return true;
-  const bool isText = !text.empty() && text.find('\0') == std::string_view::npos;
-  return isText && (HasLineBreak(found->text) || !HasLineBreak(text)) &&
-         Places(found->text) == Places(text);
+  return found == english.end() || CanStandFor(found->text, text);
 }
 
 }  // namespace
@@ -85,7 +96,8 @@ void TextLibrary::ReadLine(std::string_view line) {
   if (error == std::errc() && stop == key.data() + key.size()) {
     if (CanStandFor(id, text)) texts[id] = text;
   } else {
-    translations[Unescape(key)] = text;
+    const std::string english = Unescape(key);
+    if (CanStandFor(english, text)) translations[english] = text;
   }
 }
 

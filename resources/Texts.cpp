@@ -165,6 +165,9 @@ constexpr std::array kTexts = {
     Text{IDS_READ_CHART, "Chart %1"},
     Text{IDS_CHARTS_SAME, "The chart does not differ from %1."},
     Text{IDS_EXPORTING, "Exporting the chart..."},
+    Text{IDS_PROBLEM_OF_OBJECT, "%1 %2"},
+    Text{IDS_OBJECT_OF_NUMBER, "%1 %2"},
+    Text{IDS_STATE_OF_NAME, "%1 %2 \"%3\""},
 };
 
 class BuiltInEnglish : public TextSource {
@@ -200,8 +203,30 @@ std::string WithName(std::string text, std::string_view name) {
   return text;
 }
 
+std::string Filled(std::string_view text, std::span<const std::string> parts) {
+  std::string filled;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool isPlace = text[i] == '%' && i + 1 < text.size() && text[i + 1] >= '1' &&
+                         static_cast<std::size_t>(text[i + 1] - '1') < parts.size();
+    if (isPlace) {
+      filled += parts[static_cast<std::size_t>(text[++i] - '1')];
+    } else {
+      filled += text[i];
+    }
+  }
+  return filled;
+}
+
 std::string Translate(std::string_view english) {
   return TextSource::Current().Translation(english).value_or(std::string(english));
+}
+
+std::string Said(std::string_view english, std::initializer_list<std::string> parts) {
+  return Filled(Translate(english), std::span(parts.begin(), parts.size()));
+}
+
+std::string Said(TextId id, std::initializer_list<std::string> parts) {
+  return Filled(LoadText(id), std::span(parts.begin(), parts.size()));
 }
 
 }  // namespace morvane

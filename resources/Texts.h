@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -136,6 +137,9 @@ enum TextId : unsigned {
   IDS_READ_CHART = 33174,
   IDS_CHARTS_SAME = 33180,
   IDS_EXPORTING = 33181,
+  IDS_PROBLEM_OF_OBJECT = 33190,
+  IDS_OBJECT_OF_NUMBER = 33191,
+  IDS_STATE_OF_NAME = 33192,
 };
 
 struct EnglishText {
@@ -152,8 +156,17 @@ std::string LoadText(unsigned id);
 /// A text with a name in the place of its "%1".
 std::string WithName(std::string text, std::string_view name);
 
+/// A text with parts in the places "%1" to "%9", in whatever order it has these. What a part holds
+/// is not looked at, and a place without a part stays.
+std::string Filled(std::string_view text, std::span<const std::string> parts);
+
 /// What the current text source has for an English text of a menu, a prompt or a dialog; the
 /// English text itself if it has nothing.
 std::string Translate(std::string_view english);
+
+/// The same for a sentence with places to fill.
+std::string Said(std::string_view english, std::initializer_list<std::string> parts = {});
+/// The same for the text with that id.
+std::string Said(TextId id, std::initializer_list<std::string> parts);
 
 }  // namespace morvane

@@ -1,5 +1,6 @@
 #include "review/ChangeText.h"
 
+#include <array>
 #include <string_view>
 
 #include "resources/Texts.h"
@@ -19,13 +20,6 @@ std::string SizeText(const RECT& box) {
   return std::to_string(Width(box)) + " x " + std::to_string(Height(box));
 }
 
-std::string WithTwo(std::string text, std::string_view first, std::string_view second) {
-  constexpr std::string_view place = "%2";
-  const std::size_t at = text.find(place);
-  if (at != std::string::npos) text.replace(at, place.size(), second);
-  return WithName(std::move(text), first);
-}
-
 void AddListing(std::vector<std::string>& lines, const char* label, std::string_view before,
                 std::string_view after) {
   lines.push_back(Translate(label) + ':');
@@ -43,14 +37,15 @@ std::string MoveText(const ObjectChange& change) {
   const bool all = change.heldAlong == change.held;
   const std::string format = all ? Translate("%1, with all that stands in it (%2)")
                                  : Translate("%1, with %2 of what stands in it");
-  return WithTwo(format, text, all ? along : along + " / " + std::to_string(change.held));
+  return Filled(format,
+                std::array{text, all ? along : along + " / " + std::to_string(change.held)});
 }
 
 std::string PlaceText(const ObjectChange& change) {
   if (change.shift) return MoveText(change);
   const RECT before = change.before->Box();
   const RECT after = change.after->Box();
-  std::string text = WithTwo(Translate("resized from %1 to %2"), SizeText(before), SizeText(after));
+  std::string text = Said("resized from %1 to %2", {SizeText(before), SizeText(after)});
   const POINT shift = TopLeft(after) - TopLeft(before);
   if (shift != POINT{}) {
     text += ", " + WithName(Translate("moved by %1"), ShiftText(shift));

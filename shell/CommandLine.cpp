@@ -37,7 +37,7 @@ constexpr const char* kUsage =
     "           --size NUMBER             no side longer than so many pixels\n"
     "           --margin NUMBER           cut out what is drawn, with so much around it\n"
     "           --state NAME              only this state and what is in it\n"
-    "           --transparent             nothing behind what is drawn in a PNG\n"
+    "           --transparent             nothing behind what is drawn, in a PNG or SVG\n"
     "           --kind KIND               png, svg, pdf or emf, whatever OUT ends in\n"
     "       morvane --generate LANGUAGE [-o FOLDER] FILE\n"
     "                                     turn FILE into code, in the current folder or in\n"

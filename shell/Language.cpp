@@ -24,10 +24,13 @@ struct Language {
 };
 
 constexpr Language kEnglish = {"eng", "en", "English"};
-constexpr std::array<Language, 4> kLanguages = {kEnglish,
-                                                {"fra", "fr", "Fran\xC3\xA7\x61is"},
-                                                {"ger", "de", "Deutsch"},
-                                                {"esp", "es", "Espa\xC3\xB1ol"}};
+constexpr std::array<Language, 5> kLanguages = {
+    kEnglish,
+    {"fra", "fr", "Fran\xC3\xA7\x61is"},
+    {"ger", "de", "Deutsch"},
+    {"esp", "es", "Espa\xC3\xB1ol"},
+    // Nihongo
+    {"jpn", "ja", "\xE6\x97\xA5\xE6\x9C\xAC\xE8\xAA\x9E"}};
 constexpr const char* kKey = "Language";
 constexpr std::size_t kMaxLetters = 3;
 

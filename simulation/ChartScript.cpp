@@ -5,6 +5,7 @@
 
 #include "drawing/TextCodec.h"
 #include "machine/Machine.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -12,8 +13,6 @@ namespace {
 
 using Json = nlohmann::json;
 using How = ScriptResult::How;
-
-constexpr const char* kNoEngine = "nothing here can run it";
 
 /// What every program finds. `test` and `act` give an object with the variables behind them.
 constexpr const char* kPrelude = R"script(
@@ -178,16 +177,16 @@ bool ChartScript::SetUp() {
 
 /// Runs a function of the prelude and takes over what the variables are behind it.
 ScriptResult ChartScript::Call(const std::string& function, const std::string& arguments) {
-  if (engine == nullptr) return {How::Gone, kNoEngine};
+  if (engine == nullptr) return {How::Gone, Said("nothing here can run it")};
   const std::string program = "__morvane." + function + '(' + arguments + ')';
-  if (givenUp.contains(program)) return {How::Late, "took too long before"};
-  if (!SetUp()) return {How::Gone, "the script engine can't be started"};
+  if (givenUp.contains(program)) return {How::Late, Said("took too long before")};
+  if (!SetUp()) return {How::Gone, Said("the script engine can't be started")};
   ScriptResult result = engine->Run(program);
   if (result.how == How::Late || result.how == How::Gone) givenUp.insert(program);
   if (result.how == How::Gone) isSetUp = false;
   if (result.how != How::Value) return result;
   const Json answer = Json::parse(result.text, nullptr, false);
-  if (!answer.is_object() || !answer.contains("variables")) return {How::Fault, "no answer"};
+  if (!answer.is_object() || !answer.contains("variables")) return {How::Fault, Said("no answer")};
   variables = answer["variables"].dump(-1, ' ', false, Json::error_handler_t::replace);
   return result;
 }
@@ -206,12 +205,14 @@ ChartScript::Outcome ChartScript::Act(const MachineText& code) {
   const ScriptText& text = Of(code);
   const ScriptResult result =
       Call("act", Quoted(text.Program()) + ", " + Json(text.Called()).dump());
-  if (result.how != How::Value) return {"not run: " + result.text, {}};
+  if (result.how != How::Value) return {Said("not run: %1", {result.text}), {}};
   const Json answer = Json::parse(result.text);
   Outcome outcome;
+  std::string left;
   for (const std::string& name : NamesIn(answer, "left")) {
-    outcome.note += (outcome.note.empty() ? "left out: " : ", ") + name + "()";
+    left += (left.empty() ? "" : ", ") + name + "()";
   }
+  if (!left.empty()) outcome.note = Said("left out: %1", {left});
   outcome.sent = NamesIn(answer, "sent");
   return outcome;
 }

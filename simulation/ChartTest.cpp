@@ -4,6 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "resources/Texts.h"
+
 namespace morvane {
 
 namespace {
@@ -55,12 +57,12 @@ class Parser {
     if (rest.empty() || rest.front() == '#') return;
     const std::string_view word = TakeWord(rest);
     if (word == "case") {
-      if (rest.empty()) return Fault("a case has no name");
+      if (rest.empty()) return Fault(Said("a case has no name"));
       file.cases.push_back({Unquoted(rest), number});
       return;
     }
-    if (file.cases.empty()) return Fault("a case comes first: \"case NAME\"");
-    if (rest.empty()) return Fault('"' + std::string(word) + "\" needs something behind it");
+    if (file.cases.empty()) return Fault(Said("a case comes first: \"case NAME\""));
+    if (rest.empty()) return Fault(Said("\"%1\" needs something behind it", {std::string(word)}));
     TakeStep(word, rest);
   }
 
@@ -71,19 +73,20 @@ class Parser {
       TakeGuard(rest);
     } else if (word == "set") {
       const std::string name(TakeWord(rest));
-      if (rest.empty()) return Fault("\"set " + name + "\" needs a value");
+      if (rest.empty()) return Fault(Said("\"set %1\" needs a value", {name}));
       Add({Kind::Set, name, std::string(rest)});
     } else if (word == "expect") {
       TakeExpectation(rest);
     } else {
-      Fault('"' + std::string(word) + "\" is not known");
+      Fault(Said("\"%1\" is not known", {std::string(word)}));
     }
   }
 
   void TakeGuard(std::string_view rest) {
     const std::size_t end = rest.find_last_of(kBlanks);
     const std::string_view answer = end == std::string_view::npos ? "" : rest.substr(end + 1);
-    if (answer != "true" && answer != "false") return Fault("a guard is \"true\" or \"false\"");
+    if (answer != "true" && answer != "false")
+      return Fault(Said("a guard is \"true\" or \"false\""));
     Add({Kind::Guard, Unquoted(Trimmed(rest.substr(0, end))), {}, answer == "true"});
   }
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "machine/Machine.h"
+#include "resources/Texts.h"
 
 namespace morvane {
 
@@ -75,7 +76,7 @@ void Replay::TakeLine(std::string_view text) {
   const std::size_t end = text.find_last_not_of(kBlanks);
   parting = Parting{
       textLine, History().Size(), std::string(text.substr(begin, end - begin + 1)), {}, true};
-  AddNote("here the trace has what this chart doesn't know");
+  AddNote(Said("here the trace has what this chart doesn't know"));
 }
 
 void Replay::Take(const TraceLine& line) {
@@ -151,11 +152,15 @@ bool Replay::Holds(const MachineTransition& transition) {
 
 std::string Replay::PartingText() const {
   if (!parting) return {};
-  const std::string text =
-      "line " + std::to_string(parting->textLine) + ": \"" + parting->found + "\", ";
-  if (parting->isUnknown) return text + "which this chart doesn't have";
-  if (parting->expected.empty()) return text + "but the chart does nothing more here";
-  return text + "but the chart has \"" + parting->expected + '"';
+  const std::string line = std::to_string(parting->textLine);
+  const std::string& found = parting->found;
+  if (parting->isUnknown) {
+    return Said("line %1: \"%2\", which this chart doesn't have", {line, found});
+  }
+  if (parting->expected.empty()) {
+    return Said("line %1: \"%2\", but the chart does nothing more here", {line, found});
+  }
+  return Said("line %1: \"%2\", but the chart has \"%3\"", {line, found, parting->expected});
 }
 
 }  // namespace morvane

@@ -4,15 +4,9 @@
 #include <utility>
 
 #include "machine/Machine.h"
+#include "resources/Texts.h"
 
 namespace morvane {
-
-namespace {
-
-constexpr const char* kNoRest =
-    "the chart goes on without an event for ever; the step was cut short here";
-
-}  // namespace
 
 Simulation::Simulation(const Machine& machine, std::unique_ptr<ScriptEngine> engine, Asker asker)
     : Run(machine),
@@ -172,7 +166,7 @@ bool Simulation::Holds(const MachineTransition& transition) {
   const std::optional<bool> holds = script.Test(transition.guard, fault);
   NoteState();
   if (holds) return *holds;
-  AddNote("guard of " + std::to_string(transition.id) + ": " + fault);
+  AddNote(Said("guard of %1: %2", {std::to_string(transition.id), fault}));
   return Decide(transition, unknown, fault);
 }
 
@@ -196,9 +190,9 @@ void Simulation::Act(const MachineText& code) {
   for (const std::string& name : outcome.sent) {
     const std::optional<int> event = Format().FindEvent(name);
     if (!event) {
-      AddNote("no such event: " + name);
+      AddNote(Said("no such event: %1", {name}));
     } else if (!interpreter.Dispatch(*event)) {
-      AddNote("too many events wait: " + name);
+      AddNote(Said("too many events wait: %1", {name}));
     }
   }
   NoteState();
@@ -214,7 +208,9 @@ void Simulation::Trace(std::string_view kind, std::string_view name) {
   NoteState();
 }
 
-void Simulation::NoRest() { AddNote(kNoRest); }
+void Simulation::NoRest() {
+  AddNote(Said("the chart goes on without an event for ever; the step was cut short here"));
+}
 
 /// Queue and variables belong to the line that was added last.
 void Simulation::NoteState() {

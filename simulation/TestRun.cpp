@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "machine/Machine.h"
+#include "resources/Texts.h"
 #include "simulation/Simulation.h"
 
 namespace morvane {
@@ -11,8 +12,6 @@ namespace morvane {
 namespace {
 
 using Kind = ChartTest::Line::Kind;
-
-std::string InQuotes(const std::string& text) { return '"' + text + '"'; }
 
 /// One case on its way.
 class Bench {
@@ -45,8 +44,10 @@ class Bench {
 
   bool Ask(const MachineTransition& transition, const std::string& reason) {
     const std::string id = std::to_string(transition.id);
-    Fail("the guard of transition " + id + " can't be told (" + reason + "); give it by \"guard " +
-         id + " true\" or \"false\"");
+    Fail(
+        Said("the guard of transition %1 can't be told (%2); give it by \"guard %1 true\" or "
+             "\"false\"",
+             {id, reason}));
     return false;
   }
 
@@ -59,7 +60,7 @@ class Bench {
       case Kind::Expect: return Expect(line.name, true);
       case Kind::ExpectNot: return Expect(line.name, false);
       case Kind::ExpectIgnored:
-        if (!wasIgnored) Fail("the event was not ignored");
+        if (!wasIgnored) Fail(Said("the event was not ignored"));
         return;
       case Kind::ExpectThat: return ExpectThat(line.text);
     }
@@ -67,7 +68,7 @@ class Bench {
 
   void Send(const std::string& name) {
     const std::optional<int> event = simulation.Format().FindEvent(name);
-    if (!event) return Fail("the chart has no event " + InQuotes(name));
+    if (!event) return Fail(Said("the chart has no event \"%1\"", {name}));
     simulation.Send(*event);
     const std::vector<Simulation::Step> steps = simulation.Steps();
     wasIgnored = !steps.empty() && steps.back().isIgnored;
@@ -82,23 +83,23 @@ class Bench {
       simulation.SetAnswer(i, holds);
       found = true;
     }
-    if (!found) Fail("no transition has the guard " + InQuotes(name));
+    if (!found) Fail(Said("no transition has the guard \"%1\"", {name}));
   }
 
   void Set(const ChartTest::Line& line) {
     const std::string reason = simulation.Assign(line.name, line.text);
-    if (!reason.empty()) Fail(InQuotes(line.name) + " can't be set: " + reason);
+    if (!reason.empty()) Fail(Said("\"%1\" can't be set: %2", {line.name, reason}));
   }
 
   void Expect(const std::string& name, bool active) {
     const std::optional<int> state = simulation.Format().FindState(name);
-    if (!state) return Fail("the chart has no state " + InQuotes(name));
+    if (!state) return Fail(Said("the chart has no state \"%1\"", {name}));
     const std::vector<int> all = simulation.History().ActiveStatesAt(simulation.Place());
     const bool is =
         std::ranges::any_of(all, [&](int each) { return IsCalled(each, name, *state); });
     if (is == active) return;
-    Fail("state " + InQuotes(name) + (active ? " is not active; " : " is active; ") +
-         "active: " + Named(all));
+    Fail(active ? Said("state \"%1\" is not active; active: %2", {name, Named(all)})
+                : Said("state \"%1\" is active; active: %2", {name, Named(all)}));
   }
 
   /// Several states may have one title.
@@ -109,18 +110,18 @@ class Bench {
   std::string Named(const std::vector<int>& states) const {
     std::string names;
     for (const int state : states) {
-      names += (names.empty() ? "" : " in ") +
-               InQuotes(machine.states[static_cast<std::size_t>(state)].title);
+      const std::string& title = machine.states[static_cast<std::size_t>(state)].title;
+      names = names.empty() ? Said("\"%1\"", {title}) : Said("%1 in \"%2\"", {names, title});
     }
-    return names.empty() ? "none" : names;
+    return names.empty() ? Said("no state") : names;
   }
 
   void ExpectThat(const std::string& condition) {
     std::string fault;
     const std::optional<bool> holds = simulation.Check(condition, fault);
-    if (!holds) return Fail(InQuotes(condition) + " can't be told: " + fault);
+    if (!holds) return Fail(Said("\"%1\" can't be told: %2", {condition, fault}));
     if (!*holds) {
-      Fail(InQuotes(condition) + " does not hold; variables: " + simulation.Variables());
+      Fail(Said("\"%1\" does not hold; variables: %2", {condition, simulation.Variables()}));
     }
   }
 

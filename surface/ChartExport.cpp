@@ -97,12 +97,11 @@ void ExportPicture(LayoutMgr& chart) {
   const auto kinds = ChartPicture::FileKinds();
   Dialogs::ExportRequest request;
   for (const auto& kind : kinds) {
-    request.kinds.push_back({Translate(kind.filter), std::string(kind.extension)});
+    request.kinds.push_back({Translate(kind.filter), std::string(kind.extension), kind.hasGround});
   }
   request.kind = LastExportKind();
   request.suggestion = ExportSuggestion(chart.GetDocument(), kinds[request.kind].extension);
   request.hasSelection = !chart.GetSelection().IsEmpty();
-  request.pixelExtension = ChartPicture::kPixelExtension;
   request.options = LastOptions();
   const auto answer = AskExport(request);
   if (!answer) return;

@@ -1,5 +1,6 @@
 #include "surface/ObjectNames.h"
 
+#include <array>
 #include <initializer_list>
 #include <string_view>
 
@@ -24,17 +25,8 @@ constexpr std::size_t kLongestPart = 200;
 
 /// A text with names in the places of its "%1" and "%2".
 std::string Fill(unsigned textId, std::string_view first, std::string_view second = {}) {
-  const std::string text = LoadText(textId);
-  std::string filled;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool isPlace = text[i] == '%' && (text[i + 1] == '1' || text[i + 1] == '2');
-    if (!isPlace) {
-      filled += text[i];
-      continue;
-    }
-    filled += text[++i] == '1' ? first : second;
-  }
-  return filled;
+  const std::array parts{std::string(first), std::string(second)};
+  return Filled(LoadText(textId), parts);
 }
 
 /// The first line that says something, or its beginning, in UTF-8.

@@ -17,15 +17,15 @@ namespace morvane {
 
 namespace {
 
-constexpr std::string_view kPng = Picture::kPixelExtension;
+constexpr std::string_view kPng = ".png";
 constexpr std::string_view kSvg = ".svg";
 constexpr std::string_view kPdf = ".pdf";
 constexpr std::string_view kEmf = ".emf";
 
-constexpr std::array kKinds = {Picture::FileKind{kPng, "PNG Picture (*.png)"},
-                               Picture::FileKind{kSvg, "SVG Drawing (*.svg)"},
-                               Picture::FileKind{kPdf, "PDF Page (*.pdf)"},
-                               Picture::FileKind{kEmf, "Enhanced Metafile (*.emf)"}};
+constexpr std::array kKinds = {Picture::FileKind{kPng, "PNG Picture (*.png)", true},
+                               Picture::FileKind{kSvg, "SVG Drawing (*.svg)", true},
+                               Picture::FileKind{kPdf, "PDF Page (*.pdf)", false},
+                               Picture::FileKind{kEmf, "Enhanced Metafile (*.emf)", false}};
 
 /// What an enhanced metafile says of itself: the program and the picture.
 constexpr std::string_view kDescription{"Morvane\0Copy", 12};
@@ -39,6 +39,13 @@ const Picture::FileKind* Picture::KindOf(std::string_view path) {
   return found != kKinds.end() ? found : nullptr;
 }
 
+PictureInfo Picture::Info() const {
+  PictureInfo info = About();
+  info.scale = form.scale;
+  info.transparent = form.transparent;
+  return info;
+}
+
 std::string Picture::MakeEmf() const {
   const std::unique_ptr<CDC> reference = Service<Pictures>::Get().ReferenceDC();
   CMetaFileDC dc(*reference);
@@ -46,16 +53,16 @@ std::string Picture::MakeEmf() const {
   Metafile metafile = dc.Close();
   // There is a frame also where nothing is drawn.
   if (!framed && !metafile.records.empty()) {
-    return EmfWriter::Encode(metafile, *reference, kDescription);
+    return EmfWriter::Encode(metafile, *reference, kDescription, nullptr, form.scale);
   }
   metafile.MoveBy(POINT{} - origin);
   const RECT frame{0, 0, size.cx, size.cy};
-  return EmfWriter::Encode(metafile, *reference, kDescription, &frame);
+  return EmfWriter::Encode(metafile, *reference, kDescription, &frame, form.scale);
 }
 
 std::string Picture::MakeSvg() const {
   const std::unique_ptr<CDC> reference = Service<Pictures>::Get().ReferenceDC();
-  SvgDC dc(*reference, size, About());
+  SvgDC dc(*reference, size, Info());
   Paint(dc);
   return dc.Close();
 }
@@ -67,7 +74,7 @@ std::optional<std::string> Picture::MakePng() const {
 }
 
 std::optional<std::string> Picture::MakePdf() const {
-  return Service<Pictures>::Get().MakePdf(size, About(), [this](CDC& dc) { Paint(dc); });
+  return Service<Pictures>::Get().MakePdf(size, Info(), [this](CDC& dc) { Paint(dc); });
 }
 
 std::optional<std::string> Picture::MakeFile(const FileKind& kind) const {

@@ -21,12 +21,10 @@ class Picture {
   /// The longest side of an SVG or EMF file, logical units.
   static constexpr std::int32_t kMaxSide = 1'000'000;
 
-  /// Of the kind that is made of pixels.
-  static constexpr std::string_view kPixelExtension = ".png";
-
   struct FileKind {
     std::string_view extension;  ///< ".png"
     std::string_view filter;     ///< its name in a file dialog, in English
+    bool hasGround;              ///< it is white behind what is drawn, unless it is transparent
   };
   /// What a picture can be written as, the first choice first.
   static std::span<const FileKind> FileKinds();
@@ -70,6 +68,8 @@ class Picture {
   bool framed = false;
 
  private:
+  PictureInfo Info() const;
+
   PictureOptions form;
   Pictures::Progress progress;
 };

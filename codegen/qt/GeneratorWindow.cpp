@@ -44,7 +44,7 @@ void Show(QLineEdit& box, const std::string& text) {
 
 GeneratorWindow::GeneratorWindow(CGenerateCppDlg& dialog, QWidget* parent)
     : QDialog(parent), dialog(dialog) {
-  setWindowTitle(ToQString(dialog.Caption()));
+  setWindowTitle(ToQString(Worded(dialog.Caption())));
   setSizeGripEnabled(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(MakeFields());

@@ -59,7 +59,7 @@ ExportOptionsBox::ExportOptionsBox(const PictureOptions& options, bool hasSelect
   row->addStretch();
 }
 
-void ExportOptionsBox::ShowForPixels(bool isPixels) { transparent->setEnabled(isPixels); }
+void ExportOptionsBox::OfferTransparency(bool offered) { transparent->setEnabled(offered); }
 
 PictureOptions ExportOptionsBox::Options() const {
   PictureOptions options;

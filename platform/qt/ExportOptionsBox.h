@@ -15,8 +15,8 @@ class ExportOptionsBox : public QWidget {
   /// Starts from `options`; the selection is offered only where there is one.
   ExportOptionsBox(const PictureOptions& options, bool hasSelection, QWidget* parent);
 
-  /// What can be transparent or not is a picture of pixels.
-  void ShowForPixels(bool isPixels);
+  /// Not every kind of picture has a ground that can be left out.
+  void OfferTransparency(bool offered);
   PictureOptions Options() const;
 
  private:

@@ -19,8 +19,6 @@ namespace {
 constexpr int kFastCompression = 1;
 constexpr qsizetype kLengthBytes = 4;  ///< that the toolkit puts in front
 
-std::string Points(double units) { return Decimal(units * PdfDC::kPointsPerUnit, 2); }
-
 std::string Ref(int number) { return PdfWriter::Ref(number); }
 
 }  // namespace
@@ -36,7 +34,7 @@ PdfFile::PdfFile(SIZE size, const PictureInfo& info)
 std::optional<std::string> PdfFile::Make(SIZE size, const PictureInfo& info,
                                          const Pictures::Paint& paint, CDC& reference,
                                          QtFontCache& fonts) {
-  constexpr double most = kMaxPoints / PdfDC::kPointsPerUnit;
+  const double most = kMaxPoints / PdfDC::kPointsPerUnit / info.scale;
   if (size.cx <= 0 || size.cy <= 0 || size.cx > most || size.cy > most) return std::nullopt;
   QtPdfFonts used(fonts);
   PdfDC dc(reference, size, used);
@@ -54,9 +52,9 @@ std::optional<std::string> PdfFile::Make(SIZE size, const PictureInfo& info,
     names.append("/").append(name).append(" ").append(Ref(file.WriteFont(*face))) += ' ';
   }
   const int contents = file.writer.Reserve();
-  file.WriteStream(contents, "", content);
+  file.WriteStream(contents, "", file.Scaling() + content);
   file.writer.Dictionary(file.page, "/Type /Page /Parent " + Ref(file.pages) + " /MediaBox [0 0 " +
-                                        Points(size.cx) + " " + Points(size.cy) + "] /Contents " +
+                                        file.Points(size.cx) + " " + file.Points(size.cy) + "] /Contents " +
                                         Ref(contents) + " /Resources << /Font << " + names +
                                         ">> >>");
   file.writer.Dictionary(file.pages, "/Type /Pages /Count 1 /Kids [" + Ref(file.page) + "]");
@@ -70,6 +68,17 @@ std::optional<std::string> PdfFile::Make(SIZE size, const PictureInfo& info,
     hash.addData(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
   }
   return file.writer.Finish(file.catalogue, file.document, hash.result().toHex().toStdString());
+}
+
+std::string PdfFile::Points(double units) const {
+  return Decimal(units * PdfDC::kPointsPerUnit * info.scale, 2);
+}
+
+std::string PdfFile::Scaling() const {
+  if (info.scale == 1) return {};
+  constexpr int digits = 6;
+  const std::string factor = Decimal(info.scale, digits);
+  return factor + " 0 0 " + factor + " 0 0 cm\n";
 }
 
 void PdfFile::WriteInfo() {

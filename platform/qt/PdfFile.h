@@ -36,6 +36,10 @@ class PdfFile {
   std::string WriteDescriptor(PdfFace& face, const std::string& name);
   void WriteOutline();
   std::string Destination(POINT corner) const;
+  /// A length on the page, of one in logical units.
+  std::string Points(double units) const;
+  /// What makes the page as large as it is to be, in front of what is drawn on it.
+  std::string Scaling() const;
 
   SIZE size;
   const PictureInfo& info;

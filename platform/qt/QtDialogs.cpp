@@ -82,9 +82,9 @@ std::optional<Dialogs::ExportAnswer> QtDialogs::AskExport(const ExportRequest& r
   dialog.selectNameFilter(filters.value(start));
   const auto takeSuffix = [&](const QString& filter) {
     const qsizetype kind = std::max<qsizetype>(filters.indexOf(filter), 0);
-    const std::string& extension = request.kinds[static_cast<std::size_t>(kind)].extension;
-    dialog.setDefaultSuffix(ToQString(extension));
-    options->ShowForPixels(extension == request.pixelExtension);
+    const FileFilter& chosen = request.kinds[static_cast<std::size_t>(kind)];
+    dialog.setDefaultSuffix(ToQString(chosen.extension));
+    options->OfferTransparency(chosen.hasGround);
   };
   takeSuffix(filters.value(start));
   QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, takeSuffix);

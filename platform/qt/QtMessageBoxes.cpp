@@ -1,9 +1,14 @@
 #include "platform/qt/QtMessageBoxes.h"
 
+#include <array>
+#include <utility>
+
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 
 #include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 #include "platform/qt/DialogParent.h"
 
 namespace morvane {
@@ -43,6 +48,16 @@ MessageAnswer AnswerOf(int button, unsigned flags) {
   }
 }
 
+/// The toolkit's own names may be in another language than the text, or missing.
+void NameButtons(const QMessageBox& box) {
+  const std::array names{
+      std::pair{QMessageBox::Ok, Worded("OK")}, std::pair{QMessageBox::Cancel, Worded("Cancel")},
+      std::pair{QMessageBox::Yes, Worded("&Yes")}, std::pair{QMessageBox::No, Worded("&No")}};
+  for (const auto& [which, name] : names) {
+    if (QAbstractButton* button = box.button(which)) button->setText(ToQString(name));
+  }
+}
+
 }  // namespace
 
 MessageAnswer QtMessageBoxes::Show(const std::string& text, unsigned flags) {
@@ -52,6 +67,7 @@ MessageAnswer QtMessageBoxes::Show(const std::string& text, unsigned flags) {
   box.setText(ToQString(text));
   box.setIcon(IconOf(flags));
   box.setStandardButtons(ButtonsOf(flags));
+  NameButtons(box);
   const bool second = (flags & MB_DEFBUTTON2) != 0;
   switch (flags & kButtonSetMask) {
     case MB_OKCANCEL:

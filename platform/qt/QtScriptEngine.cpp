@@ -7,6 +7,7 @@
 #include <QProcess>
 
 #include "drawing/qt/QtText.h"
+#include "platform/Wording.h"
 #include "platform/qt/ScriptLimits.h"
 
 namespace morvane {
@@ -20,8 +21,9 @@ using How = ScriptResult::How;
 
 ScriptResult ResultOf(const QByteArray& line) {
   const QJsonObject answer = QJsonDocument::fromJson(line).object();
-  if (answer.contains("late")) return {How::Late, "takes too long"};
-  if (answer.contains("fault")) return {How::Fault, ToBytes(answer.value("fault").toString())};
+  if (answer.contains("late")) return {How::Late, Worded("takes too long")};
+  if (answer.contains("fault"))
+    return {How::Fault, Worded(ToBytes(answer.value("fault").toString()))};
   return {How::Value, ToBytes(answer.value("value").toString())};
 }
 
@@ -47,7 +49,8 @@ bool QtScriptEngine::Start() {
 }
 
 ScriptResult QtScriptEngine::Run(const std::string& program) {
-  if (process == nullptr && !Start()) return {How::Gone, "the script engine can't be started"};
+  if (process == nullptr && !Start())
+    return {How::Gone, Worded("the script engine can't be started")};
   const QJsonObject request{{"run", ToQString(program)}};
   process->write(QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n');
   QElapsedTimer timer;
@@ -59,7 +62,7 @@ ScriptResult QtScriptEngine::Run(const std::string& program) {
     process->kill();
     process->waitForFinished();
     process.reset();
-    return {How::Gone, runs ? "takes too long" : "takes too much memory"};
+    return {How::Gone, runs ? Worded("takes too long") : Worded("takes too much memory")};
   }
   return ResultOf(process->readLine());
 }

@@ -29,12 +29,6 @@ bool IsWanted() { return Service<Profile>::Get().GetInt(kSection, kKey, 1) != 0;
 
 void Want(bool wanted) { Service<Profile>::Get().WriteString(kSection, kKey, wanted ? "1" : "0"); }
 
-/// What is said of the object, which has a column of its own.
-std::string WithoutObject(const Problem& problem) {
-  const bool named = !problem.object.empty() && problem.message.starts_with(problem.object);
-  return named ? problem.message.substr(problem.object.size() + 1) : problem.message;
-}
-
 /// A row whose quick fix is found when it is to be seen.
 class ProblemItem : public QTreeWidgetItem {
  public:
@@ -114,7 +108,9 @@ void ProblemsPane::Fill() {
 }
 
 void ProblemsPane::AddRow(const Problem& problem) {
-  const QStringList texts{ToQString(problem.object), ToQString(WithoutObject(problem))};
+  // The object has a column of its own.
+  const std::string& said = problem.object.empty() ? problem.message : problem.complaint;
+  const QStringList texts{ToQString(problem.object), ToQString(said)};
   auto* item = new ProblemItem(list, texts,
                                [this, problem] { return ToQString(callbacks.fixFor(problem)); });
   const bool isError = problem.severity == Problem::Severity::Error;

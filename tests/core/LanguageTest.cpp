@@ -1,7 +1,9 @@
+#include <cstring>
 #include <regex>
 
 #include "drawing/TextCodec.h"
 #include "platform/BoxMenu.h"
+#include "platform/SystemError.h"
 #include "platform/Wording.h"
 #include "resources/TextLibrary.h"
 #include "review/ChartDescription.h"
@@ -125,19 +127,38 @@ std::size_t CountDialogClasses() {
   return count;
 }
 
-/// The labels in the windows of the platform.
-std::vector<std::string> PlatformLabels() {
-  static const std::regex label("Worded\\(\"([^\"]+)\"\\)");
-  std::vector<std::string> labels;
-  for (const auto& entry : fs::directory_iterator(MORVANE_SOURCE_DIR "/platform/qt")) {
-    std::string text;
-    ReadWholeFile(entry.path().string(), text);
-    for (std::sregex_iterator found(text.begin(), text.end(), label), end; found != end; ++found) {
-      labels.push_back(found->str(1));
+/// The texts that the sources of a folder ask for in so many words.
+Texts TextsAskedForIn(const fs::path& folder) {
+  static const std::regex asked(
+      R"(\b(?:Said|Translate|Worded|Text)\(\s*((?:"(?:[^"\\]|\\.)*"\s*)+))");
+  static const std::regex seam("\"\\s*\n\\s*\"");
+  Texts texts;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    std::string source;
+    if (entry.is_regular_file()) ReadWholeFile(entry.path().string(), source);
+    for (std::sregex_iterator found(source.begin(), source.end(), asked), end; found != end;
+         ++found) {
+      std::string text = std::regex_replace(found->str(1), seam, "");
+      text = text.substr(1, text.rfind('"') - 1);
+      text = std::regex_replace(text, std::regex(R"(\\n)"), "\n");
+      texts.push_back(std::regex_replace(text, std::regex(R"(\\")"), "\""));
     }
   }
-  EXPECT_GT(labels.size(), 5);
-  return labels;
+  return texts;
+}
+
+/// What the program asks for, but for the command line and the generators.
+const Texts& TextsAskedFor() {
+  static Texts texts;
+  if (!texts.empty()) return texts;
+  for (const char* folder :
+       {"platform", "model", "states", "connectors", "persistence", "recovery", "machine",
+        "simulation", "surface", "dialogs", "codegen", "checks", "exchange", "review", "shell"}) {
+    const Texts found = TextsAskedForIn(fs::path(MORVANE_SOURCE_DIR) / folder);
+    texts.insert(texts.end(), found.begin(), found.end());
+  }
+  EXPECT_GT(texts.size(), 200);
+  return texts;
 }
 
 /// Has a source of texts in use for as long as it lives.
@@ -152,22 +173,11 @@ class UseTexts {
   TextSource* former;
 };
 
-/// What the sources that compare charts say, and what they call the facts of a chart.
-std::vector<std::string> ReviewTexts() {
-  static const std::regex said("Translate\\(\\s*\"([^\"]+)\"\\)");
-  std::vector<std::string> texts = {"added",     "removed",      "changed", "moved or other look",
-                                    "unchanged", "former place", "Zoom In", "Whole Page"};
-  std::vector<fs::path> sources = {fs::path(MORVANE_SOURCE_DIR) / "shell/qt/CompareWindow.cpp"};
-  for (const auto& entry : fs::directory_iterator(MORVANE_SOURCE_DIR "/review")) {
-    sources.push_back(entry.path());
-  }
-  for (const fs::path& source : sources) {
-    std::string text;
-    ReadWholeFile(source.string(), text);
-    for (std::sregex_iterator found(text.begin(), text.end(), said), end; found != end; ++found) {
-      texts.push_back(found->str(1));
-    }
-  }
+/// What charts, and what is compared of them, are called.
+Texts TextsOfObjects() {
+  Texts texts = {"added",        "removed",      "changed",      "moved or other look", "unchanged",
+                 "former place", "GenericState", "InitialState", "FinalState",          "Mesg",
+                 "Transition",   "Note",         "Line"};
   ChartDescription chart;
   EXPECT_EQ(ChartDescription::Read(
                 ChartText(StateRecord(1, {0, 0, 9, 9}) + InitialRecord(2, {0, 0, 4, 4}) +
@@ -179,7 +189,7 @@ std::vector<std::string> ReviewTexts() {
   for (const DescribedObject& object : chart.objects) {
     for (const Fact& fact : object.facts) texts.emplace_back(fact.label);
   }
-  EXPECT_GT(texts.size(), 60);
+  EXPECT_GT(texts.size(), 30);
   return texts;
 }
 
@@ -207,10 +217,14 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
       ExpectTranslated(text);
     }
   }
-  for (const std::string& text : ReviewTexts()) ExpectTranslated(text);
+  for (const std::string& text : TextsOfObjects()) ExpectTranslated(text);
+  for (const std::string& text : TextsAskedFor()) ExpectTranslated(text);
+  for (const SystemErrorWords& words : kSystemErrors) {
+    ExpectTranslated(words.english);
+    EXPECT_EQ(words.english, std::strerror(words.error));
+  }
   for (const auto& kind : ChartPicture::FileKinds()) ExpectTranslated(kind.filter);
   for (const std::string_view text : kPlatformTexts) ExpectTranslated(text);
-  for (const std::string& label : PlatformLabels()) ExpectTranslated(label);
   AllDialogs all;
   for (const Dialog* dialog : all.list) {
     ExpectTranslated(dialog->Caption());
@@ -239,7 +253,7 @@ TEST_P(LanguageLibrary, HasALetterForEachFieldOfADialogAndNoneTwiceInOne) {
   for (const Dialog* dialog : all.list) ExpectLettersInDialog(*dialog);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, testing::Values("fra", "ger", "esp"));
+INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, testing::Values("fra", "ger", "esp", "jpn"));
 
 TEST(English, HasNoMnemonicTwiceInAMenuOrADialog) {
   for (const Texts& menu : AllMenus()) ExpectLettersDiffer(menu, "menu of " + menu.front());
@@ -252,6 +266,7 @@ TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
   ASSERT_TRUE(
       library.Read("Morvane texts\txx\r\n#5\tcomment\n\nno tab\n&Open...\t&Auf...\r\n"
                    "7\tone\\ntwo\\\\three\\tfour\n32952\t\n33008\tlost\n32955\ttwo\\nlines\n"
+                   "33163\tin %2: %1!\n33001\t%2.1f\noverlaps %1\tlost\n"
                    "bad\\"));
   for (const char* bytes : {"", "MZ\x90", "7\teight\n", "Morvane texts"}) {
     EXPECT_FALSE(library.Read(bytes)) << bytes << " is no library, and nothing changes";
@@ -260,9 +275,12 @@ TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
   EXPECT_EQ(library.Text(7), "one\ntwo\\three\tfour");
   EXPECT_FALSE(library.Text(5));
   EXPECT_FALSE(library.Text(33008)) << "it lacks the place for the name";
+  EXPECT_FALSE(library.Text(33001)) << "it lacks a version";
+  EXPECT_FALSE(library.Translation("overlaps %1"));
   const UseTexts use(library);
   EXPECT_EQ(MenuText({ID_FILE_OPEN}), "&Auf...\tCtrl+O");
   EXPECT_EQ(Translate("Unheard of"), "Unheard of");
+  EXPECT_EQ(Said(IDS_READ_IN, {"%2", "b"}), "in b: %2!");
   for (const unsigned id : {IDS_UNTITLED, IDS_STATE_NAME}) {
     EXPECT_EQ(LoadText(id), "-MISSING-") << "a name is one line with something on it";
   }
@@ -281,6 +299,7 @@ class LoadLanguageTest : public testing::Test {
   LoadLanguageTest() {
     folder.Write("langfra.dll", "Morvane texts\tfr\n32952\tSans titre\n");
     folder.Write("langger.dll", "no library");
+    folder.Write("langjpn.dll", "Morvane texts\tja\n32952\t\u7121\u984C\n");
   }
   ~LoadLanguageTest() override {
     TextSource::Use(nullptr);
@@ -351,7 +370,8 @@ TEST_F(LoadLanguageTest, SpeaksTheLanguageOfTheSystemUnlessTheUserHasChosen) {
                {"", "fr_FR", "C", "Sans titre"},
                {"C.UTF-8", "fr_FR", "fr_FR", "Untitled"},
                {nullptr, nullptr, "de_AT.UTF-8", "Untitled"},  // no text can be read from that
-               {nullptr, nullptr, "es_ES.UTF-8", "Untitled"}};
+               {nullptr, nullptr, "es_ES.UTF-8", "Untitled"},
+               {nullptr, nullptr, "ja_JP.UTF-8", "\u7121\u984C"}};
   for (const auto& [all, messages, lang, untitled] : cases) {
     SetLocale(all, messages, lang);
     EXPECT_EQ(Untitled(), untitled) << (lang != nullptr ? lang : "none");

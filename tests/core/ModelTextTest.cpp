@@ -32,6 +32,8 @@ TEST(ModelText, AFailureIsNamed) {
       {"PK\x03\x04 stuff", noModel},
       {"9999 7 x", tooNew + "7.0"},
       {"9999 4 1\n", "Invalid File"},
+      {"9999 x", "Invalid File"},
+      {"9999 -1 0", "Invalid or Corrupt File"},
       {small.substr(0, small.find("END DATA")), "Invalid File"},
       {small.substr(0, small.size() - 9), "Invalid or Corrupt File"}};
   for (const auto& [text, reason] : texts) EXPECT_EQ(ReasonOf(text), reason) << text;
@@ -40,6 +42,10 @@ TEST(ModelText, AFailureIsNamed) {
   } changes[] = {
       {"9999", "9998", noModel},
       {"9999 4 1", "9999 4 2", tooNew + "4.2"},
+      {"9999 4 1", "9999 -1 9", "Invalid or Corrupt File"},
+      {"9999 4 1", "9999 0 -1", "Invalid or Corrupt File"},
+      {"9999 4 1", "9999 -32768 1", "Invalid or Corrupt File"},
+      {"9999 4 1", "9999 1 -11", "Invalid or Corrupt File"},
       {"\n6\n", "\nx\n", "Invalid File"},
       {"BEGIN DATA", "BEGIN DATUM", "Invalid File"},
       {"BEGIN Note", "\nBEGIN Note", "Invalid File"},

@@ -64,7 +64,7 @@ TEST(PreferencesTest, ShowsAndStoresWhatIsChosen) {
     EXPECT_EQ(user.shown, (std::vector<std::string>{c.shownLanguage, c.shownReopen}));
     EXPECT_EQ(user.languages,
               (std::vector<std::string>{"System language", "English", "Fran\u00E7ais", "Deutsch",
-                                        "Espa\u00F1ol"}));
+                                        "Espa\u00F1ol", "\u65E5\u672C\u8A9E"}));
     EXPECT_EQ(profile.GetString("", "Language", "-"), c.codeAfter);
     EXPECT_EQ(profile.GetString("Session", "Reopen", "-"), c.reopenAfter);
   }

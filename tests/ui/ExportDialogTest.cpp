@@ -12,8 +12,8 @@ namespace {
 class ExportDialogTest : public testing::Test {
  protected:
   ExportDialogTest() {
-    request.kinds = {{"PNG (*.png)", ".png"}, {"SVG (*.svg)", ".svg"}, {"PDF (*.pdf)", ".pdf"}};
-    request.pixelExtension = ".png";
+    request.kinds = {
+        {"PNG (*.png)", ".png", true}, {"SVG (*.svg)", ".svg", true}, {"PDF (*.pdf)", ".pdf"}};
     request.suggestion = folder.Path("Lift.v2.png");
   }
   /// The answer of the real dialog, with `act` carried out in it.
@@ -53,7 +53,7 @@ TEST_F(ExportDialogTest, TheNameDecidesAndElseTheChosenKind) {
       EXPECT_EQ(dialog.selectedNameFilter(), ToQString(request.kinds[c.kind].text));
       EXPECT_EQ(dialog.nameFilters().size(), 3);
       EXPECT_TRUE(FieldCalled<QCheckBox>(dialog, "Selection &only").isHidden());
-      EXPECT_EQ(FieldCalled<QCheckBox>(dialog, "&Transparent").isEnabled(), c.kind == 0);
+      EXPECT_EQ(FieldCalled<QCheckBox>(dialog, "&Transparent").isEnabled(), c.kind != 2);
       auto* kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
       for (int i = 0; i < c.steps; ++i) SendKey(*kinds, Qt::Key_Down);
       if (c.typed != nullptr) dialog.findChild<QLineEdit*>("fileNameEdit")->setText(c.typed);

@@ -21,8 +21,9 @@ TEST(ProblemsPaneTest, ComesWithTheFirstProblemUnlessPutAwayAndHearsWhatIsDoneWi
   frame.resize(800, 500);
   frame.show();
   EXPECT_FALSE(pane->isVisible());
-  const std::vector<Problem> found{{.message = "No beginning"},
-                                   {.id = 7, .message = "State 7 is lost", .object = "State 7"}};
+  const std::vector<Problem> found{
+      {.message = "No beginning"},
+      {.id = 7, .message = "State 7 is lost", .object = "State 7", .complaint = "is lost"}};
   pane->Show(found);
   QApplication::processEvents();
   ASSERT_TRUE(pane->isVisible());

@@ -31,7 +31,7 @@ TEST(Start, OpensTheNamedChartOrANewOne) {
     const char* message;
   } cases[] = {{"", "Morvane_Diagram1 - Morvane", nullptr},
                {lift, "Lift.mrv - Morvane", nullptr},
-               {lift + "x", "Morvane", "No such file"}};
+               {lift + "x", "Morvane", "Aucun fichier"}};
   for (const auto& c : cases) {
     if (c.message != nullptr) boxes.Expect(c.message);
     CMorvaneApp program;
