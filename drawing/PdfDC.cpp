@@ -289,7 +289,8 @@ void PdfDC::WriteRun(const PdfFonts::Run& run, Spot baseline) {
       x = glyph.x;
       y = glyph.y;
       content += "1 0 0 -1 ";
-      Point({baseline.x + x, baseline.y + y}, "Tm");
+      // A thicker stroke grows to the right and upwards, as in the window.
+      Point({baseline.x + x + run.extra, baseline.y + y - run.extra}, "Tm");
       content += "[<";
       open = true;
     } else if (std::abs(off) > kUnseen) {

@@ -15,7 +15,7 @@ namespace morvane {
 namespace {
 
 /// How much thicker the window makes the strokes of a face that has to look bold, in ems.
-constexpr double kThickening = 1.0 / 24;
+constexpr double kThickening = 1.0 / 48;
 
 /// What each of a font's letters stands for, as far as the text tells.
 std::unordered_map<quint32, char32_t> CharactersOf(const QRawFont& font, const QString& text) {
