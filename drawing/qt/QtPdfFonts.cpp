@@ -14,6 +14,9 @@ namespace morvane {
 
 namespace {
 
+/// How much thicker the window makes the strokes of a face that has to look bold, in ems.
+constexpr double kThickening = 1.0 / 24;
+
 /// What each of a font's letters stands for, as far as the text tells.
 std::unordered_map<quint32, char32_t> CharactersOf(const QRawFont& font, const QString& text) {
   std::unordered_map<quint32, char32_t> characters;
@@ -68,6 +71,7 @@ bool QtPdfFonts::AddAscii(const QtFont& font, std::string_view utf8) {
   Run& run = line.runs.emplace_back();
   run.face = number;
   run.size = raw.pixelSize();
+  run.extra = face.IsThickenedFor(font.Font().weight()) ? run.size * kThickening : 0;
   run.glyphs.reserve(utf8.size());
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     const auto id = static_cast<std::uint16_t>(ids[static_cast<qsizetype>(i)]);
@@ -107,6 +111,7 @@ void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
     Run& run = line.runs.emplace_back();
     run.face = number;
     run.size = raw.pixelSize();
+    run.extra = face.IsThickenedFor(font.Font().weight()) ? run.size * kThickening : 0;
     const QList<quint32> ids = glyphs.glyphIndexes();
     const QList<QPointF> places = glyphs.positions();
     for (qsizetype i = 0; i < ids.size(); ++i) {
