@@ -125,8 +125,7 @@ class EmfWriter::Record {
 };
 
 std::string EmfWriter::Encode(const Metafile& metafile, CDC& reference,
-                              std::string_view description, const RECT* frame,
-                              double scale) {
+                              std::string_view description, const RECT* frame, double scale) {
   EmfWriter writer(metafile, reference);
   writer.scale = scale;
   writer.WriteSetUp();

@@ -79,8 +79,8 @@ QPen QtDC::StrokePen() const {
   const CPen& wanted = GetPen();
   if (wanted.style == PenStyle::Null) return QPen(Qt::NoPen);
   const bool thin = IsPenThin();
-  QPen pen(QBrush(Ink(wanted.colour)), PenWidth(), Qt::SolidLine,
-           thin ? Qt::FlatCap : Qt::RoundCap, thin ? Qt::MiterJoin : Qt::RoundJoin);
+  QPen pen(QBrush(Ink(wanted.colour)), PenWidth(), Qt::SolidLine, thin ? Qt::FlatCap : Qt::RoundCap,
+           thin ? Qt::MiterJoin : Qt::RoundJoin);
   const std::vector<int> dashes = DashLengths();
   if (!dashes.empty()) {
     QList<qreal> pattern;
