@@ -176,14 +176,21 @@ void DeleteAll(benchmark::State& state) {
   }
 }
 
-void ExportPng(benchmark::State& state) {
+/// A file of the kind that an extension names.
+void Export(benchmark::State& state, const char* extension) {
   LayoutMgr view;
   OpenChart::Read(ChartOf(state), view);
   view.PlaceWithoutWindow(LayoutMgr::Size::Normal);
+  const Picture::FileKind& kind = *Picture::KindOf(extension);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(ChartPicture(view).MakePng());
+    benchmark::DoNotOptimize(ChartPicture(view).MakeFile(kind));
   }
 }
+
+void ExportPng(benchmark::State& state) { Export(state, ".png"); }
+void ExportSvg(benchmark::State& state) { Export(state, ".svg"); }
+void ExportPdf(benchmark::State& state) { Export(state, ".pdf"); }
+void ExportEmf(benchmark::State& state) { Export(state, ".emf"); }
 
 /// What a user waits for when a file is opened: the chart, its picture and the object browser.
 void Open(benchmark::State& state) {
@@ -310,7 +317,12 @@ void Register() {
   OnCharts(add("DeleteAll", DeleteAll))->UseManualTime()->Iterations(few);
   OnCharts(add("SearchSpiral", SearchSpiral));
   add("LayRoute", LayRoute)->Arg(kMiddle)->Unit(benchmark::kMicrosecond);
-  add("ExportPng", ExportPng)->Arg(kMiddle)->Unit(benchmark::kMillisecond);
+  using Work = void (*)(benchmark::State&);
+  for (const auto& [name, run] :
+       {std::pair<const char*, Work>{"ExportPng", ExportPng}, {"ExportSvg", ExportSvg},
+        {"ExportPdf", ExportPdf}, {"ExportEmf", ExportEmf}}) {
+    add(name, run)->Arg(kMiddle)->Arg(kLarge)->UseRealTime()->Unit(benchmark::kMillisecond);
+  }
   add("Memory", Memory)->Arg(kLarge)->Iterations(1);
   add("Start", Start)->UseManualTime()->Iterations(few)->Unit(benchmark::kMillisecond);
   add("Open", Open)->Arg(kHuge)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -241,6 +241,7 @@ void PdfDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   const PdfFonts::Line& line = fonts.Shape(GetFont(), utf8);
   FlushLines();
   SetFill(GetTextColor());
+  const State outside = state;
   if (cut) {
     const RECT box = Placed(*clip);
     Operator("q");
@@ -256,7 +257,18 @@ void PdfDC::TextOut(POINT topLeft, std::string_view utf8, const RECT* clip) {
   for (const PdfFonts::Run& run : line.runs) WriteRun(run, baseline);
   Operator("ET");
   if (line.needsText) Operator("EMC");
-  if (cut) Operator("Q");
+  if (!cut) return;
+  Operator("Q");
+  state = outside;
+}
+
+/// Letters get a line around them, half of which lies outside.
+void PdfDC::ThickenLetters(double extra) {
+  if (state.stroke != GetTextColor()) SetColour(GetTextColor(), "RG");
+  state.stroke = GetTextColor();
+  state.width = extra;
+  Number(extra);
+  Operator("w\n2 Tr");
 }
 
 /// Letters follow each other by the font's own widths; where that would show they are moved.
@@ -265,6 +277,7 @@ void PdfDC::WriteRun(const PdfFonts::Run& run, Spot baseline) {
   content.append("/").append(NameOfFace(run.face)) += ' ';
   Number(run.size);
   Operator("Tf");
+  if (run.extra > 0) ThickenLetters(run.extra);
   const double perThousand = run.size / kThousand;
   double x = 0;
   double y = 0;
@@ -276,7 +289,8 @@ void PdfDC::WriteRun(const PdfFonts::Run& run, Spot baseline) {
       x = glyph.x;
       y = glyph.y;
       content += "1 0 0 -1 ";
-      Point({baseline.x + x, baseline.y + y}, "Tm");
+      // A thicker stroke grows to the right and upwards, as in the window.
+      Point({baseline.x + x + run.extra, baseline.y + y - run.extra}, "Tm");
       content += "[<";
       open = true;
     } else if (std::abs(off) > kUnseen) {
@@ -290,6 +304,7 @@ void PdfDC::WriteRun(const PdfFonts::Run& run, Spot baseline) {
     x += fonts.AdvanceOf(run.face, glyph.id) * perThousand;
   }
   Operator(">] TJ");
+  if (run.extra > 0) Operator("0 Tr");
 }
 
 }  // namespace morvane

@@ -53,6 +53,7 @@ class PdfDC : public VectorDC {
   void SetStroke(Cap cap, Join join);
   void PaintShape();
   void FlushLines();
+  void ThickenLetters(double extra);
   void WriteRun(const PdfFonts::Run& run, Spot baseline);
 
   PdfFonts& fonts;

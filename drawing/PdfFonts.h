@@ -19,8 +19,9 @@ class PdfFonts {
   };
   /// Letters of one face that follow each other.
   struct Run {
-    int face = 0;     ///< counted from 0; what the page names its font by
-    double size = 0;  ///< of an em, logical units
+    int face = 0;      ///< counted from 0; what the page names its font by
+    double size = 0;   ///< of an em, logical units
+    double extra = 0;  ///< by how much strokes are thicker than the face's own, logical units
     std::vector<Glyph> glyphs;
   };
   struct Line {

@@ -87,8 +87,8 @@ std::string SvgDC::Close() {
   const std::string width = Number(size.cx);
   const std::string height = Number(size.cy);
   std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-  text += "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + Decimal(size.cx * info.scale, 2) +
-          "\" height=\"" + Decimal(size.cy * info.scale, 2) + "\" viewBox=\"0 0 " + width + " " +
+  text += "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + Hundredths(size.cx * info.scale) +
+          "\" height=\"" + Hundredths(size.cy * info.scale) + "\" viewBox=\"0 0 " + width + " " +
           height + "\">\n";
   text += Metadata();
   if (!definitions.empty()) text += "<defs>\n" + definitions + "</defs>\n";

@@ -15,10 +15,10 @@ class CPrintInfo {
   int curPage = 1;       ///< the page that is being printed
   int fromPage = 1;      ///< what the user chose
   int toPage = kAllPages;
-  int copies = 1;         ///< that nobody else makes of what is printed
-  bool collate = true;    ///< one whole copy after the other, not page by page
-  bool reverse = false;   ///< from the last page to the first
-  std::string path;       ///< of the file whose chart is printed; empty if there is none
+  int copies = 1;        ///< that nobody else makes of what is printed
+  bool collate = true;   ///< one whole copy after the other, not page by page
+  bool reverse = false;  ///< from the last page to the first
+  std::string path;      ///< of the file whose chart is printed; empty if there is none
 
   /// The pages to print, of `count`, in their order; none if the chart hasn't those chosen.
   std::vector<int> Sequence(int count) const;

@@ -18,8 +18,8 @@ namespace morvane {
 class Dialogs {
  public:
   struct FileFilter {
-    std::string text;       ///< "Morvane Files (*.mrv)"
-    std::string extension;  ///< ".mrv", given to a name that is typed without one
+    std::string text;        ///< "Morvane Files (*.mrv)"
+    std::string extension;   ///< ".mrv", given to a name that is typed without one
     bool hasGround = false;  ///< a picture that may be transparent instead
   };
   struct ExportRequest {

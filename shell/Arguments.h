@@ -18,15 +18,15 @@ namespace morvane {
 class Arguments {
  public:
   struct Option {
-    std::string_view name;         ///< "--scale"
-    std::string_view value;        ///< what stands for its value in a message, "NUMBER"; or empty
+    std::string_view name;   ///< "--scale"
+    std::string_view value;  ///< what stands for its value in a message, "NUMBER"; or empty
     bool TakesValue() const { return !value.empty(); }
   };
   /// What a job takes.
   struct Form {
-    std::string_view job;          ///< "--export"; empty for the window
+    std::string_view job;  ///< "--export"; empty for the window
     std::span<const Option> options;
-    std::string_view operands;     ///< as in a message: "OUT FILE"
+    std::string_view operands;  ///< as in a message: "OUT FILE"
     std::size_t fewest = 0;
     std::size_t most = std::numeric_limits<std::size_t>::max();
   };

@@ -139,9 +139,8 @@ int GenerateCode(Arguments& arguments, std::ostream& /*out*/, std::ostream& err)
     arguments.Complain("'" + arguments.Operands()[0] + "' is not cpp, c, cs, java or xml");
     return CommandLine::kWrongUse;
   }
-  const GenerateResult result = Generate({.language = *language,
-                                          .folder = arguments.Value(kOutput),
-                                          .model = InputAt(arguments, 1)});
+  const GenerateResult result = Generate(
+      {.language = *language, .folder = arguments.Value(kOutput), .model = InputAt(arguments, 1)});
   err << result.messages;
   return result.exitCode;
 }

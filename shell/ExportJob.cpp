@@ -53,8 +53,8 @@ std::span<const Arguments::Option> ExportJob::Options() { return kOptions; }
 ExportJob::ExportJob(Arguments& arguments)
     : mostPixels(arguments.Number(kSize, 1, kMostPixels)), state(arguments.Value(kState)) {
   options.transparent = arguments.Has(kTransparent);
-  if (const auto scale = arguments.Number(kScale, PictureOptions::kLeastScale,
-                                          PictureOptions::kMostScale)) {
+  if (const auto scale =
+          arguments.Number(kScale, PictureOptions::kLeastScale, PictureOptions::kMostScale)) {
     options.scale = *scale;
   }
   if (const auto dots = arguments.Number(kDotsPerInch, kLeastDotsPerInch, kMostDotsPerInch)) {

@@ -6,10 +6,10 @@
 namespace morvane {
 
 /// Makes the library of a language the source of all texts of the program, until it ends. The
-/// profile names the language by one of "eng", "fra", "ger", "esp" and "jpn"; one that names none leaves
-/// it to the locale of the system, so far as there is a library for that. English needs no library.
-/// What is wrong with the profile, its value or the library of that is shown in a message box, and
-/// the program speaks English. The libraries are looked for beside the program.
+/// profile names the language by one of "eng", "fra", "ger", "esp" and "jpn"; one that names none
+/// leaves it to the locale of the system, so far as there is a library for that. English needs no
+/// library. What is wrong with the profile, its value or the library of that is shown in a message
+/// box, and the program speaks English. The libraries are looked for beside the program.
 void LoadLanguage();
 /// The same with libraries from a folder.
 void LoadLanguage(const std::string& folder);

@@ -57,11 +57,11 @@ PictureOptions LastOptions() {
 
 void Remember(const Dialogs::ExportAnswer& answer) {
   const PictureOptions& options = answer.options;
-  Service<Profile>::Get().Write(
-      kExportSection, {{kExportKind, ExtensionOf(answer.path)},
-                       {kScale, std::to_string(std::lround(options.scale * kWhole))},
-                       {kTransparent, options.transparent ? "1" : "0"},
-                       {kMargin, std::to_string(options.margin.value_or(-1))}});
+  Service<Profile>::Get().Write(kExportSection,
+                                {{kExportKind, ExtensionOf(answer.path)},
+                                 {kScale, std::to_string(std::lround(options.scale * kWhole))},
+                                 {kTransparent, options.transparent ? "1" : "0"},
+                                 {kMargin, std::to_string(options.margin.value_or(-1))}});
 }
 
 /// The chart's own path with another extension.

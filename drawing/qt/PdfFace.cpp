@@ -5,6 +5,8 @@
 #include <hb-subset.h>
 #include <memory>
 
+#include <QtEndian>
+
 #include "drawing/PdfText.h"
 #include "drawing/Utf16.h"
 
@@ -48,8 +50,17 @@ std::u16string UnitsOf(const std::u32string& characters) {
 
 PdfFace::PdfFace(const QRawFont& font) : design(font) {
   design.setPixelSize(font.unitsPerEm());
+  constexpr qsizetype weightPlace = 4;
+  const QByteArray about = design.fontTable("OS/2");
+  if (about.size() >= weightPlace + 2) {
+    ownWeight = qFromBigEndian<quint16>(about.constData() + weightPlace);
+  }
   if (!design.fontTable("CFF ").isEmpty()) kind = Outlines::Cff;
   if (!design.fontTable("glyf").isEmpty()) kind = Outlines::TrueType;
+}
+
+bool PdfFace::IsThickenedFor(int weight) const {
+  return weight >= QFont::DemiBold && ownWeight != 0 && ownWeight < QFont::DemiBold;
 }
 
 PdfFace::Letter& PdfFace::At(std::uint16_t glyph) {

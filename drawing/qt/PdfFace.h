@@ -19,6 +19,8 @@ class PdfFace {
 
   /// Without outlines, as for letters that are small pictures, a face can't be used.
   Outlines Kind() const { return kind; }
+  /// True if the window thickens the face, since the font has no bold one. `weight` is the wanted.
+  bool IsThickenedFor(int weight) const;
   /// Notes that a letter stands for a character, or for several. False if it stands for others
   /// already.
   bool Use(std::uint16_t glyph, std::u32string_view characters);
@@ -53,6 +55,7 @@ class PdfFace {
 
   QRawFont design;  ///< at a size at which a design unit is a pixel
   Outlines kind = Outlines::None;
+  int ownWeight = 0;            ///< what the font's file says; 0 if it doesn't
   std::vector<Letter> letters;  ///< by number
 };
 

@@ -15,15 +15,20 @@ namespace {
 
 using Characters = std::unordered_map<quint32, char32_t>;
 
+/// How much thicker the window makes the strokes of a face that has to look bold, in ems.
+constexpr double kThickening = 1.0 / 48;
+
 /// What each of a font's letters stands for, as far as the text tells.
 Characters CharactersOf(const QRawFont& font, const QString& text) {
   Characters characters;
+  const auto add = [&](char32_t c) {
+    const QList<quint32> glyphs = font.glyphIndexesForString(QString::fromUcs4(&c, 1));
+    if (glyphs.size() == 1 && glyphs.first() != 0) characters.emplace(glyphs.first(), c);
+  };
   for (const char32_t c : text.toUcs4()) {
+    add(c);
     // A bracket that runs from right to left shows the letter of the other one.
-    for (const char32_t shown : {c, QChar::mirroredChar(c)}) {
-      const QList<quint32> glyphs = font.glyphIndexesForString(QString::fromUcs4(&shown, 1));
-      if (glyphs.size() == 1 && glyphs.first() != 0) characters.emplace(glyphs.first(), shown);
-    }
+    if (const char32_t other = QChar::mirroredChar(c); other != c) add(other);
   }
   return characters;
 }
@@ -72,6 +77,7 @@ bool QtPdfFonts::AddAscii(const QtFont& font, std::string_view utf8) {
   Run& run = line.runs.emplace_back();
   run.face = number;
   run.size = raw.pixelSize();
+  run.extra = face.IsThickenedFor(font.Font().weight()) ? run.size * kThickening : 0;
   run.glyphs.reserve(utf8.size());
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     const auto id = static_cast<std::uint16_t>(ids[static_cast<qsizetype>(i)]);
@@ -107,6 +113,7 @@ void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
     Run& run = line.runs.emplace_back();
     run.face = number;
     run.size = raw.pixelSize();
+    run.extra = face.IsThickenedFor(font.Font().weight()) ? run.size * kThickening : 0;
     const QList<quint32> ids = glyphs.glyphIndexes();
     const QList<QPointF> places = glyphs.positions();
     for (qsizetype i = 0; i < ids.size(); ++i) {

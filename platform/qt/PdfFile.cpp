@@ -54,9 +54,9 @@ std::optional<std::string> PdfFile::Make(SIZE size, const PictureInfo& info,
   const int contents = file.writer.Reserve();
   file.WriteStream(contents, "", file.Scaling() + content);
   file.writer.Dictionary(file.page, "/Type /Page /Parent " + Ref(file.pages) + " /MediaBox [0 0 " +
-                                        file.Points(size.cx) + " " + file.Points(size.cy) + "] /Contents " +
-                                        Ref(contents) + " /Resources << /Font << " + names +
-                                        ">> >>");
+                                        file.Points(size.cx) + " " + file.Points(size.cy) +
+                                        "] /Contents " + Ref(contents) +
+                                        " /Resources << /Font << " + names + ">> >>");
   file.writer.Dictionary(file.pages, "/Type /Pages /Count 1 /Kids [" + Ref(file.page) + "]");
   std::string view;
   if (file.outline != 0) view.append(" /PageMode /UseOutlines /Outlines ") += Ref(file.outline);

@@ -6,7 +6,6 @@
 #include <new>
 #include <string_view>
 #include <utility>
-
 #include <zlib.h>
 
 namespace morvane {
@@ -162,9 +161,9 @@ PngEncoder::Pixels PngEncoder::Add(Pixels pixels, int above, int rows) {
   if (running.size() == kMostRunning) spare = TakeOldest();
   const auto width = static_cast<std::size_t>(form.size.cx);
   running.push_back(std::async(
-      std::launch::async, [form = form, pixels = std::move(pixels),
-                           first = width * static_cast<std::size_t>(above),
-                           count = width * static_cast<std::size_t>(rows)]() mutable {
+      std::launch::async,
+      [form = form, pixels = std::move(pixels), first = width * static_cast<std::size_t>(above),
+       count = width * static_cast<std::size_t>(rows)]() mutable {
         Piece piece = Compress(form, std::span(pixels).subspan(first, count));
         piece.pixels = std::move(pixels);
         return piece;

@@ -1,5 +1,6 @@
 #include "platform/qt/QtPrinting.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
@@ -16,6 +17,12 @@
 namespace morvane {
 
 namespace {
+
+/// The dialog starts from a printer if there is one, also where pages went to a file last.
+void ChooseFile(QPrintDialog& dialog) {
+  auto* printers = dialog.findChild<QComboBox*>("printers");
+  if (printers != nullptr) printers->setCurrentIndex(printers->count() - 1);
+}
 
 /// A file beside the chart, in the dialog's own field, should pages go to a file.
 void ProposeFile(QPrintDialog& dialog, const std::string& path) {
@@ -61,11 +68,16 @@ bool QtPrinting::AskPrinter(CPrintInfo& info, const std::string& title) {
   }
 
   chosen.setPrintRange(QPrinter::AllPages);
+  const bool toFile = chosen.outputFormat() == QPrinter::PdfFormat;
   QPrintDialog dialog(&chosen, DialogParent());
   dialog.setWindowTitle(ToQString(Worded("Print")));
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
                     QAbstractPrintDialog::PrintCollateCopies |
                     QAbstractPrintDialog::PrintShowPageSize);
+  // Only a dialog that is shown has files among its printers.
+  dialog.setWindowModality(Qt::ApplicationModal);
+  dialog.show();
+  if (toFile) ChooseFile(dialog);
   ProposeFile(dialog, info.path);
   if (dialog.exec() != QDialog::Accepted) return false;
   PrinterSettings::Store(chosen);

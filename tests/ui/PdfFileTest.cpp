@@ -38,6 +38,13 @@ TEST(PdfFile, LeadsToItsPlacesAndCanBeSearched) {
   const std::string pdf = pictures.MakePdf({200, 100}, info, paint).value_or("");
   EXPECT_EQ(pdf, QtPictures().MakePdf({200, 100}, info, paint)) << "the same bytes again";
 
+  PictureInfo large = info;
+  large.scale = 2;
+  const std::string twice = pictures.MakePdf({200, 100}, large, paint).value_or("");
+  for (const char* part : {"/MediaBox [0 0 300.00 150.00]", "/XYZ 45.00 90.00 null"}) {
+    EXPECT_NE(twice.find(part), std::string::npos) << part;
+  }
+
   const std::string outer = NumberOf(pdf, "Outer");
   const std::string inner = NumberOf(pdf, "Inner");
   const std::string next = NumberOf(pdf, "Next");
