@@ -340,13 +340,16 @@ void EmfWriter::WriteText(const Metafile::Record& call) {
     Append(Record(RecordType::IntersectClipRect).Rect(call.rect));
   }
   // Other programs put the parts of a line that runs both ways in orders of their own.
-  bool isFirst = true;
-  for (const TextRun& run : reference.GetTextRuns(call.text)) {
-    // Some programs join texts that stand side by side, and order them anew, if nothing parts them.
-    if (!isFirst) Append(Record(RecordType::MoveTo).Point(call.points[0]));
+  const std::vector<TextRun> runs = reference.GetTextRuns(call.text);
+  // Some programs join texts that stand side by side, and order them anew, if nothing parts them.
+  const auto part = [&] {
+    if (runs.size() > 1) Append(Record(RecordType::MoveTo).Point(call.points[0]));
+  };
+  for (const TextRun& run : runs) {
+    part();
     WriteRun(call, run);
-    isFirst = false;
   }
+  part();
   if (cut) Append(Record(RecordType::RestoreDC).Number(std::int32_t{-1}));
   // Some programs forget with a text what was selected for lines and areas.
   selectedPen = 0;

@@ -80,7 +80,7 @@ TEST(TextRuns, StandByThemselvesInPicturesForOtherPrograms) {
   dc.TextOut({12, 22}, line, nullptr);
   const EmfReader reader(EmfWriter::Encode(dc.Close(), reference, "Program"));
   reader.CheckFrame();
-  EXPECT_EQ(reader.CountOf(EmfReader::kMoveTo), 1U) << "else one program joins them";
+  EXPECT_EQ(reader.CountOf(EmfReader::kMoveTo), 3U) << "else one program joins them";
   const std::vector<Metafile::Record> texts = reader.Replay().records;
   ASSERT_EQ(texts.size(), 2U);
   EXPECT_EQ(texts[0].text, "ab");
