@@ -318,9 +318,10 @@ void Register() {
   OnCharts(add("SearchSpiral", SearchSpiral));
   add("LayRoute", LayRoute)->Arg(kMiddle)->Unit(benchmark::kMicrosecond);
   using Work = void (*)(benchmark::State&);
-  for (const auto& [name, run] :
-       {std::pair<const char*, Work>{"ExportPng", ExportPng}, {"ExportSvg", ExportSvg},
-        {"ExportPdf", ExportPdf}, {"ExportEmf", ExportEmf}}) {
+  for (const auto& [name, run] : {std::pair<const char*, Work>{"ExportPng", ExportPng},
+                                  {"ExportSvg", ExportSvg},
+                                  {"ExportPdf", ExportPdf},
+                                  {"ExportEmf", ExportEmf}}) {
     add(name, run)->Arg(kMiddle)->Arg(kLarge)->UseRealTime()->Unit(benchmark::kMillisecond);
   }
   add("Memory", Memory)->Arg(kLarge)->Iterations(1);
