@@ -8,7 +8,7 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 count=${1:-20}
 zooms=(3 6 12)
-"$root/scripts/setup.sh" xvfb openbox xdotool
+"$root/scripts/setup.sh" xvfb openbox xdotool imagemagick
 if (($# > 1)); then
   program=$(realpath "$2")
 else
@@ -20,9 +20,6 @@ source "$root/scripts/display.sh"
 start_display 1240x820
 
 # Where the corner of the paper stands on the screen when the window fills it, and a place where
-# there is nothing else
-paper_x=156
-paper_y=71
 empty="700 760"
 
 # The states in model units: left, top, right, bottom
@@ -38,12 +35,24 @@ write_chart() {
   {
     printf '9999 4 1\n%s\nBEGIN DATA\n' "$2"
     for state in "${first[*]}" "${second[*]}"; do
-      printf 'BEGIN GenericState %s\n%s 10\n%s\n1\nS%s\n0 16777215 0\n' $id $id "$state" $id
+      printf 'BEGIN GenericState %s\n%s 10\n%s\n1\nS%s\n0 %s 0\n' $id $id "$state" $id \
+        $((id == 1 ? 8453888 : 16777215))
       printf '0\nTEXTBEGIN\n\nTEXTEND\n0\nTEXTBEGIN\n\nTEXTEND\n'
       id=$((id + 1))
     done
     sed -n '/^END DATA/,$p' "$root/Examples/Lift/Lift.mrv" | tr -d '\r'
   } | sed 's/$/\r/' >"$1"
+}
+
+# find_paper: where on the screen the chart begins, by the colour of the first state, whose border is
+# a pixel wide. The fonts of a machine decide how large the bars and panes beside it are.
+find_paper() {
+  local x y
+  import -window root "$work/screen.png"
+  read -r x y < <(convert "$work/screen.png" -fill black +opaque '#00ff80' -trim \
+    -format '%X %Y\n' info:)
+  paper_x=$((x - 1 - first[0] * zoom))
+  paper_y=$((y - 1 - first[1] * zoom))
 }
 
 # place N LEFT TOP RIGHT BOTTOM: where try N touches the border of a state, on the screen
@@ -103,6 +112,7 @@ for zoom in "${zooms[@]}"; do
   export XDG_STATE_HOME="$work/state$zoom"
   open_chart "$chart" 1240 820
   xdotool mousemove $empty click 1 sleep 0.5
+  find_paper
   for ((n = 0; n < count; n++)); do try "$n"; done
   kill "$app"
   wait "$app" 2>/dev/null || true
