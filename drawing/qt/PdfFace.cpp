@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <hb-subset.h>
+#include <map>
 #include <memory>
 
 #include <QtEndian>
@@ -34,12 +35,22 @@ QByteArray TableOf(const QRawFont& font, hb_tag_t tag) {
   return font.fontTable(name);
 }
 
-/// Hands a copy of a table of the font behind `context` to the library.
+/// A font and those of its tables that were read.
+struct FontTables {
+  QRawFont font;
+  std::map<hb_tag_t, QByteArray> tables;
+};
+
+/// Hands a table of the font behind `context` to the library, which goes on reading letters after
+/// it has let go of the table: the bytes stay where they are.
 hb_blob_t* ReadTable(hb_face_t* /*face*/, hb_tag_t tag, void* context) {
-  const QByteArray table = TableOf(*static_cast<const QRawFont*>(context), tag);
+  auto& source = *static_cast<FontTables*>(context);
+  const auto [place, isNew] = source.tables.try_emplace(tag);
+  if (isNew) place->second = TableOf(source.font, tag);
+  const QByteArray& table = place->second;
   if (table.isEmpty()) return nullptr;
   return hb_blob_create(table.constData(), static_cast<unsigned>(table.size()),
-                        HB_MEMORY_MODE_DUPLICATE, nullptr, nullptr);
+                        HB_MEMORY_MODE_READONLY, nullptr, nullptr);
 }
 
 std::u16string UnitsOf(const std::u32string& characters) {
@@ -91,7 +102,7 @@ int PdfFace::AdvanceOf(std::uint16_t glyph) {
 }
 
 std::string PdfFace::Subset() const {
-  QRawFont source = design;
+  FontTables source{design, {}};
   const FacePtr face(hb_face_create_for_tables(ReadTable, &source, nullptr));
   const InputPtr input(hb_subset_input_create_or_fail());
   if (input == nullptr) return {};
