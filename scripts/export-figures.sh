@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures pictures of charts of 100, 1,000 and 10,000 objects: how long each kind takes, the memory
 # it needs and how large the file is, the best of three runs each; and beside them what other
-# programs take to draw the same boxes, names and lines: export-figures.sh [PROGRAM [CHART_WRITER]].
+# programs take to draw the same boxes, names and lines, in one run each: export-figures.sh [PROGRAM [CHART_WRITER]].
 # Prints a table, and fails if a picture comes out differently in two runs.
 set -euo pipefail
 
@@ -21,10 +21,10 @@ export HOME="$work"
 # A run of another program may take this long.
 limit=180
 
-# measure LABEL OBJECTS OUT COMMAND...: a row of the table.
+# measure LABEL OBJECTS OUT COMMAND...: a row of the table, of as many runs as $runs says.
 measure() {
   local label=$1 objects=$2 out=$3 best= memory= seconds kilobytes status
-  for _ in 1 2 3; do
+  for ((run = 0; run < runs; run++)); do
     rm -f "$out"
     status=0
     command time -f '%e %M' -o "$work/time" timeout "$limit" "${@:4}" >/dev/null 2>&1 || status=$?
@@ -47,6 +47,7 @@ for objects in 100 1000 10000; do
   chart="$work/c$objects.mrv"
   "$writer" "$objects" >"$chart"
   python3 "$root/scripts/export_twins.py" "$chart" "$work/c$objects"
+  runs=3
   for kind in png svg pdf emf; do
     measure "morvane $kind" "$objects" "$work/o.$kind" "$program" --export "$work/o.$kind" "$chart"
     cp "$work/o.$kind" "$work/once"
@@ -54,6 +55,7 @@ for objects in 100 1000 10000; do
     cmp "$work/once" "$work/o.$kind" || same=1
   done
   "$program" --export "$work/c$objects.svg" "$chart"
+  runs=1
   for kind in png svg pdf; do
     measure "neato $kind" "$objects" "$work/n.$kind" \
       neato -n -Gdpi=96 -T"$kind" -o "$work/n.$kind" "$work/c$objects.dot"
