@@ -8,6 +8,20 @@ cleanup() {
 }
 trap cleanup EXIT
 
+# Bars and panes are as large on every machine, whatever fonts there are besides this one.
+choose_font() {
+  mkdir -p "$XDG_CONFIG_HOME/fontconfig"
+  {
+    echo '<fontconfig>'
+    for family in sans-serif 'Sans Serif'; do
+      printf '<match><test name="family"><string>%s</string></test>' "$family"
+      printf '<edit name="family" mode="prepend" binding="strong">'
+      printf '<string>DejaVu Sans</string></edit></match>\n'
+    done
+    echo '</fontconfig>'
+  } >"$XDG_CONFIG_HOME/fontconfig/fonts.conf"
+}
+
 # start_display SIZE: a display with a window manager, until the script ends; what belongs to it is
 # in the folder $work.
 start_display() {
@@ -21,6 +35,7 @@ start_display() {
   # What one run leaves behind is offered by no other.
   export XDG_DATA_HOME="$work/data" XDG_STATE_HOME="$work/state"
   unset WAYLAND_DISPLAY
+  choose_font
   openbox >/dev/null 2>&1 &
   jobs+=($!)
 }
