@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 #include "drawing/TextCodec.h"
@@ -77,13 +78,13 @@ void QtTextRuns::Join(TextRun& run, std::string_view part, double width) const {
 /// What follows each other from left to right becomes one run unless another stands between, as
 /// where numbers of two kinds meet.
 void QtTextRuns::Place(double& left) {
-  std::vector<TextRun*> order;
-  for (TextRun& run : runs) order.push_back(&run);
-  std::ranges::stable_sort(order, {}, &TextRun::left);
+  std::vector<std::size_t> order(runs.size());
+  std::iota(order.begin(), order.end(), 0U);
+  std::ranges::stable_sort(order, {}, [this](std::size_t i) { return runs[i].left; });
   std::vector<std::size_t> ranks(runs.size());
   for (std::size_t rank = 0; rank < order.size(); ++rank) {
-    TextRun& run = *order[rank];
-    ranks[static_cast<std::size_t>(&run - runs.data())] = rank;
+    TextRun& run = runs[order[rank]];
+    ranks[order[rank]] = rank;
     run.left = left;
     left += run.width;
   }
