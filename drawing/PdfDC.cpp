@@ -47,9 +47,9 @@ void PdfDC::Number(double v) {
   content.append(digits.data(), whole.ptr);
   std::int64_t rest = scaled % unit;
   if (rest != 0) content += '.';
-  for (std::int64_t place = unit / 10; rest != 0 && place > 0; place /= 10) {
-    content += static_cast<char>('0' + rest / place);
-    rest %= place;
+  constexpr std::int64_t ten = 10;
+  for (; rest != 0; rest = rest * ten % unit) {
+    content += static_cast<char>('0' + rest * ten / unit);
   }
   content += ' ';
 }

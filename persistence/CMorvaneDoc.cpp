@@ -27,7 +27,7 @@ ChartText* CMorvaneDoc::Chart() const { return dynamic_cast<ChartText*>(GetView(
 /// The text of the chart, shared with the undo history where that has the same.
 SharedText CMorvaneDoc::PresentText() const {
   std::string text = Chart()->ModelText();
-  const SharedText snapshot = Chart()->SnapshotText();
+  SharedText snapshot = Chart()->SnapshotText();
   if (snapshot != nullptr && *snapshot == text) return snapshot;
   return std::make_shared<const std::string>(std::move(text));
 }

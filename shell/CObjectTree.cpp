@@ -202,7 +202,7 @@ void CObjectTree::AddNested(const std::vector<Shape*>& states) {
   const std::vector<int> holders = HoldersOf(nested);
   std::vector<std::vector<std::size_t>> inside(states.size() + 1);
   for (std::size_t i = 0; i < states.size(); ++i) {
-    inside[static_cast<std::size_t>(holders[i] + 1)].push_back(i);
+    inside[static_cast<std::size_t>(holders[i]) + 1].push_back(i);
   }
   // From the outermost ones inwards.
   std::vector<std::size_t> waiting{0};

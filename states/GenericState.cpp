@@ -123,7 +123,8 @@ void GenericState::DrawHistoryMark(CDC* dc, const RECT& body) const {
   const std::int64_t width = Width(mark);
   const std::int64_t height = Height(mark);
   const RECT room = InflateRect(body, -1);
-  const std::int64_t side = std::min({height + 2 * growth, Width(room), Height(room)});
+  const std::int64_t side =
+      std::min({height + std::int64_t{2} * growth, Width(room), Height(room)});
   if (side <= 0) return;
   RECT circle;
   circle.left = Saturate(std::min(mark.left - (height - width) / 2 - growth, room.right - side));
@@ -153,7 +154,7 @@ void GenericState::OnLButtonDblClk(unsigned /*flags*/, std::int32_t x, std::int3
 
 RECT GenericState::NameBand() const {
   RECT band = GetPaintedBorder();
-  const auto room = Saturate(Width(band) - 2 * kTextMargin);
+  const auto room = Saturate(Width(band) - std::int64_t{2} * kTextMargin);
   const SIZE shown = view->MeasureChartText(name, room, ChartView::Letters::Bold);
   band.bottom = std::min(band.bottom, AddSat(AddSat(band.top, shown.cy), 2 * kTextMargin));
   return band;
