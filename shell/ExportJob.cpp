@@ -59,7 +59,6 @@ ExportJob::ExportJob(Arguments& arguments)
   }
   if (const auto dots = arguments.Number(kDotsPerInch, kLeastDotsPerInch, kMostDotsPerInch)) {
     options.pixelsPerInch = *dots;
-    options.scale *= *dots / kScreenInch;
   }
   if (const auto margin = arguments.Number(kMargin, 0, PictureOptions::kMostMargin)) {
     options.margin = static_cast<std::int32_t>(*margin);
@@ -96,6 +95,8 @@ int ExportJob::Run(const std::string& output, const std::string& file, std::ostr
     if (!problem.empty()) return Fail(err, file, problem, CommandLine::kFailure);
     PictureOptions wanted = options;
     wanted.selectionOnly = !state.empty();
+    // A drawing has no pixels, and is as large on paper anyway.
+    if (form == Picture::KindOf(".png")) wanted.scale *= wanted.pixelsPerInch / kScreenInch;
     if (wanted.selectionOnly && !Select(chart)) {
       return Fail(err, file, "there is no state '" + state + "'", CommandLine::kFailure);
     }

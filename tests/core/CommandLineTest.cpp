@@ -240,7 +240,7 @@ TEST_F(CommandLineTest, OptionsShapeAPicture) {
   }
   EXPECT_EQ(err.str(), chart + ": there is no state 'nobody'\n");
   const std::string svg = folder.Path("o.svg");
-  EXPECT_EQ(Run({"--export", "--scale", "1.5", svg, chart}), 0);
+  EXPECT_EQ(Run({"--export", "--scale", "1.5", "--dpi", "192", svg, chart}), 0);
   EXPECT_NE(folder.Read("o.svg").find("width=\"477\" height=\"297\" viewBox=\"0 0 318 198\""),
             std::string::npos);
   const std::string ground = "<rect width=\"318\" height=\"198\" fill=\"#ffffff\"/>";
