@@ -2,8 +2,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/CrashReport.h"
 #include "recovery/ChartDifference.h"
-#include "recovery/CrashReport.h"
 #include "shell/ChartSession.h"
 #include "tests/support/OpenCharts.h"
 

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "platform/Files.h"
-#include "platform/PosixProcess.h"
 #include "platform/UseService.h"
+#include "platform/posix/PosixProcess.h"
 
 namespace morvane {
 

@@ -1,4 +1,4 @@
-#include "recovery/CrashReport.h"
+#include "platform/CrashReport.h"
 
 #include <array>
 #include <csignal>

@@ -1,4 +1,4 @@
-#include "platform/WholeFile.h"
+#include "platform/posix/WholeFile.h"
 
 #include <array>
 #include <cerrno>
@@ -8,7 +8,7 @@
 #include <random>
 #include <unistd.h>
 
-#include "platform/PosixFile.h"
+#include "platform/posix/PosixFile.h"
 
 namespace morvane {
 

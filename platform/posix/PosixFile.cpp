@@ -1,4 +1,4 @@
-#include "platform/PosixFile.h"
+#include "platform/posix/PosixFile.h"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-#include "recovery/EntryLock.h"
+#include "platform/FileLock.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -13,6 +13,8 @@ namespace {
 
 constexpr mode_t kOwnerOnly = 0600;
 
+int Number(std::intptr_t handle) { return static_cast<int>(handle); }
+
 /// The file behind a descriptor is still the one at the path: nobody took it away meanwhile.
 bool IsStillAt(const std::string& path, int descriptor) {
   struct stat open {};
@@ -23,32 +25,33 @@ bool IsStillAt(const std::string& path, int descriptor) {
 
 }  // namespace
 
-EntryLock::~EntryLock() { Release(); }
+FileLock::~FileLock() { Release(); }
 
-EntryLock::EntryLock(EntryLock&& other) noexcept
-    : path(std::move(other.path)), descriptor(std::exchange(other.descriptor, -1)) {}
+FileLock::FileLock(FileLock&& other) noexcept
+    : path(std::move(other.path)), handle(std::exchange(other.handle, kNone)) {}
 
-EntryLock& EntryLock::operator=(EntryLock&& other) noexcept {
+FileLock& FileLock::operator=(FileLock&& other) noexcept {
   if (this == &other) return *this;
   Release();
   path = std::move(other.path);
-  descriptor = std::exchange(other.descriptor, -1);
+  handle = std::exchange(other.handle, kNone);
   return *this;
 }
 
-void EntryLock::Release() {
-  if (descriptor >= 0) close(descriptor);
-  descriptor = -1;
+void FileLock::Release() {
+  if (Held()) close(Number(handle));
+  handle = kNone;
 }
 
-EntryLock EntryLock::Take(const std::string& path) {
-  EntryLock lock;
+FileLock FileLock::Take(const std::string& path) {
+  FileLock lock;
   lock.path = path;
   constexpr int attempts = 3;
   for (int attempt = 0; attempt < attempts; ++attempt) {
-    lock.descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kOwnerOnly);
+    lock.handle = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kOwnerOnly);
     if (!lock.Held()) return lock;
-    if (flock(lock.descriptor, LOCK_EX | LOCK_NB) == 0 && IsStillAt(path, lock.descriptor)) {
+    if (flock(Number(lock.handle), LOCK_EX | LOCK_NB) == 0 &&
+        IsStillAt(path, Number(lock.handle))) {
       return lock;
     }
     const bool isOthers = errno == EWOULDBLOCK;
@@ -58,7 +61,7 @@ EntryLock EntryLock::Take(const std::string& path) {
   return lock;
 }
 
-bool EntryLock::IsHeld(const std::string& path) {
+bool FileLock::IsHeld(const std::string& path) {
   const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (descriptor < 0) return false;
   const bool held = flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
@@ -66,13 +69,13 @@ bool EntryLock::IsHeld(const std::string& path) {
   return held;
 }
 
-void EntryLock::Write(std::string_view text) const {
-  if (!Held() || ftruncate(descriptor, 0) != 0) return;
+void FileLock::Write(std::string_view text) const {
+  if (!Held() || ftruncate(Number(handle), 0) != 0) return;
   // What others read of it is a hint to the user; half a hint does no harm.
-  static_cast<void>(pwrite(descriptor, text.data(), text.size(), 0) < 0);
+  static_cast<void>(pwrite(Number(handle), text.data(), text.size(), 0) < 0);
 }
 
-void EntryLock::Remove() {
+void FileLock::Remove() {
   if (!Held()) return;
   unlink(path.c_str());
   Release();
