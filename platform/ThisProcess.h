@@ -17,8 +17,10 @@ std::vector<std::string> ProgramArguments(int count, const char* const* argument
 void UseBytesInStandardStreams();
 /// A path for standard input that `ReadWholeFile` and `TailFile` take.
 std::string StandardInputPath();
-/// The locale in which the system talks to the user, such as "de_AT.UTF-8"; empty if it doesn't
-/// say.
+/// The locale in which the system talks to the user, such as "de_AT.UTF-8": that of the
+/// environment, else that of the desktop. Empty if neither says.
 std::string SystemLocale();
+/// That of the desktop, where it has one beside the environment.
+std::string DesktopLocale();
 
 }  // namespace morvane

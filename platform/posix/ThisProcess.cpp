@@ -1,6 +1,5 @@
 #include "platform/ThisProcess.h"
 
-#include <cstdlib>
 #include <unistd.h>
 
 namespace morvane {
@@ -17,12 +16,6 @@ void UseBytesInStandardStreams() {
 
 std::string StandardInputPath() { return "/dev/stdin"; }
 
-std::string SystemLocale() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (value != nullptr && *value != '\0') return value;
-  }
-  return {};
-}
+std::string DesktopLocale() { return {}; }
 
 }  // namespace morvane

@@ -32,7 +32,7 @@ void UseBytesInStandardStreams() {
 // No file can have such a name.
 std::string StandardInputPath() { return "<stdin>"; }
 
-std::string SystemLocale() {
+std::string DesktopLocale() {
   std::array<wchar_t, LOCALE_NAME_MAX_LENGTH> name{};
   const LCID language = MAKELCID(GetUserDefaultUILanguage(), SORT_DEFAULT);
   LCIDToLocaleName(language, name.data(), static_cast<int>(name.size()), 0);

@@ -150,14 +150,14 @@ FileResult WholeFile::Replace(std::string_view bytes) const {
       return {Stage::Open, refusal};
     }
   }
-  const FileResult replaced = ReplaceBy(bytes, exists);
+  const FileResult replaced = ReplaceBy(bytes, exists ? &old : nullptr);
   const bool isRefused = replaced.stage == Stage::Open && IsRefusal(replaced.error);
   return isRefused ? Write(bytes) : replaced;
 }
 
 /// The same by a new file alone. `Stage::Open` with a refusal means that it has to be done in
 /// place.
-FileResult WholeFile::ReplaceBy(std::string_view bytes, bool exists) const {
+FileResult WholeFile::ReplaceBy(std::string_view bytes, const WindowsFile::Facts* old) const {
   WindowsFile file;
   std::wstring beside;
   if (const int error = MakeBeside(file, beside)) {
@@ -167,11 +167,15 @@ FileResult WholeFile::ReplaceBy(std::string_view bytes, bool exists) const {
   const int closing = file.Close();
   if (result.Ok() && closing != 0) result = {Stage::Transfer, closing};
   if (result.Ok()) {
-    if (const int error = PutInPlace(beside, exists)) {
+    if (const int error = PutInPlace(beside, old != nullptr)) {
       result = {IsRefusal(error) ? Stage::Open : Stage::Transfer, error};
     }
   }
   if (!result.Ok()) DeleteFileW(beside.c_str());
+  // Not every file system hands them on.
+  if (result.Ok() && old != nullptr && GetFileAttributesW(target.c_str()) != old->attributes) {
+    SetFileAttributesW(target.c_str(), old->attributes);
+  }
   return result;
 }
 

@@ -24,7 +24,7 @@ class WholeFile {
   int Look(WindowsFile::Facts& old) const;
   FileResult Overwrite(std::string_view bytes, const WindowsFile::Facts& old) const;
   FileResult MakeNew(std::string_view bytes) const;
-  FileResult ReplaceBy(std::string_view bytes, bool exists) const;
+  FileResult ReplaceBy(std::string_view bytes, const WindowsFile::Facts* old) const;
   int MakeBeside(WindowsFile& file, std::wstring& beside) const;
   int PutInPlace(const std::wstring& beside, bool exists) const;
 

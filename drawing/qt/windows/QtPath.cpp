@@ -13,7 +13,7 @@ constexpr QStringView kNetwork = u"\\\\";
 
 QString WithoutLongForm(const QString& path) {
   if (path.startsWith(kLongNetworkForm, Qt::CaseInsensitive)) {
-    return kNetwork + path.mid(kLongNetworkForm.size());
+    return kNetwork.toString() + path.mid(kLongNetworkForm.size());
   }
   return path.startsWith(kLongForm) ? path.mid(kLongForm.size()) : path;
 }
