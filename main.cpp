@@ -34,7 +34,7 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&
 int RunJob(const CommandLine& line, int argc, char** argv) {
   JoinConsole();
   UseBytesInStandardStreams();
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  UseNoScreen();
   qInstallMessageHandler(IgnoreMessage);
   const QGuiApplication application(argc, argv);
   const QtServices services(QtServices::Use::Job);

@@ -1,6 +1,5 @@
 #include "platform/windows/FileType.h"
 
-#include <shellapi.h>
 #include <shlobj.h>
 #include <windows.h>
 

@@ -10,6 +10,8 @@ struct InstanceRequest;
 
 /// False if the session surely has no display, on which the toolkit would end the program.
 bool IsDisplayNamed();
+/// Has the toolkit do without a screen, but with the fonts of the system. Comes before it starts.
+void UseNoScreen();
 /// Tells the desktop to bring a window forward as the user wished by another start, of which it
 /// knows by the start's tokens.
 void AskDesktopForward(QWidget& window, const InstanceRequest& start);

@@ -1,5 +1,7 @@
 #include "shell/qt/DesktopSession.h"
 
+#include <array>
+#include <shlobj.h>
 #include <windows.h>
 
 #include <QGuiApplication>
@@ -13,6 +15,7 @@ namespace morvane {
 
 namespace {
 
+constexpr const char* kFontFolder = "QT_QPA_FONTDIR";
 constexpr const char* kBuildFile = "CMakeCache.txt";
 
 /// The program lies where it was built, and may be gone tomorrow.
@@ -23,6 +26,16 @@ bool IsInBuildFolder(const std::string& program) {
 }  // namespace
 
 bool IsDisplayNamed() { return true; }
+
+void UseNoScreen() {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // There the toolkit asks no system for fonts; it reads those of a folder.
+  if (qEnvironmentVariableIsSet(kFontFolder)) return;
+  std::array<wchar_t, MAX_PATH> folder = {};
+  if (SHGetFolderPathW(nullptr, CSIDL_FONTS, nullptr, SHGFP_TYPE_CURRENT, folder.data()) == S_OK) {
+    qputenv(kFontFolder, QString::fromWCharArray(folder.data()).toLocal8Bit());
+  }
+}
 
 void AskDesktopForward(QWidget& window, const InstanceRequest& /*start*/) {
   // Without a screen a window has a number that is none of the system's.

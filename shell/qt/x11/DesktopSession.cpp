@@ -91,6 +91,8 @@ bool IsDisplayNamed() {
          qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+void UseNoScreen() { qputenv("QT_QPA_PLATFORM", "offscreen"); }
+
 void AskDesktopForward(QWidget& window, const InstanceRequest& start) {
   const std::string& startupId = start.startupId;
   auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
