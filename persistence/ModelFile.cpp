@@ -7,6 +7,7 @@
 #include "model/ModelStream.h"
 #include "persistence/ChartText.h"
 #include "platform/Files.h"
+#include "platform/SystemError.h"
 #include "resources/Texts.h"
 
 namespace morvane {
@@ -51,7 +52,8 @@ std::string ModelFile::Save(const std::string& path, const std::string& text) {
 }
 
 std::string ModelFile::ReasonOf(const FileResult& written) {
-  if (written.stage == FileResult::Stage::Open) return LoadText(IDS_CANNOT_WRITE);
+  const bool isRefused = written.stage == FileResult::Stage::Open && !IsAdvice(written.error);
+  if (isRefused) return LoadText(IDS_CANNOT_WRITE);
   return written.Ok() ? std::string() : written.ErrorText();
 }
 

@@ -2,22 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
-#include <system_error>
 
+#include "platform/FileSystem.h"
 #include "platform/Files.h"
 
 namespace morvane {
 
-namespace fs = std::filesystem;
-
 namespace {
 
-constexpr const char* kRoot = "/";
-constexpr const char* kMountTable = "/proc/self/mounts";
 /// Where desktops put volumes.
 constexpr std::array<std::string_view, 4> kVolumeFolders = {"/media/", "/run/media/", "/mnt/",
                                                             "/Volumes/"};
@@ -28,28 +21,11 @@ constexpr std::array<std::string_view, 6> kNoMedia = {"autofs", "overlay", "proc
 
 class RealFolders : public Folders {
  public:
-  std::vector<std::string> Drives() override {
-    std::ifstream table(kMountTable);
-    const std::string mounts{std::istreambuf_iterator<char>(table), {}};
-    std::vector<std::string> drives = VolumesOf(mounts);
-    drives.insert(drives.begin(), kRoot);
-    return drives;
-  }
-
+  std::vector<std::string> Drives() override { return SystemDrives(); }
   void Visit(const std::string& folder, const Visitor& visitor) override {
-    std::error_code error;
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-      std::error_code unknown;
-      std::string name = it->path().filename().string();
-      const bool isHidden = name.starts_with('.');
-      if (!visitor({std::move(name), it->is_directory(unknown), isHidden})) return;
-    }
+    VisitFolder(folder, visitor);
   }
-
-  bool IsFolder(const std::string& path) override {
-    std::error_code error;
-    return fs::is_directory(FindPath(path), error);
-  }
+  bool IsFolder(const std::string& path) override { return IsFolderAt(FindPath(path)); }
 };
 
 /// A blank, tab, line end or backslash stands in the table as a backslash and three octal digits.

@@ -1,10 +1,8 @@
 #include "platform/Process.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
-#include <unistd.h>
 
+#include "platform/FileSystem.h"
 #include "platform/Files.h"
 
 namespace morvane {
@@ -15,17 +13,12 @@ constexpr std::string_view kBlanks = " \t";
 constexpr char kQuote = '"';
 constexpr const char* kProgramExtension = ".exe";
 
-bool IsProgram(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::is_regular_file(path, error) && access(path.c_str(), X_OK) == 0;
-}
-
 /// The file that a name means; empty if none can be run.
 std::string FindProgram(std::string_view name) {
   if (name.empty()) return {};
   for (const char* extension : {"", kProgramExtension}) {
-    std::string path = FindPath(std::string(name) + extension, IsProgram);
-    if (IsProgram(path)) return path;
+    std::string path = FindPath(std::string(name) + extension, IsProgramAt);
+    if (IsProgramAt(path)) return path;
   }
   return {};
 }

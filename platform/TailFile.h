@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace morvane {
@@ -14,14 +15,16 @@ class TailFile {
   TailFile(const TailFile&) = delete;
   TailFile& operator=(const TailFile&) = delete;
 
-  bool IsOpen() const { return file >= 0; }
+  bool IsOpen() const { return file != kNone; }
   /// The system's text for what keeps it from being opened or read; empty for nothing.
   const std::string& Reason() const { return reason; }
   /// Appends what is there by now, up to so many bytes. False if nothing is.
   bool Read(std::string& bytes, std::size_t most);
 
  private:
-  int file = -1;
+  static constexpr std::intptr_t kNone = -1;
+
+  std::intptr_t file = kNone;  ///< the system's handle
   std::string reason;
 };
 

@@ -37,10 +37,13 @@ inline constexpr std::string_view kTooManyPages =
 inline constexpr std::string_view kNoSuchPages = "The chart does not have these pages";
 inline constexpr std::string_view kSettingsUnsaved = "The settings cannot be saved";
 inline constexpr std::string_view kSearchTooPlain = "Only a plain text can be looked for here";
+inline constexpr std::string_view kOpenInAnotherProgram = "Another program has the file open";
+inline constexpr std::string_view kNameOfDevice = "The name is that of a device, not of a file";
 
 /// All of those.
-inline constexpr std::array kPlatformTexts = {kLineTooLong,  kDiscardTyped,    kPageOfPages,
-                                              kPrinterFails, kNoRoomToPrint,   kTooManyPages,
-                                              kNoSuchPages,  kSettingsUnsaved, kSearchTooPlain};
+inline constexpr std::array kPlatformTexts = {
+    kLineTooLong,    kDiscardTyped,         kPageOfPages, kPrinterFails,
+    kNoRoomToPrint,  kTooManyPages,         kNoSuchPages, kSettingsUnsaved,
+    kSearchTooPlain, kOpenInAnotherProgram, kNameOfDevice};
 
 }  // namespace morvane

@@ -7,7 +7,7 @@
 
 namespace morvane {
 
-RecoveryEntry::RecoveryEntry(std::string base, EntryLock lock, RecoveryWriter& writer, bool kept)
+RecoveryEntry::RecoveryEntry(std::string base, FileLock lock, RecoveryWriter& writer, bool kept)
     : base(std::move(base)), lock(std::move(lock)), writer(writer), kept(kept) {}
 
 RecoveryEntry::~RecoveryEntry() {

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "platform/FileLock.h"
 #include "platform/FileStamp.h"
 #include "platform/SharedText.h"
-#include "recovery/EntryLock.h"
 #include "recovery/RecoveryRecord.h"
 
 namespace morvane {
@@ -24,7 +24,7 @@ class RecoveryEntry {
 
   /// Takes the place `base`, a path without extension, with its lock. `kept` says that a text
   /// stands there already. The writer has to outlive the entry.
-  RecoveryEntry(std::string base, EntryLock lock, RecoveryWriter& writer, bool kept);
+  RecoveryEntry(std::string base, FileLock lock, RecoveryWriter& writer, bool kept);
   /// A text that wasn't dropped stays, or is still written.
   ~RecoveryEntry();
   RecoveryEntry(const RecoveryEntry&) = delete;
@@ -48,7 +48,7 @@ class RecoveryEntry {
   std::string Head() const;
 
   std::string base;
-  EntryLock lock;
+  FileLock lock;
   RecoveryWriter& writer;
   About about;
   bool kept;

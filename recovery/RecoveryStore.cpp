@@ -2,18 +2,14 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
-#include <system_error>
-#include <unistd.h>
 
+#include "platform/FileSystem.h"
 #include "platform/Files.h"
+#include "platform/ThisProcess.h"
 #include "recovery/ChartDifference.h"
 #include "resources/Texts.h"
 
 namespace morvane {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -32,16 +28,12 @@ std::string NewSessionId() {
   static int sessions = 0;
   const auto now = std::chrono::system_clock::now().time_since_epoch();
   return std::to_string(std::chrono::duration_cast<milliseconds>(now).count()) + '-' +
-         std::to_string(getpid()) + '-' + std::to_string(++sessions);
+         std::to_string(ProcessNumber()) + '-' + std::to_string(++sessions);
 }
 
+/// Nobody else reads the user's charts there.
 std::string MadeFolder(const std::string& folder) {
-  std::error_code error;
-  if (folder.empty()) return {};
-  fs::create_directories(folder, error);
-  // Nobody else reads the user's charts here.
-  fs::permissions(folder, fs::perms::owner_all, error);
-  return access(folder.c_str(), W_OK | X_OK) == 0 ? folder : std::string();
+  return !folder.empty() && MakePrivateFolder(folder) ? folder : std::string();
 }
 
 /// The text of the file at a path as a model text; empty if there is none.
@@ -60,17 +52,14 @@ std::string FileText(const std::string& path) {
 }  // namespace
 
 std::string RecoveryStore::DefaultFolder() {
-  const char* state = std::getenv("XDG_STATE_HOME");
-  if (state != nullptr && *state == '/') return std::string(state) + '/' + kPlace;
-  const char* home = std::getenv("HOME");
-  if (home == nullptr || *home == '\0') return {};
-  return std::string(home) + "/.local/state/" + kPlace;
+  const std::string state = UserStateFolder();
+  return state.empty() ? state : state + '/' + kPlace;
 }
 
 RecoveryStore::RecoveryStore(const std::string& wanted)
     : folder(MadeFolder(wanted)), session(NewSessionId()) {
   if (folder.empty()) return;
-  sessionLock = EntryLock::Take(Base(session + std::string(kSession)));
+  sessionLock = FileLock::Take(Base(session + std::string(kSession)));
   RemoveOldReports();
 }
 
@@ -78,10 +67,8 @@ RecoveryStore::~RecoveryStore() = default;
 
 std::vector<std::string> RecoveryStore::NamesWith(std::string_view extension) const {
   std::vector<std::string> names;
-  std::error_code error;
   if (folder.empty()) return names;
-  for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-    std::string name = it->path().filename().string();
+  for (std::string& name : NamesIn(folder)) {
     if (!name.ends_with(extension)) continue;
     name.resize(name.size() - extension.size());
     names.push_back(std::move(name));
@@ -98,14 +85,14 @@ bool RecoveryStore::IsOwn(std::string_view name) const {
 std::unique_ptr<RecoveryEntry> RecoveryStore::NewEntry() {
   if (folder.empty()) return nullptr;
   const std::string base = Base(session + '-' + std::to_string(++lastEntry));
-  EntryLock lock = EntryLock::Take(RecoveryEntry::LockPath(base));
+  FileLock lock = FileLock::Take(RecoveryEntry::LockPath(base));
   if (!lock.Held()) return nullptr;
   return std::make_unique<RecoveryEntry>(base, std::move(lock), writer, false);
 }
 
 bool RecoveryStore::ReadOffer(const std::string& name, RecoveryOffer& offer) {
   const std::string base = Base(name);
-  EntryLock lock = EntryLock::Take(RecoveryEntry::LockPath(base));
+  FileLock lock = FileLock::Take(RecoveryEntry::LockPath(base));
   if (!lock.Held()) return false;
   std::string bytes;
   if (!ReadWholeFile(RecoveryEntry::TextPath(base), bytes).Ok()) return false;
@@ -126,7 +113,7 @@ bool RecoveryStore::ReadOffer(const std::string& name, RecoveryOffer& offer) {
   offer.time = record.time;
   offer.text = std::move(record.text);
   const std::string report = Base(name.substr(0, name.rfind('-')) + std::string(kCrash));
-  if (fs::exists(report)) offer.crashReport = report;
+  if (IsThere(report)) offer.crashReport = report;
   return true;
 }
 
@@ -138,8 +125,8 @@ std::vector<RecoveryOffer> RecoveryStore::TakeOffers() {
   }
   for (const std::string& name : NamesWith(kLock)) {
     // Of charts that had nothing unsaved
-    if (IsOwn(name) || fs::exists(RecoveryEntry::TextPath(Base(name)))) continue;
-    EntryLock::Take(RecoveryEntry::LockPath(Base(name))).Remove();
+    if (IsOwn(name) || IsThere(RecoveryEntry::TextPath(Base(name)))) continue;
+    FileLock::Take(RecoveryEntry::LockPath(Base(name))).Remove();
   }
   std::ranges::stable_sort(offers, std::greater<>(), &RecoveryOffer::time);
   return offers;
@@ -151,7 +138,7 @@ bool RecoveryStore::IsOpenElsewhere(const std::string& path) const {
     const std::string file = RecoveryEntry::LockPath(Base(name));
     std::string open;
     if (IsOwn(name) || !ReadWholeFile(file, open).Ok() || open != wanted) continue;
-    if (EntryLock::IsHeld(file)) return true;
+    if (FileLock::IsHeld(file)) return true;
   }
   return false;
 }
@@ -165,7 +152,7 @@ SessionRecord RecoveryStore::TakeCrashedWindows() {
   for (const std::string& name : NamesWith(kSession)) {
     const std::string file = Base(name + std::string(kSession));
     if (IsOwn(name)) continue;
-    EntryLock lock = EntryLock::Take(file);
+    FileLock lock = FileLock::Take(file);
     std::string text;
     if (!lock.Held() || !ReadWholeFile(file, text).Ok()) continue;
     all.Merge(SessionRecord::Parse(text));
@@ -192,7 +179,7 @@ std::string RecoveryStore::CrashReportPath() const {
 void RecoveryStore::RemoveOldReports() const {
   const std::vector<std::string> reports = NamesWith(kCrash);
   for (std::size_t i = kKeptReports; i < reports.size(); ++i) {
-    unlink(Base(reports[i] + std::string(kCrash)).c_str());
+    RemoveFile(Base(reports[i] + std::string(kCrash)));
   }
 }
 

@@ -16,7 +16,7 @@ namespace morvane {
 /// lock file and the unsaved text. What no running copy holds the lock of was left behind.
 class RecoveryStore {
  public:
-  /// The user's own: below `XDG_STATE_HOME`, else below the home folder; empty without either.
+  /// The user's own: below `UserStateFolder`; empty without one.
   static std::string DefaultFolder();
 
   /// Begins a session in a folder, which is made where it is missing. Without a folder that can be
@@ -58,7 +58,7 @@ class RecoveryStore {
 
   std::string folder;
   std::string session;
-  EntryLock sessionLock;
+  FileLock sessionLock;
   int lastEntry = 0;
   RecoveryWriter writer;
 };

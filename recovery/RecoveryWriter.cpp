@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <exception>
-#include <unistd.h>
 #include <utility>
 
+#include "platform/FileSystem.h"
 #include "platform/Files.h"
 
 namespace morvane {
@@ -45,7 +45,7 @@ bool RecoveryWriter::Do(std::unique_lock<std::mutex>& guard, const std::string& 
                         const Job& job) {
   busy = true;
   guard.unlock();
-  const bool done = job.isRemoval ? unlink(path.c_str()) == 0 : WriteFile(path, job.head, job.text);
+  const bool done = job.isRemoval ? RemoveFile(path) : WriteFile(path, job.head, job.text);
   guard.lock();
   busy = false;
   if (job.isRemoval) {

@@ -13,6 +13,7 @@
 #include "generators/Generate.h"
 #include "persistence/ModelFile.h"
 #include "platform/Files.h"
+#include "platform/ThisProcess.h"
 #include "resources/Texts.h"
 #include "resources/Version.h"
 #include "shell/ExportJob.h"
@@ -71,7 +72,6 @@ constexpr std::string_view kNewInstance = "--new-instance";
 
 /// A name for standard input and output.
 constexpr std::string_view kStandard = "-";
-constexpr const char* kStandardInput = "/dev/stdin";
 
 constexpr std::array kOutputOption = {Arguments::Option{kOutput, "name"}};
 constexpr std::array kExportOption = {Arguments::Option{kExport, "file"}};
@@ -87,7 +87,7 @@ int Fail(std::ostream& err, const std::string& path, const std::string& reason) 
 /// An operand as a path that can be read.
 std::string InputAt(const Arguments& arguments, std::size_t at) {
   const std::string& operand = arguments.Operands()[at];
-  return operand == kStandard ? kStandardInput : operand;
+  return operand == kStandard ? StandardInputPath() : operand;
 }
 
 int Help(Arguments& /*arguments*/, std::ostream& out, std::ostream& /*err*/) {
@@ -160,7 +160,7 @@ int Import(Arguments& arguments, std::ostream& out, std::ostream& err) {
 
 int Check(Arguments& arguments, std::ostream& out, std::ostream& /*err*/) {
   std::vector<std::string> files = arguments.Operands();
-  std::ranges::replace(files, kStandard, kStandardInput);
+  std::ranges::replace(files, kStandard, StandardInputPath());
   const auto form = arguments.Has(kJson) ? CheckReport::Form::Json : CheckReport::Form::Lines;
   return CheckReport(form).Write(files, out) ? CommandLine::kSuccess : CommandLine::kFailure;
 }

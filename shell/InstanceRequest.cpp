@@ -3,12 +3,10 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <system_error>
+
+#include "platform/FileSystem.h"
 
 namespace morvane {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -48,16 +46,14 @@ std::size_t LengthAt(std::string_view bytes) {
 
 InstanceRequest InstanceRequest::ForThisStart(const std::string& file) {
   InstanceRequest request{file, Variable("DESKTOP_STARTUP_ID"), Variable("XDG_ACTIVATION_TOKEN")};
-  std::error_code error;
-  const fs::path full = file.empty() ? fs::path() : fs::absolute(file, error);
-  if (!error) request.file = full.string();
+  if (!file.empty()) request.file = AbsolutePath(file);
   return request;
 }
 
 bool InstanceRequest::CanBeSent() const {
   const bool hasEnd = file.size() <= kLongestText && startupId.size() <= kLongestText &&
                       activationToken.size() <= kLongestText;
-  return hasEnd && (file.empty() || fs::path(file).is_absolute());
+  return hasEnd && (file.empty() || IsAbsolute(file));
 }
 
 std::string InstanceRequest::Encode() const {

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <optional>
 #include <string_view>
 
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Profile.h"
+#include "platform/ThisProcess.h"
 #include "platform/Wording.h"
 #include "resources/TextLibrary.h"
 #include "resources/Texts.h"
@@ -63,13 +63,9 @@ std::optional<std::string> StoredCode() {
 /// The code for the locale in which the system talks to the user; English for one that the program
 /// doesn't speak.
 std::string SystemCode() {
-  std::string_view locale;
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (locale.empty() && value != nullptr) locale = value;
-  }
+  const std::string locale = SystemLocale();
   // Such as "de_AT.UTF-8@euro"
-  const std::string_view language = locale.substr(0, locale.find_first_of("_.@"));
+  const std::string language = locale.substr(0, locale.find_first_of("_.@"));
   const auto found = std::ranges::find(kLanguages, language, &Language::locale);
   return std::string(found != kLanguages.end() ? found->code : kEnglish.code);
 }

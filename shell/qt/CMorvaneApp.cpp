@@ -4,9 +4,9 @@
 
 #include "persistence/CMorvaneDoc.h"
 #include "persistence/DocumentManager.h"
+#include "platform/CrashReport.h"
 #include "platform/MessageBox.h"
 #include "platform/qt/QtTranslations.h"
-#include "recovery/CrashReport.h"
 #include "recovery/RecoveryStore.h"
 #include "resources/TextSource.h"
 #include "resources/Texts.h"

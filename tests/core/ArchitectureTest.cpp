@@ -20,7 +20,10 @@ struct Rule {
 } const kRules[] = {
     {std::regex("(?!.*/qt/).*"),
      std::regex(R"(.(Qt.*|.*qt/.*|(.*/)?Q[A-Z][^/]*|(.*/)?q[^/]*\.h).)"), "toolkit"},
-    {std::regex(".*"), std::regex(R"("(?!.*\.moc")[^/]*")"), "no path from the root"}};
+    {std::regex(".*"), std::regex(R"("(?!.*\.moc")[^/]*")"), "no path from the root"},
+    {std::regex("(?!.*/(posix|windows)/).*"),
+     std::regex(R"(.(.*/(posix|windows)/.*|windows\.h|unistd\.h|fcntl\.h|sys/.*).)"),
+     "of one system"}};
 
 /// What each folder may include beside itself, from the ground floor up.
 const std::map<std::string, std::set<std::string>> kFloors = {
@@ -88,6 +91,9 @@ TEST(Architecture, LinesAreJudged) {
       {"platform/qt/View.cpp", "#include \"surface/LayoutMgr.h\"", "above"},
       {"platform/qt/LineBox.cpp", "#include \"resources/Texts.h\"", "above"},
       {"states/State.cpp", "#include \"State.h\"", "no path from the root"},
+      {"platform/Files.cpp", "#include \"platform/posix/PosixFile.h\"", "of one system"},
+      {"recovery/RecoveryStore.cpp", "#include <unistd.h>", "of one system"},
+      {"platform/windows/FileLock.cpp", "#include <windows.h>", ""},
       {"platform/qt/View.cpp", "#include <QWidget>", ""},
       {"platform/CWnd.cpp", "#include \"drawing/Geometry.h\"", ""},
       {"model/Shape.cpp", "#include <queue>", ""},

@@ -135,24 +135,6 @@ TEST_F(DirTree, PathsBeginAtTheInnermostDrive) {
   EXPECT_EQ(tree.Count(), 0U);
 }
 
-TEST_F(DirTree, StandsWhateverAFileSystemHolds) {
-  const std::string latin = "Caf\xe9";
-  for (const std::string& name : {latin, std::string("locked/inner")}) Folder(name);
-  root.Write(latin + "/in\\side.mrv", "x");
-  fs::create_directory_symlink("..", root.Path("around"));
-  fs::create_symlink("self", root.Path("self"));
-  fs::permissions(root.Path("locked"), fs::perms::none);
-  Init();
-  Rows names;
-  for (TreeItem* item = tree.FirstItem()->FirstChild(); item != nullptr; item = item->Next()) {
-    names.push_back(item->Text());
-    tree.Expand(*item);
-  }
-  EXPECT_EQ(names, (Rows{"around", latin, "locked"}));
-  EXPECT_EQ(tree.PathOfItem(*FindRow(tree, "in\\side.mrv")), root.Path(latin + "/in\\side.mrv"));
-  fs::permissions(root.Path("locked"), fs::perms::owner_all);
-}
-
 TEST(Folders, FindsTheVolumesOfAUser) {
   EXPECT_EQ(
       Folders::VolumesOf("proc /proc proc rw 0 0\n/dev/sda1 / ext4 rw 0 0\n"

@@ -50,18 +50,6 @@ TEST_F(ExportTest, FarAwayObjectsAreRefusedAndWriteNothing) {
   }
 }
 
-TEST_F(ExportTest, AFileIsReplacedAndNotOverwritten) {
-  const auto chart = LoadChart(SmallChart());
-  folder.Write("o.svg", "old");
-  // Who has it open keeps the file that it was.
-  std::ifstream former(folder.Path("o.svg"));
-  EXPECT_EQ(ChartPicture(*chart).Save(folder.Path("o.svg")), "");
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(former), {}), "old");
-  EXPECT_NE(folder.Read("o.svg"), "old");
-  std::filesystem::create_symlink("/dev/full", folder.Path("full.svg"));
-  EXPECT_EQ(ChartPicture(*chart).Save(folder.Path("full.svg")), "No space left on device");
-}
-
 }  // namespace
 
 }  // namespace morvane

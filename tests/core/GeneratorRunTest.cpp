@@ -94,9 +94,9 @@ TEST_F(GeneratorRunTest, AFloodThatNobodyTakesIsReadToItsEnd) {
 
 TEST_F(GeneratorRunTest, AToolThatWillNotEndIsEndedWithItsHelper) {
   ASSERT_TRUE(Launch("stubborn") && WaitForOutput("\n"));
-  pid_t pid = 0;
-  pid_t helper = 0;
-  ASSERT_EQ(std::sscanf(tool->output.c_str(), "%d %d", &pid, &helper), 2);
+  long pid = 0;
+  long helper = 0;
+  ASSERT_EQ(std::sscanf(tool->output.c_str(), "%ld %ld", &pid, &helper), 2);
   ASSERT_TRUE(IsAlive(pid) && IsAlive(helper));
   tool.reset();
   EXPECT_FALSE(IsAlive(pid));
@@ -105,7 +105,7 @@ TEST_F(GeneratorRunTest, AToolThatWillNotEndIsEndedWithItsHelper) {
 
 TEST_F(GeneratorRunTest, AToolWithoutStreamsStillRunsUntilTheStop) {
   ASSERT_TRUE(Launch("silent") && WaitForOutput("\n"));
-  const pid_t pid = std::stoi(tool->output);
+  const long pid = std::stol(tool->output);
   EXPECT_TRUE(CRedirect::IsRunning() && IsAlive(pid));
   tool->StopTool();
   EXPECT_FALSE(CRedirect::IsRunning() || IsAlive(pid));

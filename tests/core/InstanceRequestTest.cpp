@@ -1,7 +1,7 @@
-#include <stdlib.h>
-
+#include "platform/FileSystem.h"
 #include "shell/InstanceRequest.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/Variables.h"
 
 namespace morvane {
 
@@ -19,13 +19,14 @@ State ReadInPieces(InstanceRequestReader& reader, std::string_view bytes, std::s
 }
 
 TEST(InstanceRequestTest, ComesAsItWasSentInPiecesOfAnySize) {
-  std::string anyBytes = "/x/";
+  const std::string root = AbsolutePath("/");
+  std::string anyBytes = root;
   for (int c = 255; c >= 0; --c) anyBytes += static_cast<char>(c);
   const InstanceRequest cases[] = {
       {},
-      {"/charts/Lift.mrv", "shell/123_TIME99", "token"},
+      {root + "Lift.mrv", "shell/123_TIME99", "token"},
       {anyBytes, "", anyBytes},
-      {"/" + std::string(0x10000 - 1, 'x'), "", ""},
+      {root + std::string(0x10000 - root.size(), 'x'), "", ""},
   };
   for (const InstanceRequest& request : cases) {
     EXPECT_TRUE(request.CanBeSent());
@@ -59,18 +60,17 @@ TEST(InstanceRequestTest, AnythingElseIsDamagedAndStaysSo) {
 TEST(InstanceRequestTest, APathBeginsAtTheWorkingFolderOfItsStart) {
   const std::filesystem::path before = std::filesystem::current_path();
   const TempFolder folder;
-  setenv("DESKTOP_STARTUP_ID", "id_TIME7", 1);
-  unsetenv("XDG_ACTIVATION_TOKEN");
+  SetVariable("DESKTOP_STARTUP_ID", "id_TIME7");
+  SetVariable("XDG_ACTIVATION_TOKEN", nullptr);
   std::filesystem::current_path(folder.Root());
-  EXPECT_EQ(InstanceRequest::ForThisStart("a \xFF.mrv"),
-            (InstanceRequest{folder.Path("a \xFF.mrv"), "id_TIME7", ""}));
-  EXPECT_EQ(InstanceRequest::ForThisStart("/b.mrv").file, "/b.mrv");
+  const std::string chart = folder.Path("b.mrv");
+  EXPECT_EQ(AbsolutePath("b.mrv"), chart);
+  EXPECT_EQ(InstanceRequest::ForThisStart("a \u00FF.mrv"),
+            (InstanceRequest{AbsolutePath("a \u00FF.mrv"), "id_TIME7", ""}));
+  EXPECT_EQ(InstanceRequest::ForThisStart(chart).file, chart);
   EXPECT_EQ(InstanceRequest::ForThisStart("").file, "");
-  // A folder that is gone gives no path that means the same elsewhere.
-  std::filesystem::remove(folder.Root());
-  EXPECT_FALSE(InstanceRequest::ForThisStart("c.mrv").CanBeSent());
   std::filesystem::current_path(before);
-  unsetenv("DESKTOP_STARTUP_ID");
+  SetVariable("DESKTOP_STARTUP_ID", nullptr);
   EXPECT_FALSE((InstanceRequest{"/" + std::string(0x10000, 'x'), "", ""}.CanBeSent()));
 }
 

@@ -1,4 +1,3 @@
-#include <cstring>
 #include <regex>
 
 #include "drawing/TextCodec.h"
@@ -15,6 +14,7 @@
 #include "surface/ObjectMenus.h"
 #include "tests/support/AllDialogs.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/Variables.h"
 
 namespace morvane {
 
@@ -219,10 +219,7 @@ TEST_P(LanguageLibrary, HasEveryTextOfTheProgram) {
   }
   for (const std::string& text : TextsOfObjects()) ExpectTranslated(text);
   for (const std::string& text : TextsAskedFor()) ExpectTranslated(text);
-  for (const SystemErrorWords& words : kSystemErrors) {
-    ExpectTranslated(words.english);
-    EXPECT_EQ(words.english, std::strerror(words.error));
-  }
+  for (const SystemErrorWords& words : SystemErrors()) ExpectTranslated(words.english);
   for (const auto& kind : ChartPicture::FileKinds()) ExpectTranslated(kind.filter);
   for (const std::string_view text : kPlatformTexts) ExpectTranslated(text);
   AllDialogs all;
@@ -290,7 +287,7 @@ TEST(TextLibrary, KeepsKeysAndUnknownTextsAndNamesMissingNumbers) {
 void SetLocale(const char* all, const char* messages, const char* lang) {
   for (const auto& [name, value] :
        {std::pair("LC_ALL", all), std::pair("LC_MESSAGES", messages), std::pair("LANG", lang)}) {
-    value != nullptr ? setenv(name, value, 1) : unsetenv(name);
+    SetVariable(name, value);
   }
 }
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdlib.h>
+#include <random>
 #include <string>
 
 namespace morvane {
@@ -12,8 +12,11 @@ namespace morvane {
 class TempFolder {
  public:
   TempFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "morvane-XXXXXX").string();
-    path = mkdtemp(pattern.data());
+    std::random_device any;
+    do {
+      const std::string name = "morvane-" + std::to_string(any());
+      path = std::filesystem::temp_directory_path() / name;
+    } while (!std::filesystem::create_directory(path));
   }
   ~TempFolder() {
     std::error_code error;

@@ -1,0 +1,44 @@
+# Tests of the windows run on Qt's offscreen platform.
+file(GLOB ui_tests CONFIGURE_DEPENDS ui/*.cpp ui/${system}/*.cpp)
+add_executable(morvane_ui_tests ${ui_tests} machine/ChartSketch.cpp)
+target_link_libraries(morvane_ui_tests PRIVATE morvane_test_support morvane_ui)
+precompile(morvane_ui_tests ui/WindowTest.h)
+# Its names are taken by the toolkit's.
+set_source_files_properties(machine/ChartSketch.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+target_compile_definitions(
+  morvane_ui_tests PRIVATE MORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+                           MORVANE_GOLDEN_OUTPUT="${CMAKE_CURRENT_BINARY_DIR}/golden"
+                           MORVANE_PROGRAM="$<TARGET_FILE:morvane>"
+                           MORVANE_TEST_TOOL="$<TARGET_FILE:morvane_test_tool>")
+add_dependencies(morvane_ui_tests morvane morvane_test_tool)
+gtest_discover_tests(morvane_ui_tests DISCOVERY_TIMEOUT 60
+                     PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+# Feedback has to vanish without a trace on a screen of any scale.
+foreach(scale 1.5 2)
+  gtest_discover_tests(
+    morvane_ui_tests DISCOVERY_TIMEOUT 60
+    TEST_FILTER "*EachGesture*"
+    TEST_PREFIX scale${scale}.
+    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=${scale}")
+endforeach()
+
+# The core needs no symbol of the toolkit; the same check on the windows' libraries must find some.
+set(core_symbols ${CMAKE_SOURCE_DIR}/scripts/core-symbols.sh)
+get_property(floors GLOBAL PROPERTY MORVANE_FLOORS)
+get_property(qt_floors GLOBAL PROPERTY MORVANE_QT_FLOORS)
+list(TRANSFORM floors REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE core_files)
+list(TRANSFORM qt_floors REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE qt_files)
+add_test(NAME Architecture.CoreNeedsNoToolkitSymbol COMMAND ${core_symbols} ${core_files})
+add_test(NAME Architecture.SymbolCheckSeesTheToolkit COMMAND ${core_symbols} ${qt_files})
+set_tests_properties(Architecture.SymbolCheckSeesTheToolkit
+                     PROPERTIES PASS_REGULAR_EXPRESSION "needs the toolkit:.*QWidget")
+
+# Each floor links with those alone that it stands on: the linker takes all of it, not just what a
+# program would need.
+file(CONFIGURE OUTPUT nothing.cpp CONTENT "int main() { return 0; }\n")
+foreach(floor ${floors} ${qt_floors})
+  add_executable(${floor}_links ${CMAKE_CURRENT_BINARY_DIR}/nothing.cpp)
+  target_link_libraries(${floor}_links PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,${floor}>)
+  set_target_properties(${floor}_links PROPERTIES RUNTIME_OUTPUT_DIRECTORY
+                                                  ${CMAKE_CURRENT_BINARY_DIR}/floors)
+endforeach()
