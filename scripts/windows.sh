@@ -85,9 +85,10 @@ make_toolkit() {
 }
 
 make_libraries() { # make_libraries NAME OPTION...
-  local name=$1 options
+  local name=$1 files options
   shift
-  is_made "$name" $(find "$recipes" -type f | LC_ALL=C sort) && return
+  mapfile -t files < <(find "$recipes" -type f | LC_ALL=C sort)
+  is_made "$name" "${files[@]}" && return
   read -ra options <<<"$(toolkit_options)"
   build "$recipes" "$name" "${options[@]}" "$@" -DSOURCES="$sources"
   echo "$recipe" >"$libraries/made-$name"
@@ -95,7 +96,7 @@ make_libraries() { # make_libraries NAME OPTION...
 
 install_packages() {
   "$root/scripts/setup.sh" g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine wine64 \
-    googletest bison flex dpkg-dev patch "$@"
+    googletest bison flex dpkg-dev patch icoutils "$@"
 }
 
 # Without this each program that ends takes the server of Wine with it, and the next one waits.
