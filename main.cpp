@@ -1,14 +1,16 @@
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
 #include <iostream>
 
 #include <QApplication>
 
 #include "codegen/qt/GeneratorWindow.h"
+#include "platform/ThisProcess.h"
+#include "platform/ThisProgram.h"
 #include "platform/qt/QtServices.h"
 #include "shell/CommandLine.h"
 #include "shell/qt/CMorvaneApp.h"
+#include "shell/qt/DesktopSession.h"
 #include "shell/qt/SingleInstance.h"
 #include "shell/qt/StartRequests.h"
 
@@ -29,12 +31,9 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&
   if (type == QtFatalMsg) std::_Exit(ReportNoDisplay());
 }
 
-bool IsDisplayNamed() {
-  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-}
-
 int RunJob(const CommandLine& line, int argc, char** argv) {
+  JoinConsole();
+  UseBytesInStandardStreams();
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qInstallMessageHandler(IgnoreMessage);
   const QGuiApplication application(argc, argv);
@@ -42,16 +41,10 @@ int RunJob(const CommandLine& line, int argc, char** argv) {
   return line.Run(std::cout, std::cerr);
 }
 
-/// What ends a process elsewhere is here the error of the call that caused it: a file that grows
-/// over its limit, a reader that has gone.
-void IgnoreSignals() {
-  std::signal(SIGXFSZ, SIG_IGN);
-  std::signal(SIGPIPE, SIG_IGN);
-}
-
 int RunProgram(const std::string& file, StartRequests& requests) {
   const QtServices services(QtServices::Use::Window);
   const QtGeneratorHost generatorHost;
+  RegisterFileTypes();
   CMorvaneApp program;
   if (!program.InitInstance(file)) return CommandLine::kFailure;
   requests.Serve(program.Frame());
@@ -59,9 +52,7 @@ int RunProgram(const std::string& file, StartRequests& requests) {
 }
 
 int RunWindow(const CommandLine& line, int argc, char** argv) {
-#ifdef Q_OS_LINUX
   if (!IsDisplayNamed()) return ReportNoDisplay();
-#endif
   // Before the toolkit takes the tokens for a window of its own.
   const InstanceRequest request = InstanceRequest::ForThisStart(line.File());
   const QtMessageHandler former = qInstallMessageHandler(EndWithoutDisplay);
@@ -83,8 +74,8 @@ int RunWindow(const CommandLine& line, int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  IgnoreSignals();
-  const CommandLine line = CommandLine::Parse({argv + std::min(argc, 1), argv + argc});
+  LetCallsReportFailures();
+  const CommandLine line = CommandLine::Parse(ProgramArguments(argc, argv));
   // The arguments are ours alone.
   int ownCount = std::min(argc, 1);
   return line.IsJob() ? RunJob(line, ownCount, argv) : RunWindow(line, ownCount, argv);

@@ -1,5 +1,5 @@
 # Tests of the windows run on Qt's offscreen platform.
-file(GLOB ui_tests CONFIGURE_DEPENDS ui/*.cpp)
+file(GLOB ui_tests CONFIGURE_DEPENDS ui/*.cpp ui/${system}/*.cpp)
 add_executable(morvane_ui_tests ${ui_tests} machine/ChartSketch.cpp)
 target_link_libraries(morvane_ui_tests PRIVATE morvane_test_support morvane_ui)
 precompile(morvane_ui_tests ui/WindowTest.h)

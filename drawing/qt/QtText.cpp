@@ -4,7 +4,6 @@
 #include <cmath>
 #include <tuple>
 
-#include <QFile>
 #include <QStringList>
 
 #include "drawing/TextBreaks.h"
@@ -59,12 +58,6 @@ QString FromUtf8(std::string_view utf8) {
 QString ToQString(std::string_view bytes) { return FromUtf8(ToUtf8(bytes)); }
 
 std::string ToBytes(const QString& text) { return text.toStdString(); }
-
-QString ToQPath(const std::string& path) {
-  return QFile::decodeName(QByteArray::fromStdString(path));
-}
-
-std::string FromQPath(const QString& path) { return QFile::encodeName(path).toStdString(); }
 
 QtFont::QtFont(const CFont& wanted)
     : font(MakeFont(wanted)), metrics(font), rawFont(QRawFont::fromFont(font)) {

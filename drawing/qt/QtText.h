@@ -22,9 +22,12 @@ QString ToQString(std::string_view bytes);
 /// A text that is known to be valid UTF-8.
 QString FromUtf8(std::string_view utf8);
 std::string ToBytes(const QString& text);
-/// A path of this system as Qt wants it, and back, byte for byte.
+/// A path of this system as Qt wants it, and back: byte for byte, or where paths are letters and
+/// Qt has separators of its own, with those of the system.
 QString ToQPath(const std::string& path);
 std::string FromQPath(const QString& path);
+/// A path as the user knows it.
+QString ShownPath(const std::string& path);
 
 /// One font, measured without hinting at its logical size, so that lines break at the same places
 /// whatever the scale is.

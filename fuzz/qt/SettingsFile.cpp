@@ -7,7 +7,7 @@
 #include "model/Defaults.h"
 #include "persistence/RecentFiles.h"
 #include "platform/Files.h"
-#include "platform/qt/QtProfile.h"
+#include "platform/qt/posix/QtProfile.h"
 #include "resources/TextSource.h"
 #include "shell/Language.h"
 #include "shell/qt/FrameState.h"

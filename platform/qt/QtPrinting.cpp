@@ -29,7 +29,7 @@ void ProposeFile(QPrintDialog& dialog, const std::string& path) {
   auto* field = dialog.findChild<QLineEdit*>("filename");
   if (field == nullptr || path.empty()) return;
   const std::string extension = ExtensionOf(path);
-  field->setText(ToQPath(path.substr(0, path.size() - extension.size()) + ".pdf"));
+  field->setText(ShownPath(path.substr(0, path.size() - extension.size()) + ".pdf"));
 }
 
 /// A printer sees to copies and order itself; in a file they are ours.

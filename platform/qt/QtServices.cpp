@@ -1,6 +1,6 @@
 #include "platform/qt/QtServices.h"
 
-#include "platform/qt/QtProfile.h"
+#include "platform/qt/SystemServices.h"
 
 namespace morvane {
 
@@ -11,8 +11,9 @@ QtServices::QtServices(Use use) {
   if (use == Use::Job) {
     profile = std::make_unique<MemoryProfile>();
   } else {
-    profile = std::make_unique<QtProfile>();
-    Service<Clipboard>::Set(&clipboard);
+    profile = MakeUserProfile();
+    clipboard = MakeSystemClipboard();
+    Service<Clipboard>::Set(clipboard.get());
     Service<DialogHost>::Set(&dialogHost);
     Service<Dialogs>::Set(&dialogs);
     Service<FileWatch>::Set(&fileWatch);

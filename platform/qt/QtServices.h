@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "drawing/qt/QtTextBreaks.h"
+#include "platform/Clipboard.h"
 #include "platform/Profile.h"
-#include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDialogHost.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtFileWatch.h"
@@ -36,7 +36,6 @@ class QtServices {
   QtServices& operator=(const QtServices&) = delete;
 
  private:
-  QtClipboard clipboard;
   QtDialogHost dialogHost;
   QtDialogs dialogs;
   QtFileWatch fileWatch;
@@ -51,6 +50,7 @@ class QtServices {
   QtUiThread uiThread;
   QtShellOpen shellOpen;
   QtWaitCursors waitCursors;
+  std::unique_ptr<Clipboard> clipboard;
   std::unique_ptr<Profile> profile;
 };
 

@@ -15,7 +15,7 @@ constexpr int kMaxPathLetters = 60;
 
 /// "&1 path", with the middle of a long path left out.
 QString RecentText(std::size_t index, const std::string& path, const QFontMetrics& metrics) {
-  QString text = metrics.elidedText(ToQPath(path), Qt::ElideMiddle,
+  QString text = metrics.elidedText(ShownPath(path), Qt::ElideMiddle,
                                     metrics.averageCharWidth() * kMaxPathLetters);
   text.replace('&', "&&");
   return QStringLiteral("&%1 %2").arg(index + 1).arg(text);

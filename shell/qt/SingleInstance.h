@@ -8,24 +8,13 @@
 #include <QLockFile>
 
 #include "shell/InstanceRequest.h"
+#include "shell/qt/InstancePlace.h"
 
 namespace morvane {
 
-/// Where the starts of a program by one user on one display find each other.
-struct InstancePlace {
-  QString folder;  ///< open to the user alone; empty where there is none
-  QString name;
-  /// A copy that runs answers at once, in a dialog too; one that doesn't in this time hangs.
-  std::chrono::milliseconds answerTime = std::chrono::seconds(2);
-
-  /// The user's runtime folder, or else one below the folder for temporary files.
-  static InstancePlace Default();
-};
-
 /// The copy of the program that the other starts of its user on its display find: they hand over
-/// what they were started for and end. The copies meet at a local socket of a process's own, to
-/// which a link leads; a link to a process that is gone, or that does not answer, is turned to the
-/// next.
+/// what they were started for and end. The copies meet at a server of a process's own, to which a
+/// link leads; a link to a process that is gone, or that does not answer, is turned to the next.
 class SingleInstance : public QObject {
   Q_OBJECT
 
@@ -62,7 +51,7 @@ class SingleInstance : public QObject {
 
   Handler handler;
   std::chrono::milliseconds answerTime;
-  QString link;  ///< the path that leads to the socket; empty where nobody can meet
+  QString link;  ///< the path that leads to the server; empty where nobody can meet
   std::unique_ptr<QLockFile> deciding;
   QLocalServer server;
 };

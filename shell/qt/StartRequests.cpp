@@ -1,10 +1,7 @@
 #include "shell/qt/StartRequests.h"
 
-#include <spawn.h>
-#include <unistd.h>
-
 #include "persistence/CDocument.h"
-#include "platform/Files.h"
+#include "platform/ThisProgram.h"
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/WindowActivation.h"
 
@@ -20,18 +17,6 @@ bool HasOnlyAnEmptyChart(const DocumentManager& manager) {
   if (manager.Documents().size() != 1) return false;
   CDocument& document = *manager.Documents().front();
   return document.GetPathName().empty() && !document.IsModified();
-}
-
-void StartProgram(const std::string& file) {
-  std::string program = ProgramPath();
-  std::string argument = file;
-  char* arguments[] = {program.data(), file.empty() ? nullptr : argument.data(), nullptr};
-  posix_spawnattr_t session;
-  posix_spawnattr_init(&session);
-  posix_spawnattr_setflags(&session, POSIX_SPAWN_SETSID);
-  pid_t started = 0;
-  posix_spawn(&started, program.c_str(), nullptr, &session, arguments, environ);
-  posix_spawnattr_destroy(&session);
 }
 
 }  // namespace
@@ -76,7 +61,7 @@ void StartRequests::CarryOut(const InstanceRequest& request) {
 
 void StartRequests::HandOn() {
   timer.stop();
-  for (const InstanceRequest& request : waiting) StartProgram(request.file);
+  for (const InstanceRequest& request : waiting) StartProgramAnew(request.file);
   waiting.clear();
 }
 

@@ -1,4 +1,4 @@
-#include "platform/qt/QtClipboard.h"
+#include "platform/qt/posix/QtClipboard.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "platform/qt/QtProfile.h"
+#include "platform/qt/posix/QtProfile.h"
 #include "resources/TextSource.h"
 #include "shell/Language.h"
 #include "tests/ui/WindowTest.h"

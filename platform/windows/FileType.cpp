@@ -1,0 +1,47 @@
+#include "platform/windows/FileType.h"
+
+#include <shellapi.h>
+#include <shlobj.h>
+#include <windows.h>
+
+#include "platform/windows/RegistryKey.h"
+#include "platform/windows/WideText.h"
+
+namespace morvane {
+
+namespace {
+
+constexpr const char* kUserClasses = "Software\\Classes\\";
+
+/// The program's second icon is that of its files, if it has one.
+int IconOfFiles(const std::string& program) {
+  constexpr int countAll = -1;
+  return ExtractIconExW(Wide(program).c_str(), countAll, nullptr, nullptr, 0) > 1 ? 1 : 0;
+}
+
+/// Puts a text where the user's view of the classes has another one. True if that was so.
+bool Put(const std::string& path, const std::string& name, const std::string& text) {
+  const auto found = RegistryKey::Open(path, RegistryKey::Root::Classes).Get(name);
+  if (found && found->text == text) return false;
+  return RegistryKey::Make(kUserClasses + path).SetText(name, text);
+}
+
+}  // namespace
+
+bool FileType::Register(const std::string& program) const {
+  const std::string quoted = '"' + program + '"';
+  bool changed = Put(id, "", name);
+  changed |= Put(id + "\\DefaultIcon", "", quoted + ',' + std::to_string(IconOfFiles(program)));
+  changed |= Put(id + "\\shell\\open\\command", "", quoted + " \"%1\"");
+  changed |= Put(extension + "\\OpenWithProgids", id, "");
+  const std::string owner = RegistryKey::Open(extension, RegistryKey::Root::Classes).Text("");
+  if (owner.empty() || owner == id) {
+    changed |= Put(extension, "", id);
+    // The shell makes a new file of this kind, with nothing in it.
+    changed |= Put(extension + "\\ShellNew", "NullFile", "");
+  }
+  if (changed) SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST, nullptr, nullptr);
+  return changed;
+}
+
+}  // namespace morvane
