@@ -21,7 +21,7 @@ struct Rule {
     {std::regex("(?!.*/qt/).*"),
      std::regex(R"(.(Qt.*|.*qt/.*|(.*/)?Q[A-Z][^/]*|(.*/)?q[^/]*\.h).)"), "toolkit"},
     {std::regex(".*"), std::regex(R"("(?!.*\.moc")[^/]*")"), "no path from the root"},
-    {std::regex("(?!.*/(posix|windows)/).*"),
+    {std::regex("(?!.*/(posix|windows|qt)/).*"),
      std::regex(R"(.(.*/(posix|windows)/.*|windows\.h|unistd\.h|fcntl\.h|sys/.*).)"),
      "of one system"}};
 

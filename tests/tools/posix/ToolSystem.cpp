@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <initializer_list>
 #include <poll.h>
 #include <unistd.h>
 

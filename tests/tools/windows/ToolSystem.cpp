@@ -1,6 +1,7 @@
 #include "tests/tools/ToolSystem.h"
 
 #include <cstdio>
+#include <initializer_list>
 #include <fcntl.h>
 #include <io.h>
 #include <string>
