@@ -1,5 +1,6 @@
 #include "platform/windows/FileType.h"
 
+#include <optional>
 #include <shlobj.h>
 #include <windows.h>
 
@@ -10,7 +11,7 @@ namespace morvane {
 
 namespace {
 
-constexpr const char* kUserClasses = "Software\\Classes\\";
+constexpr const char* kClasses = "Software\\Classes\\";
 
 /// The program's second icon is that of its files, if it has one.
 int IconOfFiles(const std::string& program) {
@@ -18,11 +19,19 @@ int IconOfFiles(const std::string& program) {
   return ExtractIconExW(Wide(program).c_str(), countAll, nullptr, nullptr, 0) > 1 ? 1 : 0;
 }
 
-/// Puts a text where the user's view of the classes has another one. True if that was so.
+/// A value as the shell takes it: the user's own comes before that of the machine.
+std::optional<RegistryKey::Value> Find(const std::string& path, const std::string& name) {
+  for (const auto root : {RegistryKey::Root::User, RegistryKey::Root::Machine}) {
+    if (auto value = RegistryKey::Open(kClasses + path, root).Get(name)) return value;
+  }
+  return std::nullopt;
+}
+
+/// Puts a text where the user has another one. True if that was so.
 bool Put(const std::string& path, const std::string& name, const std::string& text) {
-  const auto found = RegistryKey::Open(path, RegistryKey::Root::Classes).Get(name);
+  const auto found = Find(path, name);
   if (found && found->text == text) return false;
-  return RegistryKey::Make(kUserClasses + path).SetText(name, text);
+  return RegistryKey::Make(kClasses + path).SetText(name, text);
 }
 
 }  // namespace
@@ -33,8 +42,10 @@ bool FileType::Register(const std::string& program) const {
   changed |= Put(id + "\\DefaultIcon", "", quoted + ',' + std::to_string(IconOfFiles(program)));
   changed |= Put(id + "\\shell\\open\\command", "", quoted + " \"%1\"");
   changed |= Put(extension + "\\OpenWithProgids", id, "");
-  const std::string owner = RegistryKey::Open(extension, RegistryKey::Root::Classes).Text("");
-  if (owner.empty() || owner == id) {
+  const auto owner = Find(extension, "");
+  // No text at all is nobody's, either.
+  const std::string ownerId = owner ? owner->text.value_or("") : "";
+  if (ownerId.empty() || ownerId == id) {
     changed |= Put(extension, "", id);
     // The shell makes a new file of this kind, with nothing in it.
     changed |= Put(extension + "\\ShellNew", "NullFile", "");

@@ -53,7 +53,7 @@ std::vector<std::string> NamesFrom(const Ask& ask) {
 RegistryKey RegistryKey::Open(const std::string& path, Root root) {
   HKEY opened = nullptr;
   if (HasEnd(path)) return RegistryKey(nullptr);
-  const HKEY from = root == Root::User ? HKEY_CURRENT_USER : HKEY_CLASSES_ROOT;
+  const HKEY from = root == Root::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
   const LSTATUS status = RegOpenKeyExW(from, Wide(path).c_str(), 0, KEY_READ, &opened);
   return RegistryKey(status == ERROR_SUCCESS ? opened : nullptr);
 }

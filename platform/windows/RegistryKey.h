@@ -15,7 +15,7 @@ class RegistryKey {
  public:
   enum class Root {
     User,    ///< what belongs to the user
-    Classes  ///< kinds of files as the user has them: their own before those of the machine
+    Machine  ///< what all its users have
   };
 
   struct Value {

@@ -17,9 +17,8 @@ class FileTypeTest : public testing::Test {
   void Clear() const {
     for (const std::string& key : {type.extension, type.id}) RegistryKey::Remove(classes + key);
   }
-  /// As the shell sees it.
-  static std::string Seen(const std::string& path, const std::string& name = "") {
-    return RegistryKey::Open(path, RegistryKey::Root::Classes).Text(name);
+  std::string Seen(const std::string& path) const {
+    return RegistryKey::Open(classes + path).Text("");
   }
 
   const std::string classes = "Software\\Classes\\";
