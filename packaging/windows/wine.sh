@@ -10,4 +10,8 @@ export WINEPREFIX=${WINEPREFIX:-$libraries/wine}
 export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
 export WINEPATH="$libraries/bin;$compiler;$runtime${WINEPATH:+;$WINEPATH}"
+# Wine keeps what is meant for the toolkit of this machine from its programs.
+for name in "${!QT_@}"; do
+  export "WINE$name=${!name}"
+done
 exec wine "$@"
