@@ -17,6 +17,12 @@ class QStringRef : public QStringView {
 
   const QStringRef* string() const { return this; }
   qsizetype position() const { return 0; }
+  /// The reader looks for a sign that ends a number, also in no text at all.
+  const QChar* data() const {
+    static constexpr QChar end{u'\0'};
+    return isNull() ? &end : QStringView::data();
+  }
+  const QChar* constData() const { return data(); }
   const QChar* unicode() const { return data(); }
 };
 
