@@ -1,5 +1,6 @@
 #include "platform/windows/FileType.h"
 
+#include <climits>
 #include <optional>
 #include <shlobj.h>
 #include <windows.h>
@@ -16,7 +17,9 @@ constexpr const char* kClasses = "Software\\Classes\\";
 /// The program's second icon is that of its files, if it has one.
 int IconOfFiles(const std::string& program) {
   constexpr int countAll = -1;
-  return ExtractIconExW(Wide(program).c_str(), countAll, nullptr, nullptr, 0) > 1 ? 1 : 0;
+  const UINT count = ExtractIconExW(Wide(program).c_str(), countAll, nullptr, nullptr, 0);
+  // The greatest number says that there is no such program.
+  return count > 1 && count != UINT_MAX ? 1 : 0;
 }
 
 /// A value as the shell takes it: the user's own comes before that of the machine.
