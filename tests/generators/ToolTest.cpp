@@ -34,7 +34,7 @@ Called Call(const std::vector<std::string>& arguments,
 std::vector<std::string> FilesIn(const TempFolder& folder, const std::string& name = "") {
   std::vector<std::string> names;
   for (const auto& entry : fs::directory_iterator(folder.Root() / name)) {
-    if (entry.is_regular_file()) names.push_back(entry.path().filename());
+    if (entry.is_regular_file()) names.push_back(entry.path().filename().string());
   }
   std::ranges::sort(names);
   return names;
