@@ -1,8 +1,8 @@
 #include "codegen/CGenerateCppDlg.h"
 #include "platform/ShellOpen.h"
 #include "tests/support/ChartTest.h"
-#include "tests/support/Deaths.h"
 #include "tests/support/OpenCharts.h"
+#include "tests/support/TestSystem.h"
 #include "tests/support/Tools.h"
 #include "tests/support/UiQueue.h"
 

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iomanip>
 
+#include "platform/FileSystem.h"
 #include "platform/InstallFolder.h"
 
 namespace morvane {
@@ -146,7 +147,14 @@ std::optional<std::string> ScenarioUser::Next() {
 }
 
 std::string ScenarioUser::Placed(const std::string& line) const {
+  // As a test names it, and as the system has it written
   std::string placed = Replaced(line, folder.Root().string(), "FOLDER");
+  const std::string native = AbsolutePath(folder.Root().string());
+  for (const std::string& form : {native, Escaped(native)}) {
+    placed = Replaced(placed, form + Escaped("\\"), "FOLDER/");
+    placed = Replaced(placed, form + '\\', "FOLDER/");
+    placed = Replaced(placed, form, "FOLDER");
+  }
   for (const std::string& installed : {FindPath(GetInstallFolder()), GetInstallFolder()}) {
     // As it is, as a path of a document, and in a box of text
     std::string slashed = installed;
