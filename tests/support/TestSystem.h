@@ -15,4 +15,9 @@ std::string FullDevice();
 /// pdftotext.
 bool HasPageReaders();
 
+/// The dialog that asks for a printer is the toolkit's, not the system's.
+bool HasToolkitPrintDialog();
+/// The toolkit finds a library here that knows the words of Thai, which no blank parts.
+bool HasThaiWords();
+
 }  // namespace morvane

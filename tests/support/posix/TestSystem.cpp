@@ -8,4 +8,8 @@ std::string FullDevice() { return "/dev/full"; }
 
 bool HasPageReaders() { return true; }
 
+bool HasToolkitPrintDialog() { return true; }
+
+bool HasThaiWords() { return true; }
+
 }  // namespace morvane
