@@ -19,5 +19,7 @@ bool HasPageReaders();
 bool HasToolkitPrintDialog();
 /// The toolkit finds a library here that knows the words of Thai, which no blank parts.
 bool HasThaiWords();
+/// The toolkit asks the same service as for the good pictures which font has a letter.
+bool HasFontconfig();
 
 }  // namespace morvane

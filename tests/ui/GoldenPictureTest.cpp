@@ -27,10 +27,14 @@ constexpr int kPageRenderer = 26;
 /// makes 56 or more.
 constexpr int kSvgRenderer = 40;
 
+/// Commas and brackets of ideographs stand elsewhere in another font, by more than a pixel.
+constexpr int kOtherFonts = 34;
+
 constexpr const char* kFace = "DejaVu Sans";
 constexpr std::uint32_t kFirstIdeograph = 0x2E80;
 constexpr char32_t kFirstThai = 0x0E00;
 constexpr char32_t kLastThai = 0x0E7F;
+constexpr const char* kScripts = "Scripts";
 constexpr const char* kOtherFaces = ", DejaVu Sans, sans-serif";
 
 /// One picture in all its forms.
@@ -143,6 +147,8 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
     const PictureDifference difference = PictureDifference::Of(got, wanted, ignored);
     const QString stem = output.filePath(QStringLiteral("%1-%2").arg(GetParam().name, form));
     RecordProperty(form, difference.worst);
+    const bool hasIdeographs = std::string_view(GetParam().name) == kScripts;
+    if (hasIdeographs && !HasFontconfig()) tolerance = std::max(tolerance, kOtherFonts);
     if (difference.worst <= tolerance) return;
     got.save(stem + "-got.png");
     wanted.save(stem + "-wanted.png");
@@ -243,7 +249,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Sample{"Lift", "Examples/Lift/Lift.mrv"},
                     Sample{"CashMachine", "Examples/CashMachine/CashMachine.mrv"},
                     Sample{"Features", "tests/golden/Features.mrv"},
-                    Sample{"Scripts", "tests/golden/Scripts.mrv"}, Sample{"Pens", nullptr}),
+                    Sample{kScripts, "tests/golden/Scripts.mrv"}, Sample{"Pens", nullptr}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

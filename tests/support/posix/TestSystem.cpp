@@ -12,4 +12,6 @@ bool HasToolkitPrintDialog() { return true; }
 
 bool HasThaiWords() { return true; }
 
+bool HasFontconfig() { return true; }
+
 }  // namespace morvane

@@ -20,4 +20,6 @@ bool HasToolkitPrintDialog() { return false; }
 
 bool HasThaiWords() { return false; }
 
+bool HasFontconfig() { return false; }
+
 }  // namespace morvane
