@@ -33,5 +33,5 @@ if(NOT MORVANE_FUZZ)
   set_target_properties(morvane_damaged PROPERTIES RUNTIME_OUTPUT_DIRECTORY
                                                    ${CMAKE_CURRENT_BINARY_DIR})
   add_test(NAME Fuzz.damaged COMMAND morvane_damaged ${CMAKE_SOURCE_DIR}/Examples 60)
-  set_tests_properties(Fuzz.damaged PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  set_tests_properties(Fuzz.damaged PROPERTIES ENVIRONMENT "${toolkit_environment}")
 endif()

@@ -1,4 +1,5 @@
 # Tests of the windows run on Qt's offscreen platform.
+include(ToolkitEnvironment.cmake)
 file(GLOB ui_tests CONFIGURE_DEPENDS ui/*.cpp ui/${system}/*.cpp)
 add_executable(morvane_ui_tests ${ui_tests} machine/ChartSketch.cpp)
 target_link_libraries(morvane_ui_tests PRIVATE morvane_test_support morvane_ui)
@@ -12,15 +13,21 @@ target_compile_definitions(
                            MORVANE_TEST_TOOL="$<TARGET_FILE:morvane_test_tool>")
 add_dependencies(morvane_ui_tests morvane morvane_test_tool)
 gtest_discover_tests(morvane_ui_tests DISCOVERY_TIMEOUT 60
-                     PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
-# Feedback has to vanish without a trace on a screen of any scale.
+                     PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen ${font_property})
+# Feedback has to vanish without a trace on a screen of any scale. A property takes one variable
+# here, no list; the program does without a screen by itself.
 foreach(scale 1.5 2)
   gtest_discover_tests(
     morvane_ui_tests DISCOVERY_TIMEOUT 60
     TEST_FILTER "*EachGesture*"
     TEST_PREFIX scale${scale}.
-    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=${scale}")
+    PROPERTIES ENVIRONMENT QT_SCALE_FACTOR=${scale} ${font_property})
 endforeach()
+# A system without fonts makes pages without letters.
+add_test(NAME Export.PdfWithoutFonts
+         COMMAND morvane --export ${CMAKE_CURRENT_BINARY_DIR}/no-letters.pdf
+                 ${CMAKE_SOURCE_DIR}/Examples/Lift/Lift.mrv)
+set_tests_properties(Export.PdfWithoutFonts PROPERTIES ENVIRONMENT "${fontless_environment}")
 
 # The core needs no symbol of the toolkit; the same check on the windows' libraries must find some.
 set(core_symbols ${CMAKE_SOURCE_DIR}/scripts/core-symbols.sh)

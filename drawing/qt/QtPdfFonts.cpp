@@ -4,6 +4,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include <QFontDatabase>
+
 #include "drawing/qt/LaidOutLine.h"
 #include "drawing/qt/PdfFace.h"
 #include "drawing/qt/PdfLetterTexts.h"
@@ -35,7 +37,8 @@ Characters CharactersOf(const QRawFont& font, const QString& text) {
 
 }  // namespace
 
-QtPdfFonts::QtPdfFonts(QtFontCache& fonts) : fonts(fonts) {}
+QtPdfFonts::QtPdfFonts(QtFontCache& fonts)
+    : fonts(fonts), hasFonts(!QFontDatabase::families().isEmpty()) {}
 
 QtPdfFonts::~QtPdfFonts() = default;
 
@@ -54,8 +57,9 @@ int QtPdfFonts::AdvanceOf(int face, std::uint16_t glyph) {
 const PdfFonts::Line& QtPdfFonts::Shape(const CFont& wanted, std::string_view utf8) {
   const QtFont& font = fonts.Get(wanted);
   line.runs.clear();
-  line.needsText = false;
-  if (AddAscii(font, utf8)) return line;
+  // The frames that the toolkit paints for letters without a font have no face to ask for a name.
+  line.needsText = !hasFonts;
+  if (!hasFonts || AddAscii(font, utf8)) return line;
   double x = 0;
   while (!utf8.empty()) {
     const std::string_view piece = QtFont::TakePiece(utf8);

@@ -7,8 +7,8 @@
 #include <QProcess>
 
 #include "drawing/qt/QtText.h"
+#include "platform/ScriptLimits.h"
 #include "platform/Wording.h"
-#include "platform/qt/ScriptLimits.h"
 
 namespace morvane {
 

@@ -90,7 +90,9 @@ int WindowsFile::Reserve(std::int64_t length) {
       LastErrno() == ENOSPC) {
     return ENOSPC;
   }
-  return Cut(length);
+  // Where no disk could take so much, the system may say that there is no memory for it.
+  const int error = Cut(length);
+  return error == ENOMEM ? ENOSPC : error;
 }
 
 int WindowsFile::Write(std::string_view bytes, std::size_t& written) {

@@ -1,3 +1,4 @@
+#include "platform/FileSystem.h"
 #include "platform/Folders.h"
 #include "shell/CDirTreeCtrl.h"
 #include "tests/support/ChartTest.h"
@@ -96,7 +97,6 @@ TEST_F(DirTree, ReadsAFolderAtEachOpening) {
 
 TEST_F(DirTree, SelectsAFolderByItsPath) {
   Folder("Charts/Lift");
-  Folder("charts/Pump");
   root.Write("Charts/Lift/Deep.mrv", "x");
   ASSERT_TRUE(tree.InitTree(true));
   for (const char* path : {"Charts/Lift/Deep.mrv", "gone", ""}) {
@@ -106,8 +106,7 @@ TEST_F(DirTree, SelectsAFolderByItsPath) {
   }
   const std::pair<const char*, const char*> cases[] = {{"Charts/LIFT", "Charts/Lift"},
                                                        {"Charts/Lift/", "Charts/Lift"},
-                                                       {"Charts\\lift", "Charts/Lift"},
-                                                       {"charts/pump", "charts/Pump"}};
+                                                       {"Charts\\lift", "Charts/Lift"}};
   for (const auto& [path, selected] : cases) {
     EXPECT_TRUE(tree.SelectPath(root.Path(path))) << path;
     EXPECT_EQ(tree.PathOfItem(*tree.Selected()), root.Path(selected)) << path;
@@ -122,10 +121,12 @@ TEST_F(DirTree, SelectsAFolderByItsPath) {
 
 TEST_F(DirTree, PathsBeginAtTheInnermostDrive) {
   Folder("media/stick/charts");
-  drives.drives = {"/", root.Path("media/stick")};
+  const std::string top = AbsolutePath("/");
+  drives.drives = {top, root.Path("media/stick")};
   ASSERT_TRUE(tree.InitTree(true));
-  EXPECT_EQ(tree.FirstItem()->Text(), "/");
-  EXPECT_EQ(tree.PathOfItem(*tree.FirstItem()), "/");
+  EXPECT_FALSE(tree.FirstItem()->Text().empty());
+  EXPECT_TRUE(top.starts_with(tree.FirstItem()->Text()));
+  EXPECT_EQ(AbsolutePath(tree.PathOfItem(*tree.FirstItem())), top);
   EXPECT_TRUE(tree.SelectPath(root.Path("media/stick/charts")));
   EXPECT_EQ(tree.Selected()->Parent()->Text(), root.Path("media/stick"));
   EXPECT_TRUE(tree.SelectPath(root.Path("media")));

@@ -2,6 +2,7 @@
 #include "platform/ShellOpen.h"
 #include "tests/support/ChartTest.h"
 #include "tests/support/OpenCharts.h"
+#include "tests/support/TestSystem.h"
 #include "tests/support/Tools.h"
 #include "tests/support/UiQueue.h"
 
@@ -26,9 +27,10 @@ class StepUser : public GeneratorHost {
 };
 
 TEST(GeneratorDialogTest, TellsWhatRunsAndHowItEnds) {
-  const std::pair<const char*, const char*> cases[] = {{"exit 0", "Finished"},
-                                                       {"exit 1", "Failed with exit code 1"},
-                                                       {"signal 9", "Ended by signal 9"}};
+  const std::pair<const char*, std::string> cases[] = {
+      {"exit 0", "Finished"},
+      {"exit 1", "Failed with exit code 1"},
+      {"signal 9", "Ended by signal " + std::to_string(DeathBy(9))}};
   UiQueue ui;
   TestProcesses processes;
   const StepUser user([&](Dlg& dialog) {

@@ -63,7 +63,7 @@ TEST(InstanceRequestTest, APathBeginsAtTheWorkingFolderOfItsStart) {
   SetVariable("DESKTOP_STARTUP_ID", "id_TIME7");
   SetVariable("XDG_ACTIVATION_TOKEN", nullptr);
   std::filesystem::current_path(folder.Root());
-  const std::string chart = folder.Path("b.mrv");
+  const std::string chart = AbsolutePath(folder.Path("b.mrv"));
   EXPECT_EQ(AbsolutePath("b.mrv"), chart);
   EXPECT_EQ(InstanceRequest::ForThisStart("a \u00FF.mrv"),
             (InstanceRequest{AbsolutePath("a \u00FF.mrv"), "id_TIME7", ""}));

@@ -1,3 +1,4 @@
+#include "platform/FileSystem.h"
 #include "shell/ChartSession.h"
 #include "shell/RecoveryList.h"
 #include "tests/support/OpenCharts.h"
@@ -29,7 +30,7 @@ class RecoveryListTest : public testing::Test {
 
   const TempFolder folder;
   const std::string store = folder.Path("state");
-  const std::string path = folder.Write("a.mrv", ModelFile::ToDisk(SmallChart()));
+  const std::string path = AbsolutePath(folder.Write("a.mrv", ModelFile::ToDisk(SmallChart())));
   ScriptedMessageBoxes boxes;
   SaveDialogs dialogs;
   MemoryProfile profile;

@@ -1,3 +1,4 @@
+#include "platform/FileSystem.h"
 #include "recovery/ChartDifference.h"
 #include "shell/ChartSession.h"
 #include "tests/support/OpenCharts.h"
@@ -16,7 +17,7 @@ class RecoveryTest : public testing::Test {
 
   TempFolder folder;
   const std::string store = folder.Path("state");
-  const std::string path = folder.Write("a.mrv", ModelFile::ToDisk(SmallChart()));
+  const std::string path = AbsolutePath(folder.Write("a.mrv", ModelFile::ToDisk(SmallChart())));
   ScriptedMessageBoxes boxes;
   MemoryProfile profile;
   const UseService<Profile> use{profile};
@@ -92,7 +93,7 @@ TEST_F(RecoveryTest, OnlyWhatDiffersFromItsFileIsKept) {
        0},
   };
   for (const auto& [what, act, offers] : cases) {
-    folder.Write("a.mrv", ModelFile::ToDisk(SmallChart()));
+    AbsolutePath(folder.Write("a.mrv", ModelFile::ToDisk(SmallChart())));
     auto run = Start();
     act(*run, run->Open(path));
     run.reset();
@@ -197,7 +198,7 @@ TEST_F(RecoveryTest, AStoreThatTakesNothingIsSaid) {
 }
 
 TEST_F(RecoveryTest, WindowsComeBackAfterACrashAlone) {
-  const std::string other = folder.Write("b.mrv", ModelFile::ToDisk(SmallChart()));
+  const std::string other = AbsolutePath(folder.Write("b.mrv", ModelFile::ToDisk(SmallChart())));
   auto run = Start();
   run->Open(path);
   CDocument& active = run->Open(other);

@@ -3,8 +3,9 @@
 namespace morvane {
 
 // What a user does with the program, tests/scenarios/*.txt. A section begins with "== " and its
-// name; what the user does stands behind "> ", and all other lines are what comes of that. With the
-// environment variable MORVANE_UPDATE_GOLDEN set, the tests write the files anew instead.
+// name; what the user does stands behind "> ", and all other lines are what comes of that. Files in
+// a folder of a system's name are about that one. With the environment variable
+// MORVANE_UPDATE_GOLDEN set, the tests write the files anew instead.
 
 namespace {
 
@@ -18,9 +19,9 @@ struct Section {
 
 void PrintTo(const Section& section, std::ostream* out) { *out << section.name; }
 
-std::vector<Section> ReadSections() {
-  std::vector<Section> sections;
-  for (const auto& entry : fs::directory_iterator(MORVANE_SOURCE_DIR "/tests/scenarios")) {
+void ReadSections(const char* folder, std::vector<Section>& sections) {
+  if (!fs::exists(folder)) return;
+  for (const auto& entry : fs::directory_iterator(folder)) {
     if (entry.path().extension() != ".txt") continue;
     std::ifstream in(entry.path());
     for (std::string line; std::getline(in, line);) {
@@ -31,6 +32,12 @@ std::vector<Section> ReadSections() {
       }
     }
   }
+}
+
+std::vector<Section> AllSections() {
+  std::vector<Section> sections;
+  ReadSections(MORVANE_SOURCE_DIR "/tests/scenarios", sections);
+  ReadSections(MORVANE_SOURCE_DIR "/tests/scenarios/" MORVANE_SYSTEM, sections);
   return sections;
 }
 
@@ -55,7 +62,7 @@ TEST_P(ScenarioTest, GoesAsItIsTold) {
   if (std::getenv("MORVANE_UPDATE_GOLDEN") != nullptr) Update(GetParam(), played);
 }
 
-INSTANTIATE_TEST_SUITE_P(AUser, ScenarioTest, testing::ValuesIn(ReadSections()),
+INSTANTIATE_TEST_SUITE_P(AUser, ScenarioTest, testing::ValuesIn(AllSections()),
                          [](const auto& info) {
                            std::string name =
                                info.param.file.stem().string() + "_" + info.param.name;

@@ -1,8 +1,10 @@
 #include "tests/scenarios/ScenarioUser.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iomanip>
 
+#include "platform/FileSystem.h"
 #include "platform/InstallFolder.h"
 
 namespace morvane {
@@ -145,9 +147,23 @@ std::optional<std::string> ScenarioUser::Next() {
 }
 
 std::string ScenarioUser::Placed(const std::string& line) const {
-  const std::string placed = Replaced(line, folder.Root().string(), "FOLDER");
-  const std::string installed = Replaced(placed, FindPath(GetInstallFolder()), "INSTALLED/");
-  return Replaced(installed, GetInstallFolder(), "INSTALLED/");
+  // As a test names it, and as the system has it written
+  std::string placed = Replaced(line, folder.Root().string(), "FOLDER");
+  const std::string native = AbsolutePath(folder.Root().string());
+  for (const std::string& form : {native, Escaped(native)}) {
+    placed = Replaced(placed, form + Escaped("\\"), "FOLDER/");
+    placed = Replaced(placed, form + '\\', "FOLDER/");
+    placed = Replaced(placed, form, "FOLDER");
+  }
+  for (const std::string& installed : {FindPath(GetInstallFolder()), GetInstallFolder()}) {
+    // As it is, as a path of a document, and in a box of text
+    std::string slashed = installed;
+    std::ranges::replace(slashed, '\\', '/');
+    for (const std::string& form : {installed, slashed, Escaped(installed)}) {
+      placed = Replaced(placed, form, "INSTALLED/");
+    }
+  }
+  return placed;
 }
 
 void ScenarioUser::Note(const std::string& line) { transcript += Placed(line) + "\n"; }

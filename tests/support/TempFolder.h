@@ -8,14 +8,14 @@
 
 namespace morvane {
 
-/// A folder of a test's own, which goes with it.
+/// A folder of a test's own, which goes with it. Its paths have slashes on every system.
 class TempFolder {
  public:
   TempFolder() {
     std::random_device any;
     do {
       const std::string name = "morvane-" + std::to_string(any());
-      path = std::filesystem::temp_directory_path() / name;
+      path = (std::filesystem::temp_directory_path() / name).generic_string();
     } while (!std::filesystem::create_directory(path));
   }
   ~TempFolder() {
@@ -25,7 +25,7 @@ class TempFolder {
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
 
-  std::string Path(const std::string& name) const { return (path / name).string(); }
+  std::string Path(const std::string& name) const { return (path / name).generic_string(); }
   const std::filesystem::path& Root() const { return path; }
   /// Writes a file, and gives its path.
   std::string Write(const std::string& name, const std::string& bytes) const {

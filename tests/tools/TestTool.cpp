@@ -10,7 +10,14 @@ namespace {
 
 /// Numbered lines of ten bytes each, so that a gap shows; without end for a count of 0.
 void WriteLines(std::FILE* stream, long count) {
-  for (long i = 0; count == 0 || i < count; ++i) std::fprintf(stream, "%09ld\n", i);
+  char line[] = "000000000\n";
+  char* const last = line + sizeof(line) - 3;
+  for (long i = 0; count == 0 || i < count; ++i) {
+    std::fwrite(line, 1, sizeof(line) - 1, stream);
+    char* digit = last;
+    for (; digit > line && *digit == '9'; --digit) *digit = '0';
+    ++*digit;
+  }
 }
 
 }  // namespace

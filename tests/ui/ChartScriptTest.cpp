@@ -12,6 +12,18 @@ namespace {
 class ChartScriptTest : public testing::Test {
  protected:
   static std::string Variables(const ChartScript& script) { return script.Variables(); }
+  /// A text says behind another one, in the words of an engine, that a name is unknown.
+  static testing::AssertionResult IsUnknown(const std::string& text, const std::string& before,
+                                            const std::string& name) {
+    const std::pair<const char*, const char*> words[] = {{"", " is not defined"},
+                                                         {"identifier '", "' undefined"}};
+    for (const auto& [left, right] : words) {
+      if (text == before + "ReferenceError: " + left + name + right) {
+        return testing::AssertionSuccess();
+      }
+    }
+    return testing::AssertionFailure() << text;
+  }
 
   const Machine machine = SketchedMachine(R"(
 initial 1
@@ -36,14 +48,14 @@ TEST_F(ChartScriptTest, RunsTextsAndTellsWhatItLeavesOut) {
   EXPECT_EQ(script.Variables(), R"({"n":3})");
   EXPECT_EQ(act("n = ;").substr(0, 8), "not run:");
   EXPECT_EQ(act("n = 4; throw 'up'; n = 5;"), "not run: up");
-  EXPECT_EQ(act("n = 1; n = Read();"), "not run: ReferenceError: Read is not defined");
+  EXPECT_TRUE(IsUnknown(act("n = 1; n = Read();"), "not run: ", "Read"));
   const auto holds = [&](const char* guard) {
     std::string fault;
     const auto result = script.Test({guard, 0}, fault);
     return result ? std::string(*result ? "yes" : "no") : fault;
   };
   EXPECT_EQ(holds("n == 1 // so"), "yes");
-  EXPECT_EQ(holds("n > limit"), "ReferenceError: limit is not defined");
+  EXPECT_TRUE(IsUnknown(holds("n > limit"), "", "limit"));
   EXPECT_EQ(script.Assign("limit", "0.5"), "");
   EXPECT_EQ(holds("n > limit"), "yes");
   EXPECT_NE(script.Assign("limit", "= 1"), "");

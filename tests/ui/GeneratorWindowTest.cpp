@@ -144,6 +144,7 @@ TEST_F(GeneratorWindowTest, AMessageWithAPlaceIsALinkToItsObject) {
 }
 
 TEST_F(GeneratorWindowTest, AnEndlessFloodLeavesTimeForTheUser) {
+  const LeftoverCheck leftovers;
   processes.instead = ToolLine("lines 0");
   QTimer timer;
   int turns = 0;
@@ -157,7 +158,7 @@ TEST_F(GeneratorWindowTest, AnEndlessFloodLeavesTimeForTheUser) {
     timer.start(1);
   });
   EXPECT_EQ(turns, 10);
-  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "the tool is gone";
+  EXPECT_EQ(leftovers.Leftovers(), "") << "the tool is gone";
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "platform/qt/PrinterSettings.h"
 #include "platform/qt/QtPrintPreview.h"
 #include "platform/qt/QtPrinting.h"
+#include "tests/support/TestSystem.h"
 #include "tests/ui/Canvas.h"
 #include "tests/ui/WindowTest.h"
 
@@ -60,6 +61,7 @@ TEST_F(PrintWindow, PagesMeetAtTheEdgesOfThePrintableArea) {
   // One state from the first page to the second: twenty model units to the inch.
   const auto chart = LoadChart(ChartText(StateRecord(1, {20, 20, 250, 100})));
   EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_DIRECT));
+  if (!HasPageReaders()) GTEST_SKIP() << "Programs that read pages are none of this system's";
   const std::vector<QImage> pages = Pages();
   ASSERT_EQ(pages.size(), 2U);
   const double millimetre = kDotsPerInch / 25.4;
@@ -97,7 +99,9 @@ TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
 
     InNextWindow<QPrintDialog>([](QPrintDialog& dialog) { dialog.accept(); });
     Button(preview, "Print...")->trigger();
-    EXPECT_EQ(Pages().size(), 2U);
+    if (HasPageReaders()) {
+      EXPECT_EQ(Pages().size(), 2U);
+    }
     EXPECT_TRUE(preview.isVisible());
   });
   EXPECT_TRUE(chart->OnCommand(ID_FILE_PRINT_PREVIEW));
@@ -122,6 +126,7 @@ TEST_F(PrintWindow, AFileGetsCopiesInOrderAndInGreyAndLiesBesideTheChart) {
   printer.setPageOrder(QPrinter::LastPageFirst);
   printer.setColorMode(QPrinter::GrayScale);
   chart->OnCommand(ID_FILE_PRINT_DIRECT);
+  if (!HasPageReaders()) GTEST_SKIP() << "Programs that read pages are none of this system's";
   const std::vector<QImage> pages = Pages();
   ASSERT_EQ(pages.size(), 4U);
   EXPECT_EQ(pages[0], pages[1]);
@@ -163,13 +168,15 @@ TEST_F(PrintWindow, WhatCannotBePrintedIsSaidAndCancelPrintsNothing) {
   InNextWindow<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
   chart->OnCommand(ID_FILE_PRINT);
   EXPECT_TRUE(Pages().empty());
-  SetPath("/dev/full");
-  boxes.Expect("No space left on device");
-  chart->OnCommand(ID_FILE_PRINT_DIRECT);
-  EXPECT_EQ(boxes.LastFlags(), MB_ICONHAND);
   SetPath(folder.Path("none/chart.pdf"));
   boxes.Expect("none/chart.pdf");
   chart->OnCommand(ID_FILE_PRINT_DIRECT);
+  EXPECT_EQ(boxes.LastFlags(), MB_ICONHAND);
+  if (FullDevice().empty()) return;
+  SetPath(FullDevice());
+  boxes.Expect("No space left on device");
+  chart->OnCommand(ID_FILE_PRINT_DIRECT);
+  EXPECT_EQ(boxes.LastFlags(), MB_ICONHAND);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@
 #include <QJsonObject>
 #include <QStringList>
 
-#include "platform/qt/ScriptLimits.h"
+#include "platform/ScriptLimits.h"
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/qt/ScriptLimits.h"
+#include "platform/ScriptLimits.h"
 
 namespace {
 

@@ -15,6 +15,7 @@ namespace morvane {
 
 namespace {
 
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 constexpr const char* kFontFolder = "QT_QPA_FONTDIR";
 constexpr const char* kBuildFile = "CMakeCache.txt";
 
@@ -28,7 +29,7 @@ bool IsInBuildFolder(const std::string& program) {
 bool IsDisplayNamed() { return true; }
 
 void UseNoScreen() {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!qEnvironmentVariableIsSet(kPlatform)) qputenv(kPlatform, "offscreen");
   // There the toolkit asks no system for fonts; it reads those of a folder.
   if (qEnvironmentVariableIsSet(kFontFolder)) return;
   std::array<wchar_t, MAX_PATH> folder = {};

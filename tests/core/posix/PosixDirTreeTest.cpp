@@ -50,6 +50,20 @@ TEST(PosixDirTree, StandsWhateverAFileSystemHolds) {
   fs::permissions(root.Path("locked"), fs::perms::owner_all);
 }
 
+TEST(PosixDirTree, KnowsFoldersApartThatDifferByTheirCapitals) {
+  const TempFolder root;
+  const TestDrive drive{{root.Root().string() + "/"}};
+  CDirTreeCtrl tree;
+  for (const char* name : {"Charts/Lift", "charts/Pump"}) fs::create_directories(root.Path(name));
+  ASSERT_TRUE(tree.InitTree(true));
+  for (const char* name : {"Charts/Lift", "charts/Pump"}) {
+    EXPECT_TRUE(tree.SelectPath(root.Path(name))) << name;
+    EXPECT_EQ(tree.PathOfItem(*tree.Selected()), root.Path(name));
+  }
+  EXPECT_TRUE(tree.SelectPath(root.Path("charts/pump")));
+  EXPECT_EQ(tree.PathOfItem(*tree.Selected()), root.Path("charts/Pump"));
+}
+
 }  // namespace
 
 }  // namespace morvane

@@ -1,13 +1,16 @@
 #include "tests/tools/ToolSystem.h"
 
 #include <cstdio>
-#include <initializer_list>
 #include <fcntl.h>
+#include <initializer_list>
 #include <io.h>
 #include <string>
 #include <windows.h>
 
 namespace {
+
+/// What the numbers of exceptions begin with
+constexpr DWORD kException = 0xC0000000;
 
 /// Starts this program once more; gives its number.
 unsigned long StartHelper() {
@@ -31,6 +34,8 @@ unsigned long StartHelper() {
 void UseBytes() {
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
+  constexpr std::size_t room = std::size_t{1} << 16;
+  std::setvbuf(stdout, nullptr, _IOFBF, room);
 }
 
 bool IsInputIdle() {
@@ -39,7 +44,10 @@ bool IsInputIdle() {
   return PeekNamedPipe(input, nullptr, 0, nullptr, &there, nullptr) != 0 && there == 0;
 }
 
-void Die(long number) { RaiseException(static_cast<DWORD>(number), 0, 0, nullptr); }
+// As the system ends it, which would first ask whether to look into it.
+void Die(long number) {
+  TerminateProcess(GetCurrentProcess(), kException | static_cast<DWORD>(number));
+}
 
 [[noreturn]] void LiveOn() {
   while (true) Sleep(INFINITE);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace morvane {
+
+// What tests have to know of the system that they run on.
+
+/// By which number a process is known to have ended that died of the signal, or where there are
+/// none of the exception, of a number.
+int DeathBy(int number);
+/// A file that takes no byte, as on a full disk; empty where there is none.
+std::string FullDevice();
+/// False where nobody can expect the programs that read pages for the tests, pdftoppm and
+/// pdftotext.
+bool HasPageReaders();
+
+}  // namespace morvane
