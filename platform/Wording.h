@@ -29,6 +29,8 @@ inline constexpr std::string_view kLineTooLong =
 inline constexpr std::string_view kDiscardTyped = "Discard what you typed?";
 inline constexpr std::string_view kPageOfPages = "Page %1 of %2";
 inline constexpr std::string_view kPrinterFails = "The printer does not take the chart";
+inline constexpr std::string_view kNoPrinter =
+    "There is no printer here. Charts are printed to PDF files.";
 inline constexpr std::string_view kNoRoomToPrint =
     "The page has no room to print on.\n\nPlease choose another paper or smaller margins.";
 inline constexpr std::string_view kTooManyPages =
@@ -42,8 +44,8 @@ inline constexpr std::string_view kNameOfDevice = "The name is that of a device,
 
 /// All of those.
 inline constexpr std::array kPlatformTexts = {
-    kLineTooLong,    kDiscardTyped,         kPageOfPages, kPrinterFails,
-    kNoRoomToPrint,  kTooManyPages,         kNoSuchPages, kSettingsUnsaved,
-    kSearchTooPlain, kOpenInAnotherProgram, kNameOfDevice};
+    kLineTooLong,    kDiscardTyped,         kPageOfPages,  kPrinterFails,
+    kNoRoomToPrint,  kTooManyPages,         kNoSuchPages,  kSettingsUnsaved,
+    kSearchTooPlain, kOpenInAnotherProgram, kNameOfDevice, kNoPrinter};
 
 }  // namespace morvane

@@ -3,6 +3,7 @@
 set -euo pipefail
 
 cd "$1"
+cmake . >/dev/null
 rm -f Morvane-*.exe Morvane-*.zip
 cpack
 ls -l Morvane-*.exe Morvane-*.zip

@@ -1,15 +1,12 @@
 #include "platform/qt/QtPrinting.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPageSetupDialog>
-#include <QPrintDialog>
 #include <QPrinter>
 
 #include "platform/CPrintInfo.h"
 #include "platform/Files.h"
 #include "platform/Wording.h"
 #include "platform/qt/DialogParent.h"
+#include "platform/qt/PrintDialogs.h"
 #include "platform/qt/PrinterSettings.h"
 #include "platform/qt/QtPrintJob.h"
 #include "platform/qt/QtPrintPreview.h"
@@ -17,20 +14,6 @@
 namespace morvane {
 
 namespace {
-
-/// The dialog starts from a printer if there is one, also where pages went to a file last.
-void ChooseFile(QPrintDialog& dialog) {
-  auto* printers = dialog.findChild<QComboBox*>("printers");
-  if (printers != nullptr) printers->setCurrentIndex(printers->count() - 1);
-}
-
-/// A file beside the chart, in the dialog's own field, should pages go to a file.
-void ProposeFile(QPrintDialog& dialog, const std::string& path) {
-  auto* field = dialog.findChild<QLineEdit*>("filename");
-  if (field == nullptr || path.empty()) return;
-  const std::string extension = ExtensionOf(path);
-  field->setText(ShownPath(path.substr(0, path.size() - extension.size()) + ".pdf"));
-}
 
 /// A printer sees to copies and order itself; in a file they are ours.
 void TakeOrder(const QPrinter& chosen, CPrintInfo& info) {
@@ -57,6 +40,11 @@ QPrinter& QtPrinting::Printer() {
   return *printer;
 }
 
+std::string ProposedPdf(const std::string& path) {
+  const std::string extension = ExtensionOf(path);
+  return ToBytes(ShownPath(path.substr(0, path.size() - extension.size()) + ".pdf"));
+}
+
 bool QtPrinting::AskPrinter(CPrintInfo& info, const std::string& title) {
   QPrinter& chosen = Printer();
   chosen.setDocName(ToQString(title));
@@ -68,18 +56,7 @@ bool QtPrinting::AskPrinter(CPrintInfo& info, const std::string& title) {
   }
 
   chosen.setPrintRange(QPrinter::AllPages);
-  const bool toFile = chosen.outputFormat() == QPrinter::PdfFormat;
-  QPrintDialog dialog(&chosen, DialogParent());
-  dialog.setWindowTitle(ToQString(Worded("Print")));
-  dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
-                    QAbstractPrintDialog::PrintCollateCopies |
-                    QAbstractPrintDialog::PrintShowPageSize);
-  // Only a dialog that is shown has files among its printers.
-  dialog.setWindowModality(Qt::ApplicationModal);
-  dialog.show();
-  if (toFile) ChooseFile(dialog);
-  ProposeFile(dialog, info.path);
-  if (dialog.exec() != QDialog::Accepted) return false;
+  if (!ChoosePrinter(chosen, info.path)) return false;
   PrinterSettings::Store(chosen);
   TakeOrder(chosen, info);
   const bool isRange = chosen.printRange() == QPrinter::PageRange && chosen.fromPage() > 0;
@@ -89,8 +66,7 @@ bool QtPrinting::AskPrinter(CPrintInfo& info, const std::string& title) {
 }
 
 void QtPrinting::SetUpPrinter() {
-  QPageSetupDialog dialog(&Printer(), DialogParent());
-  if (dialog.exec() == QDialog::Accepted) PrinterSettings::Store(Printer());
+  if (ChoosePaper(Printer())) PrinterSettings::Store(Printer());
 }
 
 std::unique_ptr<PrintJob> QtPrinting::StartJob(const std::string& title) {
