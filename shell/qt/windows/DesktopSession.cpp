@@ -29,8 +29,9 @@ bool IsInBuildFolder(const std::string& program) {
 bool IsDisplayNamed() { return true; }
 
 void UseNoScreen() {
-  if (!qEnvironmentVariableIsSet(kPlatform)) qputenv(kPlatform, "offscreen");
-  // There the toolkit asks no system for fonts; it reads those of a folder.
+  // With all fonts of the system, whose letters it draws as elsewhere; it takes no screen for that.
+  if (!qEnvironmentVariableIsSet(kPlatform)) qputenv(kPlatform, "windows:fontengine=freetype");
+  // Where a user has it ask no system for fonts, it reads those of a folder.
   if (qEnvironmentVariableIsSet(kFontFolder)) return;
   std::array<wchar_t, MAX_PATH> folder = {};
   if (SHGetFolderPathW(nullptr, CSIDL_FONTS, nullptr, SHGFP_TYPE_CURRENT, folder.data()) == S_OK) {
