@@ -62,7 +62,10 @@ std::string FullPath(const std::string& path) {
   std::string missing;
   // What isn't there yet stays behind the folder that is.
   for (std::string there = full; !there.empty(); there = FolderOf(there)) {
-    const std::wstring found = FinalPath(WidePath(there));
+    // A drive without its separator would be the folder that was used last on it.
+    const bool isDrive = there.ends_with(':');
+    std::wstring found = FinalPath(WidePath(isDrive ? there + '\\' : there));
+    if (isDrive && found.ends_with(L'\\')) found.pop_back();
     if (!found.empty()) return NarrowPath(found) + missing;
     missing.insert(0, "\\" + FileNameOf(there));
   }

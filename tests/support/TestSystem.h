@@ -15,4 +15,11 @@ std::string FullDevice();
 /// pdftotext.
 bool HasPageReaders();
 
+/// The dialog that asks for a printer is the toolkit's, not the system's.
+bool HasToolkitPrintDialog();
+/// The toolkit finds a library here that knows the words of Thai, which no blank parts.
+bool HasThaiWords();
+/// The toolkit asks the same service as for the good pictures which font has a letter.
+bool HasFontconfig();
+
 }  // namespace morvane

@@ -2,6 +2,7 @@
 #include <QSpinBox>
 
 #include "drawing/qt/QtText.h"
+#include "platform/FileSystem.h"
 #include "platform/qt/QtDialogs.h"
 #include "tests/ui/WindowTest.h"
 
@@ -60,7 +61,7 @@ TEST_F(ExportDialogTest, TheNameDecidesAndElseTheChosenKind) {
       Accept(dialog);
     });
     ASSERT_TRUE(answer) << c.file;
-    EXPECT_EQ(answer->path, folder.Path(c.file));
+    EXPECT_EQ(answer->path, AbsolutePath(folder.Path(c.file)));
     EXPECT_FALSE(answer->options.selectionOnly);
     EXPECT_EQ(answer->options.scale, 1);
     EXPECT_FALSE(answer->options.margin);

@@ -27,8 +27,14 @@ constexpr int kPageRenderer = 26;
 /// makes 56 or more.
 constexpr int kSvgRenderer = 40;
 
+/// Commas and brackets of ideographs stand elsewhere in another font, by more than a pixel.
+constexpr int kOtherFonts = 34;
+
 constexpr const char* kFace = "DejaVu Sans";
 constexpr std::uint32_t kFirstIdeograph = 0x2E80;
+constexpr char32_t kFirstThai = 0x0E00;
+constexpr char32_t kLastThai = 0x0E7F;
+constexpr const char* kScripts = "Scripts";
 constexpr const char* kOtherFaces = ", DejaVu Sans, sans-serif";
 
 /// One picture in all its forms.
@@ -141,6 +147,8 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
     const PictureDifference difference = PictureDifference::Of(got, wanted, ignored);
     const QString stem = output.filePath(QStringLiteral("%1-%2").arg(GetParam().name, form));
     RecordProperty(form, difference.worst);
+    const bool hasIdeographs = std::string_view(GetParam().name) == kScripts;
+    if (hasIdeographs && !HasFontconfig()) tolerance = std::max(tolerance, kOtherFonts);
     if (difference.worst <= tolerance) return;
     got.save(stem + "-got.png");
     wanted.save(stem + "-wanted.png");
@@ -167,6 +175,22 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
     }
     return region;
   }
+  /// Where the toolkit knows no words of Thai, lines of it end elsewhere than in the good pictures:
+  /// the place of those that find no end in their box, and of the line below.
+  QRegion UnpartedTexts() {
+    QRegion region;
+    if (HasThaiWords()) return region;
+    const auto reference = pictures.ReferenceDC();
+    for (const Metafile::Record& call : forms.calls.records) {
+      if (call.kind != Metafile::Kind::TextOut || !call.clipped) continue;
+      const char32_t first = DecodeUtf8(call.text, 0).value;
+      reference->SelectFont(forms.calls.fonts[static_cast<std::size_t>(call.font)]);
+      const SIZE extent = reference->GetTextExtent(call.text);
+      if (first < kFirstThai || first > kLastThai || extent.cx <= Width(call.rect)) continue;
+      region += QRect(call.rect.left, call.points[0].y, Width(call.rect), 2 * extent.cy);
+    }
+    return region;
+  }
 
   const QtTextBreaks breaks;
   QtPictures pictures;
@@ -182,13 +206,13 @@ TEST_P(GoldenPicture, Png) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray::fromStdString(forms.png));
   }
-  ExpectGolden(Decode(forms.png), "png", kSameRenderer);
+  ExpectGolden(Decode(forms.png), "png", kSameRenderer, UnpartedTexts());
 }
 
 TEST_P(GoldenPicture, EmfReplayed) {
   const Metafile replayed = EmfReader(forms.emf).Replay();
   const auto png = pictures.MakePng(forms.size, {}, [&](CDC& dc) { dc.PlayMetaFile(replayed); });
-  ExpectGolden(Decode(png.value_or("")), "emf", kSameRenderer);
+  ExpectGolden(Decode(png.value_or("")), "emf", kSameRenderer, UnpartedTexts());
 }
 
 TEST_P(GoldenPicture, SvgRendered) {
@@ -201,7 +225,7 @@ TEST_P(GoldenPicture, SvgRendered) {
     QPainter painter(&image);
     renderer.render(&painter);
   }
-  ExpectGolden(image, "svg", kSvgRenderer, TextsOfItsOwn());
+  ExpectGolden(image, "svg", kSvgRenderer, TextsOfItsOwn() + UnpartedTexts());
 }
 
 TEST_P(GoldenPicture, PdfRendered) {
@@ -216,7 +240,7 @@ TEST_P(GoldenPicture, PdfRendered) {
       {"-r", "96", "-x", "0", "-y", "0", "-W", QString::number(forms.size.cx), "-H",
        QString::number(forms.size.cy), "-png", "-singlefile", file.fileName(), stem + "-page"});
   ASSERT_EQ(status, 0) << "pdftoppm is part of poppler-utils, which scripts/setup.sh installs";
-  ExpectGolden(QImage(stem + "-page.png"), "pdf", kPageRenderer);
+  ExpectGolden(QImage(stem + "-page.png"), "pdf", kPageRenderer, UnpartedTexts());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -225,7 +249,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Sample{"Lift", "Examples/Lift/Lift.mrv"},
                     Sample{"CashMachine", "Examples/CashMachine/CashMachine.mrv"},
                     Sample{"Features", "tests/golden/Features.mrv"},
-                    Sample{"Scripts", "tests/golden/Scripts.mrv"}, Sample{"Pens", nullptr}),
+                    Sample{kScripts, "tests/golden/Scripts.mrv"}, Sample{"Pens", nullptr}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

@@ -40,6 +40,12 @@ class PrintWindow : public testing::Test {
       pages.push_back(image.convertToFormat(QImage::Format_RGB32));
     }
   }
+  /// Answers the dialog that asks for a printer. One of the system's own takes no file for one, and
+  /// asks nothing.
+  template <class Act>
+  void InPrintDialog(Act act) {
+    if (HasToolkitPrintDialog()) InNextWindow<QPrintDialog>(act);
+  }
   static QAction* Button(QtPrintPreview& preview, const QString& text) {
     for (QAction* action : preview.findChild<QToolBar*>()->actions()) {
       if (action->text() == text) return action;
@@ -97,7 +103,7 @@ TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
     Button(preview, "All Pages")->trigger();
     EXPECT_EQ(view->viewMode(), QPrintPreviewWidget::AllPagesView);
 
-    InNextWindow<QPrintDialog>([](QPrintDialog& dialog) { dialog.accept(); });
+    InPrintDialog([](QPrintDialog& dialog) { dialog.accept(); });
     Button(preview, "Print...")->trigger();
     if (HasPageReaders()) {
       EXPECT_EQ(Pages().size(), 2U);
@@ -112,7 +118,7 @@ TEST_F(PrintWindow, AFileGetsCopiesInOrderAndInGreyAndLiesBesideTheChart) {
   const auto chart = LoadChart(ChartText(StateRecord(1, {20, 20, 250, 100})));
   CPrintInfo info;
   info.path = folder.Path("Lift.mrv");
-  InNextWindow<QPrintDialog>([&](QPrintDialog& dialog) {
+  InPrintDialog([&](QPrintDialog& dialog) {
     auto* field = dialog.findChild<QLineEdit*>("filename");
     ASSERT_NE(field, nullptr);
     EXPECT_EQ(field->text().toStdString(), folder.Path("Lift.pdf"));
@@ -165,11 +171,11 @@ TEST_F(PrintWindow, WhatCannotBePrintedIsSaidAndCancelPrintsNothing) {
   far->OnCommand(ID_FILE_PRINT_PREVIEW);
 
   const auto chart = LoadChart(SmallChart());
-  InNextWindow<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+  InPrintDialog([](QPrintDialog& dialog) { dialog.reject(); });
   chart->OnCommand(ID_FILE_PRINT);
   EXPECT_TRUE(Pages().empty());
   SetPath(folder.Path("none/chart.pdf"));
-  boxes.Expect("none/chart.pdf");
+  boxes.Expect(QDir::toNativeSeparators("none/chart.pdf").toStdString());
   chart->OnCommand(ID_FILE_PRINT_DIRECT);
   EXPECT_EQ(boxes.LastFlags(), MB_ICONHAND);
   if (FullDevice().empty()) return;

@@ -174,6 +174,7 @@ TEST(WindowsFolders, HaveDrivesAndHiddenFiles) {
     return true;
   });
   EXPECT_EQ(seen, "hidden.mrv");
+  EXPECT_EQ(FullPath("/no such folder/a.mrv"), AbsolutePath("/no such folder/a.mrv"));
   const std::vector<std::string> drives = Folders::Default().Drives();
   EXPECT_NE(std::ranges::find(drives, AbsolutePath("C:/")), drives.end());
   EXPECT_TRUE(IsFileAt(ProgramPath()) && IsProgramAt(ProgramPath()));

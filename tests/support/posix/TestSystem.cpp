@@ -8,4 +8,10 @@ std::string FullDevice() { return "/dev/full"; }
 
 bool HasPageReaders() { return true; }
 
+bool HasToolkitPrintDialog() { return true; }
+
+bool HasThaiWords() { return true; }
+
+bool HasFontconfig() { return true; }
+
 }  // namespace morvane

@@ -16,4 +16,10 @@ bool HasPageReaders() {
          SearchPathW(nullptr, L"pdftotext", L".exe", 0, nullptr, nullptr) != 0;
 }
 
+bool HasToolkitPrintDialog() { return false; }
+
+bool HasThaiWords() { return false; }
+
+bool HasFontconfig() { return false; }
+
 }  // namespace morvane
