@@ -21,5 +21,7 @@ bool HasToolkitPrintDialog();
 bool HasThaiWords();
 /// The toolkit asks the same service as for the good pictures which font has a letter.
 bool HasFontconfig();
+/// A process that this one has started runs, or was not waited for.
+bool HasChildren();
 
 }  // namespace morvane

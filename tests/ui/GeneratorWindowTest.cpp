@@ -5,6 +5,7 @@
 #include "drawing/qt/QtText.h"
 #include "platform/qt/QtUiThread.h"
 #include "tests/support/OpenCharts.h"
+#include "tests/support/TestSystem.h"
 #include "tests/support/Tools.h"
 #include "tests/ui/WindowTest.h"
 
@@ -144,7 +145,6 @@ TEST_F(GeneratorWindowTest, AMessageWithAPlaceIsALinkToItsObject) {
 }
 
 TEST_F(GeneratorWindowTest, AnEndlessFloodLeavesTimeForTheUser) {
-  const LeftoverCheck leftovers;
   processes.instead = ToolLine("lines 0");
   QTimer timer;
   int turns = 0;
@@ -158,7 +158,7 @@ TEST_F(GeneratorWindowTest, AnEndlessFloodLeavesTimeForTheUser) {
     timer.start(1);
   });
   EXPECT_EQ(turns, 10);
-  EXPECT_EQ(leftovers.Leftovers(), "") << "the tool is gone";
+  EXPECT_FALSE(HasChildren()) << "the tool is gone";
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "tests/support/TestSystem.h"
 
+#include <sys/wait.h>
+
 namespace morvane {
 
 int DeathBy(int number) { return number; }
@@ -13,5 +15,7 @@ bool HasToolkitPrintDialog() { return true; }
 bool HasThaiWords() { return true; }
 
 bool HasFontconfig() { return true; }
+
+bool HasChildren() { return waitpid(-1, nullptr, WNOHANG) != -1; }
 
 }  // namespace morvane
