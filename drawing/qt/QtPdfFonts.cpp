@@ -4,8 +4,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include <QFontDatabase>
-
 #include "drawing/qt/LaidOutLine.h"
 #include "drawing/qt/PdfFace.h"
 #include "drawing/qt/PdfLetterTexts.h"
@@ -35,10 +33,13 @@ Characters CharactersOf(const QRawFont& font, const QString& text) {
   return characters;
 }
 
+/// The frames that the toolkit paints where no font has a letter are of a font without a face,
+/// which must not be asked for its name.
+bool HasFace(const QRawFont& font) { return !font.fontTable("maxp").isEmpty(); }
+
 }  // namespace
 
-QtPdfFonts::QtPdfFonts(QtFontCache& fonts)
-    : fonts(fonts), hasFonts(!QFontDatabase::families().isEmpty()) {}
+QtPdfFonts::QtPdfFonts(QtFontCache& fonts) : fonts(fonts) {}
 
 QtPdfFonts::~QtPdfFonts() = default;
 
@@ -57,9 +58,8 @@ int QtPdfFonts::AdvanceOf(int face, std::uint16_t glyph) {
 const PdfFonts::Line& QtPdfFonts::Shape(const CFont& wanted, std::string_view utf8) {
   const QtFont& font = fonts.Get(wanted);
   line.runs.clear();
-  // The frames that the toolkit paints for letters without a font have no face to ask for a name.
-  line.needsText = !hasFonts;
-  if (!hasFonts || AddAscii(font, utf8)) return line;
+  line.needsText = false;
+  if (AddAscii(font, utf8)) return line;
   double x = 0;
   while (!utf8.empty()) {
     const std::string_view piece = QtFont::TakePiece(utf8);
@@ -73,6 +73,7 @@ bool QtPdfFonts::AddAscii(const QtFont& font, std::string_view utf8) {
   const QGlyphRun* glyphs = font.Glyphs(utf8);
   if (glyphs == nullptr) return false;
   const QRawFont raw = glyphs->rawFont();
+  if (!HasFace(raw)) return false;
   const int number = FaceOf(raw);
   PdfFace& face = *faces[static_cast<std::size_t>(number)];
   if (face.Kind() == PdfFace::Outlines::None) return false;
@@ -106,9 +107,13 @@ void QtPdfFonts::AddPiece(const QtFont& font, std::string_view utf8, double x) {
   qsizetype shown = 0;
   for (const QGlyphRun& glyphs : std::as_const(runs)) {
     const QRawFont raw = glyphs.rawFont();
+    shown += glyphs.glyphIndexes().size();
+    if (!HasFace(raw)) {
+      line.needsText = true;
+      continue;
+    }
     const int number = FaceOf(raw);
     PdfFace& face = *faces[static_cast<std::size_t>(number)];
-    shown += glyphs.glyphIndexes().size();
     if (face.Kind() == PdfFace::Outlines::None) {
       line.needsText = line.needsText || turns;
       continue;

@@ -37,7 +37,6 @@ class QtPdfFonts : public PdfFonts {
   void AddPiece(const QtFont& font, std::string_view utf8, double x);
 
   QtFontCache& fonts;
-  const bool hasFonts;  ///< of the system at all; without one a page has no letters
   std::vector<std::unique_ptr<PdfFace>> faces;
   std::map<QString, int> faceOf;
   Line line;
