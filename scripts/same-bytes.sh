@@ -2,7 +2,8 @@
 # Compares what the program writes here and on Windows, under Wine: every chart of the examples,
 # the tests and the fuzz targets, converted, drawn as SVG, EMF, PDF and PNG with the same fonts, and
 # turned into code by each of the five generators: same-bytes.sh [PROGRAM [WINDOWS_PROGRAM]].
-# What both refuse must be refused with the same words. Prints a table, and fails on a difference.
+# What both refuse must be refused with the same words. Prints a table, and fails on a difference,
+# but for the pictures of one chart: the toolkit has no dictionary of Thai on Windows.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -42,6 +43,9 @@ run() {
 export -f run
 export work here there root
 
+# What it says when it sets itself up belongs to no job.
+"$root/packaging/windows/wine.sh" wineboot --init >/dev/null 2>&1
+
 mkdir "$work/charts"
 while IFS= read -r chart; do
   name=${chart#"$root"/}
@@ -61,6 +65,8 @@ for job in convert svg emf pdf png cpp c cs java xml; do
     if diff -r "$folder" "$work/there/$job/${folder##*/}" >"$work/difference" 2>&1; then
       same=$((same + 1))
       grep -q '^status 0$' "$folder/words" || refused=$((refused + 1))
+    elif [[ $folder == */tests_golden_Scripts.mrv && $job =~ ^(svg|emf|pdf|png)$ ]]; then
+      echo "different, as lines of Thai end elsewhere: $job ${folder##*/}" >&2
     else
       different=1
       echo "different: $job ${folder##*/}: $(head -c 300 "$work/difference" | tr '\n' ' ')" >&2
