@@ -14,6 +14,8 @@ libraries=$MORVANE_WINDOWS_LIBRARIES
 sources=$libraries/sources
 recipes=$root/packaging/windows/libraries
 jobs=$(nproc)
+# Other clones find what the compiler's cache has of this one.
+export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$root} CCACHE_NOHASHDIR=${CCACHE_NOHASHDIR:-1}
 
 usage() {
   sed -n '2,9s/^# \{0,1\}//p' "${BASH_SOURCE[0]}" >&2
