@@ -23,7 +23,7 @@ constexpr milliseconds kStartTime = seconds(10);
 
 }  // namespace
 
-SingleInstance::SingleInstance(Handler taker, InstancePlace place)
+SingleInstance::SingleInstance(Handler taker, const InstancePlace& place)
     : handler(std::move(taker)), answerTime(place.answerTime) {
   if (!place.folder.isEmpty()) link = place.folder + '/' + place.name;
   server.setSocketOptions(QLocalServer::UserAccessOption);

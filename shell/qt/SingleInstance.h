@@ -26,7 +26,7 @@ class SingleInstance : public QObject {
     Stay       ///< open a window here in any case
   };
 
-  explicit SingleInstance(Handler handler, InstancePlace place = InstancePlace::Default());
+  explicit SingleInstance(Handler handler, const InstancePlace& place = InstancePlace::Default());
   ~SingleInstance() override;
 
   /// True if the copy that runs has taken the request over; then this process has nothing left to
