@@ -83,12 +83,11 @@ click 569 56; click 300 200 # states
 click 569 56; click 700 200
 drag 357 225 698 225
 click 619 56; click 250 225 # the initial state
-drag 260 233 298 225
 key ctrl+s
 answer 'C:\charts\Pump.mrv'
 check "saves what was drawn" test -s "$drive/charts/Pump.mrv"
-transitions() { [[ $(grep -ci transition "$drive/charts/Pump.mrv") == 2 ]]; }
-check "two transitions" transitions
+transitions() { [[ $(grep -ci transition "$drive/charts/Pump.mrv") == 1 ]]; }
+check "a transition" transitions
 
 key ctrl+o
 answer "$(winepath -w "$place/Examples/Socket_C++/Socket.mrv")"
@@ -113,7 +112,7 @@ key ctrl+q
 sleep 2
 picture question
 check "asks before it closes" xdotool search --onlyvisible --name '^Morvane$'
-key n
+key alt+n
 wait_for 10 bash -c '! xdotool search --onlyvisible --name Morvane'
 check "and is gone" bash -c '! pgrep -f "bin.[m]orvane.exe"'
 
