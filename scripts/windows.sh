@@ -103,8 +103,10 @@ install_packages() {
 
 # Its server stays between two programs, and a while behind the last.
 serve_wine() {
-  WINEPREFIX=${WINEPREFIX:-$libraries/wine} wineserver -p300 2>/dev/null || true
   "$root/packaging/windows/wine.sh" wineboot --init >/dev/null 2>&1
+  local prefix=${WINEPREFIX:-$libraries/wine}
+  WINEPREFIX=$prefix timeout 60 wineserver -w || true
+  WINEPREFIX=$prefix wineserver -p300 || true
 }
 
 configure_and_build() {
