@@ -5,7 +5,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace morvane {
 
@@ -24,19 +23,6 @@ bool IsStillAt(const std::string& path, int descriptor) {
 }
 
 }  // namespace
-
-FileLock::~FileLock() { Release(); }
-
-FileLock::FileLock(FileLock&& other) noexcept
-    : path(std::move(other.path)), handle(std::exchange(other.handle, kNone)) {}
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept {
-  if (this == &other) return *this;
-  Release();
-  path = std::move(other.path);
-  handle = std::exchange(other.handle, kNone);
-  return *this;
-}
 
 void FileLock::Release() {
   if (Held()) close(Number(handle));

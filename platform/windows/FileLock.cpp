@@ -1,6 +1,5 @@
 #include "platform/FileLock.h"
 
-#include <utility>
 #include <windows.h>
 
 #include "platform/FileSystem.h"
@@ -41,19 +40,6 @@ bool IsStillAt(const std::string& path, std::intptr_t handle) {
 }
 
 }  // namespace
-
-FileLock::~FileLock() { Release(); }
-
-FileLock::FileLock(FileLock&& other) noexcept
-    : path(std::move(other.path)), handle(std::exchange(other.handle, kNone)) {}
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept {
-  if (this == &other) return *this;
-  Release();
-  path = std::move(other.path);
-  handle = std::exchange(other.handle, kNone);
-  return *this;
-}
 
 void FileLock::Release() {
   if (Held()) CloseHandle(Native(handle));
