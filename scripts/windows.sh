@@ -56,10 +56,12 @@ is_made() {
   [[ -f $libraries/made-$name && $(<"$libraries/made-$name") == "$recipe" ]]
 }
 
-build() { # build SOURCE FOLDER OPTION...: builds and installs a step among the libraries
+# build SOURCE FOLDER OPTION...: builds and installs a step among the libraries. Its folder may be
+# another checkout's, so what that configured is forgotten.
+build() {
   local source=$1 folder=$libraries/build/$2
   shift 2
-  cmake -G Ninja -S "$source" -B "$folder" --toolchain "$root/packaging/windows/toolchain.cmake" \
+  cmake --fresh -G Ninja -S "$source" -B "$folder" --toolchain "$root/packaging/windows/toolchain.cmake" \
     -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$libraries" "$@"
   cmake --build "$folder" --parallel "$jobs"
   cmake --install "$folder"
