@@ -77,6 +77,7 @@ void QtView::Detach() {
   queue.clear();
   repaintTimer.stop();
   edgeTimer.stop();
+  Stir();
 }
 
 RECT QtView::ClientRect() const { return {0, 0, viewport()->width(), viewport()->height()}; }

@@ -103,6 +103,8 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   void RepeatMove();
   void OnBarMoved(ScrollBar bar, int value);
   void LoseCapture();
+  /// A nested loop is not to sleep before it has seen what has just changed.
+  void Stir();
   void FollowButtons(Qt::MouseButtons held);
 
   QRegion ToPhysical(const QRegion& device) const;
@@ -129,6 +131,7 @@ class QtView : public QAbstractScrollArea, public WindowPeer {
   bool waiting = false;  ///< inside `NextMessage`
   int handlers = 0;      ///< operations of the view that are running
   bool quitLoop = false;
+  bool stirred = false;  ///< since `NextMessage` began to wait
 
   bool captured = false;
   bool grabbed = false;

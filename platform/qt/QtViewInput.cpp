@@ -70,11 +70,13 @@ Message QtView::NextMessage() {
   if (queue.empty() && !quitLoop && view != nullptr) {
     const bool outer = waiting;
     waiting = true;
-    // What is there already is handed out before the thread may sleep.
+    stirred = false;
+    // What is there already is handed out before the thread may sleep. Some dispatchers tell only
+    // of what the system sent, not of what was posted to the program.
     QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
-    if (!dispatcher->processEvents(QEventLoop::AllEvents)) {
-      dispatcher->processEvents(QEventLoop::WaitForMoreEvents);
-    }
+    const bool sent = dispatcher->processEvents(QEventLoop::AllEvents);
+    if (self == nullptr) return quit;
+    if (!sent && !stirred) dispatcher->processEvents(QEventLoop::WaitForMoreEvents);
     if (self == nullptr) return quit;
     waiting = outer;
   }
@@ -91,6 +93,14 @@ Message QtView::NextMessage() {
 
 void QtView::EndLoop() {
   if (waiting) quitLoop = true;
+  Stir();
+}
+
+void QtView::Stir() {
+  if (!waiting) return;
+  stirred = true;
+  // Or it would go on to sleep before it returns.
+  if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->interrupt();
 }
 
 void QtView::Remember(const Message& message) {
@@ -107,6 +117,7 @@ bool QtView::Take(const Message& message) {
   if (message.kind != Message::Kind::KeyDown) newest = message.point;
   if (waiting) {
     queue.push_back(message);
+    Stir();
     if (message.kind == Message::Kind::MouseMove) NoteEdge(message.point);
     return true;
   }
@@ -417,6 +428,7 @@ void QtView::ReleaseCapture() {
 
 void QtView::LoseCapture() {
   if (captured) ReleaseCapture();
+  Stir();
   if (view != nullptr && !waiting) view->OnMouseLeave();
 }
 

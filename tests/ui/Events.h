@@ -2,9 +2,10 @@
 
 #include <memory>
 
+#include <QApplication>
 #include <QBackingStore>
-#include <QCoreApplication>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QWidget>
 
 namespace morvane {
@@ -46,6 +47,15 @@ inline void SendKey(QWidget& widget, int key, const QString& text = {},
 
 inline void PostKey(QWidget& widget, int key) {
   QCoreApplication::postEvent(&widget, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+}
+
+/// Runs the loop until something holds. A dispatcher may go on sleeping when what was posted has
+/// made it hold, so there is always something to wake it.
+template <class Condition>
+void RunUntil(const Condition& holds) {
+  QTimer awake;
+  awake.start(1);
+  while (!holds()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 }  // namespace morvane

@@ -98,9 +98,7 @@ class StartedPrograms {
   }
   /// The first of two processes that ends.
   static QProcess& WaitForOne(QProcess& a, QProcess& b) {
-    while (a.state() == QProcess::Running && b.state() == QProcess::Running) {
-      QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
+    RunUntil([&] { return a.state() != QProcess::Running || b.state() != QProcess::Running; });
     return a.state() == QProcess::Running ? b : a;
   }
 

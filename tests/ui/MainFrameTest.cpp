@@ -82,9 +82,7 @@ TEST_F(MainFrameTest, EntriesKeysAndButtonsFollowTheirCommands) {
   });
   ASSERT_NE(zoomIn, buttons.end());
   // Buttons follow when the program has nothing to do, until something happens again.
-  QTimer happening;
-  happening.start(1);
-  while ((*zoomIn)->isEnabled()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  RunUntil([&] { return !(*zoomIn)->isEnabled(); });
 }
 
 TEST_F(MainFrameTest, AnOpenChartComesForwardAndAFailedOneLeavesNoWindow) {

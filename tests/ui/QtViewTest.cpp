@@ -70,7 +70,10 @@ TEST_F(QtViewTest, ALoopPaintsButNeitherScrollsNorTakesKeysForCommands) {
   view.SetScrollSizes({1000, 1000}, {10, 10});
   view.onPress = [&] {
     view.Invalidate();
+    QTimer awake;
+    awake.start(1);
     while (view.paints == 0) view.NextMessage();
+    awake.stop();
     QTimer::singleShot(0, widget.get(), [&] {
       Wheel(-120);
       shortcut.ignore();

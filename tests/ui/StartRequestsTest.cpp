@@ -19,7 +19,7 @@ class StartRequestsTest : public MainWindow<FakeDocument, FakeView> {
   }
   /// Runs the loop until the program shows that many charts.
   void WaitForCharts(std::size_t count) {
-    while (Titles().size() < count) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    RunUntil([&] { return Titles().size() >= count; });
   }
   /// Runs the loop over timers that are due before one of its own.
   static void LetTimersRun() {
@@ -48,7 +48,7 @@ TEST_F(StartRequestsTest, OpenTheirChartOrANewOne) {
   EXPECT_EQ(Titles().back(), "Morvane_Diagram2");
   frame->showMinimized();
   requests.Add({"/x/One.mrv", "", ""});
-  while (frame->isMinimized()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  RunUntil([&] { return !frame->isMinimized(); });
   EXPECT_EQ(frame->ActiveChild()->Document()->GetTitle(), "One.mrv");
   EXPECT_EQ(Titles().size(), 3U);
 }

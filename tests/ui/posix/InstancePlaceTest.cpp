@@ -3,8 +3,6 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <QFileSystemWatcher>
-
 #include "tests/ui/InstanceMeeting.h"
 
 namespace morvane {
@@ -88,10 +86,9 @@ class ProgramStartTest : public testing::Test {
         {{"XDG_RUNTIME_DIR", own}, {"XDG_CONFIG_HOME", own}, {"XDG_STATE_HOME", own}});
   }
   void WaitForRecentFile(const std::string& path) {
-    QFileSystemWatcher watcher({QString::fromStdString(folder.Path("Halvern"))});
-    while (folder.Read("Halvern/Morvane.ini").find("File1=" + path) == std::string::npos) {
-      QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
+    RunUntil([&] {
+      return folder.Read("Halvern/Morvane.ini").find("File1=" + path) != std::string::npos;
+    });
   }
 
   const TempFolder folder;
