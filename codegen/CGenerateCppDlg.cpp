@@ -1,5 +1,8 @@
 #include "codegen/CGenerateCppDlg.h"
 
+#include <array>
+#include <cstdio>
+
 #include "codegen/ChartPlaces.h"
 #include "codegen/PlacedMessage.h"
 #include "codegen/ToolInbox.h"
@@ -26,13 +29,20 @@ constexpr int kOutputLines = 20;
 // When output was dropped on its way, what came after it fills the box: the text has no gap.
 static_assert(CGenerateCppDlg::kBoxLimit <= ToolInbox::kCapacity);
 
+/// A number below zero is one of a system that has them for exceptions, and writes them like that.
+std::string NumberText(int number) {
+  if (number >= 0) return std::to_string(number);
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "0x%08X", static_cast<unsigned>(number));
+  return text.data();
+}
+
 /// How a run ended, for the user.
 std::string TextOf(const std::optional<ProcessEnd>& end) {
   if (!end) return LoadText(IDS_TOOL_ENDED);
   const bool exited = end->how == ProcessEnd::How::Exited;
   if (exited && end->number == 0) return LoadText(IDS_TOOL_FINISHED);
-  return WithName(LoadText(exited ? IDS_TOOL_EXIT_CODE : IDS_TOOL_SIGNAL),
-                  std::to_string(end->number));
+  return WithName(LoadText(exited ? IDS_TOOL_EXIT_CODE : IDS_TOOL_SIGNAL), NumberText(end->number));
 }
 
 class NoGeneratorHost : public GeneratorHost {

@@ -31,5 +31,4 @@ if [[ -n $since ]]; then
 fi
 # A folder of its own: clang can't read the compiler's precompiled headers.
 cmake --preset tidy
-cmake --build build/tidy --target morvane_{drawing,platform,codegen,shell}_qt_autogen
 run-clang-tidy -quiet -p build/tidy -j "$(nproc)" "$filter"

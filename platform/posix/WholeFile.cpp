@@ -5,9 +5,9 @@
 #include <climits>
 #include <cstdio>
 #include <fcntl.h>
-#include <random>
 #include <unistd.h>
 
+#include "platform/NameBeside.h"
 #include "platform/posix/PosixFile.h"
 
 namespace morvane {
@@ -80,17 +80,6 @@ int TakeOver(PosixFile& file, const struct stat& old) {
     error = 0;
   }
   return error != 0 ? error : file.SetMode(mode);
-}
-
-/// Short, so that it fits wherever the name of the target does.
-std::string AnyName() {
-  constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz0123456789";
-  constexpr int count = 8;
-  std::random_device source;
-  std::uniform_int_distribution<std::size_t> any(0, letters.size() - 1);
-  std::string name = ".mrv-";
-  for (int i = 0; i < count; ++i) name += letters[any(source)];
-  return name;
 }
 
 }  // namespace
@@ -212,7 +201,7 @@ FileResult WholeFile::ReplaceBy(std::string_view bytes, const struct stat* old) 
 int WholeFile::MakeBeside(PosixFile& file, std::string& beside, mode_t mode) const {
   int error = EEXIST;
   for (int i = 0; i < kMostNames && error == EEXIST; ++i) {
-    beside = Folder() + AnyName();
+    beside = Folder() + NameBeside();
     error = file.Open(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
   }
   return error;

@@ -1,9 +1,9 @@
 #include "platform/windows/WholeFile.h"
 
 #include <cerrno>
-#include <random>
 #include <windows.h>
 
+#include "platform/NameBeside.h"
 #include "platform/windows/WideText.h"
 
 namespace morvane {
@@ -57,37 +57,16 @@ FileResult Fill(WindowsFile& file, std::string_view bytes, const WindowsFile::Fa
   return {};
 }
 
-/// Where the links at a path lead to; itself if they lead nowhere.
-std::wstring BehindLinks(const std::wstring& path) {
-  const DWORD attributes = GetFileAttributesW(path.c_str());
-  const bool isLink =
-      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-  if (!isLink) return path;
-  const SystemHandle file(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  if (!file.IsOpen()) return path;
-  const DWORD length = GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
-  std::wstring final(length, L'\0');
-  final.resize(GetFinalPathNameByHandleW(file.Get(), final.data(), length, FILE_NAME_NORMALIZED));
-  return final.empty() ? path : final;
-}
-
-/// Short, so that it fits wherever the name of the target does.
-std::wstring AnyName() {
-  constexpr std::wstring_view letters = L"abcdefghijklmnopqrstuvwxyz0123456789";
-  constexpr int count = 8;
-  std::random_device source;
-  std::uniform_int_distribution<std::size_t> any(0, letters.size() - 1);
-  std::wstring name = L".mrv-";
-  for (int i = 0; i < count; ++i) name += letters[any(source)];
-  return name;
-}
-
 }  // namespace
 
 WholeFile::WholeFile(const std::string& path)
-    : target(BehindLinks(WidePath(path))), isDevice(NamesDevice(path)) {}
+    : target(WidePath(path)), isDevice(NamesDevice(path)) {
+  const DWORD attributes = GetFileAttributesW(target.c_str());
+  const bool isLink =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  const std::wstring behind = isLink ? WindowsFile::FinalPath(target) : std::wstring();
+  if (!behind.empty()) target = behind;
+}
 
 int WholeFile::Look(WindowsFile::Facts& old) const {
   if (isDevice) return ENXIO;
@@ -185,7 +164,7 @@ int WholeFile::MakeBeside(WindowsFile& file, std::wstring& beside) const {
       separator == std::wstring::npos ? std::wstring() : target.substr(0, separator + 1);
   int error = EEXIST;
   for (int i = 0; i < kMostNames && error == EEXIST; ++i) {
-    beside = folder + AnyName();
+    beside = folder + Wide(NameBeside());
     error = file.Open(beside, WindowsFile::Use::MakeNew);
   }
   return error;

@@ -11,23 +11,6 @@
 
 namespace morvane {
 
-namespace {
-
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-/// The path as the system has it written, links and dots resolved; empty if there is no such file.
-std::wstring FinalPath(const std::wstring& path) {
-  const SystemHandle file(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  if (!file.IsOpen()) return {};
-  const DWORD length = GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
-  std::wstring found(length, L'\0');
-  found.resize(GetFinalPathNameByHandleW(file.Get(), found.data(), length, FILE_NAME_NORMALIZED));
-  return found;
-}
-
-}  // namespace
-
 FileResult ReadWholeFile(const std::string& path, std::string& bytes) {
   bytes.clear();
   if (path == StandardInputPath()) return StandardInput::ReadAll(bytes);
@@ -64,7 +47,7 @@ std::string FullPath(const std::string& path) {
   for (std::string there = full; !there.empty(); there = FolderOf(there)) {
     // A drive without its separator would be the folder that was used last on it.
     const bool isDrive = there.ends_with(':');
-    std::wstring found = FinalPath(WidePath(isDrive ? there + '\\' : there));
+    std::wstring found = WindowsFile::FinalPath(WidePath(isDrive ? there + '\\' : there));
     if (isDrive && found.ends_with(L'\\')) found.pop_back();
     if (!found.empty()) return NarrowPath(found) + missing;
     missing.insert(0, "\\" + FileNameOf(there));

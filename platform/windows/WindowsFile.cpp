@@ -17,6 +17,12 @@ std::uint64_t Join(DWORD high, DWORD low) { return std::uint64_t{high} << kHalf 
 
 int ErrorOf(BOOL done) { return done != 0 ? 0 : LastErrno(); }
 
+/// Opens a file or a folder for questions alone, which disturbs nobody.
+SystemHandle OpenToAsk(const std::wstring& path) {
+  return SystemHandle(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
 /// Somebody else may have locked a part, which would show at the write that reaches it.
 int LockAll(HANDLE file) {
   OVERLAPPED from{};
@@ -59,9 +65,17 @@ int WindowsFile::Open(const std::wstring& path, Use use) {
 }
 
 int WindowsFile::Ask(const std::wstring& path, Facts& facts) {
-  const SystemHandle file(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const SystemHandle file = OpenToAsk(path);
   return file.IsOpen() ? FactsOf(file.Get(), facts) : LastErrno();
+}
+
+std::wstring WindowsFile::FinalPath(const std::wstring& path) {
+  const SystemHandle file = OpenToAsk(path);
+  if (!file.IsOpen()) return {};
+  const DWORD length = GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
+  std::wstring found(length, L'\0');
+  found.resize(GetFinalPathNameByHandleW(file.Get(), found.data(), length, FILE_NAME_NORMALIZED));
+  return found;
 }
 
 int WindowsFile::Ask(Facts& facts) const { return FactsOf(handle.Get(), facts); }

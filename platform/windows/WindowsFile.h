@@ -38,6 +38,8 @@ class WindowsFile {
   /// Asks for what is known of a file, for which nobody needs to be let in.
   static int Ask(const std::wstring& path, Facts& facts);
   int Ask(Facts& facts) const;
+  /// A path as the system has it written, links and dots resolved; empty if there is no such file.
+  static std::wstring FinalPath(const std::wstring& path);
   /// It lies on a disk: it is no pipe, device or console.
   bool IsOnDisk() const;
   /// Adds all that is left of the file to `bytes`.

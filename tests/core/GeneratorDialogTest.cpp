@@ -30,7 +30,7 @@ TEST(GeneratorDialogTest, TellsWhatRunsAndHowItEnds) {
   const std::pair<const char*, std::string> cases[] = {
       {"exit 0", "Finished"},
       {"exit 1", "Failed with exit code 1"},
-      {"signal 9", "Ended by signal " + std::to_string(DeathBy(9))}};
+      {"signal 9", "Ended by signal " + DeathBy(9)}};
   UiQueue ui;
   TestProcesses processes;
   const StepUser user([&](Dlg& dialog) {

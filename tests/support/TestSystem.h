@@ -6,9 +6,9 @@ namespace morvane {
 
 // What tests have to know of the system that they run on.
 
-/// By which number a process is known to have ended that died of the signal, or where there are
-/// none of the exception, of a number.
-int DeathBy(int number);
+/// The text of the number by which a process is known to have ended that died of the signal, or
+/// where there are none of the exception, of a number below ten.
+std::string DeathBy(int number);
 /// A file that takes no byte, as on a full disk; empty where there is none.
 std::string FullDevice();
 /// False where nobody can expect the programs that read pages for the tests, pdftoppm and

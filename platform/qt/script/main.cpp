@@ -65,17 +65,19 @@ class Watch {
 QJsonObject Answer(QJSEngine& engine, const QString& program) {
   engine.setInterrupted(false);
   QJSValue value;
+  QString text;
   QStringList thrownAt;
   bool late = false;
   {
     const Watch watch(engine);
     value = engine.evaluate(program, QString(), 1, &thrownAt);
+    // It may run a function of its own to become text.
+    if (!value.isUndefined()) text = value.toString();
     late = watch.IsLate();
   }
   engine.setInterrupted(false);
   if (late) return {{"late", true}};
-  if (value.isError() || !thrownAt.isEmpty()) return {{"fault", value.toString()}};
-  const QString text = value.isUndefined() ? QString() : value.toString();
+  if (value.isError() || !thrownAt.isEmpty()) return {{"fault", text}};
   if (text.size() > kScriptAnswerBytes) return {{"fault", "the answer is too long"}};
   return {{"value", text}};
 }

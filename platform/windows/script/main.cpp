@@ -112,9 +112,10 @@ Json Answer(duk_context* engine, Limits& limits, const std::string& program) {
   limits.isLate = false;
   limits.end = Clock::now() + std::chrono::milliseconds(kScriptMilliseconds);
   const bool failed = duk_peval_lstring(engine, program.data(), program.size()) != 0;
-  limits.end = Clock::time_point::max();
+  // A value may run a function of its own to become text.
   const std::string text =
       !failed && duk_is_undefined(engine, -1) != 0 ? std::string() : TopAsText(engine);
+  limits.end = Clock::time_point::max();
   duk_pop(engine);
   if (limits.isLate) return {{"late", true}};
   if (failed) return {{"fault", text}};

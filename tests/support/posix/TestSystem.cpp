@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-int DeathBy(int number) { return number; }
+std::string DeathBy(int number) { return std::to_string(number); }
 
 std::string FullDevice() { return "/dev/full"; }
 

@@ -6,10 +6,7 @@
 
 namespace morvane {
 
-int DeathBy(int number) {
-  constexpr unsigned exception = 0xC0000000;
-  return static_cast<int>(exception | static_cast<unsigned>(number));
-}
+std::string DeathBy(int number) { return "0xC000000" + std::to_string(number); }
 
 std::string FullDevice() { return {}; }
 
