@@ -103,12 +103,13 @@ install_packages() {
     googletest bison flex dpkg-dev patch icoutils "$@"
 }
 
-# Its server stays between two programs, and a while behind the last.
+# Its server stays between two programs, and ends with this script and whatever a test has left.
 serve_wine() {
   "$root/packaging/windows/wine.sh" wineboot --init >/dev/null 2>&1
-  local prefix=${WINEPREFIX:-$libraries/wine}
+  prefix=${WINEPREFIX:-$libraries/wine}
   WINEPREFIX=$prefix timeout 60 wineserver -w || true
-  WINEPREFIX=$prefix wineserver -p300 || true
+  WINEPREFIX=$prefix wineserver -p300 >/dev/null 2>&1 || true
+  trap 'WINEPREFIX=$prefix wineserver -k || true' EXIT
 }
 
 configure_and_build() {
