@@ -15,7 +15,8 @@ std::string FullDevice();
 /// pdftotext.
 bool HasPageReaders();
 
-/// The dialog that asks for a printer is the toolkit's, not the system's.
+/// The dialog that asks for a printer is the toolkit's. Where it is the system's, the one that asks
+/// for a file comes in its place while there is no printer.
 bool HasToolkitPrintDialog();
 /// The toolkit finds a library here that knows the words of Thai, which no blank parts.
 bool HasThaiWords();

@@ -40,11 +40,29 @@ class PrintWindow : public testing::Test {
       pages.push_back(image.convertToFormat(QImage::Format_RGB32));
     }
   }
-  /// Answers the dialog that asks for a printer. One of the system's own takes no file for one, and
-  /// asks nothing.
-  template <class Act>
-  void InPrintDialog(Act act) {
-    if (HasToolkitPrintDialog()) InNextWindow<QPrintDialog>(act);
+  /// Answers the dialog that comes next and asks for a printer or, where that is the system's own
+  /// and it has no printer, for a file.
+  void AnswerPrintDialog(bool prints, const std::string& proposed = {}) {
+    const auto answer = [prints](QDialog& dialog) { prints ? dialog.accept() : dialog.reject(); };
+    const auto expect = [proposed](const QString& file) {
+      if (!proposed.empty()) {
+        EXPECT_EQ(QDir::fromNativeSeparators(file).toStdString(), proposed);
+      }
+    };
+    if (HasToolkitPrintDialog()) {
+      return InNextWindow<QPrintDialog>([answer, expect](QPrintDialog& dialog) {
+        const auto* field = dialog.findChild<QLineEdit*>("filename");
+        ASSERT_NE(field, nullptr);
+        expect(field->text());
+        answer(dialog);
+      });
+    }
+    const QString file = printing.Printer().outputFileName();
+    InNextWindow<QFileDialog>([answer, expect, prints, file](QFileDialog& dialog) {
+      expect(dialog.selectedFiles().value(0));
+      if (prints) dialog.selectFile(file);
+      answer(dialog);
+    });
   }
   static QAction* Button(QtPrintPreview& preview, const QString& text) {
     for (QAction* action : preview.findChild<QToolBar*>()->actions()) {
@@ -103,7 +121,7 @@ TEST_F(PrintWindow, PreviewShowsThePagesThatThePaperGets) {
     Button(preview, "All Pages")->trigger();
     EXPECT_EQ(view->viewMode(), QPrintPreviewWidget::AllPagesView);
 
-    InPrintDialog([](QPrintDialog& dialog) { dialog.accept(); });
+    AnswerPrintDialog(true);
     Button(preview, "Print...")->trigger();
     if (HasPageReaders()) {
       EXPECT_EQ(Pages().size(), 2U);
@@ -118,12 +136,7 @@ TEST_F(PrintWindow, AFileGetsCopiesInOrderAndInGreyAndLiesBesideTheChart) {
   const auto chart = LoadChart(ChartText(StateRecord(1, {20, 20, 250, 100})));
   CPrintInfo info;
   info.path = folder.Path("Lift.mrv");
-  InPrintDialog([&](QPrintDialog& dialog) {
-    auto* field = dialog.findChild<QLineEdit*>("filename");
-    ASSERT_NE(field, nullptr);
-    EXPECT_EQ(field->text().toStdString(), folder.Path("Lift.pdf"));
-    dialog.reject();
-  });
+  AnswerPrintDialog(false, folder.Path("Lift.pdf"));
   printing.AskPrinter(info, "Lift");
 
   QPrinter& printer = printing.Printer();
@@ -171,7 +184,7 @@ TEST_F(PrintWindow, WhatCannotBePrintedIsSaidAndCancelPrintsNothing) {
   far->OnCommand(ID_FILE_PRINT_PREVIEW);
 
   const auto chart = LoadChart(SmallChart());
-  InPrintDialog([](QPrintDialog& dialog) { dialog.reject(); });
+  AnswerPrintDialog(false);
   chart->OnCommand(ID_FILE_PRINT);
   EXPECT_TRUE(Pages().empty());
   SetPath(folder.Path("none/chart.pdf"));
