@@ -103,13 +103,15 @@ install_packages() {
     googletest bison flex dpkg-dev patch icoutils "$@"
 }
 
-# Its server stays between two programs, and ends with this script and whatever a test has left.
+# Has one program wait all the while that the tests run: when none does, Wine ends its services, and
+# loses a program that starts meanwhile. The program ends with its input, which this script holds.
 serve_wine() {
-  "$root/packaging/windows/wine.sh" wineboot --init >/dev/null 2>&1
-  prefix=${WINEPREFIX:-$libraries/wine}
-  WINEPREFIX=$prefix timeout 60 wineserver -w || true
-  WINEPREFIX=$prefix wineserver -p300 >/dev/null 2>&1 || true
-  trap 'WINEPREFIX=$prefix wineserver -k || true' EXIT
+  local wine=$root/packaging/windows/wine.sh
+  "$wine" wineboot --init >/dev/null 2>&1
+  coproc waiting { exec "$wine" cmd >/dev/null 2>&1; }
+  timeout 120 "$wine" cmd /c exit >/dev/null 2>&1 || true
+  # And so does whatever a test has left.
+  trap 'WINEPREFIX=${WINEPREFIX:-$libraries/wine} wineserver -k || true' EXIT
 }
 
 configure_and_build() {
@@ -121,7 +123,7 @@ configure_and_build() {
 run_tests() {
   serve_wine
   cd "$root"
-  # Wine now and then loses a program that it has only just started.
+  # Wine now and then loses a program all the same.
   ctest --preset "$1" --repeat until-pass:2
 }
 
