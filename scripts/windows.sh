@@ -14,6 +14,8 @@ libraries=$MORVANE_WINDOWS_LIBRARIES
 sources=$libraries/sources
 recipes=$root/packaging/windows/libraries
 jobs=$(nproc)
+# Never one that the user keeps programs in: what runs in it is ended with the tests.
+export WINEPREFIX=$libraries/wine
 # Other clones find what the compiler's cache has of this one.
 export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$root} CCACHE_NOHASHDIR=${CCACHE_NOHASHDIR:-1}
 
@@ -111,7 +113,7 @@ serve_wine() {
   coproc waiting { exec "$wine" cmd >/dev/null 2>&1; }
   timeout 120 "$wine" cmd /c exit >/dev/null 2>&1 || true
   # And so does whatever a test has left.
-  trap 'WINEPREFIX=${WINEPREFIX:-$libraries/wine} wineserver -k || true' EXIT
+  trap 'wineserver -k || true' EXIT
 }
 
 configure_and_build() {
