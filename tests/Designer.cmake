@@ -3,14 +3,9 @@ include(ToolkitEnvironment.cmake)
 file(GLOB ui_tests CONFIGURE_DEPENDS ui/*.cpp ui/${system}/*.cpp)
 add_executable(morvane_ui_tests ${ui_tests} machine/ChartSketch.cpp)
 target_link_libraries(morvane_ui_tests PRIVATE morvane_test_support morvane_ui)
-precompile(morvane_ui_tests ui/WindowTest.h)
+target_precompile_headers(morvane_ui_tests PRIVATE ui/WindowTest.h)
 # Its names are taken by the toolkit's.
 set_source_files_properties(machine/ChartSketch.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
-target_compile_definitions(
-  morvane_ui_tests PRIVATE MORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
-                           MORVANE_GOLDEN_OUTPUT="${CMAKE_CURRENT_BINARY_DIR}/golden"
-                           MORVANE_PROGRAM="$<TARGET_FILE:morvane>"
-                           MORVANE_TEST_TOOL="$<TARGET_FILE:morvane_test_tool>")
 add_dependencies(morvane_ui_tests morvane morvane_test_tool)
 gtest_discover_tests(morvane_ui_tests DISCOVERY_TIMEOUT 60
                      PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen ${font_property})

@@ -11,8 +11,6 @@ add_test(NAME Examples.ThoseOfTheTutorial
 file(GLOB fault_tests CONFIGURE_DEPENDS faults/*.cpp)
 add_executable(morvane_fault_tests ${fault_tests})
 target_link_libraries(morvane_fault_tests PRIVATE morvane_test_support GTest::gtest_main)
-target_compile_definitions(morvane_fault_tests
-                           PRIVATE MORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
 foreach(function open fstat lstat readlink read write posix_fallocate ftruncate fsync fchown fchmod
                  close rename unlink)
   target_link_options(morvane_fault_tests PRIVATE -Wl,--wrap=${function})

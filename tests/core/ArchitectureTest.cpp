@@ -4,6 +4,7 @@
 #include <set>
 
 #include "tests/support/ChartTest.h"
+#include "tests/support/Places.h"
 
 namespace morvane {
 
@@ -104,7 +105,7 @@ TEST(Architecture, LinesAreJudged) {
 }
 
 TEST(Architecture, SourcesKeepToTheirLevel) {
-  const fs::path root = MORVANE_SOURCE_DIR;
+  const fs::path root = SourcePath(".");
   for (const auto& [room, below] : kFloors) {
     EXPECT_FALSE(fs::is_empty(root / room));
     for (const auto& entry : fs::recursive_directory_iterator(root / room)) {

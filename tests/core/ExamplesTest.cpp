@@ -1,4 +1,5 @@
 #include "tests/support/ChartTest.h"
+#include "tests/support/Places.h"
 
 namespace morvane {
 
@@ -10,7 +11,7 @@ TEST(Examples, WriteTheirBytesBackAlsoWhenTheirStatesAreTouched) {
                            "Turnstile_C/Turnstile.mrv", "WashingMachine_C#/WashingMachine.mrv",
                            "Safe_Java/Safe.mrv", "Alarm_XML/Alarm.mrv"}) {
     SCOPED_TRACE(name);
-    const std::string path = std::string(MORVANE_SOURCE_DIR) + "/Examples/" + name;
+    const std::string path = SourcePath("Examples/") + name;
     LayoutMgr chart;
     std::string bytes;
     ASSERT_EQ(ModelFile::Load(path, chart), "");

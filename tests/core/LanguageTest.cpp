@@ -14,6 +14,7 @@
 #include "surface/ObjectMenus.h"
 #include "tests/support/AllDialogs.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/Places.h"
 #include "tests/support/Variables.h"
 
 namespace morvane {
@@ -117,7 +118,7 @@ std::size_t CountDialogClasses() {
   static const std::regex derived("public (Dialog|PropertySheet)\\b");
   std::size_t count = 0;
   for (const char* room : {"dialogs", "codegen"}) {
-    for (const auto& entry : fs::directory_iterator(fs::path(MORVANE_SOURCE_DIR) / room)) {
+    for (const auto& entry : fs::directory_iterator(SourcePath(room))) {
       std::string text;
       if (entry.path().extension() == ".h") ReadWholeFile(entry.path().string(), text);
       const std::sregex_iterator found(text.begin(), text.end(), derived);
@@ -154,7 +155,7 @@ const Texts& TextsAskedFor() {
   for (const char* folder :
        {"platform", "model", "states", "connectors", "persistence", "recovery", "machine",
         "simulation", "surface", "dialogs", "codegen", "checks", "exchange", "review", "shell"}) {
-    const Texts found = TextsAskedForIn(fs::path(MORVANE_SOURCE_DIR) / folder);
+    const Texts found = TextsAskedForIn(SourcePath(folder));
     texts.insert(texts.end(), found.begin(), found.end());
   }
   EXPECT_GT(texts.size(), 200);
@@ -197,7 +198,7 @@ class LanguageLibrary : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
     std::string bytes;
-    const std::string folder = MORVANE_SOURCE_DIR "/resources/lang/";
+    const std::string folder = SourcePath("resources/lang/");
     ASSERT_TRUE(ReadWholeFile(folder + "lang" + GetParam() + ".txt", bytes).Ok());
     ASSERT_TRUE(IsValidUtf8(bytes) && library.Read(bytes));
   }

@@ -1,6 +1,7 @@
 #include "machine/MachineBuilder.h"
 #include "surface/ChartArranger.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/Places.h"
 
 namespace morvane {
 
@@ -31,7 +32,7 @@ std::string Kept(const LayoutMgr& chart) {
 TEST(TidyUp, ExamplesKeepAllButTheirPlacesAndGoBackInOneStep) {
   for (const std::string example : kExamples) {
     LayoutMgr chart;
-    ASSERT_EQ(ModelFile::Load(MORVANE_SOURCE_DIR "/Examples/" + example, chart), "");
+    ASSERT_EQ(ModelFile::Load(SourcePath("Examples/") + example, chart), "");
     chart.PlaceWithoutWindow(LayoutMgr::Size::Normal);
     chart.TakeSnapshot();
     const std::string before = chart.ModelText();

@@ -3,6 +3,7 @@
 
 #include "tests/faults/Faults.h"
 #include "tests/support/ChartTest.h"
+#include "tests/support/Places.h"
 
 namespace morvane {
 
@@ -73,7 +74,7 @@ TEST_F(FaultsTest, AFileThatCannotBeReadIsSaid) {
 }
 
 TEST_F(FaultsTest, MemoryThatRunsOutWhileReadingIsSaid) {
-  const std::string example = MORVANE_SOURCE_DIR "/Examples/Socket_C++/Socket.mrv";
+  const std::string example = SourcePath("Examples/Socket_C++/Socket.mrv");
   for (const std::size_t size : {std::size_t{1}, std::size_t{1} << 16}) {
     bool failed = true;
     int request = 0;

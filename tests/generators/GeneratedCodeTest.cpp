@@ -9,6 +9,7 @@
 #include "generators/EmitterFor.h"
 #include "generators/NamePool.h"
 #include "tests/generators/TraceCases.h"
+#include "tests/support/Places.h"
 
 namespace morvane {
 
@@ -38,7 +39,7 @@ std::string Replaced(std::string text, char what, const std::string& with) {
 class CodeRig {
  public:
   explicit CodeRig(const Toolchain& chain)
-      : chain(chain), root(std::filesystem::path(MORVANE_TEST_OUTPUT) / chain.folder) {
+      : chain(chain), root(OutputPath("generators/") + chain.folder) {
     std::filesystem::remove_all(root);
     for (const char* package : {"traced", "plain"}) {
       std::filesystem::create_directories(root / package);

@@ -6,6 +6,7 @@
 #include "shell/FrameCommands.h"
 #include "shell/MenuTable.h"
 #include "surface/ViewGeometry.h"
+#include "tests/support/Places.h"
 #include "tests/support/Routes.h"
 #include "tests/support/TreeRows.h"
 
@@ -197,7 +198,7 @@ void Scenario::UseMouse(const std::string& verb, POINT place, const std::string&
 void Scenario::Open(const std::string& name) {
   std::string bytes;
   const std::string file = name + ".mrv";
-  EXPECT_TRUE(ReadWholeFile(MORVANE_SOURCE_DIR "/tests/scenarios/" + file, bytes).Ok());
+  EXPECT_TRUE(ReadWholeFile(SourcePath("tests/scenarios/") + file, bytes).Ok());
   if (manager.OpenDocumentFile(user.Folder().Write(file, bytes)) == nullptr) return;
   if (!chart->GetGeometry().IsGridShown()) user.Note("no grid");
   before = Now();

@@ -1,4 +1,5 @@
 #include "tests/scenarios/Scenario.h"
+#include "tests/support/Places.h"
 
 namespace morvane {
 
@@ -19,7 +20,7 @@ struct Section {
 
 void PrintTo(const Section& section, std::ostream* out) { *out << section.name; }
 
-void ReadSections(const char* folder, std::vector<Section>& sections) {
+void ReadSections(const std::string& folder, std::vector<Section>& sections) {
   if (!fs::exists(folder)) return;
   for (const auto& entry : fs::directory_iterator(folder)) {
     if (entry.path().extension() != ".txt") continue;
@@ -36,8 +37,8 @@ void ReadSections(const char* folder, std::vector<Section>& sections) {
 
 std::vector<Section> AllSections() {
   std::vector<Section> sections;
-  ReadSections(MORVANE_SOURCE_DIR "/tests/scenarios", sections);
-  ReadSections(MORVANE_SOURCE_DIR "/tests/scenarios/" MORVANE_SYSTEM, sections);
+  ReadSections(SourcePath("tests/scenarios"), sections);
+  ReadSections(SourcePath("tests/scenarios/" MORVANE_SYSTEM), sections);
   return sections;
 }
 

@@ -6,6 +6,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/InstallFolder.h"
+#include "tests/support/Places.h"
 
 namespace morvane {
 
@@ -89,7 +90,7 @@ DialogControl* FindControl(Dialog& dialog, std::string name) {
 /// What each dialog shows when it opens first, by the end of its caption: the file "forms".
 std::map<std::string, Lines> ReadForms() {
   std::map<std::string, Lines> forms;
-  std::ifstream in(MORVANE_SOURCE_DIR "/tests/scenarios/forms");
+  std::ifstream in(SourcePath("tests/scenarios/forms"));
   const std::string begin = "dialog ";
   std::string caption;
   for (std::string line; std::getline(in, line);) {

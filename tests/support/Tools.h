@@ -8,12 +8,13 @@
 #include "platform/Process.h"
 #include "platform/UseService.h"
 #include "tests/support/Leftovers.h"
+#include "tests/support/Places.h"
 
 namespace morvane {
 
 /// The command line of the tests' own tool.
 inline std::string ToolLine(const std::string& arguments) {
-  return std::string(MORVANE_TEST_TOOL) + " " + arguments;
+  return TestToolPath() + " " + arguments;
 }
 
 /// Starts real programs, or `instead` whatever it is told, and never rests.

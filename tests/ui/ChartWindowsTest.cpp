@@ -9,6 +9,7 @@
 #include "shell/qt/DockTitle.h"
 #include "shell/qt/ObjectBrowserPane.h"
 #include "surface/ToolDrag.h"
+#include "tests/support/Places.h"
 #include "tests/ui/MainWindow.h"
 
 namespace morvane {
@@ -91,7 +92,7 @@ TEST_F(ChartWindows, TheChartBrowserOpensChartsAndComesBackToItsFolder) {
   Start();
   EXPECT_EQ(SelectedPath(), folder.Root().string());
   std::filesystem::create_directory(folder.Path("charts"));
-  std::filesystem::copy(MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv", folder.Path("charts"));
+  std::filesystem::copy(SourcePath("Examples/Lift/Lift.mrv"), folder.Path("charts"));
   Folders().SelectPath(folder.Path("charts"));
   Folders().Select(Folders().Selected()->FirstChild());
   SendKey(Browser().Window(), Qt::Key_Return);

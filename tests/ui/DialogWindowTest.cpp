@@ -6,6 +6,7 @@
 #include "platform/qt/CodeBox.h"
 #include "platform/qt/QtFontDialog.h"
 #include "tests/support/AllDialogs.h"
+#include "tests/support/Places.h"
 #include "tests/ui/Canvas.h"
 #include "tests/ui/OpenDialog.h"
 
@@ -151,7 +152,7 @@ TEST_F(DialogWindow, PickersPaintTheirItemsAsTheyDid) {
       }
     }
   }
-  const QString path = MORVANE_SOURCE_DIR "/tests/golden/Pickers.png";
+  const QString path = QString::fromStdString(SourcePath("tests/golden/Pickers.png"));
   if (qEnvironmentVariableIsSet("MORVANE_UPDATE_GOLDEN")) sheet.Image().save(path);
   const QImage wanted(path);
   EXPECT_EQ(sheet.Image(), wanted.convertToFormat(QImage::Format_RGB32));

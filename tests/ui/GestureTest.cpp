@@ -2,6 +2,7 @@
 
 #include "platform/qt/QtView.h"
 #include "surface/ToolDrag.h"
+#include "tests/support/Places.h"
 #include "tests/support/Routes.h"
 #include "tests/ui/WindowTest.h"
 
@@ -105,7 +106,7 @@ bool Take(const QString& line, Gesture& gesture) {
 
 std::vector<Gesture> ReadGestures() {
   std::string text;
-  EXPECT_TRUE(ReadWholeFile(MORVANE_SOURCE_DIR "/tests/golden/gestures.txt", text).Ok());
+  EXPECT_TRUE(ReadWholeFile(SourcePath("tests/golden/gestures.txt"), text).Ok());
   std::vector<Gesture> gestures;
   for (const QString& line : QString::fromStdString(text).split('\n', Qt::SkipEmptyParts)) {
     if (line.startsWith('#')) continue;

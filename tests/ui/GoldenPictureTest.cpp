@@ -7,6 +7,7 @@
 #include "model/Defaults.h"
 #include "platform/qt/QtPictures.h"
 #include "tests/support/EmfReader.h"
+#include "tests/support/Places.h"
 #include "tests/support/TestSystem.h"
 #include "tests/ui/PictureCompare.h"
 #include "tests/ui/WindowTest.h"
@@ -96,7 +97,7 @@ Forms MakeForms(Pictures& pictures, const Sample& sample) {
   CMetaFileDC recording(*reference);
   if (sample.chart != nullptr) {
     LayoutMgr chart;
-    const std::string path = std::string(MORVANE_SOURCE_DIR) + "/" + sample.chart;
+    const std::string path = SourcePath(sample.chart);
     EXPECT_EQ(ModelFile::Load(path, chart), "");
     chart.PlaceWithoutWindow(LayoutMgr::Size::Normal);
     const ChartPicture picture(chart);
@@ -138,7 +139,7 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
 
   static Defaults& Settings() { return Defaults::Instance(); }
   static QString GoldenPath() {
-    return QStringLiteral(MORVANE_SOURCE_DIR "/tests/golden/%1.png").arg(GetParam().name);
+    return QString::fromStdString(SourcePath("tests/golden/") + GetParam().name + ".png");
   }
   /// Leaves both pictures behind where they differ too much.
   void ExpectGolden(const QImage& got, const char* form, int tolerance,
@@ -197,7 +198,7 @@ class GoldenPicture : public testing::TestWithParam<Sample> {
   const UseService<Pictures> use{pictures};
   std::string formerFace;
   Forms forms;
-  QDir output{MORVANE_GOLDEN_OUTPUT};
+  QDir output{QString::fromStdString(OutputPath("golden"))};
 };
 
 TEST_P(GoldenPicture, Png) {

@@ -3,6 +3,7 @@
 #include <QThread>
 
 #include "shell/qt/SingleInstance.h"
+#include "tests/support/Places.h"
 #include "tests/ui/WindowTest.h"
 
 namespace morvane {
@@ -92,7 +93,7 @@ class StartedPrograms {
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(QString::fromStdString(folder));
     process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(MORVANE_PROGRAM, arguments);
+    process.start(QString::fromStdString(DesignerPath()), arguments);
     EXPECT_TRUE(process.waitForStarted());
     return process;
   }

@@ -7,6 +7,7 @@
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPopupMenus.h"
 #include "platform/qt/QtView.h"
+#include "tests/support/Places.h"
 #include "tests/ui/LivingWindows.h"
 #include "tests/ui/MainWindow.h"
 
@@ -24,7 +25,7 @@ class NestedLoopWindow : public MainWindow<CMorvaneDoc, LayoutMgr> {
     // A key goes through the table of shortcuts before it reaches a widget.
     qApp->notify(frame.get(), &press);
   }
-  const QString lift = MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv";
+  const QString lift = QString::fromStdString(SourcePath("Examples/Lift/Lift.mrv"));
   const TempFolder folder;
 };
 

@@ -2,6 +2,7 @@
 
 #include "shell/qt/ChartThumbnail.h"
 #include "shell/qt/RecoveryWindow.h"
+#include "tests/support/Places.h"
 #include "tests/ui/Canvas.h"
 #include "tests/ui/WindowTest.h"
 
@@ -72,7 +73,7 @@ TEST_F(RecoveryWindowTest, RowsGoAsTheyAreDoneAndTheWindowWithTheLast) {
 TEST_F(RecoveryWindowTest, APictureShowsTheChartAtAnyScaleAndDamageShowsNone) {
   const std::string lift = [] {
     std::string text;
-    ModelFile::ReadText(MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv", text);
+    ModelFile::ReadText(SourcePath("Examples/Lift/Lift.mrv"), text);
     return text;
   }();
   for (const double ratio : {1.0, 1.5, 2.0}) {

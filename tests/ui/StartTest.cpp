@@ -6,6 +6,7 @@
 #include "shell/qt/CMainFrame.h"
 #include "shell/qt/CMorvaneApp.h"
 #include "shell/qt/CSplashDlg.h"
+#include "tests/support/Places.h"
 #include "tests/ui/WindowTest.h"
 
 namespace morvane {
@@ -20,7 +21,7 @@ QString Title() {
 }
 
 TEST(Start, OpensTheNamedChartOrANewOne) {
-  const std::string lift = MORVANE_SOURCE_DIR "/Examples/Lift/Lift.mrv";
+  const std::string lift = SourcePath("Examples/Lift/Lift.mrv");
   MemoryProfile profile;
   profile.WriteString("", "Language", "fra");
   const UseService<Profile> use(profile);

@@ -11,6 +11,7 @@
 #include "platform/ThisProcess.h"
 #include "platform/windows/WideText.h"
 #include "tests/support/Leftovers.h"
+#include "tests/support/Places.h"
 #include "tests/windows/WideFolder.h"
 
 namespace morvane {
@@ -20,7 +21,7 @@ namespace {
 using namespace std::chrono_literals;
 
 std::unique_ptr<Process> StartTool(const std::string& arguments) {
-  return Processes::Default().Start(std::string(MORVANE_TEST_TOOL) + " " + arguments, false);
+  return Processes::Default().Start(TestToolPath() + " " + arguments, false);
 }
 
 /// All of a stream, or what there is up to its first line end.

@@ -3,6 +3,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "tests/support/Places.h"
 #include "tests/ui/InstanceMeeting.h"
 
 namespace morvane {
@@ -117,7 +118,8 @@ TEST_F(ProgramStartTest, ALimitOfFileSizesIsAnOrdinaryError) {
   folder.Write("Small.mrv", ModelFile::ToDisk(SmallChart()));
   QProcess job;
   job.setWorkingDirectory(QString::fromStdString(folder.Root().string()));
-  job.start("sh", {"-c", "ulimit -f 0; exec " MORVANE_PROGRAM " --export x.svg Small.mrv"});
+  const std::string line = "ulimit -f 0; exec " + DesignerPath() + " --export x.svg Small.mrv";
+  job.start("sh", {"-c", QString::fromStdString(line)});
   ASSERT_TRUE(job.waitForFinished());
   EXPECT_EQ(job.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(job.exitCode(), 1);
