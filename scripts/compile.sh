@@ -5,8 +5,9 @@
 # one clone what another has compiled.
 set -euo pipefail
 
+# Of the compiler, the text of the header with the macros that it leaves, and the options
 sum_of_header() {
-  { "$1" --version && "$@" -E && printf '%s\n' "$@"; } |
+  { "$1" --version && "$@" -E -dD && printf '%s\n' "$@"; } |
     sed "s|${CCACHE_BASEDIR:-$PWD}||g" | sha256sum
 }
 
