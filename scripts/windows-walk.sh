@@ -12,6 +12,7 @@ installer=$(realpath "${1:-${installers[0]}}")
 "$root/scripts/setup.sh" wine wine64 fonts-wine xvfb openbox xdotool imagemagick poppler-utils
 source "$root/scripts/display.sh"
 start_display 1360x900
+[[ -z ${2:-} ]] || mkdir -p "$2"
 pictures=${2:+$(realpath "$2")}
 pictures=${pictures:-$work}
 
