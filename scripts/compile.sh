@@ -12,6 +12,8 @@ sum_of_header() {
 }
 
 for ((place = 1; place < $#; place++)); do
+  # Clang's hold the times of files, which no other clone has.
+  [[ ${!place} != *.pch ]] || exec "$@"
   output=${*:place+1:1}
   [[ ${!place} == -o && $output == *.gch ]] || continue
   "$@"
