@@ -5,10 +5,11 @@
 # one clone what another has compiled.
 set -euo pipefail
 
-# Of the compiler, the text of the header with the macros that it leaves, and the options
+# Of the compiler, the text of the header with the macros that it leaves, and the options, whatever
+# folder the clone lies in
 sum_of_header() {
   { "$1" --version && "$@" -E -dD && printf '%s\n' "$@"; } |
-    sed "s|${CCACHE_BASEDIR:-$PWD}||g" | sha256sum
+    ROOT=${CCACHE_BASEDIR:-$PWD} perl -pe 's/\Q$ENV{ROOT}//g' | sha256sum
 }
 
 for ((place = 1; place < $#; place++)); do
